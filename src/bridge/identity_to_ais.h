@@ -1,0 +1,21 @@
+/*
+ * From the URI of an EPC to GS1 data: the digits of the body are arranged into the value of the
+ * key's AI, the check digit is computed, the tail goes to its place.
+ */
+#ifndef ROSETAG_BRIDGE_IDENTITY_TO_AIS_H
+#define ROSETAG_BRIDGE_IDENTITY_TO_AIS_H
+
+#include "bridge/gs1_key_table.h"
+#include "core/text_buffer.h"
+#include "core/text_cursor.h"
+#include "gs1/ai_list.h"
+
+// The values of the AIs of an identity: the base text of its list.
+constexpr std::int32_t IDENTITY_VALUES_SIZE = 1024;
+
+// Both read the body under the cursor up to its end. values and list are empty.
+EpcStatus identityToAiList(TextCursor& cursor, TextBuffer& values, AiList& list,
+                           const Gs1KeyDefinition& key);
+EpcStatus identityToBarcodeString(TextCursor& cursor, TextBuffer& dst, const Gs1KeyDefinition& key);
+
+#endif

@@ -1,0 +1,195 @@
+#include "core/text_cursor.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::array<std::int8_t, 256> hexDigitValues = [] {
+    std::array<std::int8_t, 256> values{};
+    values.fill(-1);
+    for (unsigned char digit = 0; digit < 16; ++digit) {
+        values[static_cast<unsigned char>("0123456789ABCDEF"[digit])] =
+            static_cast<std::int8_t>(digit);
+        values[static_cast<unsigned char>("0123456789abcdef"[digit])] =
+            static_cast<std::int8_t>(digit);
+    }
+    return values;
+}();
+
+// Reads the run of digits that both forms share, and hands each digit to take.
+template <typename Take>
+EpcStatus readDigitRun(TextCursor& cursor, LeadingZeros leadingZeros, std::int32_t maxDigits,
+                       std::int32_t stopAfter, std::int32_t& count, Take take) {
+    const char* const first = cursor.current;
+    while (charIsDigit(*cursor.current)) {
+        count = static_cast<std::int32_t>(cursor.current - first);
+        if (count >= maxDigits) {
+            return EPC_ERR_OUT_OF_RANGE;
+        }
+        if (count > 0 && *first == '0' && leadingZeros == LeadingZeros::REFUSE) {
+            return EPC_ERR_BAD_FORMAT;
+        }
+        take(*cursor.current, count);
+        ++cursor.current;
+        if (count + 1 == stopAfter) {
+            break;
+        }
+    }
+    count = static_cast<std::int32_t>(cursor.current - first);
+    return EPC_OK;
+}
+
+} // namespace
+
+std::int32_t hexDigitValue(char character) {
+    return hexDigitValues[static_cast<unsigned char>(character)];
+}
+
+EpcStatus textCursorExpect(TextCursor& cursor, char literal) {
+    if (textCursorAtEnd(cursor)) {
+        return EPC_ERR_TRUNCATED;
+    }
+    if (*cursor.current != literal) {
+        return EPC_ERR_BAD_FORMAT;
+    }
+    ++cursor.current;
+    return EPC_OK;
+}
+
+EpcStatus textCursorExpect(TextCursor& cursor, std::string_view literal) {
+    if (literal.size() <= textCursorLeft(cursor) &&
+        std::memcmp(cursor.current, literal.data(), literal.size()) == 0) {
+        cursor.current += literal.size();
+        return EPC_OK;
+    }
+    for (const char character : literal) {
+        EPC_TRY(textCursorExpect(cursor, character));
+    }
+    return EPC_OK;
+}
+
+EpcStatus textCursorSliceUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
+                               std::string_view& out) {
+    const char* const first = cursor.current;
+    while (*cursor.current != delimiter) {
+        if (textCursorAtEnd(cursor)) {
+            return EPC_ERR_TRUNCATED;
+        }
+        if (cursor.current - first >= capacity - 1) {
+            return EPC_ERR_TOO_LONG;
+        }
+        ++cursor.current;
+    }
+    out = {first, static_cast<std::size_t>(cursor.current - first)};
+    return EPC_OK;
+}
+
+EpcStatus textCursorReadUntil(TextCursor& cursor, char delimiter, std::int32_t capacity, char* out,
+                              std::int32_t& outCount) {
+    std::string_view slice;
+    EPC_TRY(textCursorSliceUntil(cursor, delimiter, capacity, slice));
+    std::copy(slice.begin(), slice.end(), out);
+    out[slice.size()] = '\0';
+    outCount = static_cast<std::int32_t>(slice.size());
+    return EPC_OK;
+}
+
+EpcStatus textCursorReadEscapedChar(TextCursor& cursor, char& out) {
+    if (textCursorAtEnd(cursor)) {
+        return EPC_ERR_TRUNCATED;
+    }
+    const char character = *cursor.current++;
+    if (character != '%') {
+        out = character;
+        return EPC_OK;
+    }
+    char digits[2] = {};
+    for (char& digit : digits) {
+        if (textCursorAtEnd(cursor)) {
+            return EPC_ERR_TRUNCATED;
+        }
+        digit = *cursor.current++;
+    }
+    const std::int32_t high = hexDigitValue(digits[0]);
+    const std::int32_t low = hexDigitValue(digits[1]);
+    if (high < 0 || low < 0) {
+        return EPC_ERR_BAD_CHARACTER;
+    }
+    out = static_cast<char>(static_cast<unsigned char>(high * 16 + low));
+    return EPC_OK;
+}
+
+EpcStatus textCursorReadEscapedUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
+                                     char* out, std::int32_t& outCount) {
+    std::int32_t count = 0;
+    while (*cursor.current != delimiter) {
+        if (count >= capacity - 1) {
+            return EPC_ERR_TOO_LONG;
+        }
+        EPC_TRY(textCursorReadEscapedChar(cursor, out[count]));
+        ++count;
+    }
+    out[count] = '\0';
+    outCount = count;
+    return EPC_OK;
+}
+
+EpcStatus textCursorReadEscapedUntilAny(TextCursor& cursor, std::string_view stops,
+                                        std::int32_t capacity, char* out, std::int32_t& outCount) {
+    std::int32_t count = 0;
+    while (!textCursorAtEnd(cursor) && stops.find(*cursor.current) == std::string_view::npos) {
+        if (count >= capacity - 1) {
+            return EPC_ERR_TOO_LONG;
+        }
+        EPC_TRY(textCursorReadEscapedChar(cursor, out[count]));
+        ++count;
+    }
+    out[count] = '\0';
+    outCount = count;
+    return EPC_OK;
+}
+
+EpcStatus textCursorReadDigits(TextCursor& cursor, LeadingZeros leadingZeros,
+                               std::int32_t maxDigits, char* out, std::int32_t* outCount,
+                               std::int32_t stopAfter) {
+    std::int32_t count = 0;
+    EPC_TRY(readDigitRun(cursor, leadingZeros, maxDigits, stopAfter, count,
+                         [out](char digit, std::int32_t index) { out[index] = digit; }));
+    out[count] = '\0';
+    if (outCount != nullptr) {
+        *outCount = count;
+    }
+    return EPC_OK;
+}
+
+EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
+                               std::uint64_t& outValue, std::int32_t* outCount,
+                               std::int32_t stopAfter) {
+    std::int32_t count = 0;
+    std::uint64_t value = 0;
+    EPC_TRY(readDigitRun(cursor, leadingZeros, MAX_NUMBER_DIGITS, stopAfter, count,
+                         [&value](char digit, std::int32_t) {
+                             value = value * 10 + static_cast<std::uint64_t>(digit - '0');
+                         }));
+    outValue = value;
+    if (outCount != nullptr) {
+        *outCount = count;
+    }
+    return EPC_OK;
+}
+
+std::uint32_t textCursorCountTo(const TextCursor& cursor, char stop) {
+    TextCursor ahead = cursor;
+    while (!textCursorAtEnd(ahead) && *ahead.current != stop) {
+        ++ahead.current;
+    }
+    return static_cast<std::uint32_t>(ahead.current - cursor.current);
+}
+
+EpcStatus textCursorSlice(TextCursor& cursor, const TextCursor& source, std::uint32_t count) {
+    if (count > textCursorLeft(source)) {
+        return EPC_ERR_NO_ROOM;
+    }
+    cursor = {source.current, source.current, count};
+    return EPC_OK;
+}

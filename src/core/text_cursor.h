@@ -1,0 +1,94 @@
+/*
+ * Reads text over a span: the library's lexer.
+ *
+ * The cursor is at its end at the length of its span or at a NUL. Every span lies in a text that
+ * ends in a NUL, so that the character at current can always be looked at: the readers of digits do
+ * so without a test of the end, they stop at the character itself. No operation puts the cursor
+ * back after a failure.
+ */
+#ifndef ROSETAG_CORE_TEXT_CURSOR_H
+#define ROSETAG_CORE_TEXT_CURSOR_H
+
+#include "core/char_class.h"
+#include "core/status.h"
+
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+struct TextCursor {
+    const char* begin;
+    const char* current;
+    std::uint32_t length; // of the span, in characters from begin
+};
+
+enum class LeadingZeros : std::uint8_t { REFUSE, ALLOW };
+
+// A number in text has 19 digits at most, so that it always fits 64 bits.
+constexpr std::int32_t MAX_NUMBER_DIGITS = 19;
+
+// The value of a hexadecimal digit of either case, or -1.
+std::int32_t hexDigitValue(char character);
+
+inline TextCursor textCursorOver(std::string_view text) {
+    return {text.data(), text.data(), static_cast<std::uint32_t>(text.size())};
+}
+
+inline const char* textCursorEnd(const TextCursor& cursor) {
+    return cursor.begin + cursor.length;
+}
+
+inline bool textCursorAtEnd(const TextCursor& cursor) {
+    return cursor.current == textCursorEnd(cursor) || *cursor.current == '\0';
+}
+
+// Characters from current to the end of the span, whether or not a NUL lies before it.
+inline std::uint32_t textCursorLeft(const TextCursor& cursor) {
+    return static_cast<std::uint32_t>(textCursorEnd(cursor) - cursor.current);
+}
+
+// Consumes the literal. EPC_ERR_TRUNCATED at the end, EPC_ERR_BAD_FORMAT at a character that
+// differs; what matched before it stays consumed.
+EpcStatus textCursorExpect(TextCursor& cursor, std::string_view literal);
+EpcStatus textCursorExpect(TextCursor& cursor, char literal);
+
+// Copies up to the delimiter, which stays unread, into out of capacity characters with its NUL, and
+// tells how many. The end before it is EPC_ERR_TRUNCATED, a text too long for out
+// EPC_ERR_TOO_LONG. The delimiter NUL reads to the end of the text.
+EpcStatus textCursorReadUntil(TextCursor& cursor, char delimiter, std::int32_t capacity, char* out,
+                              std::int32_t& outCount);
+
+// As textCursorReadUntil without the copy: a slice of the text, of at most capacity - 1 characters.
+EpcStatus textCursorSliceUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
+                               std::string_view& out);
+
+// Reads one character; a percent escape (%2F) is one.
+EpcStatus textCursorReadEscapedChar(TextCursor& cursor, char& out);
+
+// As textCursorReadUntil, percent escapes resolved. Only a raw delimiter ends the text. Out of room
+// is found before the end.
+EpcStatus textCursorReadEscapedUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
+                                     char* out, std::int32_t& outCount);
+
+// Copies up to any raw character of stops or to the end, percent escapes resolved.
+EpcStatus textCursorReadEscapedUntilAny(TextCursor& cursor, std::string_view stops,
+                                        std::int32_t capacity, char* out, std::int32_t& outCount);
+
+// Reads a run of digits, which may be empty, as text: out takes maxDigits and a NUL. A further
+// digit is EPC_ERR_OUT_OF_RANGE. stopAfter ends the run at that many digits; 0 sets no end.
+EpcStatus textCursorReadDigits(TextCursor& cursor, LeadingZeros leadingZeros,
+                               std::int32_t maxDigits, char* out, std::int32_t* outCount,
+                               std::int32_t stopAfter);
+
+// The same as a number of up to 19 digits. An empty run is the number 0.
+EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
+                               std::uint64_t& outValue, std::int32_t* outCount = nullptr,
+                               std::int32_t stopAfter = 0);
+
+// Characters from current up to stop or the end. The cursor does not move.
+std::uint32_t textCursorCountTo(const TextCursor& cursor, char stop);
+
+// Lays a new cursor over the next count characters. EPC_ERR_NO_ROOM if the source has fewer.
+EpcStatus textCursorSlice(TextCursor& cursor, const TextCursor& source, std::uint32_t count);
+
+#endif

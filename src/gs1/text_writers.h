@@ -1,0 +1,18 @@
+/*
+ * Writes a list of AIs as a bracketed element string or as path and query of a Digital Link.
+ *
+ * Source: GS1 General Specifications, section 3; GS1 Digital Link Standard, URI syntax.
+ */
+#ifndef ROSETAG_GS1_TEXT_WRITERS_H
+#define ROSETAG_GS1_TEXT_WRITERS_H
+
+#include "core/text_buffer.h"
+#include "gs1/ai_list.h"
+
+// In list order, pass by pass.
+EpcStatus elementStringWrite(TextBuffer& dst, const AiList& list, const char* baseText);
+
+// The key and its qualifiers in the path, all others in the query. Sets consumed in the list.
+EpcStatus digitalLinkWrite(TextBuffer& dst, AiList& list, const char* baseText);
+
+#endif

@@ -1,0 +1,86 @@
+/*
+ * The 34 tag schemes: what each is called, and the operations by which it is reached. An empty slot
+ * is how a scheme says that it has no such operation.
+ *
+ * Source: EPC Tag Data Standard, section 14 (EPC binary encoding), table of EPC binary headers.
+ */
+#ifndef ROSETAG_SCHEMES_TAG_SCHEME_H
+#define ROSETAG_SCHEMES_TAG_SCHEME_H
+
+#include "core/bit_buffer.h"
+#include "core/text_buffer.h"
+#include "core/text_cursor.h"
+
+#include <cstdint>
+#include <string_view>
+
+struct TagSchemeInfo {
+    std::string_view name;       // as it stands in a tag URI: "sgtin-96"
+    std::string_view familyWord; // as it stands in a pure identity URI: "sgtin"
+    std::int32_t filterLimit;    // filter values lie below it; 0: the scheme has no filter
+    std::uint32_t plus;          // 1: the scheme carries +AIDC data
+    EpcScheme scheme;
+};
+
+// Which of the two URIs a body is written for: the filter stands in a tag URI alone.
+enum class UriForm : std::uint8_t { PURE_IDENTITY, TAG };
+
+// Where the exports ending in ToAIs put their rows.
+struct AiRows {
+    std::int32_t maxAIs;     // rows of both arrays; below 0 sets no limit
+    std::uint32_t valueSize; // characters of a row of aiValues
+    char* aiCodes;           // rows of 5 characters
+    char* aiValues;
+    std::uint32_t* aiCount;
+};
+
+// What the slots from text to binary are given beside the text.
+struct EncodeArguments {
+    std::int32_t filter;
+    std::int32_t gcpLength; // used by the plain schemes only
+    const TagSchemeInfo& info;
+    std::int32_t encoding; // used by the plus schemes only
+};
+
+// Binary slots find the header read, and bits standing behind it.
+using BinaryToUriBody = EpcStatus (*)(BitBuffer& bits, TextBuffer& text, UriForm form);
+using BinaryToText = EpcStatus (*)(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
+using BinaryToAIs = EpcStatus (*)(BitBuffer& bits, const AiRows& rows, EpcScheme scheme);
+
+// Text slots write the header themselves, from position 0 on, and leave the cursor behind what they
+// consumed. The cursor of a URI body stands behind the filter, that of a GS1 text on its start.
+using UriBodyToBinary = EpcStatus (*)(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
+using TextToBinary = EpcStatus (*)(TextCursor& cursor, BitBuffer& bits,
+                                   const EncodeArguments& arguments);
+
+struct TagSchemeOps {
+    const TagSchemeInfo& info;
+    BinaryToUriBody binaryToUriBody;
+    UriBodyToBinary uriBodyToBinary;
+    BinaryToText binaryToElementString;
+    BinaryToAIs binaryToAIs;
+    TextToBinary elementStringToBinary;
+    BinaryToText binaryToBarcodeString;
+    TextToBinary barcodeStringToBinary;
+    BinaryToText binaryToDigitalLink;
+    TextToBinary digitalLinkToBinary;
+};
+
+// In the order of EpcScheme.
+extern const TagSchemeOps tagSchemeTable[EPC_SCHEME_COUNT];
+
+// The EpcScheme of each header byte, or -1.
+extern const std::int32_t tagSchemeByHeader[256];
+
+// The row with exactly this name, or null.
+const TagSchemeOps* tagSchemeFindByName(std::string_view name);
+
+// True if scheme is the index of a row.
+inline bool tagSchemeIsKnown(EpcScheme scheme) {
+    return scheme >= 0 && scheme < EPC_SCHEME_COUNT;
+}
+
+// Reads the header and finds its row. EPC_ERR_TRUNCATED below eight bits, EPC_ERR_UNKNOWN_HEADER.
+EpcStatus tagSchemeReadHeader(BitBuffer& bits, const TagSchemeOps*& row);
+
+#endif

@@ -1,0 +1,23 @@
+/*
+ * One component of an AI value in +AIDC bits.
+ *
+ * Source: EPC Tag Data Standard, sections 14.5 and 15.3.
+ */
+#ifndef ROSETAG_VALUES_AI_VALUE_H
+#define ROSETAG_VALUES_AI_VALUE_H
+
+#include "core/bit_buffer.h"
+#include "core/text_buffer.h"
+#include "core/text_cursor.h"
+#include "gs1/ai_catalogue.h"
+
+// Writes the component whose characters stand under the cursor. kindOverride takes the place of the
+// component's kind unless it is AI_KIND_NONE; encoding is AI_ENC_AUTO or an indicator to force.
+EpcStatus aiValueEncode(TextCursor& cursor, BitBuffer& out, std::string_view code,
+                        std::uint8_t componentIndex, AiKind kindOverride, std::int32_t encoding);
+
+// Reads a component and appends it to the text.
+EpcStatus aiValueDecode(BitBuffer& bits, TextBuffer& text, std::string_view code,
+                        std::uint8_t componentIndex);
+
+#endif

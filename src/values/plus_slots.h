@@ -1,0 +1,21 @@
+/*
+ * The slots between binary and the GS1 texts that all plus schemes share: an AI list on the one
+ * side, the bits of the key and of the data section on the other.
+ */
+#ifndef ROSETAG_VALUES_PLUS_SLOTS_H
+#define ROSETAG_VALUES_PLUS_SLOTS_H
+
+#include "schemes/tag_scheme.h"
+
+EpcStatus plusBinaryToElementString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
+EpcStatus plusBinaryToBarcodeString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
+EpcStatus plusBinaryToDigitalLink(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
+EpcStatus plusBinaryToAIs(BitBuffer& bits, const AiRows& rows, EpcScheme scheme);
+EpcStatus plusElementStringToBinary(TextCursor& cursor, BitBuffer& bits,
+                                    const EncodeArguments& arguments);
+EpcStatus plusBarcodeStringToBinary(TextCursor& cursor, BitBuffer& bits,
+                                    const EncodeArguments& arguments);
+EpcStatus plusDigitalLinkToBinary(TextCursor& cursor, BitBuffer& bits,
+                                  const EncodeArguments& arguments);
+
+#endif
