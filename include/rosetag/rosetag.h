@@ -6,6 +6,12 @@
 
 #include <stdint.h>
 
+/* The version of this header, and the one place where it is written. */
+#define ROSETAG_VERSION_MAJOR 1
+#define ROSETAG_VERSION_MINOR 0
+#define ROSETAG_VERSION_PATCH 0
+#define ROSETAG_VERSION "1.0.0"
+
 #if defined(_WIN32) && defined(ROSETAG_SHARED)
 #if defined(ROSETAG_BUILDING)
 #define ROSETAG_EXPORT __declspec(dllexport)
@@ -334,6 +340,74 @@ ROSETAG_EXPORT EpcStatus tid_wordsToXtid(int32_t bits, const uint16_t* words, ui
                                          uint8_t* optionalCommands, uint8_t* blockWrite,
                                          uint8_t* blockErase, uint16_t* userMemorySize,
                                          uint16_t* blockPermaLockBlockSize);
+
+/* ---- Statuses in words ---- */
+
+/* Tells the name of a status, for example "EPC_ERR_NO_ROOM"; "unknown" if there is none. */
+static inline const char* epc_statusName(EpcStatus status) {
+    /* In the order of the values. */
+    static const char* const names[] = {
+        "EPC_OK",
+        "EPC_ERR_NO_ROOM",
+        "EPC_ERR_TRUNCATED",
+        "EPC_ERR_OUT_OF_RANGE",
+        "EPC_ERR_TOO_LONG",
+        "EPC_ERR_UNKNOWN_HEADER",
+        "EPC_ERR_BAD_PARTITION",
+        "EPC_ERR_BAD_FORMAT",
+        "EPC_ERR_FILTER_FIELD",
+        "EPC_ERR_SCHEME_MISMATCH",
+        "EPC_ERR_FILTER_LIMIT",
+        "EPC_ERR_UNKNOWN_SCHEME",
+        "EPC_ERR_NO_KEY_DEFINITION",
+        "EPC_ERR_UNKNOWN_AI",
+        "EPC_ERR_SECOND_KEY",
+        "EPC_ERR_NO_KEY_AI",
+        "EPC_ERR_NO_SECONDARY_AI",
+        "EPC_ERR_BAD_CHARACTER",
+        "EPC_ERR_NOT_SUPPORTED",
+        "EPC_ERR_NO_KEY_FOR_SCHEME",
+        "EPC_ERR_NO_PRIMARY_KEY",
+        "EPC_ERR_TOO_MANY_AIS",
+        "EPC_ERR_KEY_CONFLICT",
+        "EPC_ERR_CHECK_DIGIT",
+        "EPC_ERR_BAD_TID",
+    };
+    return status < EPC_OK || status > EPC_ERR_BAD_TID ? "unknown" : names[status];
+}
+
+/* Tells in plain words what a status means; "unknown status" if there is none. */
+static inline const char* epc_statusText(EpcStatus status) {
+    /* In the order of the values. */
+    static const char* const texts[] = {
+        "success",
+        "an output is too small, or a character is no hexadecimal digit, or an AI value is short",
+        "the input ends before it is complete",
+        "a value does not fit its field: too many digits, too few, or a number too large",
+        "the input, or a part of it, is longer than its limit",
+        "the first eight bits are the header of no tag scheme",
+        "no partition fits: the bits or the length of the company prefix",
+        "the input breaks the rules of its syntax or layout",
+        "the filter value does not fit its field, or the company prefix length is not 6 to 12",
+        "the input identifies another kind of object than the scheme asked for",
+        "the filter value is negative, or at or above the limit of the scheme",
+        "there is no tag scheme of this name or number",
+        "the scheme has no GS1 key, so that it has no form with AIs",
+        "an AI that GS1 has not assigned",
+        "the text holds a second GS1 key where one is allowed",
+        "the text holds no GS1 key",
+        "the AI that the GS1 key needs beside it, such as a serial number, is missing",
+        "a character outside the set that is allowed in its place",
+        "the scheme has no such form",
+        "no GS1 key is known for the plus scheme",
+        "the AIs hold no key that the scheme can carry",
+        "there are more AIs than the arrays take, or more than 20",
+        "the AIs hold two different keys",
+        "a GS1 check digit does not verify",
+        "the bits break the layout of a TID",
+    };
+    return status < EPC_OK || status > EPC_ERR_BAD_TID ? "unknown status" : texts[status];
+}
 
 #ifdef __cplusplus
 }
