@@ -1,0 +1,330 @@
+#include "bridge/ais_to_identity.h"
+
+#include "core/char_class.h"
+#include "gs1/ai_list.h"
+#include "schemes/epc_uri.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct AiPrefixRow {
+    std::int32_t codeDigits;       // digits of the whole AI code; -1: no AI begins so
+    std::int32_t fixedValueLength; // characters of the value; -1: its length varies
+};
+
+struct AiPrefixGroup {
+    std::int32_t first; // two leading digits of an AI code, both included
+    std::int32_t last;
+    AiPrefixRow row;
+};
+
+// Source: GS1 General Specifications, sections 3.2 and 7.8.5 (predefined length of element
+// strings).
+// clang-format off
+constexpr AiPrefixGroup aiPrefixGroups[] = {
+    //             code      value
+    // prefixes    digits    length
+    { 0,  0,       {2,       18}},
+    { 1,  2,       {2,       14}},
+    {10, 10,       {2,       -1}},
+    {11, 13,       {2,        6}},
+    {15, 17,       {2,        6}},
+    {20, 20,       {2,        2}},
+    {21, 22,       {2,       -1}},
+    {23, 25,       {3,       -1}},
+    {30, 30,       {2,       -1}},
+    {31, 36,       {4,        6}},
+    {37, 37,       {2,       -1}},
+    {39, 39,       {4,       -1}},
+    {40, 40,       {3,       -1}},
+    {41, 41,       {3,       13}},
+    {42, 42,       {3,       -1}},
+    {43, 43,       {4,       -1}},
+    {70, 70,       {4,       -1}},
+    {71, 71,       {3,       -1}},
+    {72, 72,       {4,       -1}},
+    {80, 82,       {4,       -1}},
+    {90, 99,       {2,       -1}},
+};
+// clang-format on
+
+constexpr bool prefixGroupsAscend() {
+    std::int32_t behind = 0;
+    for (const AiPrefixGroup& group : aiPrefixGroups) {
+        if (group.first < behind || group.last < group.first || group.last > 99) {
+            return false;
+        }
+        behind = group.last + 1;
+    }
+    return true;
+}
+
+static_assert(prefixGroupsAscend());
+
+// By the two leading digits of an AI code.
+constexpr std::array<AiPrefixRow, 100> aiPrefixTable = [] {
+    std::array<AiPrefixRow, 100> table{};
+    table.fill({-1, -1});
+    for (const AiPrefixGroup& group : aiPrefixGroups) {
+        for (std::int32_t prefix = group.first; prefix <= group.last; ++prefix) {
+            table[static_cast<std::size_t>(prefix)] = group.row;
+        }
+    }
+    return table;
+}();
+
+constexpr const AiPrefixRow& prefixRow(char first, char second) {
+    return aiPrefixTable[static_cast<std::size_t>((first - '0') * 10 + (second - '0'))];
+}
+
+// The walk tells the keys' own AIs as long as their definitions do.
+constexpr bool prefixFitsKey(const Gs1KeyDefinition& key) {
+    const AiPrefixRow& row = prefixRow(key.primaryAi[0], key.primaryAi[1]);
+    return static_cast<std::size_t>(row.codeDigits) == key.primaryAi.size() &&
+           (row.fixedValueLength < 0 || row.fixedValueLength == key.keyValueLength);
+}
+
+constexpr bool prefixFitsSecondaryAi(const Gs1KeyDefinition& key) {
+    const std::string_view code = key.secondaryAi;
+    return code.empty() ||
+           static_cast<std::size_t>(prefixRow(code[0], code[1]).codeDigits) == code.size();
+}
+
+static_assert(std::ranges::all_of(gs1KeyTable, prefixFitsKey));
+static_assert(std::ranges::all_of(gs1KeyTable, prefixFitsSecondaryAi));
+
+constexpr std::int32_t MIN_GCP_LENGTH = 6;
+constexpr std::int32_t MAX_GCP_LENGTH = 12;
+
+std::uint32_t textLength(std::string_view text) {
+    return static_cast<std::uint32_t>(text.size());
+}
+
+std::string_view textBetween(std::string_view text, std::uint32_t start, std::uint32_t end) {
+    return start < end ? std::string_view(text.data() + start, end - start) : std::string_view();
+}
+
+std::uint32_t valueStart(std::uint32_t codeEnd, AiBrackets brackets) {
+    return codeEnd + (brackets.close != 0 ? 1 : 0);
+}
+
+EpcStatus scanFixedValue(std::string_view text, std::uint32_t position, const AiPrefixRow& row,
+                         AiBrackets brackets, AiScan& scan) {
+    const auto codeDigits = static_cast<std::uint32_t>(row.codeDigits);
+    const auto valueLength = static_cast<std::uint32_t>(row.fixedValueLength);
+    if (textLength(text) - position < codeDigits + valueLength + (brackets.open != 0 ? 1 : 0)) {
+        return EPC_ERR_TRUNCATED;
+    }
+    const std::uint32_t codeEnd = position + codeDigits;
+    if (brackets.close != 0 && text[codeEnd] != brackets.close) {
+        return EPC_ERR_BAD_FORMAT;
+    }
+    const std::uint32_t valueEnd = valueStart(codeEnd, brackets) + valueLength;
+    scan = {codeEnd, valueEnd, valueEnd};
+    return EPC_OK;
+}
+
+// In brackets the character behind the code is stepped over whatever it is. In the bare form the
+// search begins with the code itself.
+void scanVariableValue(std::string_view text, std::uint32_t position, const AiPrefixRow& row,
+                       AiBrackets brackets, AiScan& scan) {
+    const std::uint32_t length = textLength(text);
+    const std::uint32_t codeEnd = position + static_cast<std::uint32_t>(row.codeDigits);
+    const bool isBracketed = brackets.open != 0;
+    const std::size_t stop = text.find(isBracketed ? brackets.open : GROUP_SEPARATOR,
+                                       isBracketed ? codeEnd + 1 : position);
+    const bool isFound = stop != std::string_view::npos;
+    const std::uint32_t valueEnd = isFound ? static_cast<std::uint32_t>(stop) : length;
+    const std::uint32_t next = isFound && !isBracketed ? valueEnd + 1 : valueEnd;
+    scan = {std::min(codeEnd, length), valueEnd, next};
+}
+
+// One step of a walk: scans the element at position, tells its code and moves on to the next.
+EpcStatus scanNext(std::string_view text, AiBrackets brackets, std::uint32_t& position,
+                   std::string_view& code, AiScan& scan) {
+    if (brackets.open != 0) {
+        if (text[position] != brackets.open) {
+            return EPC_ERR_BAD_FORMAT;
+        }
+        ++position;
+    }
+    EPC_TRY(aiScanElement(text, position, brackets, scan));
+    code = textBetween(text, position, scan.codeEnd);
+    position = scan.next;
+    return EPC_OK;
+}
+
+// Appends the characters from start up to end, which lies behind the text if a value is too short.
+EpcStatus putWithinText(TextBuffer& dst, std::string_view text, std::uint32_t start,
+                        std::uint32_t end) {
+    return end > textLength(text) ? EPC_ERR_TRUNCATED
+                                  : textBufferPutEscapedRange(dst, text.data(), start, end);
+}
+
+// The key's value from start up to keyEnd: company prefix, ".", reference. A check digit is skipped
+// and never looked at.
+EpcStatus putKeyFields(std::string_view text, std::int32_t gcpLength, const AiKeyScan& found,
+                       std::uint32_t start, std::uint32_t keyEnd, TextBuffer& dst) {
+    const Gs1KeyDefinition& key = *found.key;
+    const std::uint32_t prefix = start + (key.digitArrangement == KEY_DIGITS_AS_IS ? 0 : 1);
+    const std::uint32_t prefixEnd = prefix + static_cast<std::uint32_t>(gcpLength);
+    if (prefixEnd > found.valueEnd) {
+        return EPC_ERR_OUT_OF_RANGE;
+    }
+    EPC_TRY(textBufferPutRange(dst, text.data(), prefix, prefixEnd));
+    EPC_TRY(textBufferPutChar(dst, '.'));
+    if (key.digitArrangement == KEY_DIGITS_FIRST_MOVES) {
+        EPC_TRY(textBufferPutChar(dst, text[start]));
+    }
+    return putWithinText(dst, text, prefixEnd, keyEnd - key.hasCheckDigit);
+}
+
+EpcStatus putExtraFields(std::string_view text, const Gs1KeyDefinition& key,
+                         std::uint32_t& position, TextBuffer& dst) {
+    for (std::int32_t i = 0; i < key.extraFieldCount; ++i) {
+        const std::uint32_t end = position + static_cast<std::uint32_t>(key.extraFieldLengths[i]);
+        EPC_TRY(textBufferPutChar(dst, '.'));
+        EPC_TRY(putWithinText(dst, text, position, end));
+        position = end;
+    }
+    return EPC_OK;
+}
+
+EpcStatus putSecondaryValue(std::string_view text, std::string_view code, AiBrackets brackets,
+                            TextBuffer& dst) {
+    AiScan scan;
+    EPC_TRY(aiScanFind(text, code, brackets, scan));
+    return textBufferPutEscapedRange(dst, text.data(), valueStart(scan.codeEnd, brackets),
+                                     scan.valueEnd);
+}
+
+// What both kinds of URI begin with: the tests that need no scheme.
+EpcStatus findKey(std::string_view text, AiBrackets brackets, std::int32_t gcpLength,
+                  AiKeyScan& found) {
+    if (gcpLength < MIN_GCP_LENGTH || gcpLength > MAX_GCP_LENGTH) {
+        return EPC_ERR_FILTER_FIELD;
+    }
+    return aiScanForKey(text, brackets, found);
+}
+
+EpcStatus checkScheme(const TagUriArguments& arguments, const Gs1KeyDefinition& key) {
+    if (!tagSchemeIsKnown(arguments.scheme)) {
+        return EPC_ERR_UNKNOWN_SCHEME;
+    }
+    const TagSchemeInfo& info = tagSchemeTable[arguments.scheme].info;
+    if (info.familyWord != key.familyName) {
+        return EPC_ERR_SCHEME_MISMATCH;
+    }
+    return arguments.filter >= 0 && arguments.filter < info.filterLimit ? EPC_OK
+                                                                        : EPC_ERR_FILTER_LIMIT;
+}
+
+} // namespace
+
+EpcStatus aiScanElement(std::string_view text, std::uint32_t position, AiBrackets brackets,
+                        AiScan& scan) {
+    const bool hasPrefix = textLength(text) >= position + 2;
+    if (!hasPrefix || !charIsDigit(text[position]) || !charIsDigit(text[position + 1])) {
+        return EPC_ERR_BAD_FORMAT;
+    }
+    const AiPrefixRow& row = prefixRow(text[position], text[position + 1]);
+    if (row.codeDigits < 0) {
+        return EPC_ERR_UNKNOWN_AI;
+    }
+    if (row.fixedValueLength >= 0) {
+        return scanFixedValue(text, position, row, brackets, scan);
+    }
+    scanVariableValue(text, position, row, brackets, scan);
+    return EPC_OK;
+}
+
+EpcStatus aiScanForKey(std::string_view text, AiBrackets brackets, AiKeyScan& found) {
+    found.key = nullptr;
+    for (std::uint32_t position = 0; position < textLength(text);) {
+        std::string_view code;
+        AiScan scan;
+        EPC_TRY(scanNext(text, brackets, position, code, scan));
+        const Gs1KeyDefinition* const key = gs1KeyFindByAi(code);
+        if (key == nullptr) {
+            continue;
+        }
+        if (found.key != nullptr) {
+            return EPC_ERR_SECOND_KEY;
+        }
+        found = {key, scan.codeEnd, scan.valueEnd};
+    }
+    return found.key != nullptr ? EPC_OK : EPC_ERR_NO_KEY_AI;
+}
+
+EpcStatus aiScanFind(std::string_view text, std::string_view code, AiBrackets brackets,
+                     AiScan& found) {
+    for (std::uint32_t position = 0; position < textLength(text);) {
+        std::string_view scanned;
+        EPC_TRY(scanNext(text, brackets, position, scanned, found));
+        if (scanned == code) {
+            return EPC_OK;
+        }
+    }
+    return EPC_ERR_NO_SECONDARY_AI;
+}
+
+EpcStatus aiTextToUriBody(std::string_view text, AiBrackets brackets, std::int32_t gcpLength,
+                          const AiKeyScan& found, TextBuffer& dst) {
+    const Gs1KeyDefinition& key = *found.key;
+    const auto keyValueLength = static_cast<std::uint32_t>(key.keyValueLength);
+    const std::uint32_t start = valueStart(found.codeEnd, brackets);
+    const std::uint32_t keyEnd = keyValueLength > 0 ? start + keyValueLength : found.valueEnd;
+    EPC_TRY(putKeyFields(text, gcpLength, found, start, keyEnd, dst));
+    if (key.hasTail == 0) {
+        return EPC_OK;
+    }
+    std::uint32_t tail = keyEnd;
+    EPC_TRY(putExtraFields(text, key, tail, dst));
+    EPC_TRY(textBufferPutChar(dst, '.'));
+    if (key.tailIsSecondaryAi == 0) {
+        return textBufferPutEscapedRange(dst, text.data(), tail, found.valueEnd);
+    }
+    // Behind a key of fixed length, but on either side of one that varies.
+    const std::uint32_t from = keyValueLength > 0 ? tail : 0;
+    return putSecondaryValue(textBetween(text, from, textLength(text)), key.secondaryAi, brackets,
+                             dst);
+}
+
+EpcStatus aiTextToTagUri(std::string_view text, AiBrackets brackets,
+                         const TagUriArguments& arguments, TextBuffer& dst) {
+    AiKeyScan found;
+    EPC_TRY(findKey(text, brackets, arguments.gcpLength, found));
+    EPC_TRY(checkScheme(arguments, *found.key));
+    dst = textBufferOver(dst.begin, dst.capacity);
+    EPC_TRY(textBufferPutString(dst, TAG_URI_PREFIX));
+    EPC_TRY(textBufferPutString(dst, tagSchemeTable[arguments.scheme].info.name));
+    EPC_TRY(textBufferPutChar(dst, ':'));
+    EPC_TRY(textBufferPutDecimal(dst, static_cast<std::uint64_t>(arguments.filter)));
+    EPC_TRY(textBufferPutChar(dst, '.'));
+    return aiTextToUriBody(text, brackets, arguments.gcpLength, found, dst);
+}
+
+EpcStatus epc_gs1ElementStringToEpcTagUri(const char* text, EpcScheme scheme, std::int32_t filter,
+                                          std::int32_t gcpLength, std::int32_t dstSize, char* dst) {
+    TextBuffer uri = {dst, dstSize, dst};
+    return aiTextToTagUri(text, AI_BRACKETED, {scheme, filter, gcpLength}, uri);
+}
+
+EpcStatus epc_barcodeStringToEpcTagUri(const char* text, EpcScheme scheme, std::int32_t filter,
+                                       std::int32_t gcpLength, std::int32_t dstSize, char* dst) {
+    TextBuffer uri = {dst, dstSize, dst};
+    return aiTextToTagUri(text, AI_BARE, {scheme, filter, gcpLength}, uri);
+}
+
+EpcStatus epc_gs1ElementStringToEpcUri(const char* text, std::int32_t gcpLength,
+                                       std::int32_t dstSize, char* dst) {
+    AiKeyScan found;
+    EPC_TRY(findKey(text, AI_BRACKETED, gcpLength, found));
+    TextBuffer uri = textBufferOver(dst, dstSize);
+    EPC_TRY(textBufferPutString(uri, PURE_IDENTITY_URI_PREFIX));
+    EPC_TRY(textBufferPutString(uri, found.key->familyName));
+    EPC_TRY(textBufferPutChar(uri, ':'));
+    return aiTextToUriBody(text, AI_BRACKETED, gcpLength, found, uri);
+}

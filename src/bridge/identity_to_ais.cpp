@@ -1,0 +1,200 @@
+#include "bridge/identity_to_ais.h"
+
+#include "gs1/check_digit.h"
+#include "gs1/text_writers.h"
+#include "schemes/epc_uri.h"
+
+#include <cstring>
+
+namespace {
+
+// A field has at most 255 characters.
+constexpr std::int32_t FIELD_SIZE = 256;
+
+// A field of the body, percent escapes resolved.
+struct IdentityField {
+    std::string_view text; // of the URI itself where no escape stands in it, else of storage
+    char storage[FIELD_SIZE];
+};
+
+// The delimiter NUL reads to the end of the text.
+EpcStatus readField(TextCursor& cursor, char delimiter, IdentityField& field) {
+    TextCursor ahead = cursor;
+    if (textCursorSliceUntil(ahead, delimiter, FIELD_SIZE, field.text) == EPC_OK &&
+        field.text.find('%') == std::string_view::npos) {
+        cursor = ahead;
+        return EPC_OK;
+    }
+    std::int32_t count = 0;
+    EPC_TRY(textCursorReadEscapedUntil(cursor, delimiter, FIELD_SIZE, field.storage, count));
+    field.text = field.storage; // up to its first NUL, which may come of an escape
+    return EPC_OK;
+}
+
+struct KeyFields {
+    IdentityField first;
+    IdentityField second;
+};
+
+EpcStatus readKeyFields(TextCursor& cursor, const Gs1KeyDefinition& key, KeyFields& fields) {
+    EPC_TRY(readField(cursor, '.', fields.first));
+    EPC_TRY(textCursorExpect(cursor, '.'));
+    return readField(cursor, key.hasTail != 0 ? '.' : '\0', fields.second);
+}
+
+EpcStatus putKeyDigits(TextBuffer& dst, const Gs1KeyDefinition& key, const KeyFields& fields) {
+    std::string_view second = fields.second.text;
+    if (key.digitArrangement == KEY_DIGITS_FIRST_MOVES) {
+        if (second.empty()) {
+            return EPC_ERR_BAD_FORMAT;
+        }
+        EPC_TRY(textBufferPutChar(dst, second.front()));
+        second.remove_prefix(1);
+    }
+    if (key.digitArrangement == KEY_DIGITS_ZERO_FILL) {
+        EPC_TRY(textBufferPutChar(dst, '0'));
+    }
+    EPC_TRY(textBufferPutString(dst, fields.first.text));
+    return textBufferPutString(dst, second);
+}
+
+EpcStatus putExtraFields(TextCursor& cursor, TextBuffer& dst, const Gs1KeyDefinition& key) {
+    for (std::int32_t i = 0; i < key.extraFieldCount; ++i) {
+        IdentityField field;
+        EPC_TRY(textCursorExpect(cursor, '.'));
+        EPC_TRY(readField(cursor, '.', field));
+        EPC_TRY(textBufferPutString(dst, field.text));
+    }
+    return EPC_OK;
+}
+
+// Appends the value of the key up to the place of the tail.
+EpcStatus putKeyValue(TextCursor& cursor, TextBuffer& dst, const Gs1KeyDefinition& key,
+                      const KeyFields& fields) {
+    const char* const value = dst.writePointer;
+    EPC_TRY(putKeyDigits(dst, key, fields));
+    if (key.hasCheckDigit != 0) {
+        const auto length = static_cast<std::size_t>(dst.writePointer - value);
+        EPC_TRY(textBufferPutChar(dst, gs1CheckDigit({value, length})));
+    }
+    return putExtraFields(cursor, dst, key);
+}
+
+EpcStatus readTail(TextCursor& cursor, IdentityField& tail) {
+    EPC_TRY(textCursorExpect(cursor, '.'));
+    return readField(cursor, '\0', tail);
+}
+
+EpcStatus putSecondaryAiCode(TextBuffer& dst, const Gs1KeyDefinition& key) {
+    if (key.keyValueLength == 0) {
+        EPC_TRY(textBufferPutChar(dst, GROUP_SEPARATOR));
+    }
+    return textBufferPutString(dst, key.secondaryAi);
+}
+
+EpcStatus identityToDigitalLink(TextCursor& cursor, TextBuffer& dst, const Gs1KeyDefinition& key) {
+    return identityListFrame(cursor, key, [&dst](AiList& list, const char* values) {
+        return digitalLinkWrite(dst, list, values);
+    });
+}
+
+EpcStatus readPureIdentityHead(TextCursor& cursor, const Gs1KeyDefinition*& key) {
+    std::string_view word;
+    EPC_TRY(textCursorExpect(cursor, PURE_IDENTITY_URI_PREFIX));
+    EPC_TRY(textCursorSliceUntil(cursor, ':', SCHEME_WORD_SIZE, word));
+    key = gs1KeyFindByName(word);
+    if (key == nullptr) {
+        return EPC_ERR_NO_KEY_DEFINITION;
+    }
+    return textCursorExpect(cursor, ':');
+}
+
+// The filter is tested and dropped: no GS1 text carries it.
+EpcStatus readTagUriHead(TextCursor& cursor, const Gs1KeyDefinition*& key) {
+    const TagSchemeOps* row = nullptr;
+    EPC_TRY(tagUriReadScheme(cursor, row));
+    key = gs1KeyFindByName(row->info.familyWord);
+    if (key == nullptr) {
+        return EPC_ERR_NO_KEY_DEFINITION;
+    }
+    std::uint32_t filter = 0;
+    return tagUriReadFilter(cursor, row->info, filter);
+}
+
+using ReadHead = EpcStatus (*)(TextCursor& cursor, const Gs1KeyDefinition*& key);
+using Convert = EpcStatus (*)(TextCursor& cursor, TextBuffer& dst, const Gs1KeyDefinition& key);
+
+EpcStatus uriToGs1Text(const char* text, std::int32_t dstSize, char* dst, ReadHead readHead,
+                       Convert convert) {
+    TextCursor cursor = textCursorOver(text);
+    TextBuffer out = textBufferOver(dst, dstSize);
+    const Gs1KeyDefinition* key = nullptr;
+    EPC_TRY(readHead(cursor, key));
+    return convert(cursor, out, *key);
+}
+
+} // namespace
+
+EpcStatus identityToAiList(TextCursor& cursor, TextBuffer& values, AiList& list,
+                           const Gs1KeyDefinition& key) {
+    const auto length = [&values] { return static_cast<std::uint32_t>(textBufferLength(values)); };
+    KeyFields fields;
+    EPC_TRY(readKeyFields(cursor, key, fields));
+    const std::uint32_t keyOffset = length();
+    EPC_TRY(putKeyValue(cursor, values, key, fields));
+    const std::uint32_t tailOffset = length();
+    if (key.hasTail != 0) {
+        IdentityField tail;
+        EPC_TRY(readTail(cursor, tail));
+        EPC_TRY(textBufferPutString(values, tail.text));
+    }
+    if (key.tailIsSecondaryAi == 0) {
+        return aiListAdd(list, key.primaryAi, keyOffset, length() - keyOffset, 0);
+    }
+    EPC_TRY(aiListAdd(list, key.primaryAi, keyOffset, tailOffset - keyOffset, 0));
+    return aiListAdd(list, key.secondaryAi, tailOffset, length() - tailOffset, 0);
+}
+
+EpcStatus identityToBarcodeString(TextCursor& cursor, TextBuffer& dst,
+                                  const Gs1KeyDefinition& key) {
+    KeyFields fields;
+    EPC_TRY(readKeyFields(cursor, key, fields));
+    EPC_TRY(textBufferPutString(dst, key.primaryAi));
+    EPC_TRY(putKeyValue(cursor, dst, key, fields));
+    if (key.hasTail == 0) {
+        return EPC_OK;
+    }
+    IdentityField tail;
+    EPC_TRY(readTail(cursor, tail));
+    if (key.tailIsSecondaryAi != 0) {
+        EPC_TRY(putSecondaryAiCode(dst, key));
+    }
+    return textBufferPutString(dst, tail.text);
+}
+
+EpcStatus identityToElementString(TextCursor& cursor, TextBuffer& dst,
+                                  const Gs1KeyDefinition& key) {
+    return identityListFrame(cursor, key, [&dst](const AiList& list, const char* values) {
+        return elementStringWrite(dst, list, values);
+    });
+}
+
+EpcStatus epc_epcTagUriToBarcodeString(const char* text, std::int32_t dstSize, char* dst) {
+    return uriToGs1Text(text, dstSize, dst, readTagUriHead, identityToBarcodeString);
+}
+
+EpcStatus epc_epcTagUriToGs1ElementString(const char* text, std::int32_t dstSize, char* dst) {
+    return uriToGs1Text(text, dstSize, dst, readTagUriHead, identityToElementString);
+}
+
+EpcStatus epc_epcTagUriToDigitalLink(const char* text, std::int32_t dstSize, char* dst) {
+    return uriToGs1Text(text, dstSize, dst, readTagUriHead, identityToDigitalLink);
+}
+
+EpcStatus epc_epcUriToBarcodeString(const char* text, std::int32_t dstSize, char* dst) {
+    return uriToGs1Text(text, dstSize, dst, readPureIdentityHead, identityToBarcodeString);
+}
+
+EpcStatus epc_epcUriToGs1ElementString(const char* text, std::int32_t dstSize, char* dst) {
+    return uriToGs1Text(text, dstSize, dst, readPureIdentityHead, identityToElementString);
+}
