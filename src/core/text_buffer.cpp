@@ -6,7 +6,6 @@
 #include <array>
 #include <bit>
 #include <charconv>
-#include <system_error>
 
 namespace {
 
@@ -42,19 +41,19 @@ EpcStatus putEscapedRange(TextBuffer& buffer, const char* base, std::uint32_t st
 } // namespace
 
 std::int32_t decimalDigitCount(std::uint64_t value) {
-    // 1233 / 4096 is log10(2) from above by so little that it holds for all 64 bit widths.
+    // 1233 / 4096 is below log10(2) by so little that the whole part is right for all 64 widths.
     const auto bits = static_cast<std::int32_t>(std::bit_width(value | 1));
     const std::int32_t lower = bits * 1233 >> 12;
     return lower + (value >= powersOfTen[static_cast<std::size_t>(lower)] || value == 0 ? 1 : 0);
 }
 
 EpcStatus textBufferPutDecimal(TextBuffer& buffer, std::uint64_t value) {
-    char* const last = buffer.writePointer + textBufferRoom(buffer);
-    const std::to_chars_result result = std::to_chars(buffer.writePointer, last, value);
-    if (result.ec != std::errc()) {
+    const std::int32_t digits = decimalDigitCount(value);
+    if (digits > textBufferRoom(buffer)) {
         return EPC_ERR_NO_ROOM;
     }
-    buffer.writePointer = result.ptr;
+    char* const last = buffer.writePointer + digits;
+    buffer.writePointer = std::to_chars(buffer.writePointer, last, value).ptr;
     *buffer.writePointer = '\0';
     return EPC_OK;
 }

@@ -57,7 +57,7 @@ EpcStatus textCursorExpect(TextCursor& cursor, char literal) {
 }
 
 EpcStatus textCursorExpect(TextCursor& cursor, std::string_view literal) {
-    if (literal.size() <= textCursorLeft(cursor) &&
+    if (static_cast<std::ptrdiff_t>(literal.size()) <= textCursorLeft(cursor) &&
         std::memcmp(cursor.current, literal.data(), literal.size()) == 0) {
         cursor.current += literal.size();
         return EPC_OK;
@@ -187,7 +187,7 @@ std::uint32_t textCursorCountTo(const TextCursor& cursor, char stop) {
 }
 
 EpcStatus textCursorSlice(TextCursor& cursor, const TextCursor& source, std::uint32_t count) {
-    if (count > textCursorLeft(source)) {
+    if (textCursorLeft(source) < static_cast<std::int64_t>(count)) {
         return EPC_ERR_NO_ROOM;
     }
     cursor = {source.current, source.current, count};

@@ -12,6 +12,7 @@
 #include "core/char_class.h"
 #include "core/status.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
@@ -42,9 +43,10 @@ inline bool textCursorAtEnd(const TextCursor& cursor) {
     return cursor.current == textCursorEnd(cursor) || *cursor.current == '\0';
 }
 
-// Characters from current to the end of the span, whether or not a NUL lies before it.
-inline std::uint32_t textCursorLeft(const TextCursor& cursor) {
-    return static_cast<std::uint32_t>(textCursorEnd(cursor) - cursor.current);
+// Characters from current to the end of the span, whether or not a NUL lies before it. Below 0
+// where digits were read past that end.
+inline std::ptrdiff_t textCursorLeft(const TextCursor& cursor) {
+    return textCursorEnd(cursor) - cursor.current;
 }
 
 // Consumes the literal. EPC_ERR_TRUNCATED at the end, EPC_ERR_BAD_FORMAT at a character that
