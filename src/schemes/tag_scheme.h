@@ -1,8 +1,6 @@
 /*
- * The 34 tag schemes: what each is called, and the operations by which it is reached. An empty slot
- * is how a scheme says that it has no such operation.
- *
- * Source: EPC Tag Data Standard, section 14 (EPC binary encoding), table of EPC binary headers.
+ * The 34 tag schemes and the operations by which each is reached. An empty slot is how a scheme
+ * says that it has no such operation.
  */
 #ifndef ROSETAG_SCHEMES_TAG_SCHEME_H
 #define ROSETAG_SCHEMES_TAG_SCHEME_H
@@ -10,17 +8,11 @@
 #include "core/bit_buffer.h"
 #include "core/text_buffer.h"
 #include "core/text_cursor.h"
+#include "schemes/tag_scheme_info.h"
 
+#include <array>
 #include <cstdint>
 #include <string_view>
-
-struct TagSchemeInfo {
-    std::string_view name;       // as it stands in a tag URI: "sgtin-96"
-    std::string_view familyWord; // as it stands in a pure identity URI: "sgtin"
-    std::int32_t filterLimit;    // filter values lie below it; 0: the scheme has no filter
-    std::uint32_t plus;          // 1: the scheme carries +AIDC data
-    EpcScheme scheme;
-};
 
 // Which of the two URIs a body is written for: the filter stands in a tag URI alone.
 enum class UriForm : std::uint8_t { PURE_IDENTITY, TAG };
@@ -70,7 +62,7 @@ struct TagSchemeOps {
 extern const TagSchemeOps tagSchemeTable[EPC_SCHEME_COUNT];
 
 // The EpcScheme of each header byte, or -1.
-extern const std::int32_t tagSchemeByHeader[256];
+extern const std::array<EpcScheme, 256> tagSchemeByHeader;
 
 // The row with exactly this name, or null.
 const TagSchemeOps* tagSchemeFindByName(std::string_view name);

@@ -1,0 +1,98 @@
+#include "schemes/field_chars.h"
+
+namespace {
+
+EpcStatus checkChar6(char character, std::int32_t index, HashRule hashRule) {
+    if (!charIsOfClass(character, CHAR_CLASS_AI39)) {
+        return EPC_ERR_BAD_CHARACTER;
+    }
+    const bool hashIsAllowed = hashRule == HashRule::HASH_ANYWHERE ||
+                               (hashRule == HashRule::HASH_FIRST_ONLY && index == 0);
+    return character != '#' || hashIsAllowed ? EPC_OK : EPC_ERR_BAD_CHARACTER;
+}
+
+EpcStatus readZeroChars7(BitBuffer& bits, std::int32_t count) {
+    for (std::int32_t i = 0; i < count; ++i) {
+        std::uint64_t value = 0;
+        EPC_TRY(bitBufferRead(bits, CHAR7_BITS, value));
+        if (value != 0) {
+            return EPC_ERR_BAD_CHARACTER;
+        }
+    }
+    return EPC_OK;
+}
+
+// Reads the next character of a text field. isEnd: the text or the field ends here.
+EpcStatus readCharOrEnd(TextCursor& cursor, char terminator, char& character, bool& isEnd) {
+    isEnd = textCursorAtEnd(cursor);
+    if (isEnd) {
+        return EPC_OK;
+    }
+    EPC_TRY(textCursorReadEscapedChar(cursor, character));
+    isEnd = character == terminator;
+    return EPC_OK;
+}
+
+} // namespace
+
+EpcStatus fieldReadChars7(BitBuffer& bits, TextBuffer& text, std::int32_t maxChars) {
+    for (std::int32_t i = 0; i < maxChars; ++i) {
+        std::uint64_t value = 0;
+        EPC_TRY(bitBufferRead(bits, CHAR7_BITS, value));
+        if (value == 0) {
+            return i == 0 ? EPC_ERR_TRUNCATED : readZeroChars7(bits, maxChars - i - 1);
+        }
+        const auto character = static_cast<char>(value);
+        if (!charIsOfClass(character, CHAR_CLASS_AI82)) {
+            return EPC_ERR_BAD_CHARACTER;
+        }
+        EPC_TRY(textBufferPutEscapedChar(text, character));
+    }
+    return EPC_OK;
+}
+
+EpcStatus fieldWriteChars7(TextCursor& cursor, BitBuffer& bits, std::int32_t maxChars) {
+    for (std::int32_t i = 0; i < maxChars; ++i) {
+        if (textCursorAtEnd(cursor)) {
+            return i == 0 ? EPC_ERR_TRUNCATED
+                          : bitBufferWrite(bits, 0, CHAR7_BITS * (maxChars - i));
+        }
+        char character = 0;
+        EPC_TRY(textCursorReadEscapedChar(cursor, character));
+        if (!charIsOfClass(character, CHAR_CLASS_AI82)) {
+            return EPC_ERR_BAD_CHARACTER;
+        }
+        EPC_TRY(bitBufferWrite(bits, static_cast<unsigned char>(character), CHAR7_BITS));
+    }
+    return EPC_OK;
+}
+
+EpcStatus fieldReadChars6(BitBuffer& bits, TextBuffer& text, const Chars6Rule& rule) {
+    for (std::int32_t i = 0; i <= rule.maxChars; ++i) {
+        std::uint64_t value = 0;
+        EPC_TRY(bitBufferRead(bits, CHAR6_BITS, value));
+        if (value == 0) {
+            return i == 0 && !rule.allowEmpty ? EPC_ERR_TRUNCATED : EPC_OK;
+        }
+        const char character = char6FromBits(value);
+        EPC_TRY(checkChar6(character, i, rule.hashRule));
+        EPC_TRY(textBufferPutEscapedChar(text, character));
+    }
+    return EPC_ERR_TRUNCATED;
+}
+
+EpcStatus fieldWriteChars6(TextCursor& cursor, BitBuffer& bits, const Chars6Rule& rule,
+                           char terminator) {
+    for (std::int32_t i = 0; i <= rule.maxChars; ++i) {
+        char character = 0;
+        bool isEnd = false;
+        EPC_TRY(readCharOrEnd(cursor, terminator, character, isEnd));
+        if (isEnd) {
+            return i == 0 && !rule.allowEmpty ? EPC_ERR_TRUNCATED
+                                              : bitBufferWrite(bits, 0, CHAR6_BITS);
+        }
+        EPC_TRY(checkChar6(character, i, rule.hashRule));
+        EPC_TRY(bitBufferWrite(bits, char6ToBits(character), CHAR6_BITS));
+    }
+    return EPC_ERR_OUT_OF_RANGE;
+}

@@ -1,0 +1,123 @@
+#include "schemes/field_partition.h"
+
+namespace {
+
+// A number with the count of digits that it has in text.
+struct DigitRun {
+    std::uint64_t value;
+    std::int32_t digits;
+};
+
+EpcStatus readRow(BitBuffer& bits, const PartitionTable& table, const PartitionRow*& row) {
+    std::uint64_t partition = 0;
+    EPC_TRY(bitBufferRead(bits, PARTITION_BITS, partition));
+    row = &table[static_cast<std::size_t>(partition)];
+    return row->companyPrefixBits >= 0 ? EPC_OK : EPC_ERR_BAD_PARTITION;
+}
+
+// Appends the company prefix and the ".".
+EpcStatus putCompanyPrefix(TextBuffer& text, std::uint64_t companyPrefix, const PartitionRow& row) {
+    EPC_TRY(textBufferPutPadded(text, companyPrefix, row.companyPrefixDigits));
+    return textBufferPutChar(text, '.');
+}
+
+// Reads the three fields and appends the first two. The reference is read before anything is
+// appended.
+EpcStatus readBothParts(BitBuffer& bits, TextBuffer& text, const PartitionTable& table,
+                        const PartitionRow*& row, std::uint64_t& reference) {
+    EPC_TRY(readRow(bits, table, row));
+    std::uint64_t companyPrefix = 0;
+    EPC_TRY(bitBufferRead(bits, row->companyPrefixBits, companyPrefix));
+    EPC_TRY(bitBufferRead(bits, row->referenceBits, reference));
+    return putCompanyPrefix(text, companyPrefix, *row);
+}
+
+EpcStatus readDigitRun(TextCursor& cursor, LeadingZeros leadingZeros, DigitRun& run) {
+    return textCursorReadNumber(cursor, leadingZeros, run.value, &run.digits);
+}
+
+EpcStatus findRow(const PartitionTable& table, const DigitRun& companyPrefix,
+                  const PartitionRow*& row) {
+    const std::int32_t partition = partitionFindByDigits(table, companyPrefix.digits);
+    if (partition < 0) {
+        return EPC_ERR_BAD_PARTITION;
+    }
+    row = &table[static_cast<std::size_t>(partition)];
+    return EPC_OK;
+}
+
+// Both texts are read before the row is looked for.
+EpcStatus readBothTexts(TextCursor& cursor, LeadingZeros referenceZeros,
+                        const PartitionTable& table, DigitRun& companyPrefix, DigitRun& reference,
+                        const PartitionRow*& row) {
+    EPC_TRY(readDigitRun(cursor, LeadingZeros::ALLOW, companyPrefix));
+    EPC_TRY(textCursorExpect(cursor, '.'));
+    EPC_TRY(readDigitRun(cursor, referenceZeros, reference));
+    return findRow(table, companyPrefix, row);
+}
+
+EpcStatus writeCompanyPrefix(BitBuffer& bits, const PartitionTable& table, const PartitionRow& row,
+                             std::uint64_t companyPrefix) {
+    const auto partition = static_cast<std::uint64_t>(&row - table.data());
+    EPC_TRY(bitBufferWrite(bits, partition, PARTITION_BITS));
+    return bitBufferWrite(bits, companyPrefix, row.companyPrefixBits);
+}
+
+} // namespace
+
+EpcStatus fieldReadPartition(BitBuffer& bits, TextBuffer& text, const PartitionTable& table) {
+    const PartitionRow* row = nullptr;
+    std::uint64_t reference = 0;
+    EPC_TRY(readBothParts(bits, text, table, row, reference));
+    return textBufferPutPadded(text, reference, row->referenceDigits);
+}
+
+EpcStatus fieldWritePartition(TextCursor& cursor, BitBuffer& bits, const PartitionTable& table) {
+    DigitRun companyPrefix{};
+    DigitRun reference{};
+    const PartitionRow* row = nullptr;
+    EPC_TRY(readBothTexts(cursor, LeadingZeros::ALLOW, table, companyPrefix, reference, row));
+    if (reference.digits != row->referenceDigits) {
+        return EPC_ERR_OUT_OF_RANGE;
+    }
+    EPC_TRY(writeCompanyPrefix(bits, table, *row, companyPrefix.value));
+    return bitBufferWrite(bits, reference.value, row->referenceBits);
+}
+
+EpcStatus fieldReadPartitionOpenReference(BitBuffer& bits, TextBuffer& text,
+                                          const PartitionTable& table) {
+    const PartitionRow* row = nullptr;
+    std::uint64_t reference = 0;
+    EPC_TRY(readBothParts(bits, text, table, row, reference));
+    return textBufferPutDecimal(text, reference);
+}
+
+EpcStatus fieldWritePartitionOpenReference(TextCursor& cursor, BitBuffer& bits,
+                                           const PartitionTable& table) {
+    DigitRun companyPrefix{};
+    DigitRun reference{};
+    const PartitionRow* row = nullptr;
+    EPC_TRY(readBothTexts(cursor, LeadingZeros::REFUSE, table, companyPrefix, reference, row));
+    if (!fitsBits(reference.value, row->referenceBits)) {
+        return EPC_ERR_OUT_OF_RANGE;
+    }
+    EPC_TRY(writeCompanyPrefix(bits, table, *row, companyPrefix.value));
+    return bitBufferWrite(bits, reference.value, row->referenceBits);
+}
+
+EpcStatus fieldReadCompanyPrefix(BitBuffer& bits, TextBuffer& text, const PartitionTable& table,
+                                 const PartitionRow*& row) {
+    EPC_TRY(readRow(bits, table, row));
+    std::uint64_t companyPrefix = 0;
+    EPC_TRY(bitBufferRead(bits, row->companyPrefixBits, companyPrefix));
+    return putCompanyPrefix(text, companyPrefix, *row);
+}
+
+EpcStatus fieldWriteCompanyPrefix(TextCursor& cursor, BitBuffer& bits, const PartitionTable& table,
+                                  const PartitionRow*& row) {
+    DigitRun companyPrefix{};
+    EPC_TRY(readDigitRun(cursor, LeadingZeros::ALLOW, companyPrefix));
+    EPC_TRY(textCursorExpect(cursor, '.'));
+    EPC_TRY(findRow(table, companyPrefix, row));
+    return writeCompanyPrefix(bits, table, *row, companyPrefix.value);
+}

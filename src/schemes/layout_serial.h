@@ -1,0 +1,133 @@
+/*
+ * The layouts of the GS1 keys of which company prefix and reference are numbers. They differ in the
+ * partition table and in the serial behind it, so that a scheme is one row of constants.
+ *
+ * Body: company prefix "." reference ["." serial], for an ITIP
+ *       company prefix "." reference "." piece "." total "." serial
+ *
+ * Source: EPC Tag Data Standard, section 14.6 (EPC binary coding tables).
+ */
+#ifndef ROSETAG_SCHEMES_LAYOUT_SERIAL_H
+#define ROSETAG_SCHEMES_LAYOUT_SERIAL_H
+
+#include "schemes/field_chars.h"
+#include "schemes/field_head.h"
+#include "schemes/field_number.h"
+#include "schemes/field_partition.h"
+#include "schemes/layout.h"
+
+// How a serial is stored. size is what both operations take: bits or characters.
+struct SerialField {
+    EpcStatus (*read)(BitBuffer& bits, TextBuffer& text, std::int32_t size);
+    EpcStatus (*write)(TextCursor& cursor, BitBuffer& bits, std::int32_t size);
+    std::int32_t bitsPerSize;
+};
+
+inline constexpr SerialField numericSerial = {fieldReadDecimal, fieldWriteDecimal, 1};
+inline constexpr SerialField stringSerial = {fieldReadChars7, fieldWriteChars7, CHAR7_BITS};
+inline constexpr SerialField leadingOneSerial = {fieldReadLeadingOneNumber,
+                                                 fieldWriteLeadingOneNumber, 1};
+
+// Header, filter, partition, company prefix and reference.
+constexpr std::int32_t keyBits(EpcScheme scheme, const PartitionTable& table) {
+    return headBits(scheme) + PARTITION_BITS + partitionedBits(table);
+}
+
+inline EpcStatus readKey(BitBuffer& bits, TextBuffer& text, UriForm form, EpcScheme scheme,
+                         const PartitionTable& table) {
+    EPC_TRY(fieldReadFilter(bits, text, form, scheme));
+    return fieldReadPartition(bits, text, table);
+}
+
+inline EpcStatus writeKey(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits,
+                          EpcScheme scheme, const PartitionTable& table) {
+    EPC_TRY(fieldWriteHeader(bits, scheme));
+    EPC_TRY(fieldWriteFilter(filter, bits, scheme));
+    return fieldWritePartition(cursor, bits, table);
+}
+
+// A key with a serial.
+template <EpcScheme scheme, const PartitionTable& table, const SerialField& serial,
+          std::int32_t size>
+EpcStatus serialRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
+    static_assert(keyBits(scheme, table) + size * serial.bitsPerSize == tagSchemeBits(scheme));
+    EPC_TRY(readKey(bits, text, form, scheme, table));
+    EPC_TRY(textBufferPutChar(text, '.'));
+    return serial.read(bits, text, size);
+}
+
+template <EpcScheme scheme, const PartitionTable& table, const SerialField& serial,
+          std::int32_t size>
+EpcStatus serialWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
+    EPC_TRY(writeKey(cursor, filter, bits, scheme, table));
+    EPC_TRY(textCursorExpect(cursor, '.'));
+    return serial.write(cursor, bits, size);
+}
+
+// A key alone, with reserved bits behind it.
+template <EpcScheme scheme, const PartitionTable& table, std::int32_t width>
+EpcStatus reservedRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
+    static_assert(keyBits(scheme, table) + width == tagSchemeBits(scheme));
+    EPC_TRY(readKey(bits, text, form, scheme, table));
+    return fieldReadZeros(bits, width);
+}
+
+template <EpcScheme scheme, const PartitionTable& table, std::int32_t width>
+EpcStatus reservedWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
+    EPC_TRY(writeKey(cursor, filter, bits, scheme, table));
+    return fieldWriteZeros(bits, width);
+}
+
+// A piece of a trade item: which piece of how many stands before the serial.
+constexpr std::int32_t PIECE_BITS = 7;
+
+template <EpcScheme scheme, const SerialField& serial, std::int32_t size>
+EpcStatus itipRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
+    static_assert(keyBits(scheme, partitionTableSgtin) + 2 * PIECE_BITS +
+                      size * serial.bitsPerSize ==
+                  tagSchemeBits(scheme));
+    EPC_TRY(readKey(bits, text, form, scheme, partitionTableSgtin));
+    EPC_TRY(textBufferPutChar(text, '.'));
+    EPC_TRY(fieldReadSmallNumber(bits, text, PIECE_BITS));
+    EPC_TRY(textBufferPutChar(text, '.'));
+    EPC_TRY(fieldReadSmallNumber(bits, text, PIECE_BITS));
+    EPC_TRY(textBufferPutChar(text, '.'));
+    return serial.read(bits, text, size);
+}
+
+template <EpcScheme scheme, const SerialField& serial, std::int32_t size>
+EpcStatus itipWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
+    EPC_TRY(writeKey(cursor, filter, bits, scheme, partitionTableSgtin));
+    EPC_TRY(textCursorExpect(cursor, '.'));
+    EPC_TRY(fieldWriteSmallNumber(cursor, bits, PIECE_BITS));
+    EPC_TRY(textCursorExpect(cursor, '.'));
+    EPC_TRY(fieldWriteSmallNumber(cursor, bits, PIECE_BITS));
+    EPC_TRY(textCursorExpect(cursor, '.'));
+    return serial.write(cursor, bits, size);
+}
+
+// The families, with the width of what stands behind the key in bits or characters.
+template <EpcScheme scheme, const PartitionTable& table, std::int32_t width>
+inline constexpr Layout layoutNumericSerial = {scheme,
+                                               serialRead<scheme, table, numericSerial, width>,
+                                               serialWrite<scheme, table, numericSerial, width>};
+
+template <EpcScheme scheme, const PartitionTable& table, std::int32_t maxChars>
+inline constexpr Layout layoutStringSerial = {scheme,
+                                              serialRead<scheme, table, stringSerial, maxChars>,
+                                              serialWrite<scheme, table, stringSerial, maxChars>};
+
+template <EpcScheme scheme, const PartitionTable& table, std::int32_t width>
+inline constexpr Layout layoutLeadingOneSerial = {
+    scheme, serialRead<scheme, table, leadingOneSerial, width>,
+    serialWrite<scheme, table, leadingOneSerial, width>};
+
+template <EpcScheme scheme, const PartitionTable& table, std::int32_t width>
+inline constexpr Layout layoutReserved = {scheme, reservedRead<scheme, table, width>,
+                                          reservedWrite<scheme, table, width>};
+
+template <EpcScheme scheme, const SerialField& serial, std::int32_t size>
+inline constexpr Layout layoutItip = {scheme, itipRead<scheme, serial, size>,
+                                      itipWrite<scheme, serial, size>};
+
+#endif
