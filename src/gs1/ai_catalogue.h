@@ -11,6 +11,7 @@
 #include "core/text_cursor.h"
 
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 enum AiKind : std::uint8_t {
@@ -50,10 +51,20 @@ struct AiComponent {
 constexpr std::size_t AI_CODE_SIZE = 5;
 
 struct AiDefinition {
-    char code[AI_CODE_SIZE]; // empty in an empty slot
+    char code[AI_CODE_SIZE]; // filled up with NULs; empty in an empty slot
     std::uint8_t componentCount;
     AiComponent components[2];
 };
+
+// The text of a code that is filled up with NULs.
+inline std::string_view aiCodeView(const char (&code)[AI_CODE_SIZE]) {
+    return {code, code[2] == '\0' ? 2U : code[3] == '\0' ? 3U : 4U};
+}
+
+// True if two codes that are filled up with NULs are the same.
+inline bool aiCodesAreEqual(const char (&one)[AI_CODE_SIZE], const char (&other)[AI_CODE_SIZE]) {
+    return std::memcmp(one, other, AI_CODE_SIZE - 1) == 0;
+}
 
 // The definition of exactly this code, or null.
 const AiDefinition* aiFind(std::string_view code);
@@ -63,7 +74,7 @@ const AiDefinition* aiFind(std::string_view code);
 std::int32_t aiCodeLength(char first, char second);
 
 // Reads the code that stands at the cursor; whether the catalogue knows it is not looked at. On
-// success code is NUL-terminated.
+// success code is filled up with NULs.
 EpcStatus aiReadCode(TextCursor& cursor, char (&code)[AI_CODE_SIZE]);
 
 #endif

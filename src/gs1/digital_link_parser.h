@@ -9,17 +9,13 @@
 
 #include "core/text_buffer.h"
 #include "gs1/ai_list.h"
+#include "gs1/text_to_text.h"
 
-// Fills an empty list with slices of the raw text.
+// Fills an empty list with slices of the raw text, which is all that lies under the cursor: it
+// stands at its begin.
 EpcStatus digitalLinkParse(AiList& list, TextCursor& cursor);
 
 // Decodes the values back to back into flat, which is empty, and moves the list over to it.
 EpcStatus digitalLinkDecodeValues(AiList& list, const char* rawText, TextBuffer& flat);
-
-// A whole link to a bracketed element string; dst is empty.
-EpcStatus digitalLinkToElementString(TextCursor& cursor, TextBuffer& dst);
-
-// A bracketed element string to a link; dst is empty.
-EpcStatus elementStringToDigitalLink(TextCursor& cursor, TextBuffer& dst);
 
 #endif
