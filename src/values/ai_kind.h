@@ -1,0 +1,26 @@
+/*
+ * What the encoders and decoders of all kinds of AI components have in common. An encoder finds the
+ * characters of its component under the cursor, up to the end of its span, and writes the bits; a
+ * decoder reads them back and appends the characters to a text.
+ *
+ * Source: EPC Tag Data Standard, section 14.5 (encoding methods of the +AIDC fields).
+ */
+#ifndef ROSETAG_VALUES_AI_KIND_H
+#define ROSETAG_VALUES_AI_KIND_H
+
+#include "core/bit_buffer.h"
+#include "core/text_buffer.h"
+#include "core/text_cursor.h"
+#include "gs1/ai_catalogue.h"
+
+// What an encoder is given beside the characters.
+struct AiEncodeField {
+    const AiDefinition& ai; // the coded date looks at its code
+    const AiComponent& component;
+    std::int32_t encoding; // AI_ENC_AUTO or the one to force; fields of text look at it
+};
+
+using AiEncode = EpcStatus (*)(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
+using AiDecode = EpcStatus (*)(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
+
+#endif

@@ -1,0 +1,155 @@
+#include "values/number_kinds.h"
+
+#include "core/hex_words.h"
+#include "core/long_decimal.h"
+#include "core/long_field.h"
+#include "values/field_run.h"
+#include "values/length_indicator.h"
+
+namespace {
+
+// A run of one digit more than a number may have is still read, and refused as a number.
+constexpr std::int32_t MAX_READ_DIGITS = MAX_LONG_DIGITS + 1;
+
+EpcStatus putLongNumber(BitBuffer& out, std::string_view digits, std::int32_t bitWidth) {
+    char hex[MAX_LONG_HEX_DIGITS + 1];
+    std::int32_t hexCount = 0;
+    EPC_TRY(decimalToHex(digits, sizeof hex, hex, hexCount));
+    std::uint8_t hexBytes[(MAX_LONG_HEX_DIGITS + 1) / 2];
+    EPC_TRY(hexToBytes(hex, hexBytes, nullptr));
+    return bitBufferPutHexBytes(out, hexCount, hexBytes, bitWidth) == 0 ? EPC_OK : EPC_ERR_NO_ROOM;
+}
+
+// Reads digitCount digits, or all where it is 0, as the text that a long number is made of.
+EpcStatus readLongDigits(TextCursor& cursor, std::int32_t digitCount,
+                         char (&digits)[MAX_READ_DIGITS + 1], std::string_view& out) {
+    std::int32_t count = 0;
+    EPC_TRY(textCursorReadDigits(cursor, LeadingZeros::ALLOW, MAX_READ_DIGITS, digits, &count,
+                                 digitCount));
+    out = {digits, static_cast<std::size_t>(count)};
+    return EPC_OK;
+}
+
+EpcStatus encodeLongNumeric(TextCursor& cursor, BitBuffer& out, const AiComponent& component) {
+    char storage[MAX_READ_DIGITS + 1];
+    std::string_view digits;
+    EPC_TRY(readLongDigits(cursor, component.digitCount, storage, digits));
+    if (digits.size() < component.digitCount) {
+        return EPC_ERR_BAD_CHARACTER;
+    }
+    return putLongNumber(out, digits, component.bitWidth);
+}
+
+EpcStatus encodeLongInteger(TextCursor& cursor, BitBuffer& out) {
+    char storage[MAX_READ_DIGITS + 1];
+    std::string_view digits;
+    EPC_TRY(readLongDigits(cursor, 0, storage, digits));
+    if (!textCursorAtEnd(cursor)) {
+        return EPC_ERR_BAD_CHARACTER;
+    }
+    const auto count = static_cast<std::int32_t>(digits.size());
+    if (count > MAX_LONG_DIGITS) {
+        return EPC_ERR_TOO_LONG;
+    }
+    return putLongNumber(out, digits, aiDigitBits(count));
+}
+
+} // namespace
+
+EpcStatus aiEncodeNumeric(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field) {
+    const AiComponent& component = field.component;
+    const std::ptrdiff_t length = textCursorLeft(cursor);
+    if (length != component.digitCount) {
+        return length > component.digitCount ? EPC_ERR_TOO_LONG : EPC_ERR_TRUNCATED;
+    }
+    if (component.digitCount > MAX_NUMBER_DIGITS) {
+        return encodeLongNumeric(cursor, out, component);
+    }
+    std::uint64_t number = 0;
+    std::int32_t count = 0;
+    EPC_TRY(
+        textCursorReadNumber(cursor, LeadingZeros::ALLOW, number, &count, component.digitCount));
+    if (count < component.digitCount) {
+        return EPC_ERR_BAD_CHARACTER;
+    }
+    return bitBufferWrite(out, number, component.bitWidth);
+}
+
+EpcStatus aiDecodeNumeric(BitBuffer& bits, TextBuffer& text, const AiComponent& component) {
+    if (component.bitWidth > 64) {
+        return bitBufferGetPaddedDecimal(text, bits, component.bitWidth, component.digitCount);
+    }
+    std::uint64_t number = 0;
+    EPC_TRY(bitBufferRead(bits, component.bitWidth, number));
+    return textBufferPutPadded(text, number, component.digitCount);
+}
+
+EpcStatus aiEncodeDigits(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field) {
+    if (textCursorLeft(cursor) < field.component.digitCount) {
+        return EPC_ERR_TRUNCATED;
+    }
+    return fieldRunPut<4>(out, field.component.digitCount,
+                          [&cursor](std::uint64_t& digit) -> EpcStatus {
+                              if (textCursorAtEnd(cursor)) {
+                                  return EPC_ERR_TRUNCATED;
+                              }
+                              if (!charIsDigit(*cursor.current)) {
+                                  return EPC_ERR_BAD_FORMAT;
+                              }
+                              digit = static_cast<std::uint64_t>(*cursor.current++ - '0');
+                              return EPC_OK;
+                          });
+}
+
+EpcStatus aiDecodeDigits(BitBuffer& bits, TextBuffer& text, const AiComponent& component) {
+    if (component.digitCount == 0) {
+        return EPC_ERR_BAD_FORMAT;
+    }
+    return fieldRunGet<4>(bits, component.digitCount, [&text](std::uint64_t digit) -> EpcStatus {
+        if (digit > 9) {
+            return EPC_ERR_BAD_FORMAT;
+        }
+        return textBufferPutChar(text, static_cast<char>('0' + digit));
+    });
+}
+
+EpcStatus aiEncodeVarNumeric(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field) {
+    const std::ptrdiff_t length = textCursorLeft(cursor);
+    if (!lengthIndicatorHolds(field.component, length)) {
+        return EPC_ERR_TOO_LONG;
+    }
+    EPC_TRY(lengthIndicatorPut(out, field.component, length));
+    return aiEncodeInteger(cursor, out);
+}
+
+EpcStatus aiDecodeVarNumeric(BitBuffer& bits, TextBuffer& text, const AiComponent& component) {
+    std::int32_t digitCount = 0;
+    EPC_TRY(lengthIndicatorGet(bits, component, digitCount));
+    return aiDecodeInteger(bits, text, digitCount);
+}
+
+EpcStatus aiEncodeInteger(TextCursor& cursor, BitBuffer& out) {
+    if (textCursorLeft(cursor) > MAX_NUMBER_DIGITS) {
+        return encodeLongInteger(cursor, out);
+    }
+    std::uint64_t number = 0;
+    std::int32_t count = 0;
+    EPC_TRY(textCursorReadNumber(cursor, LeadingZeros::ALLOW, number, &count));
+    if (!textCursorAtEnd(cursor)) {
+        return EPC_ERR_BAD_CHARACTER;
+    }
+    return bitBufferWrite(out, number, aiDigitBits(count));
+}
+
+EpcStatus aiDecodeInteger(BitBuffer& bits, TextBuffer& text, std::int32_t digitCount) {
+    if (digitCount > MAX_LONG_DIGITS) {
+        return EPC_ERR_BAD_FORMAT;
+    }
+    const std::int32_t bitWidth = aiDigitBits(digitCount);
+    if (digitCount > MAX_NUMBER_DIGITS) {
+        return bitBufferGetPaddedDecimal(text, bits, bitWidth, digitCount);
+    }
+    std::uint64_t number = 0;
+    EPC_TRY(bitBufferRead(bits, bitWidth, number));
+    return textBufferPutPadded(text, number, digitCount);
+}

@@ -1,0 +1,70 @@
+#include "values/text_kinds.h"
+
+#include "values/field_run.h"
+#include "values/length_indicator.h"
+#include "values/text_encoding.h"
+
+namespace {
+
+// Among the digits of 4 bits: a field of text follows, or nothing.
+constexpr std::uint64_t SWITCH_TO_TEXT = 14;
+constexpr std::uint64_t END_OF_DIGITS = 15;
+
+std::int32_t countDigits(TextCursor cursor) {
+    const char* const first = cursor.current;
+    while (!textCursorAtEnd(cursor) && charIsDigit(*cursor.current)) {
+        ++cursor.current;
+    }
+    return static_cast<std::int32_t>(cursor.current - first);
+}
+
+} // namespace
+
+EpcStatus aiEncodeText(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field) {
+    std::uint32_t seenFlags = 0;
+    EPC_TRY(aiScanText(cursor, seenFlags));
+    const std::ptrdiff_t count = textCursorLeft(cursor);
+    if (!lengthIndicatorHolds(field.component, count)) {
+        return EPC_ERR_TOO_LONG;
+    }
+    const std::int32_t encoding =
+        field.encoding == AI_ENC_AUTO ? aiChooseEncoding(seenFlags, count) : field.encoding;
+    constexpr std::uint64_t indicatorMask = (1U << ENCODING_INDICATOR_BITS) - 1;
+    EPC_TRY(bitBufferWrite(out, static_cast<std::uint64_t>(encoding) & indicatorMask,
+                           ENCODING_INDICATOR_BITS));
+    EPC_TRY(lengthIndicatorPut(out, field.component, count));
+    return aiEncodePayload(cursor, out, encoding);
+}
+
+EpcStatus aiDecodeText(BitBuffer& bits, TextBuffer& text, const AiComponent& component) {
+    std::uint64_t encoding = 0;
+    EPC_TRY(bitBufferRead(bits, ENCODING_INDICATOR_BITS, encoding));
+    std::int32_t count = 0;
+    EPC_TRY(lengthIndicatorGet(bits, component, count));
+    return aiDecodePayload(bits, text, static_cast<std::int32_t>(encoding), count);
+}
+
+EpcStatus aiEncodeDigitsThenText(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field) {
+    EPC_TRY(fieldRunPut<4>(out, countDigits(cursor), [&cursor](std::uint64_t& digit) -> EpcStatus {
+        digit = static_cast<std::uint64_t>(*cursor.current++ - '0');
+        return EPC_OK;
+    }));
+    if (textCursorAtEnd(cursor)) {
+        return bitBufferWrite(out, END_OF_DIGITS, 4);
+    }
+    EPC_TRY(bitBufferWrite(out, SWITCH_TO_TEXT, 4));
+    return aiEncodeText(cursor, out, field);
+}
+
+EpcStatus aiDecodeDigitsThenText(BitBuffer& bits, TextBuffer& text, const AiComponent& component) {
+    std::uint64_t digit = 0;
+    EPC_TRY(bitBufferRead(bits, 4, digit));
+    while (digit <= 9) {
+        EPC_TRY(textBufferPutChar(text, static_cast<char>('0' + digit)));
+        EPC_TRY(bitBufferRead(bits, 4, digit));
+    }
+    if (digit == END_OF_DIGITS) {
+        return EPC_OK;
+    }
+    return digit == SWITCH_TO_TEXT ? aiDecodeText(bits, text, component) : EPC_ERR_BAD_FORMAT;
+}
