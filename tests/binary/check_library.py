@@ -1,0 +1,84 @@
+"""Checks the finished shared library as a file: what it offers, needs, holds and weighs.
+
+usage: check_library.py LIBRARY HEADER SOVERSION
+"""
+
+import re
+import subprocess
+import sys
+import unittest
+
+LIBRARY, HEADER, SOVERSION = sys.argv[1:4]
+
+# What the library may ask of the platform. No function here allocates, throws, prints or looks at
+# the locale or the environment.
+ALLOWED_UNDEFINED = {
+    # the C library's strings and memory, and the forms of them that a hardened build calls
+    "memchr", "memcmp", "memcpy", "memmove", "memset", "strchr", "strlen", "strncmp",
+    "__memcpy_chk", "__memmove_chk", "__memset_chk", "__stack_chk_fail",
+    # what the linker puts into every shared library
+    "__cxa_finalize", "__gmon_start__", "_ITM_deregisterTMCloneTable",
+    "_ITM_registerTMCloneTable",
+}
+ALLOWED_NEEDED = re.compile(r"^(libc\.so\.\d+|ld-linux.*\.so\.\d+)$")
+EXPORT_COUNT = 76
+MAX_RELOCATIONS = 1000
+MAX_BYTES = 600 * 1024
+
+
+def lines_of(*command):
+    return subprocess.run(command, check=True, capture_output=True, text=True).stdout.splitlines()
+
+
+def declared_functions():
+    with open(HEADER, encoding="ascii") as header:
+        text = re.sub(r"/\*.*?\*/", "", header.read(), flags=re.DOTALL)
+    return re.findall(r"^ROSETAG_EXPORT\s+EpcStatus\s+(\w+)\(", text, flags=re.MULTILINE)
+
+
+def section_bytes(name):
+    for line in lines_of("size", "-A", "-d", LIBRARY):
+        if line.split()[:1] == [name]:
+            return int(line.split()[1])
+    return 0
+
+
+class Library(unittest.TestCase):
+    def test_exports_are_the_functions_of_the_header(self):
+        declared = declared_functions()
+        exported = [line.split()[-1] for line in lines_of("nm", "-D", "--defined-only", LIBRARY)]
+        self.assertEqual(len(declared), EXPORT_COUNT)
+        self.assertEqual(sorted(exported), sorted(declared))
+
+    def test_asks_the_platform_for_nothing_unforeseen(self):
+        undefined = {line.split()[-1].split("@")[0]
+                     for line in lines_of("nm", "-D", "--undefined-only", LIBRARY)}
+        self.assertEqual(undefined - ALLOWED_UNDEFINED, set())
+
+    def test_needs_the_c_library_alone(self):
+        dynamic = "\n".join(lines_of("readelf", "-d", LIBRARY))
+        needed = re.findall(r"\(NEEDED\).*\[(.*)\]", dynamic)
+        self.assertEqual([name for name in needed if not ALLOWED_NEEDED.match(name)], [])
+        self.assertEqual(re.findall(r"\(SONAME\).*\[(.*)\]", dynamic), [f"librosetag.so.{SOVERSION}"])
+        self.assertNotRegex(dynamic, r"\((TEXTREL|RPATH|RUNPATH)\)")
+
+    def test_holds_no_mutable_data(self):
+        # The start-up files of the compiler bring a pointer and a flag along.
+        self.assertLessEqual(section_bytes(".data"), 8)
+        self.assertLessEqual(section_bytes(".bss"), 8)
+
+    def test_stays_small(self):
+        relocations = [line for line in lines_of("readelf", "-rW", LIBRARY)
+                       if re.match(r"^[0-9a-f]{8,} ", line)]
+        self.assertGreater(len(relocations), 0)
+        self.assertLess(len(relocations), MAX_RELOCATIONS)
+        with open(LIBRARY, "rb") as library:
+            self.assertLess(len(library.read()), MAX_BYTES)
+
+    def test_stack_cannot_be_executed(self):
+        stack = [line.split() for line in lines_of("readelf", "-lW", LIBRARY) if "GNU_STACK" in line]
+        self.assertEqual([fields[6] for fields in stack], ["RW"])
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

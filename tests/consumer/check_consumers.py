@@ -1,0 +1,129 @@
+"""Uses the library as others do: installed and found, as a part of another project, and without any
+build system.
+
+usage: check_consumers.py SOURCE_DIR BUILD_DIR CASE
+"""
+
+import glob
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+SOURCE, BUILD, CASE = sys.argv[1:4]
+HEX = "3074257BF7194E4000001A85"
+TAG_URI = "urn:epc:tag:sgtin-96:3.0614141.812345.6789"
+# The same item with the filter value of a point of sale item.
+LABEL_HEX = "3034257BF7194E4000001A85"
+LABEL = ["(01)80614141123458(21)6789", "7"]
+C_FLAGS = ["-std=c99", "-Wall", "-Wextra", "-Wpedantic", "-Werror"]
+SMOKE = os.path.join(SOURCE, "tests/c/smoke.c")
+
+
+class Consumers(unittest.TestCase):
+    def setUp(self):
+        directory = tempfile.TemporaryDirectory()
+        self.addCleanup(directory.cleanup)
+        self.work = directory.name
+        self.prefix = self.path("prefix")
+        # Nothing of the caller's may help a program to its library.
+        self.environment = {key: value for key, value in os.environ.items()
+                            if key not in ("LD_LIBRARY_PATH", "DESTDIR", "CFLAGS", "CXXFLAGS")}
+
+    def path(self, *parts):
+        return os.path.join(self.work, *parts)
+
+    def run_command(self, *command):
+        result = subprocess.run(command, env=self.environment, capture_output=True, text=True,
+                                check=False)
+        self.assertEqual(result.returncode, 0, " ".join(command) + "\n" + result.stdout
+                         + result.stderr)
+        return result.stdout.strip()
+
+    def build(self, source, *options):
+        build = self.path("build")
+        self.run_command("cmake", "-G", "Ninja", "-S", source, "-B", build,
+                         "-DCMAKE_BUILD_TYPE=Debug", *options)
+        self.run_command("cmake", "--build", build, "-j2")
+        return build
+
+    # Installs, and moves what was installed to another place.
+    def install(self, build):
+        self.run_command("cmake", "--install", build, "--prefix", self.path("before"))
+        shutil.move(self.path("before"), self.prefix)
+
+    def library_dir(self):
+        return os.path.dirname(os.path.dirname(
+            glob.glob(os.path.join(self.prefix, "**/rosetag.pc"), recursive=True)[0]))
+
+    def expect_no_cxx_runtime(self, program):
+        needed = self.run_command("readelf", "-d", program)
+        self.assertIn("libc.so", needed)
+        self.assertNotIn("libstdc++", needed)
+
+    def compile_with_pkg_config(self, source, program):
+        self.environment["PKG_CONFIG_PATH"] = os.path.join(self.library_dir(), "pkgconfig")
+        flags = self.run_command("pkg-config", "--cflags", "--libs", "rosetag").split()
+        self.run_command("cc", *C_FLAGS, source, "-o", program, *flags)
+        self.expect_no_cxx_runtime(program)
+
+    def expect_examples_work(self):
+        build = self.build(os.path.join(SOURCE, "examples"), f"-DCMAKE_PREFIX_PATH={self.prefix}")
+        self.assertEqual(self.run_command(os.path.join(build, "decode"), HEX), TAG_URI)
+        self.assertEqual(self.run_command(os.path.join(build, "label"), *LABEL), LABEL_HEX)
+        self.expect_no_cxx_runtime(os.path.join(build, "decode"))
+
+    def test_find_package(self):
+        self.install(BUILD)
+        self.expect_examples_work()
+
+    def test_pkg_config(self):
+        self.install(BUILD)
+        self.environment["LD_LIBRARY_PATH"] = self.library_dir()
+        self.compile_with_pkg_config(SMOKE, self.path("smoke"))
+        self.run_command(self.path("smoke"))
+
+    def test_installed_files(self):
+        self.environment["DESTDIR"] = self.path("root")
+        self.run_command("cmake", "--install", BUILD, "--prefix", "/opt/rosetag")
+        prefix = self.path("root/opt/rosetag")
+        self.assertEqual(self.run_command(os.path.join(prefix, "bin/rosetag"), "--version")
+                         .split()[0], "rosetag")
+        for directory, _, names in os.walk(prefix):
+            for name in names:
+                with open(os.path.join(directory, name), "rb") as file:
+                    content = file.read()
+                for place in (SOURCE, BUILD, self.work, "/opt/rosetag"):
+                    self.assertNotIn(place.encode(), content, f"{name} names {place}")
+
+    def test_static(self):
+        self.install(self.build(SOURCE, "-DBUILD_SHARED_LIBS=OFF", "-DROSETAG_BUILD_TESTS=OFF",
+                                "-DROSETAG_BUILD_TOOLS=OFF"))
+        self.compile_with_pkg_config(SMOKE, self.path("smoke"))
+        self.run_command(self.path("smoke"))
+        self.expect_no_cxx_runtime(self.path("smoke"))
+        shutil.rmtree(self.path("build"))
+        self.expect_examples_work()
+
+    def test_subproject(self):
+        build = self.build(os.path.join(SOURCE, "tests/consumer/subproject"),
+                           f"-DROSETAG_SOURCE_DIR={SOURCE}")
+        self.run_command(os.path.join(build, "smoke"))
+        self.run_command("cmake", "--install", build, "--prefix", self.prefix)
+        self.assertFalse(os.path.exists(self.prefix), "the subproject installs something")
+
+    def test_one_compiler_call(self):
+        sources = sorted(glob.glob(os.path.join(SOURCE, "src/*/*.cpp")))
+        include = os.path.join(SOURCE, "include")
+        self.run_command("c++", "-std=c++20", f"-I{include}", f"-I{SOURCE}/src", "-fPIC", "-shared",
+                         *sources, "-o", self.path("librosetag.so"))
+        self.run_command("cc", *C_FLAGS, f"-I{include}", SMOKE, "-o", self.path("smoke"),
+                         f"-L{self.work}", "-lrosetag")
+        self.environment["LD_LIBRARY_PATH"] = self.work
+        self.run_command(self.path("smoke"))
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0], f"Consumers.test_{CASE}"])
