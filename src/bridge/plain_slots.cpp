@@ -40,7 +40,7 @@ EpcStatus gs1TextToBits(std::string_view text, AiBrackets brackets, BitBuffer& b
 // All text under the cursor is consumed.
 EpcStatus aiTextToBits(TextCursor& cursor, AiBrackets brackets, BitBuffer& bits,
                        const EncodeArguments& arguments) {
-    const std::string_view text(cursor.current, textCursorLeft(cursor));
+    const std::string_view text(cursor.current, static_cast<std::size_t>(textCursorLeft(cursor)));
     EPC_TRY(gs1TextToBits(text, brackets, bits, arguments));
     cursor.current = textCursorEnd(cursor);
     return EPC_OK;
