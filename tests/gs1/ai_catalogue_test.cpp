@@ -1,0 +1,203 @@
+// The catalogue, walked over every text that could be a code, and the reader of codes.
+#include "gs1/ai_catalogue.h"
+
+#include "support/status.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+// Every text of two to four digits.
+std::vector<std::string> allCodes() {
+    std::vector<std::string> codes;
+    for (int length = 2, count = 100; length <= 4; ++length, count *= 10) {
+        for (int number = 0; number < count; ++number) {
+            std::string code = std::to_string(number);
+            code.insert(0, static_cast<std::size_t>(length) - code.size(), '0');
+            codes.push_back(code);
+        }
+    }
+    return codes;
+}
+
+// Kind, characters ("6", "..20") and bits ("b20", "i3" encoding indicator, "l5" length indicator).
+std::string describe(const AiComponent& component) {
+    const auto number = [](const char* letter, int value) {
+        return value == 0 ? "" : letter + std::to_string(value);
+    };
+    return std::to_string(component.kind) + ":" + number("", component.digitCount) +
+           number("..", component.maxLength) + number(" b", component.bitWidth) +
+           number(" i", component.encodingIndicatorBits) +
+           number(" l", component.lengthIndicatorBits) +
+           number(" c", static_cast<int>(component.checkKind));
+}
+
+std::string describe(std::string_view code) {
+    const AiDefinition* const definition = aiFind(code);
+    if (definition == nullptr) {
+        return "none";
+    }
+    const std::string first = describe(definition->components[0]);
+    return definition->componentCount == 1 ? first
+                                           : first + " + " + describe(definition->components[1]);
+}
+
+// What the kind and the count of characters say about all other fields.
+void expectConsistent(const AiComponent& component, const std::string& code) {
+    const int digits = component.digitCount;
+    const int bits = component.bitWidth;
+    const bool isNumeric = component.kind == AI_KIND_NUMERIC;
+    const bool isText =
+        component.kind == AI_KIND_TEXT || component.kind == AI_KIND_DIGITS_THEN_TEXT;
+    const bool hasLength = isText || component.kind == AI_KIND_VAR_NUMERIC;
+    EXPECT_EQ(isText ? 3 : 0, component.encodingIndicatorBits) << code;
+    EXPECT_EQ(hasLength, component.lengthIndicatorBits != 0) << code;
+    EXPECT_TRUE(digits == 0 || component.maxLength == 0) << code;
+    EXPECT_EQ(digits != 0 || component.kind == AI_KIND_SIGN, bits != 0) << code;
+    if (hasLength) {
+        EXPECT_LT(component.maxLength, 1 << component.lengthIndicatorBits) << code;
+        EXPECT_GE(component.maxLength, 1 << (component.lengthIndicatorBits - 1)) << code;
+    }
+    if (isNumeric) {
+        EXPECT_GE(std::ldexp(1.0, bits), std::pow(10.0, digits)) << code;
+        EXPECT_LT(std::ldexp(1.0, bits - 1), std::pow(10.0, digits)) << code;
+    }
+    if (component.kind == AI_KIND_DIGITS) {
+        EXPECT_EQ(digits * 4, bits) << code;
+    }
+}
+
+TEST(AiCatalogue, HoldsItsRowsInOneConsistentForm) {
+    int found = 0;
+    std::set<std::string> shapes;
+    std::string withCheckDigit;
+    for (const std::string& code : allCodes()) {
+        const AiDefinition* const definition = aiFind(code);
+        if (definition == nullptr) {
+            continue;
+        }
+        ++found;
+        shapes.insert(describe(code));
+        EXPECT_EQ(code, definition->code);
+        EXPECT_EQ(code, aiCodeView(definition->code));
+        EXPECT_EQ(code.size(), static_cast<std::size_t>(aiCodeLength(code[0], code[1]))) << code;
+        EXPECT_EQ(definition->componentCount == 2, definition->components[1].kind != AI_KIND_NONE)
+            << code;
+        EXPECT_NE(AI_KIND_NONE, definition->components[0].kind) << code;
+        EXPECT_EQ(AI_CHECK_NONE, definition->components[1].checkKind) << code;
+        for (int i = 0; i < definition->componentCount; ++i) {
+            expectConsistent(definition->components[i], code);
+        }
+        if (definition->components[0].checkKind == AI_CHECK_DIGIT) {
+            EXPECT_NE(0, definition->components[0].digitCount) << code;
+            withCheckDigit += code + " ";
+        }
+    }
+    EXPECT_EQ(520, found);
+    EXPECT_EQ(48U, shapes.size());
+    EXPECT_EQ("00 01 02 253 255 402 410 411 412 413 414 415 416 417 8003 8006 8017 8018 8026 ",
+              withCheckDigit);
+}
+
+TEST(AiCatalogue, FindsExactlyTheWholeCode) {
+    const struct {
+        const char* code;
+        const char* shape;
+    } rows[] = {
+        {"00", "4:18 b72 c1"},
+        {"01", "4:14 b56 c1"},
+        {"10", "6:..20 i3 l5"},
+        {"17", "8:6 b16"},
+        {"20", "2:2 b7"},
+        {"99", "6:..90 i3 l7"},
+        {"253", "4:13 b52 c1 + 6:..17 i3 l5"},
+        {"255", "4:13 b52 c1 + 13:..12 l4"},
+        {"3105", "2:6 b20"},
+        {"3165", "2:6 b20"},
+        {"3275", "2:6 b20"},
+        {"3933", "2:3 b10 + 13:..15 l4"},
+        {"402", "2:17 b57 c1"},
+        {"4307", "12:2 b12"},
+        {"4309", "2:20 b67"},
+        {"4321", "7:1 b1"},
+        {"4333", "2:6 b20 + 14:..1 b1"},
+        {"7003", "9:10 b27"},
+        {"7007", "10:"},
+        {"7011", "11:"},
+        {"8004", "5:..30 i3 l5"},
+        {"8013", "6:..25 i3 l5 c2"},
+        // not in the catalogue
+        {"3106", "none"},
+        {"3166", "none"},
+        {"3175", "none"},
+        {"14", "none"},
+        // not a code
+        {"", "none"},
+        {"1", "none"},
+        {"012", "none"},
+        {"100", "none"},
+        {"0100", "none"},
+        {"12345", "none"},
+        {"31000", "none"},
+        {"1A", "none"},
+        {"1\xE1", "none"},
+        {"310:", "none"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(row.shape, describe(row.code)) << row.code;
+    }
+    EXPECT_EQ("none", describe(std::string_view("10\0", 3)));
+}
+
+TEST(AiCatalogue, KnowsTheLengthOfACode) {
+    int known = 0;
+    for (int first = 0; first < 256; ++first) {
+        for (int second = 0; second < 256; ++second) {
+            known += aiCodeLength(static_cast<char>(first), static_cast<char>(second)) != 0;
+        }
+    }
+    EXPECT_EQ(45, known);
+    EXPECT_EQ(4, aiCodeLength('8', '2'));
+    EXPECT_EQ(0, aiCodeLength('1', '4'));
+}
+
+TEST(AiCatalogue, ReadsTheCodeAtTheCursor) {
+    const struct {
+        const char* text;
+        EpcStatus status;
+        const char* code;
+        int consumed;
+    } rows[] = {
+        {"31031", EPC_OK, "3103", 4},
+        {"01123", EPC_OK, "01", 2},
+        {"2409", EPC_OK, "240", 3},
+        {"3106", EPC_OK, "3106", 4},
+        {"", EPC_ERR_TRUNCATED, "", 0},
+        {"3", EPC_ERR_TRUNCATED, "3", 1},
+        {"310", EPC_ERR_TRUNCATED, "310", 3},
+        {"3X", EPC_ERR_BAD_CHARACTER, "3X", 2},
+        {"X", EPC_ERR_BAD_CHARACTER, "X", 1},
+        {"XX", EPC_ERR_BAD_CHARACTER, "X", 1},
+        {"24X", EPC_ERR_BAD_CHARACTER, "24X", 3},
+        {"142", EPC_ERR_UNKNOWN_AI, "14", 2},
+    };
+    for (const auto& row : rows) {
+        TextCursor cursor = textCursorOver(row.text);
+        char code[AI_CODE_SIZE] = {'~', '~', '~', '~', '~'};
+        EXPECT_STATUS(row.status, aiReadCode(cursor, code)) << row.text;
+        EXPECT_EQ(row.consumed, cursor.current - cursor.begin) << row.text;
+        const std::size_t length = std::string_view(row.code).size();
+        EXPECT_EQ(row.code, std::string(code, length)) << row.text;
+        const char behind = row.status == EPC_OK ? '\0' : '~';
+        EXPECT_EQ(std::string(AI_CODE_SIZE - length, behind),
+                  std::string(code + length, AI_CODE_SIZE - length))
+            << row.text;
+    }
+}
+
+} // namespace
