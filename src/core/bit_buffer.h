@@ -25,12 +25,72 @@ BitBuffer bitBufferForReading(const std::uint8_t* bytes, std::int32_t bits);
 // A buffer to be written, its maxBytes bytes cleared.
 BitBuffer bitBufferForWriting(std::uint8_t* bytes, std::int32_t maxBytes);
 
+// Any field that its inline twin below does not take: at the edge of a small buffer, wider than a
+// window, of no bits, or failing.
+std::int32_t bitBufferPutAnywhere(BitBuffer& buffer, std::uint64_t value, std::int32_t bitCount);
+std::int32_t bitBufferGetAnywhere(BitBuffer& buffer, std::int32_t bitCount, std::uint64_t& out);
+
+// A field of up to this many bits lies within eight bytes wherever it begins.
+constexpr std::int32_t BIT_WINDOW_BITS = 57;
+
+// Eight bytes inside the buffer that hold the next bits: those from the byte of position on or,
+// near the end, the last eight.
+struct BitWindow {
+    std::uint8_t* bytes;
+    std::int32_t before; // bits of the window before position
+};
+
+inline BitWindow bitWindowAt(const BitBuffer& buffer) {
+    const std::int32_t lastFirst = (buffer.capacity - 1) / 8 - 7;
+    const std::int32_t here = buffer.position / 8;
+    const std::int32_t first = here < lastFirst ? here : lastFirst;
+    return {buffer.bytes + first, buffer.position - first * 8};
+}
+
+inline bool bitWindowTakes(const BitBuffer& buffer, std::int32_t bitCount) {
+    return bitCount >= 1 && bitCount <= BIT_WINDOW_BITS && buffer.capacity >= 64 &&
+           bitCount <= buffer.capacity - buffer.position;
+}
+
+// Written out, so that compilers make one load and a byte swap of it on any byte order, and one
+// store of its twin.
+inline std::uint64_t loadBigEndian(const std::uint8_t* bytes) {
+    const auto byte = [bytes](int i) { return std::uint64_t{bytes[i]} << (56 - 8 * i); };
+    return byte(0) | byte(1) | byte(2) | byte(3) | byte(4) | byte(5) | byte(6) | byte(7);
+}
+
+inline void storeBigEndian(std::uint8_t* bytes, std::uint64_t value) {
+    const auto put = [bytes, value](int i) {
+        bytes[i] = static_cast<std::uint8_t>(value >> (56 - 8 * i) & 0xFF);
+    };
+    put(0), put(1), put(2), put(3), put(4), put(5), put(6), put(7);
+}
+
 // Writes exactly bitCount bits and leaves all others alone. Above 64 bits the leading ones are 0,
 // so that zeros of any number are one call.
-std::int32_t bitBufferPut(BitBuffer& buffer, std::uint64_t value, std::int32_t bitCount);
+inline std::int32_t bitBufferPut(BitBuffer& buffer, std::uint64_t value, std::int32_t bitCount) {
+    if (!bitWindowTakes(buffer, bitCount)) {
+        return bitBufferPutAnywhere(buffer, value, bitCount);
+    }
+    const BitWindow window = bitWindowAt(buffer);
+    const std::int32_t behind = 64 - window.before - bitCount;
+    const std::uint64_t mask = (std::uint64_t{1} << bitCount) - 1;
+    const std::uint64_t kept = loadBigEndian(window.bytes) & ~(mask << behind);
+    storeBigEndian(window.bytes, kept | (value & mask) << behind);
+    buffer.position += bitCount;
+    return 0;
+}
 
 // Reads bitCount bits, 64 at most, as a big-endian number. 0 bits are the number 0.
-std::int32_t bitBufferGet(BitBuffer& buffer, std::int32_t bitCount, std::uint64_t& out);
+inline std::int32_t bitBufferGet(BitBuffer& buffer, std::int32_t bitCount, std::uint64_t& out) {
+    if (!bitWindowTakes(buffer, bitCount)) {
+        return bitBufferGetAnywhere(buffer, bitCount, out);
+    }
+    const BitWindow window = bitWindowAt(buffer);
+    out = loadBigEndian(window.bytes) << window.before >> (64 - bitCount);
+    buffer.position += bitCount;
+    return 0;
+}
 
 std::int32_t bitBufferSkip(BitBuffer& buffer, std::int32_t bitCount);
 

@@ -10,17 +10,18 @@
 #include "core/text_buffer.h"
 
 #include <cstdint>
-#include <cstring>
+#include <string_view>
 
 // work: EpcStatus(std::int32_t bits, const std::uint8_t* binary)
 template <typename Work>
 EpcStatus hexInputFrame(const char* hex, Work work) {
-    const std::size_t byteCount = (std::strlen(hex) + 1) / 2;
+    const std::string_view digits = hex;
+    const std::size_t byteCount = (digits.size() + 1) / 2;
     if (byteCount > static_cast<std::size_t>(MAX_BINARY_BYTES)) {
         return EPC_ERR_TOO_LONG;
     }
     std::uint8_t binary[MAX_BINARY_BYTES];
-    EPC_TRY(hexToBytes(hex, binary, nullptr));
+    EPC_TRY(hexToBytes(digits, binary));
     return work(static_cast<std::int32_t>(byteCount * 8), binary);
 }
 

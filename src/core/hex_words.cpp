@@ -2,25 +2,23 @@
 
 #include "core/text_cursor.h"
 
-EpcStatus hexToBytes(const char* hex, std::uint8_t* bytes, std::int32_t* outDigits) {
-    const char* digit = hex;
-    for (; *digit != '\0'; ++bytes) {
-        const std::int32_t high = hexDigitValue(*digit);
-        if (high < 0) {
+EpcStatus hexToBytes(std::string_view hex, std::uint8_t* bytes) {
+    const std::size_t wholeBytes = hex.size() / 2;
+    for (std::size_t i = 0; i < wholeBytes; ++i) {
+        const std::int32_t value = hexDigitValue(hex[2 * i]) * 16 | hexDigitValue(hex[2 * i + 1]);
+        if (value < 0) {
             return EPC_ERR_NO_ROOM;
         }
-        std::int32_t low = 0;
-        if (*++digit != '\0') {
-            low = hexDigitValue(*digit++);
-            if (low < 0) {
-                return EPC_ERR_NO_ROOM;
-            }
-        }
-        *bytes = static_cast<std::uint8_t>(high * 16 + low);
+        bytes[i] = static_cast<std::uint8_t>(value);
     }
-    if (outDigits != nullptr) {
-        *outDigits = static_cast<std::int32_t>(digit - hex);
+    if (hex.size() % 2 == 0) {
+        return EPC_OK;
     }
+    const std::int32_t high = hexDigitValue(hex.back());
+    if (high < 0) {
+        return EPC_ERR_NO_ROOM;
+    }
+    bytes[wholeBytes] = static_cast<std::uint8_t>(high * 16);
     return EPC_OK;
 }
 

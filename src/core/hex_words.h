@@ -8,15 +8,16 @@
 #include "core/status.h"
 
 #include <cstdint>
+#include <string_view>
 
 // The library holds a binary value of up to 62 bytes: 496 bits, 31 words, 124 digits.
 constexpr std::int32_t MAX_BINARY_BYTES = EPC_MAX_BINARY_BYTES;
 constexpr std::int32_t MAX_BINARY_WORDS = MAX_BINARY_BYTES / 2;
 
-// Converts digits of either case up to the NUL and tells how many they were. An odd last digit
-// fills the high half of its byte. A character that is no digit is EPC_ERR_NO_ROOM. bytes takes
-// half as many as there are digits, rounded up.
-EpcStatus hexToBytes(const char* hex, std::uint8_t* bytes, std::int32_t* outDigits);
+// Converts digits of either case, two to a byte. An odd last digit fills the high half of its byte.
+// A character that is no digit is EPC_ERR_NO_ROOM. bytes takes half as many as there are digits,
+// rounded up.
+EpcStatus hexToBytes(std::string_view hex, std::uint8_t* bytes);
 
 // Above MAX_BINARY_BYTES or MAX_BINARY_WORDS: EPC_ERR_TOO_LONG, nothing written.
 EpcStatus bytesToWords(const std::uint8_t* bytes, std::uint32_t count, std::uint16_t* words);

@@ -5,11 +5,43 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <charconv>
+#include <cstring>
 
 namespace {
 
-constexpr char hexDigits[] = "0123456789ABCDEF";
+// The two digits of each number below base * base, one pair behind the other.
+template <std::size_t base>
+constexpr std::array<char, 2 * base * base> digitPairsMake() {
+    std::array<char, 2 * base * base> pairs{};
+    for (std::size_t i = 0; i < base * base; ++i) {
+        pairs[2 * i] = "0123456789ABCDEF"[i / base];
+        pairs[2 * i + 1] = "0123456789ABCDEF"[i % base];
+    }
+    return pairs;
+}
+
+constexpr auto decimalPairs = digitPairsMake<10>();
+constexpr auto hexPairs = digitPairsMake<16>();
+
+template <typename Pairs>
+void putPair(char* out, const Pairs& pairs, std::size_t number) {
+    std::memcpy(out, pairs.data() + 2 * number, 2);
+}
+
+// Appends the last width digits of the number, for which there is room.
+void putDigits(TextBuffer& buffer, std::uint64_t value, std::int32_t width) {
+    char* const end = buffer.writePointer + width;
+    char* out = end;
+    for (; out - buffer.writePointer >= 2; value /= 100) {
+        out -= 2;
+        putPair(out, decimalPairs, static_cast<std::size_t>(value % 100));
+    }
+    if (out != buffer.writePointer) {
+        *buffer.writePointer = static_cast<char>('0' + value % 10);
+    }
+    buffer.writePointer = end;
+    *end = '\0';
+}
 
 constexpr std::array<std::uint64_t, 20> powersOfTen = [] {
     std::array<std::uint64_t, 20> powers{};
@@ -52,9 +84,7 @@ EpcStatus textBufferPutDecimal(TextBuffer& buffer, std::uint64_t value) {
     if (digits > textBufferRoom(buffer)) {
         return EPC_ERR_NO_ROOM;
     }
-    char* const last = buffer.writePointer + digits;
-    buffer.writePointer = std::to_chars(buffer.writePointer, last, value).ptr;
-    *buffer.writePointer = '\0';
+    putDigits(buffer, value, digits);
     return EPC_OK;
 }
 
@@ -62,28 +92,26 @@ EpcStatus textBufferPutPadded(TextBuffer& buffer, std::uint64_t value, std::int3
     if (width == 0) {
         return value == 0 ? EPC_OK : EPC_ERR_OUT_OF_RANGE;
     }
-    const std::int32_t digits = decimalDigitCount(value);
-    if (digits > width) {
+    if (decimalDigitCount(value) > width) {
         return EPC_ERR_OUT_OF_RANGE;
     }
     if (width > textBufferRoom(buffer)) {
         return EPC_ERR_NO_ROOM;
     }
-    buffer.writePointer = std::fill_n(buffer.writePointer, width - digits, '0');
-    return textBufferPutDecimal(buffer, value);
+    putDigits(buffer, value, width);
+    return EPC_OK;
 }
 
 EpcStatus textBufferPutHex(TextBuffer& buffer, const std::uint8_t* bytes, std::int32_t count) {
     const std::int32_t room = textBufferRoom(buffer);
     const std::int32_t wholeBytes = std::clamp(room / 2, 0, std::max(count, 0));
     char* out = buffer.writePointer;
-    for (const std::uint8_t* byte = bytes; byte != bytes + wholeBytes; ++byte) {
-        *out++ = hexDigits[*byte >> 4];
-        *out++ = hexDigits[*byte & 0xF];
+    for (std::int32_t i = 0; i < wholeBytes; ++i, out += 2) {
+        putPair(out, hexPairs, bytes[i]);
     }
     const bool isCut = wholeBytes < count;
     if (isCut && room % 2 != 0) {
-        *out++ = hexDigits[bytes[wholeBytes] >> 4];
+        *out++ = hexPairs[2 * std::size_t{bytes[wholeBytes]}];
     }
     buffer.writePointer = out;
     *out = '\0';

@@ -4,46 +4,30 @@
 
 namespace {
 
-constexpr std::array<std::int8_t, 256> hexDigitValues = [] {
-    std::array<std::int8_t, 256> values{};
-    values.fill(-1);
-    for (unsigned char digit = 0; digit < 16; ++digit) {
-        values[static_cast<unsigned char>("0123456789ABCDEF"[digit])] =
-            static_cast<std::int8_t>(digit);
-        values[static_cast<unsigned char>("0123456789abcdef"[digit])] =
-            static_cast<std::int8_t>(digit);
-    }
-    return values;
-}();
-
-// Reads the run of digits that both forms share, and hands each digit to take.
-template <typename Take>
-EpcStatus readDigitRun(TextCursor& cursor, LeadingZeros leadingZeros, std::int32_t maxDigits,
-                       std::int32_t stopAfter, std::int32_t& count, Take take) {
+// The run of digits that both forms read. maxDigits is the limit, stopAfter where the run ends by
+// itself.
+EpcStatus sliceDigitRun(TextCursor& cursor, LeadingZeros leadingZeros, std::int32_t maxDigits,
+                        std::int32_t stopAfter, std::string_view& run) {
+    const bool stops = stopAfter > 0 && stopAfter <= maxDigits;
+    const std::int32_t most = stops ? stopAfter : maxDigits;
     const char* const first = cursor.current;
-    while (charIsDigit(*cursor.current)) {
-        count = static_cast<std::int32_t>(cursor.current - first);
-        if (count >= maxDigits) {
-            return EPC_ERR_OUT_OF_RANGE;
-        }
-        if (count > 0 && *first == '0' && leadingZeros == LeadingZeros::REFUSE) {
-            return EPC_ERR_BAD_FORMAT;
-        }
-        take(*cursor.current, count);
-        ++cursor.current;
-        if (count + 1 == stopAfter) {
-            break;
-        }
+    std::int32_t count = 0;
+    while (count < most && charIsDigit(first[count])) {
+        ++count;
     }
-    count = static_cast<std::int32_t>(cursor.current - first);
+    if (count > 1 && *first == '0' && leadingZeros == LeadingZeros::REFUSE) {
+        cursor.current = first + 1;
+        return EPC_ERR_BAD_FORMAT;
+    }
+    cursor.current = first + count;
+    if (count == most && !stops && charIsDigit(*cursor.current)) {
+        return EPC_ERR_OUT_OF_RANGE;
+    }
+    run = {first, static_cast<std::size_t>(count)};
     return EPC_OK;
 }
 
 } // namespace
-
-std::int32_t hexDigitValue(char character) {
-    return hexDigitValues[static_cast<unsigned char>(character)];
-}
 
 EpcStatus textCursorExpect(TextCursor& cursor, char literal) {
     if (textCursorAtEnd(cursor)) {
@@ -152,12 +136,11 @@ EpcStatus textCursorReadEscapedUntilAny(TextCursor& cursor, std::string_view sto
 EpcStatus textCursorReadDigits(TextCursor& cursor, LeadingZeros leadingZeros,
                                std::int32_t maxDigits, char* out, std::int32_t* outCount,
                                std::int32_t stopAfter) {
-    std::int32_t count = 0;
-    EPC_TRY(readDigitRun(cursor, leadingZeros, maxDigits, stopAfter, count,
-                         [out](char digit, std::int32_t index) { out[index] = digit; }));
-    out[count] = '\0';
+    std::string_view run;
+    EPC_TRY(sliceDigitRun(cursor, leadingZeros, maxDigits, stopAfter, run));
+    *std::copy(run.begin(), run.end(), out) = '\0';
     if (outCount != nullptr) {
-        *outCount = count;
+        *outCount = static_cast<std::int32_t>(run.size());
     }
     return EPC_OK;
 }
@@ -165,15 +148,15 @@ EpcStatus textCursorReadDigits(TextCursor& cursor, LeadingZeros leadingZeros,
 EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
                                std::uint64_t& outValue, std::int32_t* outCount,
                                std::int32_t stopAfter) {
-    std::int32_t count = 0;
+    std::string_view run;
+    EPC_TRY(sliceDigitRun(cursor, leadingZeros, MAX_NUMBER_DIGITS, stopAfter, run));
     std::uint64_t value = 0;
-    EPC_TRY(readDigitRun(cursor, leadingZeros, MAX_NUMBER_DIGITS, stopAfter, count,
-                         [&value](char digit, std::int32_t) {
-                             value = value * 10 + static_cast<std::uint64_t>(digit - '0');
-                         }));
+    for (const char digit : run) {
+        value = value * 10 + static_cast<std::uint64_t>(digit - '0');
+    }
     outValue = value;
     if (outCount != nullptr) {
-        *outCount = count;
+        *outCount = static_cast<std::int32_t>(run.size());
     }
     return EPC_OK;
 }

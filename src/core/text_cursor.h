@@ -12,6 +12,7 @@
 #include "core/char_class.h"
 #include "core/status.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -28,8 +29,22 @@ enum class LeadingZeros : std::uint8_t { REFUSE, ALLOW };
 // A number in text has 19 digits at most, so that it always fits 64 bits.
 constexpr std::int32_t MAX_NUMBER_DIGITS = 19;
 
+inline constexpr std::array<std::int8_t, 256> hexDigitValues = [] {
+    std::array<std::int8_t, 256> values{};
+    values.fill(-1);
+    for (unsigned char digit = 0; digit < 16; ++digit) {
+        values[static_cast<unsigned char>("0123456789ABCDEF"[digit])] =
+            static_cast<std::int8_t>(digit);
+        values[static_cast<unsigned char>("0123456789abcdef"[digit])] =
+            static_cast<std::int8_t>(digit);
+    }
+    return values;
+}();
+
 // The value of a hexadecimal digit of either case, or -1.
-std::int32_t hexDigitValue(char character);
+constexpr std::int32_t hexDigitValue(char character) {
+    return hexDigitValues[static_cast<unsigned char>(character)];
+}
 
 inline TextCursor textCursorOver(std::string_view text) {
     return {text.data(), text.data(), static_cast<std::uint32_t>(text.size())};

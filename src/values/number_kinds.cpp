@@ -16,7 +16,7 @@ EpcStatus putLongNumber(BitBuffer& out, std::string_view digits, std::int32_t bi
     std::int32_t hexCount = 0;
     EPC_TRY(decimalToHex(digits, sizeof hex, hex, hexCount));
     std::uint8_t hexBytes[(MAX_LONG_HEX_DIGITS + 1) / 2];
-    EPC_TRY(hexToBytes(hex, hexBytes, nullptr));
+    EPC_TRY(hexToBytes({hex, static_cast<std::size_t>(hexCount)}, hexBytes));
     return bitBufferPutHexBytes(out, hexCount, hexBytes, bitWidth) == 0 ? EPC_OK : EPC_ERR_NO_ROOM;
 }
 
