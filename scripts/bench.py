@@ -1,0 +1,112 @@
+#!/usr/bin/env python3
+"""Runs the benchmarks and prints one table: times, and the ratios that the project holds itself to.
+
+    scripts/bench.py PROGRAM [--write FILE] [--repetitions N] [--min-time SECONDS] [--all]
+
+Each figure is the median of the repetitions, which run interleaved in random order, so that what
+else the machine does falls on all of them alike. With --write the table replaces what stands
+between the markers of FILE. With --all every benchmark is listed too.
+"""
+
+import argparse
+import json
+import subprocess
+import sys
+
+SGTIN = ["hex-to-tag-uri", "tag-uri-to-hex", "hex-to-element-string", "element-string-to-hex"]
+
+# What, its benchmark, measured against, that one's benchmark, largest ratio.
+RATIOS = (
+    [(f"SGTIN-96, {name}", f"sgtin-96/{name}", "the hand-tuned program", f"hand-tuned/{name}",
+      2.5 if "tag-uri" in name else 4.0) for name in SGTIN]
+    + [(f"SGTIN-96, {name}", f"sgtin-96/{name}", "the straightforward program",
+        f"straightforward/{name}", 1 / 10 if "tag-uri" in name else 1 / 6) for name in SGTIN]
+    + [
+        ("element string of five AIs to Digital Link", "five-ais/element-string-to-digital-link",
+         "one snprintf", "snprintf/tag-uri", 2.5),
+        ("the same text to sgtin+ hex", "five-ais/element-string-to-sgtin+-hex",
+         "one snprintf", "snprintf/tag-uri", 3.0),
+        ("that hex back to a Digital Link", "five-ais/sgtin+-hex-to-digital-link",
+         "one snprintf", "snprintf/tag-uri", 3.0),
+        ("TID with serial and all segments", "tid/decode", "one snprintf", "snprintf/tag-uri", 0.6),
+        ("sgtin-198 of 20 characters, hex-to-tag-uri", "sgtin-198-long/hex-to-tag-uri",
+         "its numeric twin", "sgtin-96/hex-to-tag-uri", 2.0),
+        ("sgtin-198 of 20 characters, tag-uri-to-hex", "sgtin-198-long/tag-uri-to-hex",
+         "its numeric twin", "sgtin-96/tag-uri-to-hex", 2.0),
+        ("AI value of 90 digits to hex", "ai-90-digits/to-hex",
+         "one snprintf", "snprintf/tag-uri", 10.0),
+        ("two threads, time per call", "threads/hex-to-tag-uri/real_time/threads:2",
+         "one thread", "threads/hex-to-tag-uri/real_time/threads:1", 1 / 1.95),
+    ]
+)
+
+BEGIN = "<!-- table of ./dev bench -->"
+END = "<!-- end of the table -->"
+
+
+def medians(program, arguments, only):
+    command = [program, "--benchmark_format=json", "--benchmark_enable_random_interleaving=true",
+               f"--benchmark_repetitions={arguments.repetitions}",
+               f"--benchmark_min_time={arguments.min_time}",
+               "--benchmark_report_aggregates_only=true"]
+    if only:
+        command.append("--benchmark_filter=^(" + "|".join(n.replace("+", "\\+") for n in only) + ")$")
+    output = subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True).stdout
+    runs = json.loads(output)["benchmarks"]
+    failed = [run["name"] for run in runs if run.get("error_occurred")]
+    if failed:
+        sys.exit("a call failed in: " + ", ".join(failed))
+    return {run["run_name"]: run["real_time"] for run in runs
+            if run.get("aggregate_name") == "median"}
+
+
+def ratio_table(times):
+    lines = ["| Work | Time | Against | Its time | Ratio | At most | |",
+             "|---|---:|---|---:|---:|---:|---|"]
+    missed = 0
+    for work, name, against, base, limit in RATIOS:
+        ratio = times[name] / times[base]
+        holds = ratio <= limit
+        missed += not holds
+        lines.append(f"| {work} | {times[name]:.0f} ns | {against} | {times[base]:.0f} ns "
+                     f"| {ratio:.3f} | {limit:.3f} | {'holds' if holds else '**missed**'} |")
+    return lines, missed
+
+
+def time_table(times):
+    names = [name for name in times if not name.startswith("threads/")]
+    return ["", "| Conversion | Time of a call |", "|---|---:|"] + [
+        f"| {name} | {times[name]:.0f} ns |" for name in sorted(names)]
+
+
+def write_table(path, lines):
+    with open(path, encoding="utf-8") as file:
+        text = file.read()
+    head, _, rest = text.partition(BEGIN)
+    _, _, tail = rest.partition(END)
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(head + BEGIN + "\n\n" + "\n".join(lines) + "\n\n" + END + tail)
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("program")
+    parser.add_argument("--write")
+    parser.add_argument("--repetitions", type=int, default=9)
+    parser.add_argument("--min-time", type=float, default=0.05)
+    parser.add_argument("--all", action="store_true")
+    arguments = parser.parse_args()
+    only = [] if arguments.all else sorted({name for row in RATIOS for name in (row[1], row[3])})
+    times = medians(arguments.program, arguments, only)
+    lines, missed = ratio_table(times)
+    if arguments.all:
+        lines += time_table(times)
+    print("\n".join(lines))
+    if arguments.write:
+        write_table(arguments.write, lines)
+    if missed:
+        print(f"\n{missed} of {len(RATIOS)} ratios are above what they may be", file=sys.stderr)
+
+
+if __name__ == "__main__":
+    main()
