@@ -1,5 +1,7 @@
 #include "schemes/field_chars.h"
 
+#include <algorithm>
+
 namespace {
 
 EpcStatus checkChar6(char character, std::int32_t index, HashRule hashRule) {
@@ -11,13 +13,17 @@ EpcStatus checkChar6(char character, std::int32_t index, HashRule hashRule) {
     return character != '#' || hashIsAllowed ? EPC_OK : EPC_ERR_BAD_CHARACTER;
 }
 
+// Nine characters are the most that one read takes.
 EpcStatus readZeroChars7(BitBuffer& bits, std::int32_t count) {
-    for (std::int32_t i = 0; i < count; ++i) {
+    while (count > 0) {
+        const std::int32_t whole = std::max(bitBufferLeft(bits) / CHAR7_BITS, 1);
+        const std::int32_t chunk = std::min({count, whole, 9});
         std::uint64_t value = 0;
-        EPC_TRY(bitBufferRead(bits, CHAR7_BITS, value));
+        EPC_TRY(bitBufferRead(bits, chunk * CHAR7_BITS, value));
         if (value != 0) {
             return EPC_ERR_BAD_CHARACTER;
         }
+        count -= chunk;
     }
     return EPC_OK;
 }
