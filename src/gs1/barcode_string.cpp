@@ -55,9 +55,10 @@ EpcStatus barcodeStringNormalise(std::string_view text, char (&buffer)[BARCODE_B
     if (text.size() <= IDENTIFIER_LENGTH || text.front() != ']') {
         return EPC_OK;
     }
+    const std::string_view identifier(text.data(), IDENTIFIER_LENGTH);
     const auto row = std::find_if(
         std::begin(symbologyIdentifiers), std::end(symbologyIdentifiers),
-        [&](const SymbologyIdentifier& entry) { return text.starts_with(entry.identifier); });
+        [&](const SymbologyIdentifier& entry) { return entry.identifier == identifier; });
     if (row == std::end(symbologyIdentifiers)) {
         return EPC_ERR_BAD_CHARACTER;
     }
