@@ -11,7 +11,6 @@
 #ifndef ROSETAG_TESTS_SUPPORT_GUARDED_AREA_H
 #define ROSETAG_TESTS_SUPPORT_GUARDED_AREA_H
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -78,11 +77,13 @@ public:
     template <typename Element>
     bool isUntouchedAround(const Element* block, std::size_t count) const {
         const auto* first = reinterpret_cast<const std::uint8_t*>(block);
-        const auto isFill = [](std::uint8_t byte) { return byte == FILL; };
-        const std::uint8_t* const begin = memory;
-        const std::uint8_t* const end = memory + size;
-        return std::all_of(begin, first, isFill) &&
-               std::all_of(first + count * sizeof(Element), end, isFill);
+        const std::uint8_t* last = first + count * sizeof(Element);
+        return isFill(memory, first) && isFill(last, memory + size);
+    }
+
+    static bool isFill(const std::uint8_t* first, const std::uint8_t* last) {
+        const auto count = static_cast<std::size_t>(last - first);
+        return count == 0 || (*first == FILL && std::memcmp(first, first + 1, count - 1) == 0);
     }
 
 private:
