@@ -63,7 +63,7 @@ std::int32_t charValue(const CharValues& values, char character) {
 // Characters of charBits bits each.
 template <std::int32_t charBits>
 EpcStatus encodeCharacters(TextCursor& cursor, BitBuffer& out, const CharValues& values) {
-    const auto count = static_cast<std::int32_t>(textCursorCountTo(cursor, '\0'));
+    const auto count = static_cast<std::int32_t>(textCursorLeft(cursor));
     return fieldRunPut<charBits>(out, count, [&](std::uint64_t& field) -> EpcStatus {
         const std::int32_t value = charValue(values, *cursor.current);
         if (value < 0) {
@@ -121,7 +121,7 @@ constexpr std::uint64_t CODE40_LARGEST = 64000; // 40 to the power of 3: a group
 
 // Three characters, the last group filled up with the value 0.
 EpcStatus aiEncodeCode40(TextCursor& cursor, BitBuffer& out) {
-    const auto count = static_cast<std::int32_t>(textCursorCountTo(cursor, '\0'));
+    const auto count = static_cast<std::int32_t>(textCursorLeft(cursor));
     const std::int32_t groups = (count + CODE40_GROUP - 1) / CODE40_GROUP;
     return fieldRunPut<16>(out, groups, [&cursor](std::uint64_t& group) -> EpcStatus {
         std::int32_t sum = 0;
