@@ -2,7 +2,7 @@
 // string.
 #include "gs1/digital_link_parser.h"
 
-#include "support/ai_result.h"
+#include "gs1/ai_exports.h"
 #include "support/status.h"
 #include "support/text_result.h"
 
@@ -12,19 +12,6 @@
 
 namespace {
 
-struct LinkCase {
-    std::string text;
-    AiResult expected;
-};
-
-AiResult linkResult(const std::string& text, std::int32_t maxAIs = 20) {
-    const auto work = [&](const AiArrays& out) {
-        return epc_digitalLinkToAIs(text.c_str(), out.maxAIs, out.valueSize, out.aiCodes,
-                                    out.aiValues, out.aiCount);
-    };
-    return aiResult(work, maxAIs, 2000);
-}
-
 TextResult elementStringOf(const std::string& text, std::int32_t dstSize = 2000) {
     return textResult(
         [&](std::int32_t size, char* dst) {
@@ -33,71 +20,60 @@ TextResult elementStringOf(const std::string& text, std::int32_t dstSize = 2000)
         dstSize);
 }
 
+const auto linkRows = [](const std::string& text) { return linkToRows(text); };
+
 TEST(DigitalLink, IsReadByPathAndQuery) {
     const std::string key = "/01/09506000134352";
-    const LinkCase cases[] = {
-        {"", {EPC_OK, "#0"}},
-        {key, {EPC_OK, "01=09506000134352 #1"}},
-        {key + "/10/L/21/S?17=251231&3103=000123&22=V",
-         {EPC_OK, "01=09506000134352 10=L 21=S 17=251231 3103=000123 22=V #6"}},
-        {"?01=09506000134352&10=L", {EPC_OK, "01=09506000134352 10=L #2"}},
-        {"/10//21/S", {EPC_OK, "10= 21=S #2"}},
-        {"/10/?21=&22=", {EPC_OK, "10= 21= 22= #3"}},
-        // escapes: any character, of either case, counted as one in a value of fixed length
-        {"/10/A%2FB%2fC%26+%20?21=%3F%3d", {EPC_OK, "10=A/B/C&+  21=?= #2"}},
-        {"/01/%30950600013435%32/10/%80%FF", {EPC_OK, "01=09506000134352 10=\x80\xFF #2"}},
-        {"/17/25%31231", {EPC_OK, "17=251231 #1"}},
-        // %00 ends a value
-        {"/10/A%00B/21/%00?22=V", {EPC_OK, "10=A 21= 22=V #3"}},
-        {"/01/%300%00%00%00%00%00%00%00%00%00%00%00%00", {EPC_OK, "01=00 #1"}},
-        {"/01/%00%00%00%00%00%00%00%00%00%00%00%00%00%00", {EPC_ERR_CHECK_DIGIT, ""}},
-        // delimiters of the other half are data
-        {"/10/A&B=C", {EPC_OK, "10=A&B=C #1"}},
-        {"/10/A?21=B/C?D=E#F", {EPC_OK, "10=A 21=B/C?D=E#F #2"}},
-        {"?17=251231?15=251230&10=L", {EPC_OK, "17=251231 15=251230 10=L #3"}},
-        {"/7007/" + std::string(1023, '1'), {EPC_OK, "7007=" + std::string(1023, '1') + " #1"}},
-
-        {"https://example.org" + key, {EPC_ERR_BAD_FORMAT, ""}},
-        {"01/09506000134352", {EPC_ERR_BAD_FORMAT, ""}},
-        {key + "&10=L", {EPC_ERR_BAD_FORMAT, ""}},
-        {key + "0", {EPC_ERR_BAD_FORMAT, ""}},
-        {"/10=L", {EPC_ERR_BAD_FORMAT, ""}},
-        {"?10/L", {EPC_ERR_BAD_FORMAT, ""}},
-        // the raw length counts in a value of variable length
-        {"/427/A%42", {EPC_ERR_BAD_FORMAT, ""}},
-        {"/4330/001999%2D", {EPC_ERR_BAD_FORMAT, ""}},
-        {"/", {EPC_ERR_TRUNCATED, ""}},
-        {key + "/", {EPC_ERR_TRUNCATED, ""}},
-        {key + "?", {EPC_ERR_TRUNCATED, ""}},
-        {key + "?10=L&", {EPC_ERR_TRUNCATED, ""}},
-        {"/10", {EPC_ERR_TRUNCATED, ""}},
-        {"/01/0950600013435", {EPC_ERR_TRUNCATED, ""}},
-        {"/01/0950600013435%3", {EPC_ERR_TRUNCATED, ""}},
-        {"/10/A%2/21/S", {EPC_ERR_TRUNCATED, ""}},
-        {"/10/A%", {EPC_ERR_TRUNCATED, ""}},
-        {"/10/A%2?21=S", {EPC_ERR_TRUNCATED, ""}},
-        {"/10/A%G1", {EPC_ERR_BAD_CHARACTER, ""}},
-        {"/10/A%1G", {EPC_ERR_BAD_CHARACTER, ""}},
-        {"/01/0950600013435%G", {EPC_ERR_BAD_CHARACTER, ""}},
-        {"/01/0950600013435%3G", {EPC_ERR_BAD_CHARACTER, ""}},
-        {"/%301/09506000134352", {EPC_ERR_BAD_CHARACTER, ""}},
-        {"//10/L", {EPC_ERR_BAD_CHARACTER, ""}},
-        {key + "?linkType=all", {EPC_ERR_BAD_CHARACTER, ""}},
-        {key + "?10=L&&21=S", {EPC_ERR_BAD_CHARACTER, ""}},
-        {"/3106/000001", {EPC_ERR_UNKNOWN_AI, ""}},
-        {"/14/000001", {EPC_ERR_UNKNOWN_AI, ""}},
-        {"/01/09506000134353", {EPC_ERR_CHECK_DIGIT, ""}},
-        {"?01=0950600013435%33", {EPC_ERR_CHECK_DIGIT, ""}},
-        // the path is read before the query, and all of it before a value of variable length
-        {"/10/A%G1/01/09506000134353", {EPC_ERR_CHECK_DIGIT, ""}},
-        {"/10/A%G1?11", {EPC_ERR_TRUNCATED, ""}},
-        {"/7007/" + std::string(1024, '1'), {EPC_ERR_TOO_LONG, ""}},
-        {"/7007/" + std::string(1024, '1') + "%G1", {EPC_ERR_TOO_LONG, ""}},
-        {"/7007/%31" + std::string(1023, '1'), {EPC_ERR_TOO_LONG, ""}},
-    };
-    for (const LinkCase& row : cases) {
-        EXPECT_EQ(row.expected, linkResult(row.text)) << row.text;
-    }
+    const std::string longest(1023, '1');
+    expectRows(
+        {
+            // clang-format off
+            {"", "#0"},
+            {key, "01=09506000134352 #1"},
+            {key + "/10/L/21/S?17=251231&3103=000123&22=V",
+             "01=09506000134352 10=L 21=S 17=251231 3103=000123 22=V #6"},
+            {"?01=09506000134352&10=L", "01=09506000134352 10=L #2"},
+            {"/10//21/S", "10= 21=S #2"},
+            {"/10/?21=&22=", "10= 21= 22= #3"},
+            // escapes: any character, counted as one in a value of fixed length
+            {"/10/A%2FB%2fC%26+%20?21=%3F%3d", "10=A/B/C&+  21=?= #2"},
+            {"/01/%30950600013435%32/10/%80%FF", "01=09506000134352 10=\x80\xFF #2"},
+            {"/17/25%31231", "17=251231 #1"},
+            // %00 ends a value
+            {"/10/A%00B/21/%00?22=V", "10=A 21= 22=V #3"},
+            {"/01/%300%00%00%00%00%00%00%00%00%00%00%00%00", "01=00 #1"},
+            // delimiters of the other half are data
+            {"/10/A&B=C", "10=A&B=C #1"},
+            {"/10/A?21=B/C?D=E#F", "10=A 21=B/C?D=E#F #2"},
+            {"?17=251231?15=251230&10=L", "17=251231 15=251230 10=L #3"},
+            {"/7007/" + longest, "7007=" + longest + " #1"},
+            // clang-format on
+        },
+        linkRows);
+    expectRefused(
+        {
+            // clang-format off
+            {EPC_ERR_BAD_FORMAT, {"https://example.org" + key, "01/09506000134352", key + "&10=L",
+                                  key + "0", "/10=L", "?10/L"}},
+            // the raw length counts in a value of variable length
+            {EPC_ERR_BAD_FORMAT, {"/427/A%42", "/4330/001999%2D"}},
+            {EPC_ERR_TRUNCATED, {"/", key + "/", key + "?", key + "?10=L&", "/10",
+                                 "/01/0950600013435", "/01/0950600013435%3", "/10/A%2/21/S",
+                                 "/10/A%", "/10/A%2?21=S"}},
+            {EPC_ERR_BAD_CHARACTER, {"/10/A%G1", "/10/A%1G", "/01/0950600013435%G",
+                                     "/01/0950600013435%3G", "/%301/09506000134352", "//10/L",
+                                     key + "?linkType=all", key + "?10=L&&21=S"}},
+            {EPC_ERR_UNKNOWN_AI, {"/3106/000001", "/14/000001"}},
+            {EPC_ERR_CHECK_DIGIT, {"/01/09506000134353", "?01=0950600013435%33",
+                                   "/01/%00%00%00%00%00%00%00%00%00%00%00%00%00%00"}},
+            // path before query, and the escapes of variable values behind both
+            {EPC_ERR_CHECK_DIGIT, {"/10/A%G1/01/09506000134353", "/01/09506000134353?11"}},
+            {EPC_ERR_TRUNCATED, {"/10/A%G1?11"}},
+            {EPC_ERR_TOO_LONG, {"/7007/1" + longest, "/7007/1" + longest + "%G1",
+                                "/7007/%31" + longest}},
+            // clang-format on
+        },
+        linkRows);
 }
 
 TEST(DigitalLink, HoldsTwentyAIsInAll) {
@@ -107,9 +83,9 @@ TEST(DigitalLink, HoldsTwentyAIsInAll) {
         text += (i < 10 ? "/10/" : i == 10 ? "?10=" : "&10=") + std::to_string(i);
         rows += "10=" + std::to_string(i) + " ";
     }
-    EXPECT_EQ(AiResult(EPC_OK, rows + "#20"), linkResult(text));
-    EXPECT_EQ(AiResult(EPC_ERR_TOO_MANY_AIS, ""), linkResult(text + "&10=20"));
-    EXPECT_EQ(AiResult(EPC_ERR_TOO_MANY_AIS, "10=0 "), linkResult(text, 1));
+    EXPECT_EQ(AiResult(EPC_OK, rows + "#20"), linkToRows(text));
+    EXPECT_EQ(AiResult(EPC_ERR_TOO_MANY_AIS, ""), linkToRows(text + "&10=20"));
+    EXPECT_EQ(AiResult(EPC_ERR_TOO_MANY_AIS, "10=0 "), linkToRows(text, 1));
 }
 
 TEST(DigitalLink, IsParsedIntoSlicesAndThenDecoded) {
@@ -148,8 +124,8 @@ TEST(DigitalLink, DecodesIntoALimitedText) {
     const auto linkOf = [](std::size_t firstLength, std::size_t secondLength) {
         return "/7007/" + std::string(firstLength, '1') + "/8008/" + std::string(secondLength, '2');
     };
-    EXPECT_EQ(EPC_OK, linkResult(linkOf(1000, 799)).status);
-    EXPECT_EQ(AiResult(EPC_ERR_NO_ROOM, ""), linkResult(linkOf(1000, 800)));
+    EXPECT_EQ(EPC_OK, linkToRows(linkOf(1000, 799)).status);
+    EXPECT_EQ(AiResult(EPC_ERR_NO_ROOM, ""), linkToRows(linkOf(1000, 800)));
     EXPECT_EQ(EPC_OK, elementStringOf(linkOf(1000, 23)).status);
     EXPECT_EQ(TextResult(EPC_ERR_NO_ROOM, ""), elementStringOf(linkOf(1000, 24)));
 }

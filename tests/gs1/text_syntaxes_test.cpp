@@ -2,7 +2,7 @@
 #include "gs1/ai_list.h"
 #include "gs1/check_digit.h"
 
-#include "support/ai_result.h"
+#include "gs1/ai_exports.h"
 #include "support/random.h"
 #include "support/text_result.h"
 
@@ -86,20 +86,9 @@ TEST(TextSyntaxes, GiveTheSameRows) {
             addAi(texts, random, codes[random.below(codes.size())]);
         }
         const AiResult expected(EPC_OK, texts.rows + "#" + std::to_string(further + 1));
-        EXPECT_EQ(expected, aiResult([&](const AiArrays& out) {
-                      return epc_gs1ElementStringToAIs(texts.elementString.c_str(), out.maxAIs,
-                                                       out.valueSize, out.aiCodes, out.aiValues,
-                                                       out.aiCount);
-                  }));
-        EXPECT_EQ(expected, aiResult([&](const AiArrays& out) {
-                      return epc_barcodeStringToAIs(texts.barcodeString.c_str(), GROUP_SEPARATOR,
-                                                    out.maxAIs, out.valueSize, out.aiCodes,
-                                                    out.aiValues, out.aiCount);
-                  }));
-        EXPECT_EQ(expected, aiResult([&](const AiArrays& out) {
-                      return epc_digitalLinkToAIs(texts.link.c_str(), out.maxAIs, out.valueSize,
-                                                  out.aiCodes, out.aiValues, out.aiCount);
-                  }));
+        EXPECT_EQ(expected, elementStringToRows(texts.elementString));
+        EXPECT_EQ(expected, barcodeToRows(texts.barcodeString, GROUP_SEPARATOR));
+        EXPECT_EQ(expected, linkToRows(texts.link));
         EXPECT_EQ(TextResult(EPC_OK, texts.elementString),
                   textResult([&](std::int32_t dstSize, char* dst) {
                       return epc_digitalLinkToGs1ElementString(texts.link.c_str(), dstSize, dst);
