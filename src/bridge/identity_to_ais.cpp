@@ -4,8 +4,6 @@
 #include "gs1/text_writers.h"
 #include "schemes/epc_uri.h"
 
-#include <cstring>
-
 namespace {
 
 // A field has at most 255 characters.

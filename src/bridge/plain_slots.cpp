@@ -11,7 +11,7 @@ namespace {
 constexpr std::int32_t STEP_TEXT_SIZE = 256;
 
 // work: EpcStatus(TextCursor& body, const Gs1KeyDefinition& key), on the body of the pure identity
-// URI of a binary value
+// URI of a binary value. What stands before the body there is known: the family's word.
 template <typename Work>
 EpcStatus identityFrame(BitBuffer& bits, EpcScheme scheme, Work work) {
     const TagSchemeOps& row = tagSchemeTable[scheme];
@@ -26,7 +26,7 @@ EpcStatus identityFrame(BitBuffer& bits, EpcScheme scheme, Work work) {
     return work(cursor, *key);
 }
 
-// A GS1 text to binary through a tag URI, which carries scheme and filter.
+// A GS1 text to binary through a whole tag URI, whose reader tests scheme and filter once more.
 EpcStatus gs1TextToBits(std::string_view text, AiBrackets brackets, BitBuffer& bits,
                         const EncodeArguments& arguments) {
     char storage[STEP_TEXT_SIZE];
