@@ -112,6 +112,7 @@ constexpr RefusedUri refusedUris[] = {
     {"gdti-113:3.4012345.98765.00000000000000000000", EPC_ERR_OUT_OF_RANGE, "0x3A/8 " GDTI_KEY},
     {"sgcn-96:3.4012345.98765.0000000000000",   EPC_ERR_OUT_OF_RANGE,   "0x3F/8 " GDTI_KEY},
     {"itip-110:3.0614141.812345.007.02.981",    EPC_ERR_OUT_OF_RANGE,   "0x40/8 " SGTIN_KEY},
+    {"itip-110:3.0614141.812345." DIGITS_20 ".02.981", EPC_ERR_OUT_OF_RANGE, "0x40/8 " SGTIN_KEY},
     {"itip-110:3.0614141.812345.01.100.981",    EPC_ERR_OUT_OF_RANGE,   "0x40/8 " SGTIN_KEY "1/7"},
     {"itip-110:3.0614141.812345.01.02",         EPC_ERR_TRUNCATED,      "0x40/8 " SGTIN_KEY "1/7 2/7"},
     {"giai-96:3.0614141.0123",                  EPC_ERR_BAD_FORMAT,     "0x34/8 3/3"},
@@ -137,6 +138,7 @@ constexpr RefusedUri refusedUris[] = {
     {"giai-202:3.061414100000.",                EPC_ERR_TRUNCATED,      "0x38/8 3/3 0/3 61414100000/40"},
     {"giai-202:3.061414100000.AAAAAAAAAAAAAAAAAAA", EPC_ERR_BAD_FORMAT, "0x38/8 3/3 0/3 61414100000/40 `AAAAAAAAAAAAAAAAAA`/7"},
     {"giai-202:3.06141.A",                      EPC_ERR_BAD_PARTITION,  "0x38/8 3/3"},
+    {"giai-202:3." DIGITS_20 ".A",              EPC_ERR_OUT_OF_RANGE,   "0x38/8 3/3"},
     {"giai-202:3.0614141",                      EPC_ERR_TRUNCATED,      "0x38/8 3/3"},
     // 6-bit characters
     {"cpi-var:3.0614141..1",                    EPC_ERR_TRUNCATED,      "0x3D/8 3/3 5/3 614141/24"},
@@ -401,8 +403,10 @@ TEST(EpcUri, CutsHexButNotWords) {
               std::vector<std::uint16_t>(std::begin(words), std::end(words)));
 }
 
-// The layout fits 25 bytes, the padding does not.
-TEST(EpcUri, NeedsRoomForThePadding) {
+// The header comes before the test of the filter; the layout fits 25 bytes, the padding does not.
+TEST(EpcUri, NeedsRoomForHeaderAndPadding) {
+    EXPECT_STATUS(EPC_ERR_NO_ROOM, epc_epcUriToBinary("urn:epc:id:giai:0614141.1",
+                                                      EPC_SCHEME_GIAI_96, 8, 0, nullptr, nullptr));
     std::uint8_t out[25];
     std::int32_t outBytes = UNTOUCHED;
     const char* const uri = SGTIN_198 A20;

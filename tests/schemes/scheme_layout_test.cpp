@@ -103,7 +103,11 @@ TEST(SchemeLayout, HoldsForRandomFields) {
 
 TEST(SchemeLayout, HoldsPublishedValues) {
     // Source: EPC Tag Data Standard, appendix E (examples), and sections 14.5 and 14.6.
-    constexpr const char* rows[][2] = {
+    struct Row {
+        const char* hex;
+        const char* uri;
+    };
+    constexpr Row rows[] = {
         {"3074257BF7194E4000001A85", "urn:epc:tag:sgtin-96:3.0614141.812345.6789"},
         {"3174257BF4499602D2000000", "urn:epc:tag:sscc-96:3.0614141.1234567890"},
         {"3374257BF40C0E400000162E", "urn:epc:tag:grai-96:3.0614141.12345.5678"},
@@ -116,11 +120,11 @@ TEST(SchemeLayout, HoldsPublishedValues) {
         {"2F320434147455900000162E", "urn:epc:tag:usdod-96:3.CAGEY.5678"},
         {"4074F4E4E40C0E40820000000F54", "urn:epc:tag:itip-110:3.4012345.012345.01.02.981"},
     };
-    for (const auto& [hex, uri] : rows) {
-        const auto bits = size32(std::string_view(hex).size() * 4);
-        expectInAllForms({EPC_OK, uri}, tagUriExport, bits, hex);
-        EXPECT_EQ(TextResult(EPC_OK, hex), textResult([&](std::int32_t dstSize, char* dst) {
-                      return epc_epcTagUriToHex(uri, dstSize, dst);
+    for (const Row& row : rows) {
+        const std::int32_t bits = size32(std::string_view(row.hex).size() * 4);
+        expectInAllForms({EPC_OK, row.uri}, tagUriExport, bits, row.hex);
+        EXPECT_EQ(TextResult(EPC_OK, row.hex), textResult([&row](std::int32_t dstSize, char* dst) {
+                      return epc_epcTagUriToHex(row.uri, dstSize, dst);
                   }));
     }
 }
