@@ -9,7 +9,6 @@
 
 #include "core/text_buffer.h"
 #include "gs1/ai_list.h"
-#include "gs1/text_to_text.h"
 
 // Fills an empty list with slices of the raw text, which is all that lies under the cursor: it
 // stands at its begin.

@@ -15,6 +15,15 @@ EpcStatus putElementStringElement(TextBuffer& dst, const AiElement& element, con
     return textBufferPutString(dst, aiElementValue(element, baseText));
 }
 
+EpcStatus putPass(TextBuffer& dst, const AiList& list, const char* baseText, std::uint32_t pass) {
+    for (const AiElement& element : std::span(list.elements, list.count)) {
+        if (element.pass == pass) {
+            EPC_TRY(putElementStringElement(dst, element, baseText));
+        }
+    }
+    return EPC_OK;
+}
+
 EpcStatus putLinkElement(TextBuffer& dst, AiElement& element, const char* baseText,
                          char startDelimiter, char codeDelimiter) {
     EPC_TRY(textBufferPutChar(dst, startDelimiter));
@@ -52,13 +61,8 @@ EpcStatus putQuery(TextBuffer& dst, std::span<AiElement> elements, const char* b
 } // namespace
 
 EpcStatus elementStringWrite(TextBuffer& dst, const AiList& list, const char* baseText) {
-    const std::span elements(list.elements, list.count);
     for (std::uint32_t pass = 0; pass < PASSES; ++pass) {
-        for (const AiElement& element : elements) {
-            if (element.pass == pass) {
-                EPC_TRY(putElementStringElement(dst, element, baseText));
-            }
-        }
+        EPC_TRY(putPass(dst, list, baseText, pass));
     }
     return EPC_OK;
 }
