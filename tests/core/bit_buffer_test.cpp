@@ -142,22 +142,22 @@ TEST(BitBuffer, ABufferForWritingBeginsCleared) {
 }
 
 TEST(BitBuffer, PaddingFillsTheLastWord) {
-    for (std::int32_t position = 0; position <= 48; ++position) {
-        std::uint8_t bytes[6];
+    for (std::int32_t position = 0; position <= 64; ++position) {
+        std::uint8_t bytes[8];
         std::memset(bytes, 0xFF, sizeof bytes);
         const std::int32_t padded = (position + 15) / 16 * 16;
         BitBuffer full{bytes, padded - 1, position};
         const bool fits = padded == position;
         EXPECT_STATUS(fits ? EPC_OK : EPC_ERR_NO_ROOM, bitBufferPadToWord(full)) << position;
-        EXPECT_EQ(std::string(48, '1'), bitsFromBytes(bytes, 48)) << position;
+        EXPECT_EQ(std::string(64, '1'), bitsFromBytes(bytes, 64)) << position;
         BitBuffer buffer{bytes, padded, position};
         EXPECT_STATUS(EPC_OK, bitBufferPadToWord(buffer)) << position;
         EXPECT_EQ(padded, buffer.position);
-        std::string expected(48, '1');
+        std::string expected(64, '1');
         expected.replace(static_cast<std::size_t>(position),
                          static_cast<std::size_t>(padded - position),
                          static_cast<std::size_t>(padded - position), '0');
-        EXPECT_EQ(expected, bitsFromBytes(bytes, 48)) << position;
+        EXPECT_EQ(expected, bitsFromBytes(bytes, 64)) << position;
     }
 }
 
