@@ -2,6 +2,7 @@
 
 #include "ai_dictionary.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -62,4 +63,9 @@ std::string elementStringOf(const std::vector<AiValue>& ais) {
         text += '(' + ai.ai + ')' + ai.value;
     }
     return text;
+}
+
+bool canStandInBrackets(const std::vector<AiValue>& ais) {
+    return std::ranges::all_of(
+        ais, [](const AiValue& ai) { return ai.value.find('(') == std::string::npos; });
 }

@@ -28,7 +28,10 @@ std::string groupSeparatorsSpelled(std::string_view text);
 // AI codes and values without brackets, a separator behind each value that needs one.
 std::string barcodeStringOf(const std::vector<AiValue>& ais);
 
-// The bracketed form. A value with "(" in it cannot be told from the next AI when read again.
+// The bracketed form.
 std::string elementStringOf(const std::vector<AiValue>& ais);
+
+// True if the bracketed form reads back as the same AIs: a "(" in a value would begin another.
+bool canStandInBrackets(const std::vector<AiValue>& ais);
 
 #endif

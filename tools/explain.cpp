@@ -287,7 +287,10 @@ std::string explainFailure(const Explanation& explanation) {
         return {};
     }
     const ExplainedField& field = walk.fields.back();
-    const std::size_t last = field.first + std::max<std::size_t>(field.width, 1) - 1;
-    return "bits " + std::to_string(field.first) + " to " + std::to_string(last) + " (" +
-           field.name + "): " + field.meaning;
+    std::string place = "bit " + std::to_string(field.first);
+    if (field.width > 1) {
+        place = "bits " + std::to_string(field.first) + " to " +
+                std::to_string(field.first + field.width - 1);
+    }
+    return place + " (" + field.name + "): " + field.meaning;
 }

@@ -99,7 +99,7 @@ std::optional<int> schemeFilterOf(const SchemeEntry& entry, std::span<const std:
 }
 
 std::string schemeNamesLike(std::string_view name) {
-    const std::string_view stem = name.substr(0, name.find_first_of("-+"));
+    const std::string_view stem = name.substr(0, name.find_first_of("-+0123456789"));
     const auto isLike = [&](const SchemeEntry& entry) { return entry.family == stem; };
     const bool anyLike = std::ranges::any_of(entries, isLike);
     std::string names;

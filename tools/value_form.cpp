@@ -52,13 +52,8 @@ Stop stopOf(std::string_view value) {
     const std::size_t pure = commonLength(value, PURE_URI_PREFIX);
     constexpr std::size_t common = std::string_view("urn:epc:").size();
     const std::size_t uri = std::max(tag, pure);
-    if (uri > common) {
-        const bool isTag = tag > pure;
-        const std::string_view prefix = isTag ? TAG_URI_PREFIX : PURE_URI_PREFIX;
-        return {uri, '"' + std::string(prefix.substr(uri)) + '"'};
-    }
-    if (uri == common) {
-        return {uri, R"("tag:" or "id:")"};
+    if (uri >= common) {
+        return {common, R"("tag:" or "id:")"};
     }
     if (uri > 0) {
         return {uri, '"' + std::string(TAG_URI_PREFIX.substr(uri, common - uri)) + '"'};

@@ -1,0 +1,35 @@
+/*
+ * The names of the library's statuses, and what each means in plain words.
+ */
+#ifndef ROSETAG_TOOLS_STATUS_MEANING_H
+#define ROSETAG_TOOLS_STATUS_MEANING_H
+
+#include "scheme_dictionary.h"
+#include "value_form.h"
+
+#include <string>
+#include <string_view>
+
+// "EPC_ERR_UNKNOWN_HEADER".
+std::string_view statusName(EpcStatus status);
+
+// What was read when a status was met.
+enum class StatusSource {
+    ANY,
+    BITS,
+    URI,
+    GS1_TEXT, // a text that does not read as AIs
+    GS1,      // one that does, and does not fit its scheme
+    AI_VALUE,
+};
+
+struct StatusCase {
+    StatusSource source = StatusSource::ANY;
+    const SchemeEntry* scheme = nullptr; // null: none is involved
+    ValueForm form = ValueForm::UNKNOWN;
+    int filter = 0;
+};
+
+std::string statusMeaning(EpcStatus status, const StatusCase& statusCase);
+
+#endif
