@@ -34,7 +34,7 @@ private:
     ExportCaller caller;
 };
 
-std::string bitsOf(const std::string& bytes) {
+std::string bitsOf(std::string_view bytes) {
     return bitsFromBytes(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size() * 8);
 }
 
@@ -79,7 +79,7 @@ void expectLeft(const Case& c, const Outcome& outcome) {
         break;
     default:
         for (std::size_t block = MAIN; block < BLOCK_COUNT; ++block) {
-            EXPECT_TRUE(outcome.isUntouched(static_cast<Block>(block))) << block;
+            EXPECT_TRUE(outcome.isUntouched(block)) << block;
         }
     }
 }
@@ -112,7 +112,7 @@ TEST(Contract, OptionalOutputsChangeNothingElse) {
         }
         EXPECT_STATUS(with.status, without.status);
         if (c.row->output != Output::SCHEME) {
-            EXPECT_EQ(with.blocks[MAIN], without.blocks[MAIN]);
+            EXPECT_EQ(with.block(MAIN), without.block(MAIN));
         }
     }
 }
@@ -142,8 +142,8 @@ void expectWordsAtSize(const Outcome& full, const Outcome& outcome, std::int32_t
     const bool fits = needed <= size;
     EXPECT_STATUS(fits ? EPC_OK : EPC_ERR_NO_ROOM, outcome.status);
     if (fits) {
-        EXPECT_EQ(full.blocks[MAIN].substr(0, outcome.blocks[MAIN].size()), outcome.blocks[MAIN]);
-        EXPECT_EQ(full.blocks[COUNT], outcome.blocks[COUNT]);
+        EXPECT_EQ(full.block(MAIN).substr(0, outcome.block(MAIN).size()), outcome.block(MAIN));
+        EXPECT_EQ(full.block(COUNT), outcome.block(COUNT));
     } else {
         EXPECT_TRUE(outcome.isUntouched(MAIN));
         EXPECT_TRUE(outcome.isUntouched(COUNT));
@@ -199,8 +199,8 @@ private:
                 expectNameAtSize(full, outcome, size);
             } else {
                 expectTextAtSize(full, outcome, size);
-                EXPECT_EQ(full.blocks[COUNT], outcome.blocks[COUNT]);
-                EXPECT_EQ(full.blocks[AI_OUT], outcome.blocks[AI_OUT]);
+                EXPECT_EQ(full.block(COUNT), outcome.block(COUNT));
+                EXPECT_EQ(full.block(AI_OUT), outcome.block(AI_OUT));
             }
         }
     }
@@ -269,23 +269,23 @@ private:
     static void expectRows(const Outcome& full, const Outcome& outcome, std::int32_t maxAIs,
                            std::uint32_t valueSize) {
         SCOPED_TRACE(testing::Message() << maxAIs << " rows of " << valueSize);
-        const std::size_t fullSize = full.blocks[MAIN].size() / 20;
+        const std::size_t fullSize = full.block(MAIN).size() / 20;
         EpcStatus expected = EPC_OK;
         std::int32_t row = 0;
         for (; row < full.count() && expected == EPC_OK; ++row) {
             const auto index = static_cast<std::size_t>(row);
-            const std::string value = full.blocks[MAIN].data() + index * fullSize;
+            const std::string value = full.block(MAIN).data() + index * fullSize;
             if (row == maxAIs || value.size() >= valueSize) {
                 expected = row == maxAIs ? EPC_ERR_TOO_MANY_AIS : EPC_ERR_NO_ROOM;
                 break;
             }
-            EXPECT_STREQ(value.c_str(), outcome.blocks[MAIN].data() + index * valueSize);
-            EXPECT_STREQ(full.blocks[AI_CODES].data() + index * 5,
-                         outcome.blocks[AI_CODES].data() + index * 5);
+            EXPECT_STREQ(value.c_str(), outcome.block(MAIN).data() + index * valueSize);
+            EXPECT_STREQ(full.block(AI_CODES).data() + index * 5,
+                         outcome.block(AI_CODES).data() + index * 5);
         }
         EXPECT_STATUS(expected, outcome.status);
         EXPECT_EQ(expected != EPC_OK, outcome.isUntouched(COUNT));
-        const std::string& values = outcome.blocks[MAIN];
+        const std::string_view values = outcome.block(MAIN);
         const auto written = static_cast<std::size_t>(row) * valueSize;
         EXPECT_EQ(std::string::npos, values.find_first_not_of(static_cast<char>(GuardedArea::FILL),
                                                               std::min(written, values.size())))
@@ -301,7 +301,7 @@ private:
             EXPECT_STATUS(full.status != EPC_OK || fits ? full.status : EPC_ERR_NO_ROOM,
                           outcome.status);
             for (const Block block : {MDID, TMID, SERIAL_BITS}) {
-                EXPECT_EQ(full.blocks[block], outcome.blocks[block]);
+                EXPECT_EQ(full.block(block), outcome.block(block));
             }
             if (full.status == EPC_OK && fits) {
                 EXPECT_EQ(full.text(), outcome.text());
@@ -314,8 +314,8 @@ private:
 
     static void expectBytesAtSize(const Outcome& full, const Outcome& outcome) {
         // The bits of the full value up to the failure, and behind them zeros.
-        const std::string bits = bitsOf(outcome.blocks[MAIN]);
-        const std::string fullBits = bitsOf(full.blocks[MAIN]).substr(0, bits.size());
+        const std::string bits = bitsOf(outcome.block(MAIN));
+        const std::string fullBits = bitsOf(full.block(MAIN)).substr(0, bits.size());
         const auto differing = std::mismatch(bits.begin(), bits.end(), fullBits.begin()).first;
         EXPECT_EQ(bits.end(), std::find(differing, bits.end(), '1')) << bits << "\n" << fullBits;
         const bool isKnown = outcome.status == full.status || outcome.status == EPC_ERR_NO_ROOM;

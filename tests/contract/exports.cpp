@@ -15,52 +15,52 @@ using Bytes = const std::uint8_t*;
 using Words = const std::uint16_t*;
 
 // clang-format off
-EpcStatus run(EpcStatus f(Int, Int, char*), const Call& c) { return f(c.given.scheme, c.room.size, c.dst); }
+EpcStatus run(EpcStatus f(Int, Int, char*), const Call& c) { return f(c.arguments->scheme, c.room.size, c.dst); }
 EpcStatus run(EpcStatus f(Text, Int*), const Call& c) { return f(c.text, c.outScheme); }
 
-EpcStatus run(EpcStatus f(Int, Bytes, Int, char*), const Call& c) { return f(c.given.bits, c.binary, c.room.size, c.dst); }
-EpcStatus run(EpcStatus f(Int, Words, Int, char*), const Call& c) { return f(c.given.bits, c.words, c.room.size, c.dst); }
+EpcStatus run(EpcStatus f(Int, Bytes, Int, char*), const Call& c) { return f(c.arguments->bits, c.binary, c.room.size, c.dst); }
+EpcStatus run(EpcStatus f(Int, Words, Int, char*), const Call& c) { return f(c.arguments->bits, c.words, c.room.size, c.dst); }
 EpcStatus run(EpcStatus f(Text, Int, char*), const Call& c) { return f(c.text, c.room.size, c.dst); }
-EpcStatus run(EpcStatus f(Int, Bytes, Int, std::uint32_t, char*, char*, std::uint32_t*), const Call& c) { return f(c.given.bits, c.binary, c.room.size, c.room.valueSize, c.aiCodes, c.dst, c.aiCount); }
+EpcStatus run(EpcStatus f(Int, Bytes, Int, std::uint32_t, char*, char*, std::uint32_t*), const Call& c) { return f(c.arguments->bits, c.binary, c.room.size, c.room.valueSize, c.aiCodes, c.dst, c.aiCount); }
 EpcStatus run(EpcStatus f(Text, Int, std::uint32_t, char*, char*, std::uint32_t*), const Call& c) { return f(c.text, c.room.size, c.room.valueSize, c.aiCodes, c.dst, c.aiCount); }
-EpcStatus run(EpcStatus f(Text, Int, Int, std::uint32_t, char*, char*, std::uint32_t*), const Call& c) { return f(c.text, c.given.separator, c.room.size, c.room.valueSize, c.aiCodes, c.dst, c.aiCount); }
+EpcStatus run(EpcStatus f(Text, Int, Int, std::uint32_t, char*, char*, std::uint32_t*), const Call& c) { return f(c.text, c.arguments->separator, c.room.size, c.room.valueSize, c.aiCodes, c.dst, c.aiCount); }
 
 EpcStatus run(EpcStatus f(Text, Int, std::uint8_t*, Int*), const Call& c) { return f(c.text, c.room.size, c.out, c.count); }
 EpcStatus run(EpcStatus f(Text, Int, std::uint16_t*, Int*), const Call& c) { return f(c.text, c.room.size, c.outWords, c.count); }
-EpcStatus run(EpcStatus f(Text, Int, Int, Int, std::uint8_t*, Int*), const Call& c) { return f(c.text, c.given.scheme, c.given.filter, c.room.size, c.out, c.count); }
-EpcStatus run(EpcStatus f(Text, Int, Int, Int, char*), const Call& c) { return f(c.text, c.given.scheme, c.given.filter, c.room.size, c.dst); }
-EpcStatus run(EpcStatus f(Text, Int, Int, Int, std::uint16_t*, Int*), const Call& c) { return f(c.text, c.given.scheme, c.given.filter, c.room.size, c.outWords, c.count); }
+EpcStatus run(EpcStatus f(Text, Int, Int, Int, std::uint8_t*, Int*), const Call& c) { return f(c.text, c.arguments->scheme, c.arguments->filter, c.room.size, c.out, c.count); }
+EpcStatus run(EpcStatus f(Text, Int, Int, Int, char*), const Call& c) { return f(c.text, c.arguments->scheme, c.arguments->filter, c.room.size, c.dst); }
+EpcStatus run(EpcStatus f(Text, Int, Int, Int, std::uint16_t*, Int*), const Call& c) { return f(c.text, c.arguments->scheme, c.arguments->filter, c.room.size, c.outWords, c.count); }
 
-EpcStatus run(EpcStatus f(Text, Int, Int, Int, Int, std::uint8_t*, Int*), const Call& c) { return f(c.text, c.given.scheme, c.given.filter, c.given.gcpLength, c.room.size, c.out, c.count); }
-EpcStatus run(EpcStatus f(Text, Int, Int, Int, Int, char*), const Call& c) { return f(c.text, c.given.scheme, c.given.filter, c.given.gcpLength, c.room.size, c.dst); }
-EpcStatus run(EpcStatus f(Text, Int, Int, Int, Int, std::uint16_t*, Int*), const Call& c) { return f(c.text, c.given.scheme, c.given.filter, c.given.gcpLength, c.room.size, c.outWords, c.count); }
-EpcStatus run(EpcStatus f(Text, Int, Int, Int, Int, Int, std::uint8_t*, Int*), const Call& c) { return f(c.text, c.given.scheme, c.given.filter, c.given.gcpLength, c.given.encoding, c.room.size, c.out, c.count); }
-EpcStatus run(EpcStatus f(Text, Int, Int, Int, Int, Int, char*), const Call& c) { return f(c.text, c.given.scheme, c.given.filter, c.given.gcpLength, c.given.encoding, c.room.size, c.dst); }
-EpcStatus run(EpcStatus f(Text, Int, Int, Int, Int, Int, std::uint16_t*, Int*), const Call& c) { return f(c.text, c.given.scheme, c.given.filter, c.given.gcpLength, c.given.encoding, c.room.size, c.outWords, c.count); }
-EpcStatus run(EpcStatus f(Text, Int, Int, char*), const Call& c) { return f(c.text, c.given.gcpLength, c.room.size, c.dst); }
+EpcStatus run(EpcStatus f(Text, Int, Int, Int, Int, std::uint8_t*, Int*), const Call& c) { return f(c.text, c.arguments->scheme, c.arguments->filter, c.arguments->gcpLength, c.room.size, c.out, c.count); }
+EpcStatus run(EpcStatus f(Text, Int, Int, Int, Int, char*), const Call& c) { return f(c.text, c.arguments->scheme, c.arguments->filter, c.arguments->gcpLength, c.room.size, c.dst); }
+EpcStatus run(EpcStatus f(Text, Int, Int, Int, Int, std::uint16_t*, Int*), const Call& c) { return f(c.text, c.arguments->scheme, c.arguments->filter, c.arguments->gcpLength, c.room.size, c.outWords, c.count); }
+EpcStatus run(EpcStatus f(Text, Int, Int, Int, Int, Int, std::uint8_t*, Int*), const Call& c) { return f(c.text, c.arguments->scheme, c.arguments->filter, c.arguments->gcpLength, c.arguments->encoding, c.room.size, c.out, c.count); }
+EpcStatus run(EpcStatus f(Text, Int, Int, Int, Int, Int, char*), const Call& c) { return f(c.text, c.arguments->scheme, c.arguments->filter, c.arguments->gcpLength, c.arguments->encoding, c.room.size, c.dst); }
+EpcStatus run(EpcStatus f(Text, Int, Int, Int, Int, Int, std::uint16_t*, Int*), const Call& c) { return f(c.text, c.arguments->scheme, c.arguments->filter, c.arguments->gcpLength, c.arguments->encoding, c.room.size, c.outWords, c.count); }
+EpcStatus run(EpcStatus f(Text, Int, Int, char*), const Call& c) { return f(c.text, c.arguments->gcpLength, c.room.size, c.dst); }
 
-EpcStatus run(EpcStatus f(Text, Text, Int, Int, std::uint8_t*, Int*), const Call& c) { return f(c.ai, c.text, c.given.withCode, c.room.size, c.out, c.count); }
-EpcStatus run(EpcStatus f(Text, Text, Int, Int, char*, Int*), const Call& c) { return f(c.ai, c.text, c.given.withCode, c.room.size, c.dst, c.count); }
-EpcStatus run(EpcStatus f(Text, Text, Int, Int, std::uint16_t*, Int*), const Call& c) { return f(c.ai, c.text, c.given.withCode, c.room.size, c.outWords, c.count); }
-EpcStatus run(EpcStatus f(Text, Text, Int, Int, Int, std::uint8_t*, Int*), const Call& c) { return f(c.ai, c.text, c.given.withCode, c.given.encoding, c.room.size, c.out, c.count); }
-EpcStatus run(EpcStatus f(Text, Text, Int, Int, Int, char*, Int*), const Call& c) { return f(c.ai, c.text, c.given.withCode, c.given.encoding, c.room.size, c.dst, c.count); }
-EpcStatus run(EpcStatus f(Text, Text, Int, Int, Int, std::uint16_t*, Int*), const Call& c) { return f(c.ai, c.text, c.given.withCode, c.given.encoding, c.room.size, c.outWords, c.count); }
-EpcStatus run(EpcStatus f(Int, Bytes, Text, Int, char*), const Call& c) { return f(c.given.bits, c.binary, c.ai, c.room.size, c.dst); }
+EpcStatus run(EpcStatus f(Text, Text, Int, Int, std::uint8_t*, Int*), const Call& c) { return f(c.ai, c.text, c.arguments->withCode, c.room.size, c.out, c.count); }
+EpcStatus run(EpcStatus f(Text, Text, Int, Int, char*, Int*), const Call& c) { return f(c.ai, c.text, c.arguments->withCode, c.room.size, c.dst, c.count); }
+EpcStatus run(EpcStatus f(Text, Text, Int, Int, std::uint16_t*, Int*), const Call& c) { return f(c.ai, c.text, c.arguments->withCode, c.room.size, c.outWords, c.count); }
+EpcStatus run(EpcStatus f(Text, Text, Int, Int, Int, std::uint8_t*, Int*), const Call& c) { return f(c.ai, c.text, c.arguments->withCode, c.arguments->encoding, c.room.size, c.out, c.count); }
+EpcStatus run(EpcStatus f(Text, Text, Int, Int, Int, char*, Int*), const Call& c) { return f(c.ai, c.text, c.arguments->withCode, c.arguments->encoding, c.room.size, c.dst, c.count); }
+EpcStatus run(EpcStatus f(Text, Text, Int, Int, Int, std::uint16_t*, Int*), const Call& c) { return f(c.ai, c.text, c.arguments->withCode, c.arguments->encoding, c.room.size, c.outWords, c.count); }
+EpcStatus run(EpcStatus f(Int, Bytes, Text, Int, char*), const Call& c) { return f(c.arguments->bits, c.binary, c.ai, c.room.size, c.dst); }
 EpcStatus run(EpcStatus f(Text, Text, Int, char*), const Call& c) { return f(c.text, c.ai, c.room.size, c.dst); }
-EpcStatus run(EpcStatus f(Int, Words, Text, Int, char*), const Call& c) { return f(c.given.bits, c.words, c.ai, c.room.size, c.dst); }
-EpcStatus run(EpcStatus f(Int, Bytes, char*, Int, char*), const Call& c) { return f(c.given.bits, c.binary, c.aiOut, c.room.size, c.dst); }
+EpcStatus run(EpcStatus f(Int, Words, Text, Int, char*), const Call& c) { return f(c.arguments->bits, c.words, c.ai, c.room.size, c.dst); }
+EpcStatus run(EpcStatus f(Int, Bytes, char*, Int, char*), const Call& c) { return f(c.arguments->bits, c.binary, c.aiOut, c.room.size, c.dst); }
 EpcStatus run(EpcStatus f(Text, char*, Int, char*), const Call& c) { return f(c.text, c.aiOut, c.room.size, c.dst); }
-EpcStatus run(EpcStatus f(Int, Words, char*, Int, char*), const Call& c) { return f(c.given.bits, c.words, c.aiOut, c.room.size, c.dst); }
+EpcStatus run(EpcStatus f(Int, Words, char*, Int, char*), const Call& c) { return f(c.arguments->bits, c.words, c.aiOut, c.room.size, c.dst); }
 
-EpcStatus run(EpcStatus f(Int, Bytes, TidRecord*), const Call& c) { return f(c.given.bits, c.binary, c.record); }
-EpcStatus run(EpcStatus f(Int, Words, TidRecord*), const Call& c) { return f(c.given.bits, c.words, c.record); }
+EpcStatus run(EpcStatus f(Int, Bytes, TidRecord*), const Call& c) { return f(c.arguments->bits, c.binary, c.record); }
+EpcStatus run(EpcStatus f(Int, Words, TidRecord*), const Call& c) { return f(c.arguments->bits, c.words, c.record); }
 // clang-format on
 
 template <typename Source>
 EpcStatus run(EpcStatus f(Int, Source, std::uint16_t*, std::uint16_t*, std::uint8_t*, std::uint32_t,
                           char*),
               const Call& c, Source source) {
-    return f(c.given.bits, source, c.mdid, c.tmid, c.serialBits,
+    return f(c.arguments->bits, source, c.mdid, c.tmid, c.serialBits,
              static_cast<std::uint32_t>(c.room.size), c.dst);
 }
 
@@ -69,7 +69,7 @@ EpcStatus run(EpcStatus f(Int, Source, std::uint16_t*, std::uint16_t*, std::uint
                           char*, std::uint8_t*, std::uint8_t*, std::uint8_t*, std::uint8_t*,
                           std::uint16_t*, std::uint16_t*),
               const Call& c, Source source) {
-    return f(c.given.bits, source, c.mdid, c.tmid, c.serialBits,
+    return f(c.arguments->bits, source, c.mdid, c.tmid, c.serialBits,
              static_cast<std::uint32_t>(c.room.size), c.dst, c.maxEpcSize, c.commands, c.blockWrite,
              c.blockErase, c.userMemory, c.permaLock);
 }
@@ -198,22 +198,26 @@ const std::array<Export, EXPORT_COUNT> allExports{{
 }};
 // clang-format on
 
-bool Outcome::isUntouched(Block block) const {
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(blocks[block].data());
-    return GuardedArea::isFill(bytes, bytes + blocks[block].size());
+std::string_view Outcome::block(std::size_t block) const {
+    return std::string_view(bytes).substr(offsets[block], offsets[block + 1] - offsets[block]);
+}
+
+bool Outcome::isUntouched(std::size_t block) const {
+    return this->block(block).find_first_not_of(static_cast<char>(GuardedArea::FILL)) ==
+           std::string_view::npos;
 }
 
 std::string Outcome::text() const {
-    return blocks[MAIN].substr(0, blocks[MAIN].find('\0'));
+    return std::string(block(MAIN).substr(0, block(MAIN).find('\0')));
 }
 
 bool Outcome::isTerminated() const {
-    return blocks[MAIN].find('\0') != std::string::npos;
+    return block(MAIN).find('\0') != std::string_view::npos;
 }
 
 std::int32_t Outcome::count() const {
     std::int32_t count = 0;
-    std::memcpy(&count, blocks[COUNT].data(), std::min(sizeof count, blocks[COUNT].size()));
+    std::memcpy(&count, block(COUNT).data(), std::min(sizeof count, block(COUNT).size()));
     return count;
 }
 
@@ -251,7 +255,7 @@ const Element* ExportCaller::layInput(std::size_t index, const Element* source, 
     if (count != 0) {
         std::memcpy(bytes, source, count * sizeof(Element));
     }
-    inputs[index].assign(reinterpret_cast<const char*>(bytes), count * sizeof(Element));
+    inputSources[index] = source;
     return reinterpret_cast<const Element*>(bytes);
 }
 
@@ -262,12 +266,12 @@ Call ExportCaller::lay(const Export& row, const Arguments& arguments, const Room
         place.lay(0, side);
     }
     Call call{};
-    call.given = arguments;
+    call.arguments = &arguments;
     call.room = room;
     call.text = layInput(0, arguments.text.c_str(), arguments.text.size() + 1);
     call.ai = layInput(1, arguments.ai.c_str(), arguments.ai.size() + 1);
     if (row.input == Input::WORDS) {
-        const std::vector<std::uint16_t> words = wordsFromBytes(arguments.binary);
+        words = wordsFromBytes(arguments.binary);
         call.words = layInput(2, words.data(), words.size());
     } else {
         call.binary = layInput(2, arguments.binary.data(), arguments.binary.size());
@@ -341,17 +345,18 @@ Outcome ExportCaller::outcomeOf(EpcStatus status) const {
     outcome.isInputUntouched = true;
     for (std::size_t block = MAIN; block < BLOCK_COUNT; ++block) {
         const Place& place = block == MAIN ? mainPlace : smallPlaces[block];
-        if (place.size == 0) {
-            continue;
+        if (place.size != 0) {
+            outcome.bytes.append(reinterpret_cast<const char*>(place.bytes), place.size);
+            outcome.isInBounds &= place.area.isUntouchedAround(place.bytes, place.size, WINDOW);
         }
-        outcome.blocks[block].assign(reinterpret_cast<const char*>(place.bytes), place.size);
-        outcome.isInBounds &= place.area.isUntouchedAround(place.bytes, place.size);
+        outcome.offsets[block + 1] = outcome.bytes.size();
     }
-    for (std::size_t i = 0; i < inputs.size(); ++i) {
+    for (std::size_t i = 0; i < inputPlaces.size(); ++i) {
         const Place& place = inputPlaces[i];
+        const bool isSame =
+            place.size == 0 || std::memcmp(place.bytes, inputSources[i], place.size) == 0;
         outcome.isInputUntouched &=
-            inputs[i] == std::string(reinterpret_cast<const char*>(place.bytes), place.size) &&
-            place.area.isUntouchedAround(place.bytes, place.size);
+            isSame && place.area.isUntouchedAround(place.bytes, place.size, WINDOW);
     }
     return outcome;
 }

@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // Everything that any export takes. Each uses what its signature names.
@@ -39,7 +40,7 @@ struct Room {
 
 // The arguments and the outputs as they lie in memory.
 struct Call {
-    Arguments given; // the numbers; the texts and bits stand below
+    const Arguments* arguments; // for the numbers; the texts and bits stand below
     const char *text, *ai;
     const std::uint8_t* binary;
     const std::uint16_t* words;
@@ -113,11 +114,13 @@ struct Outcome {
     EpcStatus status = EPC_OK;
     bool isInBounds = false; // nothing beside the outputs was written
     bool isInputUntouched = false;
-    std::array<std::string, BLOCK_COUNT> blocks;
+    std::string bytes; // of all outputs, one behind the other
+    std::array<std::size_t, BLOCK_COUNT + 1> offsets{};
 
     bool operator==(const Outcome&) const = default;
 
-    bool isUntouched(Block block) const;
+    std::string_view block(std::size_t block) const;
+    bool isUntouched(std::size_t block) const;
     // The text in MAIN, without its NUL, and whether there is one.
     std::string text() const;
     bool isTerminated() const;
@@ -152,10 +155,14 @@ private:
     const Element* layInput(std::size_t index, const Element* source, std::size_t count);
 
     static constexpr std::size_t LARGE = 32 * 1024;
+    // What is looked at on the side where no unreadable page lies. A call is made with both
+    // layouts.
+    static constexpr std::size_t WINDOW = 256;
     Place mainPlace{LARGE};
     std::array<Place, BLOCK_COUNT> smallPlaces;
     std::array<Place, 3> inputPlaces{Place{LARGE}, Place{LARGE}, Place{LARGE}};
-    std::array<std::string, 3> inputs;
+    std::array<const void*, 3> inputSources{};
+    std::vector<std::uint16_t> words;
     GuardedArea::Side side{};
 };
 

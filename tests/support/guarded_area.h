@@ -11,6 +11,7 @@
 #ifndef ROSETAG_TESTS_SUPPORT_GUARDED_AREA_H
 #define ROSETAG_TESTS_SUPPORT_GUARDED_AREA_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -73,12 +74,17 @@ public:
         return at;
     }
 
-    // True if all memory outside the block still holds the fill byte.
+    // True if the memory outside the block, or the window of it on either side, still holds the
+    // fill byte.
     template <typename Element>
-    bool isUntouchedAround(const Element* block, std::size_t count) const {
+    bool isUntouchedAround(const Element* block, std::size_t count,
+                           std::size_t window = SIZE_MAX) const {
         const auto* first = reinterpret_cast<const std::uint8_t*>(block);
         const std::uint8_t* last = first + count * sizeof(Element);
-        return isFill(memory, first) && isFill(last, memory + size);
+        const auto before = static_cast<std::size_t>(first - memory);
+        const auto behind = static_cast<std::size_t>(memory + size - last);
+        return isFill(first - std::min(before, window), first) &&
+               isFill(last, last + std::min(behind, window));
     }
 
     static bool isFill(const std::uint8_t* first, const std::uint8_t* last) {
