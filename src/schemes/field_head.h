@@ -14,13 +14,13 @@
 #include <bit>
 
 // 0 for a scheme without a filter.
-constexpr std::int32_t filterBits(EpcScheme scheme) {
+constexpr std::int32_t fieldFilterBits(EpcScheme scheme) {
     const std::int32_t limit = tagSchemeInfos[scheme].filterLimit;
     return limit == 0 ? 0 : std::countr_zero(static_cast<std::uint32_t>(limit));
 }
 
-constexpr std::int32_t headBits(EpcScheme scheme) {
-    return TAG_HEADER_BITS + filterBits(scheme);
+constexpr std::int32_t fieldHeadBits(EpcScheme scheme) {
+    return TAG_HEADER_BITS + fieldFilterBits(scheme);
 }
 
 // The header is read by the frame that looks for the scheme.
@@ -33,5 +33,11 @@ EpcStatus fieldReadFilter(BitBuffer& bits, TextBuffer& text, UriForm form, EpcSc
 
 // EPC_ERR_FILTER_FIELD if the filter does not fit the field.
 EpcStatus fieldWriteFilter(std::uint32_t filter, BitBuffer& bits, EpcScheme scheme);
+
+// Both. The header stands before the filter is tested.
+inline EpcStatus fieldWriteHead(std::uint32_t filter, BitBuffer& bits, EpcScheme scheme) {
+    EPC_TRY(fieldWriteHeader(bits, scheme));
+    return fieldWriteFilter(filter, bits, scheme);
+}
 
 #endif

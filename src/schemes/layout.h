@@ -5,6 +5,8 @@
 #ifndef ROSETAG_SCHEMES_LAYOUT_H
 #define ROSETAG_SCHEMES_LAYOUT_H
 
+#include "schemes/field_head.h"
+#include "schemes/partition.h"
 #include "schemes/tag_scheme.h"
 
 struct Layout {
@@ -12,5 +14,10 @@ struct Layout {
     BinaryToUriBody read;
     UriBodyToBinary write;
 };
+
+// Header, filter, partition value, company prefix and reference.
+constexpr std::int32_t layoutKeyBits(EpcScheme scheme, const PartitionTable& table) {
+    return fieldHeadBits(scheme) + PARTITION_BITS + partitionTableBits(table);
+}
 
 #endif

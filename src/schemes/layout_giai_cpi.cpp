@@ -1,7 +1,6 @@
 #include "schemes/layout_giai_cpi.h"
 
 #include "schemes/field_chars.h"
-#include "schemes/field_head.h"
 #include "schemes/field_number.h"
 #include "schemes/field_partition.h"
 
@@ -10,20 +9,12 @@ namespace {
 constexpr std::int32_t CPI_96_SERIAL_BITS = 31;
 constexpr std::int32_t CPI_VAR_SERIAL_BITS = 40;
 
-constexpr std::int32_t bitsBeforeSerial(EpcScheme scheme, const PartitionTable& table) {
-    return headBits(scheme) + PARTITION_BITS + partitionedBits(table);
-}
-static_assert(bitsBeforeSerial(EPC_SCHEME_GIAI_96, partitionTableGiai96) ==
+static_assert(layoutKeyBits(EPC_SCHEME_GIAI_96, partitionTableGiai96) ==
               tagSchemeBits(EPC_SCHEME_GIAI_96));
-static_assert(bitsBeforeSerial(EPC_SCHEME_GIAI_202, partitionTableGiai202) ==
+static_assert(layoutKeyBits(EPC_SCHEME_GIAI_202, partitionTableGiai202) ==
               tagSchemeBits(EPC_SCHEME_GIAI_202));
-static_assert(bitsBeforeSerial(EPC_SCHEME_CPI_96, partitionTableCpi96) + CPI_96_SERIAL_BITS ==
+static_assert(layoutKeyBits(EPC_SCHEME_CPI_96, partitionTableCpi96) + CPI_96_SERIAL_BITS ==
               tagSchemeBits(EPC_SCHEME_CPI_96));
-
-EpcStatus writeHead(std::uint32_t filter, BitBuffer& bits, EpcScheme scheme) {
-    EPC_TRY(fieldWriteHeader(bits, scheme));
-    return fieldWriteFilter(filter, bits, scheme);
-}
 
 // The bits of the asset reference that no 7-bit character takes.
 std::int32_t restBits(const PartitionRow& row) {
@@ -37,17 +28,17 @@ Chars6Rule componentReferenceRule(const PartitionRow& row) {
 
 } // namespace
 
-EpcStatus giai96Read(BitBuffer& bits, TextBuffer& text, UriForm form) {
+EpcStatus layoutGiai96Read(BitBuffer& bits, TextBuffer& text, UriForm form) {
     EPC_TRY(fieldReadFilter(bits, text, form, EPC_SCHEME_GIAI_96));
     return fieldReadPartitionOpenReference(bits, text, partitionTableGiai96);
 }
 
-EpcStatus giai96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
-    EPC_TRY(writeHead(filter, bits, EPC_SCHEME_GIAI_96));
+EpcStatus layoutGiai96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
+    EPC_TRY(fieldWriteHead(filter, bits, EPC_SCHEME_GIAI_96));
     return fieldWritePartitionOpenReference(cursor, bits, partitionTableGiai96);
 }
 
-EpcStatus giai202Read(BitBuffer& bits, TextBuffer& text, UriForm form) {
+EpcStatus layoutGiai202Read(BitBuffer& bits, TextBuffer& text, UriForm form) {
     EPC_TRY(fieldReadFilter(bits, text, form, EPC_SCHEME_GIAI_202));
     const PartitionRow* row = nullptr;
     EPC_TRY(fieldReadCompanyPrefix(bits, text, partitionTableGiai202, row));
@@ -55,29 +46,29 @@ EpcStatus giai202Read(BitBuffer& bits, TextBuffer& text, UriForm form) {
     return fieldReadZeros(bits, restBits(*row));
 }
 
-EpcStatus giai202Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
-    EPC_TRY(writeHead(filter, bits, EPC_SCHEME_GIAI_202));
+EpcStatus layoutGiai202Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
+    EPC_TRY(fieldWriteHead(filter, bits, EPC_SCHEME_GIAI_202));
     const PartitionRow* row = nullptr;
     EPC_TRY(fieldWriteCompanyPrefix(cursor, bits, partitionTableGiai202, row));
     EPC_TRY(fieldWriteChars7(cursor, bits, row->referenceDigits));
     return fieldWriteZeros(bits, restBits(*row));
 }
 
-EpcStatus cpi96Read(BitBuffer& bits, TextBuffer& text, UriForm form) {
+EpcStatus layoutCpi96Read(BitBuffer& bits, TextBuffer& text, UriForm form) {
     EPC_TRY(fieldReadFilter(bits, text, form, EPC_SCHEME_CPI_96));
     EPC_TRY(fieldReadPartitionOpenReference(bits, text, partitionTableCpi96));
     EPC_TRY(textBufferPutChar(text, '.'));
     return fieldReadDecimal(bits, text, CPI_96_SERIAL_BITS);
 }
 
-EpcStatus cpi96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
-    EPC_TRY(writeHead(filter, bits, EPC_SCHEME_CPI_96));
+EpcStatus layoutCpi96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
+    EPC_TRY(fieldWriteHead(filter, bits, EPC_SCHEME_CPI_96));
     EPC_TRY(fieldWritePartitionOpenReference(cursor, bits, partitionTableCpi96));
     EPC_TRY(textCursorExpect(cursor, '.'));
     return fieldWriteDecimal(cursor, bits, CPI_96_SERIAL_BITS);
 }
 
-EpcStatus cpiVarRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
+EpcStatus layoutCpiVarRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
     EPC_TRY(fieldReadFilter(bits, text, form, EPC_SCHEME_CPI_VAR));
     const PartitionRow* row = nullptr;
     EPC_TRY(fieldReadCompanyPrefix(bits, text, partitionTableCpiVar, row));
@@ -88,8 +79,8 @@ EpcStatus cpiVarRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
 
 // The "." before the serial is the terminator of the component reference. At the end of the text
 // the serial is 0.
-EpcStatus cpiVarWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
-    EPC_TRY(writeHead(filter, bits, EPC_SCHEME_CPI_VAR));
+EpcStatus layoutCpiVarWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
+    EPC_TRY(fieldWriteHead(filter, bits, EPC_SCHEME_CPI_VAR));
     const PartitionRow* row = nullptr;
     EPC_TRY(fieldWriteCompanyPrefix(cursor, bits, partitionTableCpiVar, row));
     EPC_TRY(fieldWriteChars6(cursor, bits, componentReferenceRule(*row), '.'));

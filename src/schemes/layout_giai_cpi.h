@@ -12,18 +12,19 @@
 
 #include "schemes/layout.h"
 
-EpcStatus giai96Read(BitBuffer& bits, TextBuffer& text, UriForm form);
-EpcStatus giai96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
-EpcStatus giai202Read(BitBuffer& bits, TextBuffer& text, UriForm form);
-EpcStatus giai202Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
-EpcStatus cpi96Read(BitBuffer& bits, TextBuffer& text, UriForm form);
-EpcStatus cpi96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
-EpcStatus cpiVarRead(BitBuffer& bits, TextBuffer& text, UriForm form);
-EpcStatus cpiVarWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
+EpcStatus layoutGiai96Read(BitBuffer& bits, TextBuffer& text, UriForm form);
+EpcStatus layoutGiai96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
+EpcStatus layoutGiai202Read(BitBuffer& bits, TextBuffer& text, UriForm form);
+EpcStatus layoutGiai202Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
+EpcStatus layoutCpi96Read(BitBuffer& bits, TextBuffer& text, UriForm form);
+EpcStatus layoutCpi96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
+EpcStatus layoutCpiVarRead(BitBuffer& bits, TextBuffer& text, UriForm form);
+EpcStatus layoutCpiVarWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
 
-inline constexpr Layout layoutGiai96 = {EPC_SCHEME_GIAI_96, giai96Read, giai96Write};
-inline constexpr Layout layoutGiai202 = {EPC_SCHEME_GIAI_202, giai202Read, giai202Write};
-inline constexpr Layout layoutCpi96 = {EPC_SCHEME_CPI_96, cpi96Read, cpi96Write};
-inline constexpr Layout layoutCpiVar = {EPC_SCHEME_CPI_VAR, cpiVarRead, cpiVarWrite};
+inline constexpr Layout layoutGiai96 = {EPC_SCHEME_GIAI_96, layoutGiai96Read, layoutGiai96Write};
+inline constexpr Layout layoutGiai202 = {EPC_SCHEME_GIAI_202, layoutGiai202Read,
+                                         layoutGiai202Write};
+inline constexpr Layout layoutCpi96 = {EPC_SCHEME_CPI_96, layoutCpi96Read, layoutCpi96Write};
+inline constexpr Layout layoutCpiVar = {EPC_SCHEME_CPI_VAR, layoutCpiVarRead, layoutCpiVarWrite};
 
 #endif

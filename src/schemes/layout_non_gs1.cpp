@@ -2,7 +2,6 @@
 
 #include "schemes/field_cage_code.h"
 #include "schemes/field_chars.h"
-#include "schemes/field_head.h"
 #include "schemes/field_number.h"
 
 namespace {
@@ -10,14 +9,14 @@ namespace {
 constexpr std::int32_t MANAGER_NUMBER_BITS = 28;
 constexpr std::int32_t OBJECT_CLASS_BITS = 24;
 constexpr std::int32_t GID_SERIAL_BITS = 36;
-static_assert(headBits(EPC_SCHEME_GID_96) + MANAGER_NUMBER_BITS + OBJECT_CLASS_BITS +
+static_assert(fieldHeadBits(EPC_SCHEME_GID_96) + MANAGER_NUMBER_BITS + OBJECT_CLASS_BITS +
                   GID_SERIAL_BITS ==
               tagSchemeBits(EPC_SCHEME_GID_96));
 
 constexpr std::int32_t USDOD_CHAR_BITS = 8;
 constexpr std::int32_t USDOD_SERIAL_BITS = 36;
 constexpr std::uint32_t USDOD_MAX_FILTER = 14; // 15 fits the field and is reserved
-static_assert(headBits(EPC_SCHEME_USDOD_96) + CAGE_CODE_CHARS * USDOD_CHAR_BITS +
+static_assert(fieldHeadBits(EPC_SCHEME_USDOD_96) + CAGE_CODE_CHARS * USDOD_CHAR_BITS +
                   USDOD_SERIAL_BITS ==
               tagSchemeBits(EPC_SCHEME_USDOD_96));
 
@@ -28,7 +27,7 @@ constexpr Chars6Rule adiSerialRule = {
 
 } // namespace
 
-EpcStatus gid96Read(BitBuffer& bits, TextBuffer& text, UriForm) {
+EpcStatus layoutGid96Read(BitBuffer& bits, TextBuffer& text, UriForm) {
     EPC_TRY(fieldReadDecimal(bits, text, MANAGER_NUMBER_BITS));
     EPC_TRY(textBufferPutChar(text, '.'));
     EPC_TRY(fieldReadDecimal(bits, text, OBJECT_CLASS_BITS));
@@ -36,7 +35,7 @@ EpcStatus gid96Read(BitBuffer& bits, TextBuffer& text, UriForm) {
     return fieldReadDecimal(bits, text, GID_SERIAL_BITS);
 }
 
-EpcStatus gid96Write(TextCursor& cursor, std::uint32_t, BitBuffer& bits) {
+EpcStatus layoutGid96Write(TextCursor& cursor, std::uint32_t, BitBuffer& bits) {
     EPC_TRY(fieldWriteHeader(bits, EPC_SCHEME_GID_96));
     EPC_TRY(fieldWriteDecimal(cursor, bits, MANAGER_NUMBER_BITS));
     EPC_TRY(textCursorExpect(cursor, '.'));
@@ -45,14 +44,14 @@ EpcStatus gid96Write(TextCursor& cursor, std::uint32_t, BitBuffer& bits) {
     return fieldWriteDecimal(cursor, bits, GID_SERIAL_BITS);
 }
 
-EpcStatus usdod96Read(BitBuffer& bits, TextBuffer& text, UriForm form) {
+EpcStatus layoutUsdod96Read(BitBuffer& bits, TextBuffer& text, UriForm form) {
     EPC_TRY(fieldReadFilter(bits, text, form, EPC_SCHEME_USDOD_96));
     EPC_TRY(fieldReadCageCode(bits, text, USDOD_CHAR_BITS));
     EPC_TRY(textBufferPutChar(text, '.'));
     return fieldReadDecimal(bits, text, USDOD_SERIAL_BITS);
 }
 
-EpcStatus usdod96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
+EpcStatus layoutUsdod96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
     EPC_TRY(fieldWriteHeader(bits, EPC_SCHEME_USDOD_96));
     if (filter > USDOD_MAX_FILTER) {
         return EPC_ERR_FILTER_FIELD;
@@ -63,7 +62,7 @@ EpcStatus usdod96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits
     return fieldWriteDecimal(cursor, bits, USDOD_SERIAL_BITS);
 }
 
-EpcStatus adiVarRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
+EpcStatus layoutAdiVarRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
     EPC_TRY(fieldReadFilter(bits, text, form, EPC_SCHEME_ADI_VAR));
     EPC_TRY(fieldReadCageCode(bits, text, CHAR6_BITS));
     EPC_TRY(textBufferPutChar(text, '.'));
@@ -73,9 +72,8 @@ EpcStatus adiVarRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
 }
 
 // The "." before the serial is the terminator of the part number.
-EpcStatus adiVarWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
-    EPC_TRY(fieldWriteHeader(bits, EPC_SCHEME_ADI_VAR));
-    EPC_TRY(fieldWriteFilter(filter, bits, EPC_SCHEME_ADI_VAR));
+EpcStatus layoutAdiVarWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
+    EPC_TRY(fieldWriteHead(filter, bits, EPC_SCHEME_ADI_VAR));
     EPC_TRY(fieldWriteCageCode(cursor, bits, CHAR6_BITS));
     EPC_TRY(textCursorExpect(cursor, '.'));
     EPC_TRY(fieldWriteChars6(cursor, bits, partNumberRule, '.'));

@@ -13,15 +13,16 @@
 
 #include "schemes/layout.h"
 
-EpcStatus gid96Read(BitBuffer& bits, TextBuffer& text, UriForm form);
-EpcStatus gid96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
-EpcStatus usdod96Read(BitBuffer& bits, TextBuffer& text, UriForm form);
-EpcStatus usdod96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
-EpcStatus adiVarRead(BitBuffer& bits, TextBuffer& text, UriForm form);
-EpcStatus adiVarWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
+EpcStatus layoutGid96Read(BitBuffer& bits, TextBuffer& text, UriForm form);
+EpcStatus layoutGid96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
+EpcStatus layoutUsdod96Read(BitBuffer& bits, TextBuffer& text, UriForm form);
+EpcStatus layoutUsdod96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
+EpcStatus layoutAdiVarRead(BitBuffer& bits, TextBuffer& text, UriForm form);
+EpcStatus layoutAdiVarWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
 
-inline constexpr Layout layoutGid96 = {EPC_SCHEME_GID_96, gid96Read, gid96Write};
-inline constexpr Layout layoutUsdod96 = {EPC_SCHEME_USDOD_96, usdod96Read, usdod96Write};
-inline constexpr Layout layoutAdiVar = {EPC_SCHEME_ADI_VAR, adiVarRead, adiVarWrite};
+inline constexpr Layout layoutGid96 = {EPC_SCHEME_GID_96, layoutGid96Read, layoutGid96Write};
+inline constexpr Layout layoutUsdod96 = {EPC_SCHEME_USDOD_96, layoutUsdod96Read,
+                                         layoutUsdod96Write};
+inline constexpr Layout layoutAdiVar = {EPC_SCHEME_ADI_VAR, layoutAdiVarRead, layoutAdiVarWrite};
 
 #endif

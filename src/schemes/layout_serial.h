@@ -11,7 +11,6 @@
 #define ROSETAG_SCHEMES_LAYOUT_SERIAL_H
 
 #include "schemes/field_chars.h"
-#include "schemes/field_head.h"
 #include "schemes/field_number.h"
 #include "schemes/field_partition.h"
 #include "schemes/layout.h"
@@ -28,53 +27,48 @@ inline constexpr SerialField stringSerial = {fieldReadChars7, fieldWriteChars7, 
 inline constexpr SerialField leadingOneSerial = {fieldReadLeadingOneNumber,
                                                  fieldWriteLeadingOneNumber, 1};
 
-// Header, filter, partition, company prefix and reference.
-constexpr std::int32_t keyBits(EpcScheme scheme, const PartitionTable& table) {
-    return headBits(scheme) + PARTITION_BITS + partitionedBits(table);
-}
-
-inline EpcStatus readKey(BitBuffer& bits, TextBuffer& text, UriForm form, EpcScheme scheme,
-                         const PartitionTable& table) {
+inline EpcStatus layoutReadKey(BitBuffer& bits, TextBuffer& text, UriForm form, EpcScheme scheme,
+                               const PartitionTable& table) {
     EPC_TRY(fieldReadFilter(bits, text, form, scheme));
     return fieldReadPartition(bits, text, table);
 }
 
-inline EpcStatus writeKey(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits,
-                          EpcScheme scheme, const PartitionTable& table) {
-    EPC_TRY(fieldWriteHeader(bits, scheme));
-    EPC_TRY(fieldWriteFilter(filter, bits, scheme));
+inline EpcStatus layoutWriteKey(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits,
+                                EpcScheme scheme, const PartitionTable& table) {
+    EPC_TRY(fieldWriteHead(filter, bits, scheme));
     return fieldWritePartition(cursor, bits, table);
 }
 
 // A key with a serial.
 template <EpcScheme scheme, const PartitionTable& table, const SerialField& serial,
           std::int32_t size>
-EpcStatus serialRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
-    static_assert(keyBits(scheme, table) + size * serial.bitsPerSize == tagSchemeBits(scheme));
-    EPC_TRY(readKey(bits, text, form, scheme, table));
+EpcStatus layoutSerialRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
+    static_assert(layoutKeyBits(scheme, table) + size * serial.bitsPerSize ==
+                  tagSchemeBits(scheme));
+    EPC_TRY(layoutReadKey(bits, text, form, scheme, table));
     EPC_TRY(textBufferPutChar(text, '.'));
     return serial.read(bits, text, size);
 }
 
 template <EpcScheme scheme, const PartitionTable& table, const SerialField& serial,
           std::int32_t size>
-EpcStatus serialWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
-    EPC_TRY(writeKey(cursor, filter, bits, scheme, table));
+EpcStatus layoutSerialWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
+    EPC_TRY(layoutWriteKey(cursor, filter, bits, scheme, table));
     EPC_TRY(textCursorExpect(cursor, '.'));
     return serial.write(cursor, bits, size);
 }
 
 // A key alone, with reserved bits behind it.
 template <EpcScheme scheme, const PartitionTable& table, std::int32_t width>
-EpcStatus reservedRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
-    static_assert(keyBits(scheme, table) + width == tagSchemeBits(scheme));
-    EPC_TRY(readKey(bits, text, form, scheme, table));
+EpcStatus layoutReservedRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
+    static_assert(layoutKeyBits(scheme, table) + width == tagSchemeBits(scheme));
+    EPC_TRY(layoutReadKey(bits, text, form, scheme, table));
     return fieldReadZeros(bits, width);
 }
 
 template <EpcScheme scheme, const PartitionTable& table, std::int32_t width>
-EpcStatus reservedWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
-    EPC_TRY(writeKey(cursor, filter, bits, scheme, table));
+EpcStatus layoutReservedWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
+    EPC_TRY(layoutWriteKey(cursor, filter, bits, scheme, table));
     return fieldWriteZeros(bits, width);
 }
 
@@ -82,11 +76,11 @@ EpcStatus reservedWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bit
 constexpr std::int32_t PIECE_BITS = 7;
 
 template <EpcScheme scheme, const SerialField& serial, std::int32_t size>
-EpcStatus itipRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
-    static_assert(keyBits(scheme, partitionTableSgtin) + 2 * PIECE_BITS +
+EpcStatus layoutItipRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
+    static_assert(layoutKeyBits(scheme, partitionTableSgtin) + 2 * PIECE_BITS +
                       size * serial.bitsPerSize ==
                   tagSchemeBits(scheme));
-    EPC_TRY(readKey(bits, text, form, scheme, partitionTableSgtin));
+    EPC_TRY(layoutReadKey(bits, text, form, scheme, partitionTableSgtin));
     EPC_TRY(textBufferPutChar(text, '.'));
     EPC_TRY(fieldReadSmallNumber(bits, text, PIECE_BITS));
     EPC_TRY(textBufferPutChar(text, '.'));
@@ -96,8 +90,8 @@ EpcStatus itipRead(BitBuffer& bits, TextBuffer& text, UriForm form) {
 }
 
 template <EpcScheme scheme, const SerialField& serial, std::int32_t size>
-EpcStatus itipWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
-    EPC_TRY(writeKey(cursor, filter, bits, scheme, partitionTableSgtin));
+EpcStatus layoutItipWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
+    EPC_TRY(layoutWriteKey(cursor, filter, bits, scheme, partitionTableSgtin));
     EPC_TRY(textCursorExpect(cursor, '.'));
     EPC_TRY(fieldWriteSmallNumber(cursor, bits, PIECE_BITS));
     EPC_TRY(textCursorExpect(cursor, '.'));
@@ -108,26 +102,26 @@ EpcStatus itipWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
 
 // The families, with the width of what stands behind the key in bits or characters.
 template <EpcScheme scheme, const PartitionTable& table, std::int32_t width>
-inline constexpr Layout layoutNumericSerial = {scheme,
-                                               serialRead<scheme, table, numericSerial, width>,
-                                               serialWrite<scheme, table, numericSerial, width>};
+inline constexpr Layout layoutNumericSerial = {
+    scheme, layoutSerialRead<scheme, table, numericSerial, width>,
+    layoutSerialWrite<scheme, table, numericSerial, width>};
 
 template <EpcScheme scheme, const PartitionTable& table, std::int32_t maxChars>
-inline constexpr Layout layoutStringSerial = {scheme,
-                                              serialRead<scheme, table, stringSerial, maxChars>,
-                                              serialWrite<scheme, table, stringSerial, maxChars>};
+inline constexpr Layout layoutStringSerial = {
+    scheme, layoutSerialRead<scheme, table, stringSerial, maxChars>,
+    layoutSerialWrite<scheme, table, stringSerial, maxChars>};
 
 template <EpcScheme scheme, const PartitionTable& table, std::int32_t width>
 inline constexpr Layout layoutLeadingOneSerial = {
-    scheme, serialRead<scheme, table, leadingOneSerial, width>,
-    serialWrite<scheme, table, leadingOneSerial, width>};
+    scheme, layoutSerialRead<scheme, table, leadingOneSerial, width>,
+    layoutSerialWrite<scheme, table, leadingOneSerial, width>};
 
 template <EpcScheme scheme, const PartitionTable& table, std::int32_t width>
-inline constexpr Layout layoutReserved = {scheme, reservedRead<scheme, table, width>,
-                                          reservedWrite<scheme, table, width>};
+inline constexpr Layout layoutReserved = {scheme, layoutReservedRead<scheme, table, width>,
+                                          layoutReservedWrite<scheme, table, width>};
 
 template <EpcScheme scheme, const SerialField& serial, std::int32_t size>
-inline constexpr Layout layoutItip = {scheme, itipRead<scheme, serial, size>,
-                                      itipWrite<scheme, serial, size>};
+inline constexpr Layout layoutItip = {scheme, layoutItipRead<scheme, serial, size>,
+                                      layoutItipWrite<scheme, serial, size>};
 
 #endif

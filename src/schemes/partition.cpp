@@ -44,22 +44,24 @@ static_assert(holdsForRows(partitionTableCpi96, prefixFits));
 static_assert(holdsForRows(partitionTableCpiVar, prefixAndChars6Fit));
 
 // The digits are those of the key without its check digit.
-static_assert(digitsAddUp(partitionTableSgtin, 13) && partitionedBits(partitionTableSgtin) == 44);
-static_assert(digitsAddUp(partitionTableSgln, 12) && partitionedBits(partitionTableSgln) == 41);
-static_assert(digitsAddUp(partitionTableSscc, 17) && partitionedBits(partitionTableSscc) == 58);
-static_assert(digitsAddUp(partitionTableGrai, 12) && partitionedBits(partitionTableGrai) == 44);
-static_assert(digitsAddUp(partitionTableGiai96, 25) && partitionedBits(partitionTableGiai96) == 82);
+static_assert(digitsAddUp(partitionTableSgtin, 13) &&
+              partitionTableBits(partitionTableSgtin) == 44);
+static_assert(digitsAddUp(partitionTableSgln, 12) && partitionTableBits(partitionTableSgln) == 41);
+static_assert(digitsAddUp(partitionTableSscc, 17) && partitionTableBits(partitionTableSscc) == 58);
+static_assert(digitsAddUp(partitionTableGrai, 12) && partitionTableBits(partitionTableGrai) == 44);
+static_assert(digitsAddUp(partitionTableGiai96, 25) &&
+              partitionTableBits(partitionTableGiai96) == 82);
 static_assert(digitsAddUp(partitionTableGiai202, 30));
-static_assert(partitionedBits(partitionTableGiai202) == 188);
-static_assert(digitsAddUp(partitionTableCpi96, 15) && partitionedBits(partitionTableCpi96) == 51);
+static_assert(partitionTableBits(partitionTableGiai202) == 188);
+static_assert(digitsAddUp(partitionTableCpi96, 15) &&
+              partitionTableBits(partitionTableCpi96) == 51);
 static_assert(digitsAddUp(partitionTableCpiVar, 30));
 
 } // namespace
 
 std::int32_t partitionFindByDigits(const PartitionTable& table, std::int32_t digits) {
-    const auto* const found =
-        std::find_if(table.begin(), table.end(), [digits](const PartitionRow& row) {
-            return row.companyPrefixDigits == digits;
-        });
+    const auto found = std::find_if(table.begin(), table.end(), [digits](const PartitionRow& row) {
+        return row.companyPrefixDigits == digits;
+    });
     return found != table.end() ? static_cast<std::int32_t>(found - table.begin()) : -1;
 }

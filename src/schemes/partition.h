@@ -62,7 +62,7 @@ inline constexpr PartitionTable partitionTableCpiVar  = partitionTableMake({{{11
 
 // The bits of company prefix and reference together, which are the same in every row of a table of
 // fixed length; -1 if they are not.
-constexpr std::int32_t partitionedBits(const PartitionTable& table) {
+constexpr std::int32_t partitionTableBits(const PartitionTable& table) {
     const std::int32_t bits = table[0].companyPrefixBits + table[0].referenceBits;
     for (std::size_t i = 1; i < table.size() - 1; ++i) {
         if (table[i].companyPrefixBits + table[i].referenceBits != bits) {
