@@ -102,7 +102,7 @@ TEST(SchemeLayout, HoldsForRandomFields) {
 }
 
 TEST(SchemeLayout, HoldsPublishedValues) {
-    // Source: EPC Tag Data Standard, appendix E (examples), and sections 14.5 and 14.6.
+    // Source: EPC Tag Data Standard, appendix E (examples).
     struct Row {
         const char* hex;
         const char* uri;
