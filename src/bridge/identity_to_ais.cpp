@@ -17,10 +17,13 @@ struct IdentityField {
 
 // The delimiter NUL reads to the end of the text.
 EpcStatus readField(TextCursor& cursor, char delimiter, IdentityField& field) {
-    TextCursor ahead = cursor;
-    if (textCursorSliceUntil(ahead, delimiter, FIELD_SIZE, field.text) == EPC_OK &&
-        field.text.find('%') == std::string_view::npos) {
-        cursor = ahead;
+    const char* end = cursor.current;
+    while (*end != delimiter && *end != '%' && *end != '\0') {
+        ++end;
+    }
+    if (*end == delimiter && end - cursor.current < FIELD_SIZE) {
+        field.text = {cursor.current, end};
+        cursor.current = end;
         return EPC_OK;
     }
     std::int32_t count = 0;
