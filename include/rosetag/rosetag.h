@@ -12,10 +12,10 @@
  *     GS1 Digital Link        /01/80614141123458/21/6789
  *     list of AIs             01 with the value 80614141123458, 21 with the value 6789
  *
- * The library knows the 34 tag schemes of the EPC Tag Data Standard, the twelve plus schemes with
- * their +AIDC data included, and 520 GS1 Application Identifiers (AIs). It also writes and reads
- * the +AIDC bits of single AI values, and decodes the TID memory bank of a Gen2 tag. A function's
- * name says what it takes and what it gives: epc_hexToDigitalLink.
+ * The library knows 34 tag schemes of the EPC Tag Data Standard, twelve of them plus schemes, which
+ * carry further data in the +AIDC bit encoding, and 520 GS1 Application Identifiers (AIs). It also
+ * writes and reads the +AIDC bits of single AI values, and decodes the TID memory bank of a Gen2
+ * tag. A function's name says what it takes and what it gives: epc_hexToDigitalLink.
  *
  * What follows holds for every function; the functions say only what is particular to them.
  *
@@ -40,19 +40,20 @@
  * stay the same. A null record of tid_binaryDecode and tid_wordsDecode is a status. No other
  * pointer may be null, and none is tested.
  *
- * What the caller owes. Sizes that are true, texts shorter than 2 GiB, and at least one writable
- * byte at dst whatever dstSize: an empty text is written there at the start. A size of 0 or below
- * has no room. Areas must not overlap, neither two outputs nor an output and an input. The library
- * changes no input and keeps no pointer.
+ * What the caller owes. As many readable bits, and as much writable room, as the arguments say, and
+ * texts that end in a NUL and are shorter than 2 GiB. At least one byte is writable at dst whatever
+ * dstSize: an empty text is written there at the start. A size of 0 or below has no room. Areas
+ * must not overlap, neither two outputs nor an output and an input. The library changes no input
+ * and keeps no pointer.
  *
  * Untrusted input. Whatever stands in a text or in bits, the answer is a status, and no byte
  * outside of the given areas is read or written.
  *
- * Statuses. 0 is EPC_OK, anything else a failure; compare with EPC_OK and nothing else, because
- * later versions may add statuses. A call stops at the first failure that it meets and tries
- * nothing twice: the same call gives the same status again. Each function lists its statuses in the
- * order in which they are tested; those that speak of a part of the input come in the order of the
- * input. epc_statusName and epc_statusText put a status into words.
+ * Statuses. 0 is EPC_OK, and anything else a failure, a value that a program does not know too:
+ * later versions may add statuses. A call stops at the first failure that it meets. It is of no use
+ * to call again, as the same arguments give the same status. Each function lists its statuses in
+ * the order in which they are tested; where they are about a part of the input, the order of the
+ * input comes first. epc_statusName and epc_statusText put a status into words.
  *
  * After a failure no output is a result. What stands there:
  *
@@ -69,10 +70,10 @@
  *                                 Untouched: the work has not begun.
  *
  * Binary compatibility. Within a major version no function is removed, and neither the arguments of
- * one nor a record, a status or a scheme's number changes. Statuses, functions and AIs may be
- * added, and the sizes below may grow; a program compiled with smaller ones stays right, since
- * every call tells its sizes. Statuses and schemes are integers of 32 bits, so that other languages
- * can declare the functions as they stand.
+ * one nor a record, a status or a scheme's number changes. Functions, statuses and schemes may be
+ * added, AIs become known as GS1 assigns them, and the sizes below may grow; a program compiled
+ * with smaller ones stays right, since every call tells its sizes. Statuses and schemes are
+ * integers of 32 bits, so that other languages can declare the functions as they stand.
  *
  * Arguments that many functions share:
  *
@@ -213,7 +214,10 @@ enum {
     EPC_ERR_NO_ROOM = 1,
     /** The input ends before it is complete: a text too early, or bits inside a field. */
     EPC_ERR_TRUNCATED = 2,
-    /** A number has too many digits or too few, or is too large for its field. */
+    /**
+     * A number has too many digits or too few, or is too large for its field; a bit that must be 0
+     * is 1. Also: a key has fewer characters than gcpLength says.
+     */
     EPC_ERR_OUT_OF_RANGE = 3,
     /** The input, or a part of it, is longer than its limit. */
     EPC_ERR_TOO_LONG = 4,
@@ -330,8 +334,10 @@ enum {
     EPC_SCHEME_SSCC_PLUS = 31,
     /** giai+, 0xFA: AI 8004. */
     EPC_SCHEME_GIAI_PLUS = 32,
-    /** dsgtin+, 0xFB: AIs 01 and 21 and one date: the first there is of 11, 13, 15, 16, 17, 7006,
-     * 7007. */
+    /**
+     * dsgtin+, 0xFB: AIs 01 and 21 and a date, which is that of the first AI there is of 11, 13,
+     * 15, 16, 17, 7006 and 7007.
+     */
     EPC_SCHEME_DSGTIN_PLUS = 33
 };
 
@@ -381,7 +387,7 @@ typedef struct TidRecord {
     char serial[TID_SERIAL_SIZE];
     /** 1: the TID tells of optional commands, in the nine fields that follow. */
     uint8_t hasOptionalCommands;
-    /** The largest EPC that the tag takes, 0 to 31, in the coding of the standard. */
+    /** The largest length of an EPC, 0 to 31, as the first five bits of the PC word count it. */
     uint8_t maxEpcSize;
     /** 1: the tag can be recommissioned. */
     uint8_t recomSupport;
@@ -879,6 +885,7 @@ ROSETAG_EXPORT EpcStatus epc_wordsToDigitalLink(int32_t bits, const uint16_t* wo
  *     EPC_ERR_TRUNCATED       the text ends behind the filter value
  *     EPC_ERR_BAD_FORMAT      the filter value is not followed by "."
  *     EPC_ERR_NOT_SUPPORTED   a plus scheme
+ *     EPC_ERR_NO_ROOM         out has no room for the header
  *     EPC_ERR_FILTER_FIELD    the filter value is 15 in usdod-96
  *     then, field by field:
  *     EPC_ERR_TRUNCATED       the text ends in front of a "." or inside a percent escape; a text
@@ -977,6 +984,7 @@ ROSETAG_EXPORT EpcStatus epc_epcTagUriToWords(const char* text, int32_t maxWords
  *     EPC_ERR_TOO_LONG         the same, with 256 characters or more
  *     EPC_ERR_SCHEME_MISMATCH  the URI is of another family than scheme
  *     EPC_ERR_NOT_SUPPORTED    a plus scheme
+ *     EPC_ERR_NO_ROOM          out has no room for the header
  *     EPC_ERR_FILTER_FIELD     filter is negative or does not fit; this is no EPC_ERR_FILTER_LIMIT
  *     then those of epc_epcTagUriToBinary, field by field
  *
@@ -1434,8 +1442,8 @@ ROSETAG_EXPORT EpcStatus epc_barcodeStringToAIs(const char* text, int32_t separa
  *
  * Differences in the statuses:
  *
- *     EPC_ERR_BAD_FORMAT  two digits of an AI are missing: behind a value of fixed length a GS
- *                         character too, and in the place of an AI "]"
+ *     EPC_ERR_BAD_FORMAT  no two digits stand where an AI is due, but, for example, the "]" of a
+ *                         symbology identifier or a GS character behind a value of fixed length
  *
  * In an itip the AI 21 must follow the AI 8006 directly.
  *
@@ -1749,7 +1757,7 @@ ROSETAG_EXPORT EpcStatus epc_gs1ElementStringToDigitalLink(const char* text, int
  *     EPC_ERR_UNKNOWN_AI        no AI begins with these two digits
  *     EPC_ERR_TRUNCATED         the text ends inside a value of fixed length
  *     EPC_ERR_BAD_FORMAT        the character behind an AI of fixed length is not ")"
- *     EPC_ERR_SECOND_KEY        a key has been there before, be it the same
+ *     EPC_ERR_SECOND_KEY        it is the second key, be it the same AI again
  *     and then:
  *     EPC_ERR_NO_KEY_AI         the text holds no key
  *     EPC_ERR_UNKNOWN_SCHEME    scheme is not 0 to 33
