@@ -71,6 +71,15 @@ Parameters parametersOf(const std::string& tagUri) {
     return parameters;
 }
 
+std::int64_t countOfAIs(const Bytes& value) {
+    std::array<char, 20 * 5> codes;
+    std::array<char, 20 * 100> values;
+    std::uint32_t count = 0;
+    epc_binaryToAIs(static_cast<std::int32_t>(value.size()) * 8, value.data(), 20, 100,
+                    codes.data(), values.data(), &count);
+    return count;
+}
+
 // A tag URI that a value was decoded to.
 void requireTagUriHolds(const std::string& uri, const Bytes& value) {
     const std::optional<Bytes> again = fromTagUri(uri);
@@ -95,7 +104,8 @@ void requireTagUriHolds(const std::string& uri, const Bytes& value) {
         require(!fromBarcode || fromBarcode == again, "by way of the barcode string: " + uri);
     }
     const std::optional<std::string> element = decoded(epc_binaryToGs1ElementString, *again);
-    if (element && element->find('(', 1) == element->rfind('(')) { // no bracket in a serial
+    const auto brackets = element ? std::count(element->begin(), element->end(), '(') : 0;
+    if (element && brackets == countOfAIs(*again)) { // no bracket in a serial
         const auto fromElement = fromGs1(epc_gs1ElementStringToBinary, *element, parameters);
         require(!fromElement || fromElement == again, "by way of the element string: " + uri);
     }

@@ -1,0 +1,73 @@
+#!/usr/bin/env python3
+"""Lays the values of fuzz/seeds.txt out as the fuzzers' inputs: fuzz_seeds.py OUTPUT_FOLDER
+
+Each fuzzer says in its source what its input is.
+"""
+
+import pathlib
+import sys
+
+GCP_LENGTH = 7
+FILTER = 3
+ENOUGH_ROOM = 0xFF
+SOME_ROOM = 40
+AUTO = 0xFF
+SEPARATOR = 0x1D
+
+
+def text_input(scheme, text):
+    return bytes([scheme, FILTER, GCP_LENGTH, AUTO, SEPARATOR, ENOUGH_ROOM]) + text
+
+
+def chain_input(kind, scheme, rest):
+    return kind.encode() + bytes([scheme, FILTER, GCP_LENGTH]) + rest
+
+
+def inputs(kind, argument, rest):
+    """The (fuzzer, input) pairs of one line."""
+    text = rest.replace("\\x1D", "\x1d").encode("latin-1")
+    if kind == "hex":
+        value = bytes.fromhex(argument)
+        yield "binary", bytes([ENOUGH_ROOM, 0]) + value
+        yield "binary", bytes([SOME_ROOM, 1]) + value
+        yield "text", text_input(0, argument.encode())
+        yield "chain", chain_input("b", 0, value)
+    elif kind == "tid":
+        yield "tid", bytes([ENOUGH_ROOM, 0]) + bytes.fromhex(argument)
+    elif kind == "tag":
+        yield "text", text_input(0, argument.encode())
+        yield "chain", chain_input("t", 0, argument.encode())
+    elif kind == "id":
+        yield "text", text_input(int(argument), text)
+    elif kind in ("element", "barcode", "link"):
+        yield "text", text_input(int(argument), text)
+        letter = {"element": "e", "barcode": "c", "link": "l"}[kind]
+        yield "chain", chain_input(letter, int(argument), text)
+    elif kind == "ai":
+        for with_code in (0, 1):
+            yield "value", bytes([with_code, AUTO, ENOUGH_ROOM]) + argument.encode() + b"|" + text
+        yield "chain", chain_input("v", 0, argument.encode() + b"|" + text)
+    elif kind == "bits":
+        value = bytes.fromhex(rest)
+        yield "value", bytes([0, 0, ENOUGH_ROOM]) + argument.encode() + b"|" + value
+    else:
+        raise ValueError(f"fuzz/seeds.txt: unknown kind {kind!r}")
+
+
+def main():
+    seeds = pathlib.Path(__file__).resolve().parent.parent / "fuzz" / "seeds.txt"
+    output = pathlib.Path(sys.argv[1])
+    for number, line in enumerate(seeds.read_text(encoding="ascii").splitlines()):
+        if not line or line.startswith("#"):
+            continue
+        kind, _, rest = line.partition(" ")
+        argument, _, rest = rest.partition(" ")
+        for count, (fuzzer, data) in enumerate(inputs(kind, argument, rest)):
+            folder = output / fuzzer
+            folder.mkdir(parents=True, exist_ok=True)
+            (folder / f"{number:03}-{kind}-{count}").write_bytes(data)
+
+
+if len(sys.argv) != 2:
+    sys.exit(__doc__)
+main()
