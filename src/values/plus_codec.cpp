@@ -15,11 +15,6 @@ constexpr std::int32_t FILTER_BITS = 3;
 // No AI is looked for in a tail of the bits that is shorter than two of its digits and a value.
 constexpr std::int32_t IGNORED_TAIL_BITS = 8;
 
-// The passes of the text writers.
-constexpr std::uint32_t KEY_PASS = 0;
-constexpr std::uint32_t DATE_PASS = 1;
-constexpr std::uint32_t DATA_PASS = 2;
-
 struct PlusEncoder {
     BitBuffer& out;
     const char* baseText;

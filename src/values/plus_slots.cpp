@@ -81,7 +81,7 @@ EpcStatus putBarcodeElement(BarcodeWriter& writer, const AiElement& element) {
 
 EpcStatus barcodeStringWrite(TextBuffer& dst, const AiList& list, const char* baseText) {
     BarcodeWriter writer = {dst, baseText, false};
-    for (std::uint32_t pass = 0; pass < 3; ++pass) {
+    for (std::uint32_t pass = KEY_PASS; pass <= DATA_PASS; ++pass) {
         for (std::uint8_t i = 0; i < list.count; ++i) {
             if (list.elements[i].pass == pass) {
                 EPC_TRY(putBarcodeElement(writer, list.elements[i]));

@@ -1,6 +1,6 @@
 // The URI readers and writers where the text or the bits are no clean value of a scheme.
 #include "rosetag/rosetag.h"
-#include "schemes/bits_notation.h"
+#include "support/bits_notation.h"
 #include "support/status.h"
 #include "support/text_result.h"
 

@@ -15,11 +15,10 @@
 namespace {
 
 const std::string GTIN = "(01)09506000134352";
-const std::string GTIN_BITS = " 0/4 9/4 5/4 0/4 6/4 0/4 0/4 0/4 1/4 3/4 4/4 3/4 5/4 2/4 ";
+const std::string GTIN_BITS = " `09506000134352`/4 ";
 const std::string SERIAL_XY_BITS = "011 00010 010111 011000 ";
 const std::string SSCC = "(00)106141412345678908";
-const std::string SSCC_BITS =
-    " 1/4 0/4 6/4 1/4 4/4 1/4 4/4 1/4 2/4 3/4 4/4 5/4 6/4 7/4 8/4 9/4 0/4 8/4 ";
+const std::string SSCC_BITS = " `106141412345678908`/4 ";
 
 using TextToBinaryExport = decltype(&epc_gs1ElementStringToBinaryEnc);
 
@@ -60,9 +59,9 @@ std::string padded(const std::string& bits) {
 
 // The worked value: every field in its place.
 const std::string GIAI_BITS = "11111010 1 001 "
-                              "0/4 6/4 1/4 4/4 1/4 4/4 1/4 1110 001 00011 1010 1011 1100 "
+                              "`0614141`/4 1110 001 00011 1010 1011 1100 "
                               "2/4 1/4 011 00010 010111 011000 "
-                              "3/4 1/4 0/4 3/4 189/20 "
+                              "`3103`/4 189/20 "
                               "1/4 7/4 24/7 2/4 29/5";
 
 TEST(PlusScheme, StandsInItsBitsAndComesBack) {
@@ -73,27 +72,24 @@ TEST(PlusScheme, StandsInItsBitsAndComesBack) {
     } cases[] = {
         {EPC_SCHEME_GIAI_PLUS, "(8004)0614141ABC(21)XY(3103)000189(17)240229", GIAI_BITS},
         {EPC_SCHEME_CPI_PLUS, "(8010)95060A(8011)12",
-         "240/8 0 1/3 9/4 5/4 0/4 6/4 0/4 14/4 001 1/5 10/4 2/4 12/7"},
+         "240/8 0 1/3 `95060`/4 14/4 001 1/5 10/4 2/4 12/7"},
         {EPC_SCHEME_GRAI_PLUS, "(8003)09506000134352X", "241/8 0 1/3" + GTIN_BITS + "011 1/5 23/6"},
         {EPC_SCHEME_SGLN_PLUS, "(414)9506000134376(254)7",
-         "242/8 0 1/3 9/4 5/4 0/4 6/4 0/4 0/4 0/4 1/4 3/4 4/4 3/4 7/4 6/4 000 1/5 7/4"},
+         "242/8 0 1/3 `9506000134376`/4 000 1/5 7/4"},
         {EPC_SCHEME_ITIP_PLUS, "(8006)095060001343520102(21)XY",
-         "243/8 0 1/3" + GTIN_BITS + "0/4 1/4 0/4 2/4 " + SERIAL_XY_BITS},
+         "243/8 0 1/3" + GTIN_BITS + "`0102`/4 " + SERIAL_XY_BITS},
         {EPC_SCHEME_GSRN_PLUS, "(8018)106141412345678908", "244/8 0 1/3" + SSCC_BITS},
         {EPC_SCHEME_GSRNP_PLUS, "(8017)106141412345678908", "245/8 0 1/3" + SSCC_BITS},
-        {EPC_SCHEME_GDTI_PLUS, "(253)9506000134376",
-         "246/8 0 1/3 9/4 5/4 0/4 6/4 0/4 0/4 0/4 1/4 3/4 4/4 3/4 7/4 6/4 100 0/5"},
+        {EPC_SCHEME_GDTI_PLUS, "(253)9506000134376", "246/8 0 1/3 `9506000134376`/4 100 0/5"},
         {EPC_SCHEME_SGTIN_PLUS, GTIN + "(21)XY", "247/8 0 1/3" + GTIN_BITS + SERIAL_XY_BITS},
         {EPC_SCHEME_SGTIN_PLUS, GTIN + "(21)XY(17)240229(10)A",
          "247/8 1 1/3" + GTIN_BITS + SERIAL_XY_BITS + "1/4 7/4 24/7 2/4 29/5 1/4 0/4 001 1/5 10/4"},
         {EPC_SCHEME_SGTIN_PLUS, GTIN + "(21)XY(01)19506000134359",
-         "247/8 1 1/3" + GTIN_BITS + SERIAL_XY_BITS +
-             "0/4 1/4 1/4 9/4 5/4 0/4 6/4 0/4 0/4 0/4 1/4 3/4 4/4 3/4 5/4 9/4"},
-        {EPC_SCHEME_SGCN_PLUS, "(255)950600013437612",
-         "248/8 0 1/3 9/4 5/4 0/4 6/4 0/4 0/4 0/4 1/4 3/4 4/4 3/4 7/4 6/4 2/4 12/7"},
+         "247/8 1 1/3" + GTIN_BITS + SERIAL_XY_BITS + "`0119506000134359`/4"},
+        {EPC_SCHEME_SGCN_PLUS, "(255)950600013437612", "248/8 0 1/3 `95060001343762`/4 12/7"},
         {EPC_SCHEME_SSCC_PLUS, SSCC, "249/8 0 1/3" + SSCC_BITS},
         {EPC_SCHEME_SSCC_PLUS, SSCC + "(4330)000123(4330)000123-",
-         "249/8 1 1/3" + SSCC_BITS + "4/4 3/4 3/4 0/4 123/20 0 4/4 3/4 3/4 0/4 123/20 1"},
+         "249/8 1 1/3" + SSCC_BITS + "`4330`/4 123/20 0 `4330`/4 123/20 1"},
         {EPC_SCHEME_DSGTIN_PLUS, GTIN + "(21)XY(17)240229",
          "251/8 0 1/3 4/4 24/7 2/4 29/5" + GTIN_BITS + SERIAL_XY_BITS},
         {EPC_SCHEME_DSGTIN_PLUS, GTIN + "(21)XY(7007)240229",
@@ -216,14 +212,11 @@ TEST(PlusScheme, IsReadFromLinks) {
         {"HTTPS://example.org/01/09506000134352/21/10", EPC_ERR_BAD_FORMAT, ""},
         {"example.org/01/09506000134352/21/10", EPC_ERR_BAD_FORMAT, ""},
         {"https://example.org/shop/01/09506000134352/21/10", EPC_ERR_BAD_CHARACTER, ""},
-        {"/01/09506000134352/21/1%2", EPC_ERR_TRUNCATED,
-         "247/8 0 1/3 0/4 9/4 5/4 0/4 6/4 0/4 0/4 0/4 1/4 3/4 4/4 3/4 5/4 2/4"},
-        {"/01/09506000134352/21/1%2G", EPC_ERR_BAD_CHARACTER,
-         "247/8 0 1/3 0/4 9/4 5/4 0/4 6/4 0/4 0/4 0/4 1/4 3/4 4/4 3/4 5/4 2/4"},
-        {"/01/09506000134352/21/A%20B", EPC_ERR_BAD_CHARACTER,
-         "247/8 0 1/3 0/4 9/4 5/4 0/4 6/4 0/4 0/4 0/4 1/4 3/4 4/4 3/4 5/4 2/4"},
+        {"/01/09506000134352/21/1%2", EPC_ERR_TRUNCATED, "247/8 0 1/3 `09506000134352`/4"},
+        {"/01/09506000134352/21/1%2G", EPC_ERR_BAD_CHARACTER, "247/8 0 1/3 `09506000134352`/4"},
+        {"/01/09506000134352/21/A%20B", EPC_ERR_BAD_CHARACTER, "247/8 0 1/3 `09506000134352`/4"},
         {"/01/09506000134352/21/1?20=%007", EPC_ERR_NO_ROOM,
-         "247/8 1 1/3 0/4 9/4 5/4 0/4 6/4 0/4 0/4 0/4 1/4 3/4 4/4 3/4 5/4 2/4 000 1/5 1/4 2/4 0/4"},
+         "247/8 1 1/3 `09506000134352`/4 000 1/5 1/4 2/4 0/4"},
     };
     const BitsResult expected =
         encode(epc_gs1ElementStringToBinaryEnc, same, EPC_SCHEME_SGTIN_PLUS);
@@ -247,7 +240,7 @@ TEST(PlusScheme, ReadsTheDataSectionToItsEnd) {
     const std::string zeros(72, '0');
     std::string nineteen = sscc;
     for (int i = 0; i < 19; ++i) {
-        nineteen += "4/4 3/4 2/4 1/4 1 ";
+        nineteen += "`4321`/4 1 ";
     }
     std::string twenty = SSCC;
     for (int i = 0; i < 19; ++i) {
@@ -269,18 +262,16 @@ TEST(PlusScheme, ReadsTheDataSectionToItsEnd) {
         {"80 zeros", sscc + "0/80", {EPC_OK, SSCC + zeroSscc}},
         {"96 zeros", sscc + "0/96", {EPC_OK, SSCC + zeroSscc}},
         {"an unknown prefix", sscc + "1/4 4/4 0/8", {EPC_ERR_UNKNOWN_AI, ""}},
-        {"an unknown code", sscc + "3/4 1/4 0/4 9/4 0/20", {EPC_ERR_UNKNOWN_AI, ""}},
+        {"an unknown code", sscc + "`3109`/4 0/20", {EPC_ERR_UNKNOWN_AI, ""}},
         {"a digit above 9", sscc + "15/4 0/5", {EPC_ERR_BAD_FORMAT, ""}},
         {"a second digit above 9", sscc + "0/4 10/4 0/1", {EPC_ERR_BAD_FORMAT, ""}},
         {"a third digit above 9", sscc + "3/4 1/4 10/4 0/24", {EPC_ERR_BAD_FORMAT, ""}},
         {"an end inside the code", sscc + "3/4 1/4 0/4", {EPC_ERR_TRUNCATED, ""}},
         {"an end inside the value", sscc + "2/4 0/4 5/6", {EPC_ERR_TRUNCATED, ""}},
-        {"a sign that is missing",
-         sscc + "4/4 3/4 3/4 0/4 123/20",
-         {EPC_OK, SSCC + "(4330)000123"}},
+        {"a sign that is missing", sscc + "`4330`/4 123/20", {EPC_OK, SSCC + "(4330)000123"}},
         {"a bad date", sscc + "1/4 7/4 25/7 2/4 29/5", {EPC_ERR_BAD_FORMAT, ""}},
         {"20 AIs", nineteen, {EPC_OK, twenty}},
-        {"21 AIs", nineteen + "4/4 3/4 2/4 1/4 1", {EPC_ERR_TOO_MANY_AIS, ""}},
+        {"21 AIs", nineteen + "`4321`/4 1", {EPC_ERR_TOO_MANY_AIS, ""}},
         {"21 AIs, the last not decodable", nineteen + "1/4 7/4 0/16", {EPC_ERR_BAD_FORMAT, ""}},
         {"no toggle", "249/8", {EPC_ERR_TRUNCATED, ""}},
         {"no filter", "249/8 1 0/2", {EPC_ERR_TRUNCATED, ""}},
@@ -318,7 +309,7 @@ TEST(PlusScheme, ReadsTheDataSectionToItsEnd) {
 
 TEST(PlusScheme, WritesItsTextsInOrder) {
     const std::string bits = bitsOf("251/8 1 0/3 4/4 24/7 2/4 29/5" + GTIN_BITS + SERIAL_XY_BITS +
-                                    "2/4 0/4 7/7 4/4 3/4 3/4 0/4 123/20 0 1/4 0/4 001 1/5 10/4");
+                                    "2/4 0/4 7/7 `4330`/4 123/20 0 1/4 0/4 001 1/5 10/4");
     const struct {
         BinaryToTextExport convert;
         std::string text;

@@ -1,43 +1,19 @@
 /*
- * Bits of values as a person writes them down: fields with a space between them, each as binary
- * digits or as number/width.
- *
- *     bitsOf("011 4/5")   "01100100"
+ * What the exports that write and read the bits of values give.
  */
 #ifndef ROSETAG_TESTS_VALUES_VALUE_BITS_H
 #define ROSETAG_TESTS_VALUES_VALUE_BITS_H
 
 #include "rosetag/rosetag.h"
 #include "support/bits.h"
+#include "support/bits_notation.h"
 #include "support/text_result.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <ostream>
-#include <sstream>
 #include <string>
 #include <vector>
-
-inline std::vector<std::string> fieldsOf(const std::string& pattern) {
-    std::vector<std::string> fields;
-    std::istringstream words(pattern);
-    for (std::string word; words >> word;) {
-        const std::size_t slash = word.find('/');
-        fields.push_back(
-            slash == std::string::npos
-                ? word
-                : bitsFromNumber(std::stoull(word), std::stoul(word.substr(slash + 1))));
-    }
-    return fields;
-}
-
-inline std::string bitsOf(const std::string& pattern) {
-    std::string bits;
-    for (const std::string& field : fieldsOf(pattern)) {
-        bits += field;
-    }
-    return bits;
-}
 
 // What stands in a room of so many bits when the next field did not fit.
 inline std::string wholeFieldsOf(const std::string& pattern, std::size_t room) {
