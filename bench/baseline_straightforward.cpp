@@ -1,17 +1,13 @@
 #include "baselines.h"
 
-#include <cctype>
+#include <bitset>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 
 namespace {
 
 constexpr int prefixBits[] = {40, 37, 34, 30, 27, 24, 20};
-
-constexpr const char* nibbles[] = {"0000", "0001", "0010", "0011", "0100", "0101", "0110", "0111",
-                                   "1000", "1001", "1010", "1011", "1100", "1101", "1110", "1111"};
 
 struct Fields {
     unsigned long long filter;
@@ -29,62 +25,42 @@ int referenceDigits(const Fields& fields) {
     return 13 - prefixDigits(fields);
 }
 
-// A field of the bits that stand in the text.
-unsigned long long field(const char* bits, int from, int width) {
-    char text[65] = {};
-    std::memcpy(text, bits + from, static_cast<std::size_t>(width));
-    return std::strtoull(text, nullptr, 2);
+std::string bitsOf(unsigned long long value, int width) {
+    return std::bitset<64>(value).to_string().substr(static_cast<std::size_t>(64 - width));
+}
+
+unsigned long long numberOf(const std::string& bits, int from, int width) {
+    return std::stoull(bits.substr(static_cast<std::size_t>(from), static_cast<std::size_t>(width)),
+                       nullptr, 2);
 }
 
 bool fieldsFromHex(const char* hex, Fields& fields) {
-    char bits[97] = {};
-    if (std::strlen(hex) != 24) {
+    std::string bits;
+    for (unsigned byte = 0; std::sscanf(hex, "%2x", &byte) == 1; hex += 2) {
+        bits += std::bitset<8>(byte).to_string();
+    }
+    if (*hex != '\0' || bits.size() != 96 || numberOf(bits, 0, 8) != 0x30) {
         return false;
     }
-    for (int i = 0; i < 24; ++i) {
-        const int value = std::isdigit(hex[i]) ? hex[i] - '0' : std::toupper(hex[i]) - 'A' + 10;
-        if (value < 0 || value > 15) {
-            return false;
-        }
-        std::memcpy(bits + 4 * i, nibbles[value], 4);
-    }
-    if (std::strncmp(bits, "00110000", 8) != 0) {
-        return false;
-    }
-    fields.filter = field(bits, 8, 3);
-    fields.partition = field(bits, 11, 3);
+    fields.filter = numberOf(bits, 8, 3);
+    fields.partition = numberOf(bits, 11, 3);
     if (fields.partition > 6) {
         return false;
     }
     const int width = prefixBits[fields.partition];
-    fields.prefix = field(bits, 14, width);
-    fields.reference = field(bits, 14 + width, 44 - width);
-    fields.serial = field(bits, 58, 38);
+    fields.prefix = numberOf(bits, 14, width);
+    fields.reference = numberOf(bits, 14 + width, 44 - width);
+    fields.serial = numberOf(bits, 58, 38);
     return true;
-}
-
-// Puts the bits of a field into the text, from the last to the first.
-void putField(char* bits, int from, int width, unsigned long long value) {
-    for (int i = width - 1; i >= 0; --i, value /= 2) {
-        bits[from + i] = value % 2 != 0 ? '1' : '0';
-    }
 }
 
 bool hexFromFields(const Fields& fields, char* out, std::size_t size) {
-    char bits[97] = "00110000";
     const int width = prefixBits[fields.partition];
-    putField(bits, 8, 3, fields.filter);
-    putField(bits, 11, 3, fields.partition);
-    putField(bits, 14, width, fields.prefix);
-    putField(bits, 14 + width, 44 - width, fields.reference);
-    putField(bits, 58, 38, fields.serial);
-    if (size < 25) {
-        return false;
-    }
-    for (int i = 0; i < 96; i += 32) {
-        std::snprintf(out + i / 4, 9, "%08llX", field(bits, i, 32));
-    }
-    return true;
+    const std::string bits = "00110000" + bitsOf(fields.filter, 3) + bitsOf(fields.partition, 3) +
+                             bitsOf(fields.prefix, width) + bitsOf(fields.reference, 44 - width) +
+                             bitsOf(fields.serial, 38);
+    return std::snprintf(out, size, "%08llX%08llX%08llX", numberOf(bits, 0, 32),
+                         numberOf(bits, 32, 32), numberOf(bits, 64, 32)) == 24;
 }
 
 bool hexToTagUri(const char* hex, char* out, std::size_t size) {
