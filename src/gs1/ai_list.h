@@ -47,7 +47,8 @@ constexpr char GROUP_SEPARATOR = 29;
 inline constexpr AiSyntax ELEMENT_STRING_SYNTAX = {'(', ')', '(', false};
 inline constexpr AiSyntax BARCODE_STRING_SYNTAX = {0, 0, GROUP_SEPARATOR, false};
 
-// Appends one element. EPC_ERR_TOO_MANY_AIS, with nothing changed, behind the twentieth.
+// Appends one element; its code, of four characters at most, need not be in the catalogue.
+// EPC_ERR_TOO_MANY_AIS, with nothing changed, behind the twentieth.
 EpcStatus aiListAdd(AiList& list, std::string_view code, std::uint32_t valueOffset,
                     std::uint32_t valueLength, std::uint32_t pass);
 

@@ -85,17 +85,16 @@ TextResult wordsOf(const Request& request, std::size_t maxWords) {
     return {status, hexFromBytes(bytes) + (count == -1 ? "" : " #" + std::to_string(count))};
 }
 
-TextResult hexOf(const Request& request, std::int32_t dstSize) {
-    const auto& [syntax, text, scheme, filter, encoding] = request;
+TextResult hexOf(const Request& r, std::int32_t dstSize) {
     const auto work = [&](std::int32_t size, char* dst) {
-        return syntax.hexEnc(text, scheme, filter, GCP_LENGTH, encoding, size, dst);
+        return r.syntax.hexEnc(r.text, r.scheme, r.filter, GCP_LENGTH, r.encoding, size, dst);
     };
     const auto plainWork = [&](std::int32_t size, char* dst) {
-        return syntax.hex(text, scheme, filter, GCP_LENGTH, size, dst);
+        return r.syntax.hex(r.text, r.scheme, r.filter, GCP_LENGTH, size, dst);
     };
     const TextResult result = textResult(work, dstSize);
-    if (encoding == AI_ENC_AUTO) {
-        EXPECT_EQ(result, textResult(plainWork, dstSize)) << text;
+    if (r.encoding == AI_ENC_AUTO) {
+        EXPECT_EQ(result, textResult(plainWork, dstSize)) << r.text;
     }
     return result;
 }
