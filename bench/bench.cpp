@@ -142,7 +142,7 @@ void addPrint() {
     add("snprintf/tag-uri", share(std::vector<int>(SAMPLE_COUNT, 0)), [](int, char* out) {
         static std::uint64_t serial = 6789;
         serial = serial * 6364136223846793005ULL + 1;
-        const unsigned filter = serial >> 61;
+        const auto filter = static_cast<unsigned>(serial >> 61);
         return std::snprintf(out, TEXT_SIZE, "urn:epc:tag:sgtin-96:%u.%0*llu.%0*llu.%llu", filter,
                              7, static_cast<unsigned long long>(serial >> 41), 6,
                              static_cast<unsigned long long>(serial >> 45),
