@@ -1,0 +1,110 @@
+#!/usr/bin/env bash
+#
+# Builds the library, the command and the tests for other machines with Debian's cross compilers, and
+# runs the tests there: cross.sh [MACHINE...]
+#
+# MACHINE is one of
+#   s390x    big-endian, 64 bits, by qemu-user
+#   armhf    32 bits, char without a sign, by qemu-user
+#   windows  x86-64, mingw-w64, by wine
+# or all of them. What the environment lacks is said, and is a failure.
+set -euo pipefail
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+machines=("$@")
+if [[ $# -eq 0 ]]; then
+    machines=(s390x armhf windows)
+fi
+
+# Sets what a machine is built and run with.
+choose() {
+    case $1 in
+    s390x)
+        triplet=s390x-linux-gnu system=Linux suffix=
+        runner=(qemu-s390x -L /usr/s390x-linux-gnu)
+        ;;
+    armhf)
+        triplet=arm-linux-gnueabihf system=Linux suffix=
+        runner=(qemu-arm -L /usr/arm-linux-gnueabihf)
+        ;;
+    windows)
+        triplet=x86_64-w64-mingw32 system=Windows suffix=.exe
+        runner=(wine)
+        ;;
+    *)
+        echo "There is no machine $1. Take one of: s390x, armhf, windows." >&2
+        exit 2
+        ;;
+    esac
+    compiler=$triplet-g++
+    if [[ $1 == windows ]]; then
+        compiler=$triplet-g++-posix
+    fi
+}
+
+configure() {
+    cmake -G Ninja -S "$1" -B "$2" -DCMAKE_SYSTEM_NAME="$system" -DCMAKE_BUILD_TYPE=Release \
+        -DCMAKE_C_COMPILER="${compiler/g++/gcc}" -DCMAKE_CXX_COMPILER="$compiler" \
+        -DCMAKE_FIND_ROOT_PATH="$build/gtest" -DCMAKE_FIND_ROOT_PATH_MODE_PACKAGE=BOTH "${@:3}"
+}
+
+# GoogleTest has no packages for other machines; Debian has its sources.
+build_googletest() {
+    if [[ ! -e $build/gtest/.built ]]; then
+        configure /usr/src/googletest "$build/gtest-build" -DBUILD_GMOCK=OFF \
+            -DCMAKE_INSTALL_PREFIX="$build/gtest" -DCMAKE_CXX_FLAGS=-w
+        cmake --build "$build/gtest-build" --target install -- --quiet
+        touch "$build/gtest/.built"
+    fi
+}
+
+build_rosetag() {
+    local link=
+    if [[ $system == Windows ]]; then
+        link="-static-libgcc -static-libstdc++ -static"
+    fi
+    configure "$root" "$build" -DCMAKE_PREFIX_PATH="$build/gtest;/usr" -DROSETAG_INSTALL=OFF \
+        -DCMAKE_EXE_LINKER_FLAGS="$link"
+    cmake --build "$build" -- --quiet -k 0
+}
+
+run_tests() {
+    local program
+    for program in unit_tests contract_tests; do
+        program=$build/tests/$program$suffix
+        if [[ ! -e $program ]]; then
+            echo "not built"
+            return 1
+        fi
+        LD_BIND_NOW=1 WINEDEBUG=-all WINEPATH="$build" "${runner[@]}" "$program" --gtest_brief=1
+    done
+}
+
+status=0
+for machine in "${machines[@]}"; do
+    choose "$machine"
+    build=$root/build/cross-$machine
+    mkdir -p "$build"
+    for tool in "$compiler" "${runner[0]}"; do
+        if ! command -v "$tool" >/dev/null; then
+            echo "$machine: $tool is not installed" >&2
+            status=1
+            continue 2
+        fi
+    done
+    if ! { build_googletest && build_rosetag; } >"$build/build.log" 2>&1; then
+        tail -n 15 "$build/build.log"
+        echo "$machine: DOES NOT BUILD, see $build/build.log"
+        status=1
+        continue
+    fi
+    if run_tests >"$build/tests.log" 2>&1; then
+        echo "$machine: all pass:" \
+            "$(sed -n 's/.*\[  PASSED  \] \([0-9]* tests\).*/\1/p' "$build/tests.log" | paste -sd,)"
+    else
+        tail -n 15 "$build/tests.log"
+        echo "$machine: TESTS FAIL, see $build/tests.log"
+        status=1
+    fi
+done
+exit $status

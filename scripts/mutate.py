@@ -1,0 +1,168 @@
+#!/usr/bin/env python3
+"""Changes the library by one token, and sees whether the tests notice: mutate.py [N] [SEED]
+
+Draws N (100) changes of the sources with the random SEED (1): a comparison turned, a constant off by
+one, a status swapped, + for -, && for ||, true for false; first the kind of the change, then its
+place. Each is built alone, in a copy of the tree under build/mutate, and run against the unit tests
+and the contract tests. Those that no test notices are printed with their place: either the tests
+have a hole there, or the change makes no difference.
+"""
+
+import pathlib
+import random
+import re
+import shutil
+import signal
+import subprocess
+import sys
+import os
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+TREE = ROOT / "build" / "mutate" / "tree"
+BUILD = ROOT / "build" / "mutate" / "build"
+COPIED = ["CMakeLists.txt", "CMakePresets.json", "cmake", "include", "src", "tests"]
+PROGRAMS = ["unit_tests", "contract_tests"]
+SECONDS_FOR_TESTS = 300
+
+TURNED = {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "=="}
+EXCHANGED = {"+": "-", "-": "+", "+=": "-=", "-=": "+=", "&&": "||", "||": "&&"}
+FLIPPED = {"true": "false", "false": "true"}
+
+# The layout of the sources tells operators of two operands from all else: spaces stand around them.
+KINDS = {
+    "comparison": re.compile(r"(?<= )(<=|>=|<|>|==|!=)(?= )"),
+    "operator": re.compile(r"(?<= )(\+=|-=|\+|-|&&|\|\|)(?= )"),
+    "constant": re.compile(r"(?<![\w.'])(0x[0-9A-Fa-f]+|[0-9]+)(?=[uUlL]*\b)(?!\.)"),
+    "status": re.compile(r"\bEPC_(?:OK|ERR_[A-Z_]+)\b"),
+    "flag": re.compile(r"\b(true|false)\b"),
+}
+WEIGHTS = [4, 4, 4, 4, 1]  # there are few flags
+STATUSES = ["EPC_OK"] + re.findall(
+    r"^    (EPC_ERR_[A-Z_]+) = ", (ROOT / "include/rosetag/rosetag.h").read_text(), re.M)
+
+
+def code_only(text):
+    """The text with all that is no code blanked: comments, texts, directives, assertions."""
+    no_code = r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])+\'' \
+        r"|^#[^\n]*(?:\\\n[^\n]*)*|static_assert\(.*?\);"
+    blank = lambda match: re.sub(r"[^\n]", " ", match.group())
+    return re.sub(no_code, blank, text, flags=re.S | re.M)
+
+
+def places():
+    """All places of each kind: (file, offset, token)."""
+    found = {kind: [] for kind in KINDS}
+    for path in sorted((ROOT / "src").rglob("*.[ch]*")):
+        code = code_only(path.read_text())
+        for kind, pattern in KINDS.items():
+            for match in pattern.finditer(code):
+                found[kind].append((path, match.start(), match.group()))
+    return found
+
+
+def changed(kind, token, choose):
+    if kind == "comparison":
+        return TURNED[token]
+    if kind == "operator":
+        return EXCHANGED[token]
+    if kind == "flag":
+        return FLIPPED[token]
+    if kind == "constant":
+        return str(max(0, int(token, 0) + choose.choice([-1, 1]))) if token != "0" else "1"
+    return choose.choice([status for status in STATUSES if status != token])
+
+
+def run(command, seconds=None):
+    """The exit status and the output; a run that takes too long has failed."""
+    process = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                               errors="replace", start_new_session=True)
+    try:
+        output, _ = process.communicate(timeout=seconds)
+    except subprocess.TimeoutExpired:
+        os.killpg(process.pid, signal.SIGKILL)
+        process.communicate()
+        return 1, "took too long"
+    return process.returncode, output
+
+
+def build():
+    return run(["cmake", "--build", str(BUILD), "--target", *PROGRAMS, "--", "-j2"])
+
+
+def first_failure():
+    """What the tests say of the tree as it is built; nothing if they all pass."""
+    for program in PROGRAMS:
+        status, output = run([str(BUILD / "tests" / program), "--gtest_fail_fast",
+                              "--gtest_brief=1"], SECONDS_FOR_TESTS)
+        if status != 0:
+            failed = re.search(r"\[  FAILED  \] ([\w/.]+)", output)
+            return f"{program} {failed.group(1)}" if failed else f"{program} stopped"
+    return None
+
+
+def prepare():
+    shutil.rmtree(TREE, ignore_errors=True)
+    TREE.mkdir(parents=True)
+    for name in COPIED:
+        source = ROOT / name
+        if source.is_dir():
+            shutil.copytree(source, TREE / name)
+        elif source.exists():
+            shutil.copy2(source, TREE / name)
+    status, output = run(["cmake", "-G", "Ninja", "-S", str(TREE), "-B", str(BUILD),
+                          "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS=-w -O0",
+                          "-DCMAKE_CXX_FLAGS_DEBUG=", "-DROSETAG_BUILD_TOOLS=OFF"])
+    if status == 0:
+        status, output = build()
+    if status != 0:
+        sys.exit(output + "\nThe tree does not build as it is.")
+    failure = first_failure()
+    if failure:
+        sys.exit(f"The tests fail without any change: {failure}")
+
+
+def try_change(path, offset, token, replacement):
+    """Caught by what, or None if nothing noticed; False if it is no program."""
+    target = TREE / path.relative_to(ROOT)
+    text = path.read_text()
+    target.write_text(text[:offset] + replacement + text[offset + len(token):])
+    try:
+        status, output = build()
+        if status == 0:
+            return first_failure()
+        return "the compiler" if "static assertion failed" in output else False
+    finally:
+        target.write_text(text)
+
+
+def main():
+    wanted = int(sys.argv[1]) if len(sys.argv) > 1 else 100
+    seed = int(sys.argv[2]) if len(sys.argv) > 2 else 1
+    choose = random.Random(seed)
+    prepare()
+    by_kind = places()
+    survivors, tried, seen = [], 0, set()
+    while tried < wanted and len(seen) < sum(map(len, by_kind.values())):
+        kind = choose.choices(list(KINDS), weights=WEIGHTS)[0]
+        path, offset, token = choose.choice(by_kind[kind])
+        replacement = changed(kind, token, choose)
+        if (path, offset) in seen:
+            continue
+        seen.add((path, offset))
+        caught = try_change(path, offset, token, replacement)
+        if caught is False:
+            continue  # the change is no program
+        tried += 1
+        line = path.read_text().count("\n", 0, offset) + 1
+        what = f"{path.relative_to(ROOT)}:{line}: {token} -> {replacement}"
+        print(f"{tried:4} {what}: {caught or 'SURVIVES'}", flush=True)
+        if not caught:
+            survivors.append((what, path.read_text().splitlines()[line - 1].strip()))
+    print(f"\n{tried - len(survivors)} of {tried} changes were noticed (seed {seed}).")
+    for what, source in survivors:
+        print(f"survives: {what}\n          {source}")
+
+
+if len(sys.argv) > 3 or not all(argument.isdigit() for argument in sys.argv[1:]):
+    sys.exit(__doc__)
+main()
