@@ -60,8 +60,8 @@ constexpr const char* explainExamples = R"(Examples:
 constexpr const char* aiExamples = R"(Examples:
   rosetag ai encode 21 ABCG
   rosetag ai encode 10 LOT7 --with-code --encoding iso646
-  rosetag ai decode --ai 21 640006
-  rosetag ai decode 21640006)";
+  rosetag ai decode --ai 21 64001086
+  rosetag ai decode 2164001086)";
 
 constexpr const char* tidExamples = R"(Examples:
   rosetag tid E2003412

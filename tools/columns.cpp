@@ -48,6 +48,20 @@ bool readCell(char separator, std::string_view& rest, std::string& cell, bool& i
     return true;
 }
 
+// The cells of a row, 0 for one that ends inside quotes.
+std::size_t cellCount(char separator, std::string_view row) {
+    std::string cell;
+    bool isLast = false;
+    std::size_t count = 0;
+    while (!isLast) {
+        if (!readCell(separator, row, cell, isLast)) {
+            return 0;
+        }
+        ++count;
+    }
+    return count;
+}
+
 std::size_t indexOfName(const ColumnChoice& choice, char separator, std::string_view header) {
     std::string cell;
     bool isLast = false;
@@ -59,17 +73,28 @@ std::size_t indexOfName(const ColumnChoice& choice, char separator, std::string_
     throw UsageError("--column: the table has no column \"" + choice.name + '"');
 }
 
+std::size_t indexOfNumber(const std::string& number) {
+    constexpr std::size_t mostDigits = 6;
+    if (number.size() > mostDigits || number.find_first_not_of('0') == std::string::npos) {
+        throw UsageError("--column: columns count from 1, and \"" + number + "\" is none");
+    }
+    return std::stoul(number) - 1;
+}
+
 } // namespace
 
 Column columnFind(const ColumnChoice& choice, std::string_view firstLine) {
     const char separator = separatorOf(firstLine);
-    if (!isAllDigits(choice.name)) {
-        return {indexOfName(choice, separator, firstLine), separator};
+    const std::size_t index = isAllDigits(choice.name) ? indexOfNumber(choice.name)
+                                                       : indexOfName(choice, separator, firstLine);
+    return {index, cellCount(separator, firstLine), separator};
+}
+
+void columnPad(const Column& column, std::string& row) {
+    const std::size_t count = cellCount(column.separator, row);
+    if (count > 0 && count < column.count) {
+        row.append(column.count - count, column.separator);
     }
-    if (choice.name.size() > 6 || choice.name.find_first_not_of('0') == std::string::npos) {
-        throw UsageError("--column: columns count from 1, and \"" + choice.name + "\" is none");
-    }
-    return {std::stoul(choice.name) - 1, separator};
 }
 
 bool columnCell(const Column& column, std::string_view row, std::string& cell) {

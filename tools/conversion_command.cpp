@@ -4,7 +4,6 @@
 #include "commands.h"
 #include "human_text.h"
 #include "results.h"
-#include "status_meaning.h"
 
 namespace {
 
@@ -64,14 +63,11 @@ std::string resultLine(const Result& result, const LineFormat& format) {
     if (format.isJson) {
         return resultJson(result) + '\n';
     }
+    if (isFailure(result.failure)) {
+        return {};
+    }
     std::string line;
-    if (isFailure(result.failure) && !format.hasFieldHeader) {
-        return line;
-    }
     appendTsvRow(line, format.fields, result, format.isRaw);
-    if (format.hasFieldHeader && format.hasStatusColumn) {
-        line += '\t' + std::string(statusName(result.failure.status));
-    }
     return line + '\n';
 }
 
@@ -178,7 +174,7 @@ int encodeCommand(Output& output, const Arguments& arguments) {
 }
 
 int complainOfFailure(Output& output, std::string_view value, const Failure& failure) {
-    complain(output, textForMessage(value) + ": " + std::string(statusName(failure.status)) + ": " +
-                         failure.message);
+    complain(output, (value.empty() ? "\"\"" : textForMessage(value)) + ": " +
+                         std::string(epc_statusName(failure.status)) + ": " + failure.message);
     return EXIT_STATUS_FAILED;
 }

@@ -133,7 +133,7 @@ void walkCode(Walk& walk, const LayoutField& field, std::size_t charBits) {
 void walkReserved(Walk& walk, std::string_view name, std::size_t width) {
     const std::string_view bits = walkTake(walk, std::string(name), width);
     if (bits.find('1') != std::string_view::npos) {
-        return walkFail(walk, "these bits must be zero");
+        return walkFail(walk, "must be zero");
     }
     walkMean(walk, "0");
 }

@@ -1,6 +1,5 @@
 #include "commands.h"
 #include "human_text.h"
-#include "status_meaning.h"
 
 #include <nlohmann/json.hpp>
 

@@ -28,7 +28,7 @@ void meanNumber(Walk& walk, const TidField& field, std::uint64_t number) {
         return number == 0xE2 ? walkMean(walk, "0xE2, GS1 EPC Gen2")
                               : walkFail(walk, "a TID of this kind begins with 0xE2");
     case TidMeaning::MUST_BE_ZERO:
-        return number == 0 ? walkMean(walk, "0") : walkFail(walk, "these bits must be zero");
+        return number == 0 ? walkMean(walk, "0") : walkFail(walk, "must be zero");
     case TidMeaning::YES_NO:
         return walkMean(walk, number != 0 ? "yes" : "no", std::to_string(number));
     case TidMeaning::SERIAL_LENGTH:

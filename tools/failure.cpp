@@ -80,11 +80,31 @@ std::string checkDigitMessage(std::string_view rest) {
            checkDigitOf(digits.substr(0, digits.size() - 1));
 }
 
-// What a scanner puts in front of its data.
-bool hasUnknownSymbology(ValueForm form, const std::string& text) {
-    constexpr std::array<std::string_view, 6> known = {"]E0", "]E4", "]I1", "]C1", "]e0", "]d2"};
-    return form == ValueForm::BARCODE && text.starts_with(']') &&
-           std::ranges::find(known, std::string_view(text).substr(0, 3)) == known.end();
+// What a scanner puts in front of its data, and how many digits that has where it is a GTIN alone.
+struct Symbology {
+    std::string_view identifier;
+    std::size_t digits;
+};
+constexpr std::array<Symbology, 6> symbologies = {
+    {{"]E0", 13}, {"]E4", 8}, {"]I1", 14}, {"]C1", 0}, {"]e0", 0}, {"]d2", 0}}};
+
+// What is wrong with the beginning of a barcode string, or the empty text.
+std::string symbologyMessage(ValueForm form, const std::string& text) {
+    if (form != ValueForm::BARCODE || !text.starts_with(']')) {
+        return {};
+    }
+    const std::string identifier = text.substr(0, 3);
+    const auto* const symbology =
+        std::ranges::find(symbologies, identifier, &Symbology::identifier);
+    if (symbology == symbologies.end()) {
+        return '"' + textForMessage(identifier) +
+               "\" is none of the symbology identifiers ]E0 ]E4 ]I1 ]C1 ]e0 ]d2";
+    }
+    if (symbology->digits != 0 && text.size() != identifier.size() + symbology->digits) {
+        return "behind " + identifier + " stand " + std::to_string(symbology->digits) +
+               " digits, and these are " + std::to_string(text.size() - identifier.size());
+    }
+    return {};
 }
 
 // gs1 is the case of a text that reads, and does not fit.
@@ -93,9 +113,11 @@ std::string gs1Message(EpcStatus status, ValueForm form, const std::string& text
     if (statusOfAis(form, text) != status) {
         return statusMeaning(status, gs1);
     }
-    if (hasUnknownSymbology(form, text)) {
-        return "\"" + textForMessage(text.substr(0, 3)) +
-               "\" is none of the symbology identifiers ]E0 ]E4 ]I1 ]C1 ]e0 ]d2";
+    if (std::string message = symbologyMessage(form, text); !message.empty()) {
+        return message;
+    }
+    if (form == ValueForm::LINK && !text.starts_with('/') && !text.starts_with('?')) {
+        return "a link as it stands begins with \"/\"; without --strict the host is left out";
     }
     const std::size_t position = readableLength(form, text);
     return placeText(text, position) +
@@ -106,6 +128,7 @@ std::string gs1Message(EpcStatus status, ValueForm form, const std::string& text
 
 // Digits that are no tag value may be something else that people scan.
 std::string hintForDigits(const std::string& digits) {
+    constexpr std::size_t shortestBarcode = 16; // AI 01 and a GTIN
     if (!isAllDigits(digits)) {
         return {};
     }
@@ -114,8 +137,9 @@ std::string hintForDigits(const std::string& digits) {
     if (isGtinLength && checkDigitOf(checked) == digits.back()) {
         return "; if it is a GTIN, write (01)" + std::string(14 - digits.size(), '0') + digits;
     }
-    return aiValuesOfBarcode(digits).status == EPC_OK ? "; as a barcode string it reads: --barcode"
-                                                      : "";
+    const bool isBarcode =
+        digits.size() >= shortestBarcode && aiValuesOfBarcode(digits).status == EPC_OK;
+    return isBarcode ? "; as a barcode string it reads: --barcode" : "";
 }
 
 Failure failureOfBits(EpcStatus status, const std::string& digits) {
@@ -155,7 +179,7 @@ Failure failureOfReading(EpcStatus status, ValueForm form, const std::string& te
         return failureOfBits(status, text);
     }
     if (valueFormIsGs1(form)) {
-        return {status, gs1Message(status, form, text, {StatusSource::GS1, nullptr, form, 0})};
+        return {status, gs1Message(status, form, text, {StatusSource::GS1_TEXT, nullptr, form, 0})};
     }
     return {status, statusMeaning(status, {StatusSource::URI, schemeOfUri(form, text), form, 0})};
 }
@@ -165,11 +189,11 @@ Failure failureOfEncoding(EpcStatus status, ValueForm form, const std::string& t
     if (status == EPC_OK) {
         return {};
     }
-    const bool isGs1 = valueFormIsGs1(form);
-    const StatusCase statusCase = {isGs1 ? StatusSource::GS1 : StatusSource::URI, &scheme, form,
-                                   filter};
-    return {status,
-            isGs1 ? gs1Message(status, form, text, statusCase) : statusMeaning(status, statusCase)};
+    if (!valueFormIsGs1(form)) {
+        return {status, statusMeaning(status, {StatusSource::URI, &scheme, form, filter})};
+    }
+    const StatusSource source = schemeIsPlus(scheme) ? StatusSource::GS1_PLUS : StatusSource::GS1;
+    return {status, gs1Message(status, form, text, {source, &scheme, form, filter})};
 }
 
 Failure failureOfAiValue(EpcStatus status, const std::string& code, const std::string& value) {
@@ -215,10 +239,10 @@ Failure failureOfHex(const std::string& hexDigits) {
     }
     const auto stranger = std::ranges::find_if_not(hexDigits, isHexDigit);
     if (stranger != hexDigits.end()) {
-        return {EPC_ERR_BAD_CHARACTER, "\"" + textForMessage(std::string_view(&*stranger, 1)) +
-                                           "\" behind " +
-                                           std::to_string(stranger - hexDigits.begin()) +
-                                           " digits is no hexadecimal digit"};
+        return {EPC_ERR_BAD_CHARACTER, "digit " + std::to_string(stranger - hexDigits.begin() + 1) +
+                                           ", \"" +
+                                           textForMessage(std::string_view(&*stranger, 1)) +
+                                           "\", is no hexadecimal digit"};
     }
     if (hexDigits.size() > mostHexDigits) {
         return {EPC_ERR_TOO_LONG, statusMeaning(EPC_ERR_TOO_LONG, {StatusSource::BITS}) +

@@ -133,6 +133,9 @@ EpcStatus formsOfGs1Text(const PreparedValue& value, std::optional<int> gcpLengt
     if (ais.status != EPC_OK) {
         return ais.status;
     }
+    if (ais.ais.empty()) {
+        return EPC_ERR_NO_KEY_AI;
+    }
     forms.ais = std::move(ais.ais);
     forms.elementString = elementStringOf(forms.ais);
     forms.barcodeString = barcodeStringOf(forms.ais);

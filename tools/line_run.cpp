@@ -37,6 +37,9 @@ void deliver(Sink& sink, LineWork& work) {
     if (!work.errors.empty()) {
         outputWrite(sink.errors, work.errors);
     }
+    if (!work.tally.usageError.empty()) {
+        throw UsageError(work.tally.usageError);
+    }
     progressUpdate(sink.progress, sink.total.lines, sink.total.failures, work.block.bytesRead);
 }
 
@@ -134,9 +137,9 @@ int lineRun(Output& output, LineRules& rules, const RunOptions& options) {
     try {
         runAll(source, rules, options, sink);
         outputFlush(output);
-    } catch (const IoError&) {
+    } catch (...) {
         progressEnd(sink.progress);
-        complain(output, summary(sink.total, false));
+        outputFlush(sink.errors);
         throw;
     }
     progressEnd(sink.progress);

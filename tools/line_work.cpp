@@ -1,7 +1,7 @@
 #include "line_work.h"
 
 #include "library_calls.h"
-#include "status_meaning.h"
+#include "output.h"
 
 #include <algorithm>
 #include <array>
@@ -35,7 +35,7 @@ struct LineTask {
 void appendFailure(LineTask& task, const Result& result) {
     LineTally& tally = task.work.tally;
     ++tally.failures;
-    const std::string status(statusName(result.failure.status));
+    const std::string status(epc_statusName(result.failure.status));
     // The first line of a message says what is wrong; further ones are advice.
     const std::string message = result.failure.message.substr(0, result.failure.message.find('\n'));
     if (tally.firstFailure.empty()) {
@@ -60,7 +60,7 @@ void appendResult(LineTask& task, const Result& result) {
     } else {
         appendTsvRow(line, format.fields, result, format.isRaw);
         if (format.hasStatusColumn && (format.hasFieldHeader || isFailure(result.failure))) {
-            line += '\t' + std::string(statusName(result.failure.status));
+            line += '\t' + std::string(epc_statusName(result.failure.status));
         }
     }
     textAreaAppend(task.work.out, line);
@@ -72,19 +72,31 @@ void appendTableRow(LineTask& task, std::string_view row, const Result& result, 
     const Column& column = *format.column;
     std::string& line = task.scratch;
     line = row;
+    columnPad(column, line);
     for (const ResultField* field : format.fields) {
         columnAppend(column, line, isBlank ? "" : resultText(*field, result, format.isRaw));
     }
     if (format.hasStatusColumn) {
-        columnAppend(column, line, isBlank ? "" : statusName(result.failure.status));
+        columnAppend(column, line, isBlank ? "" : epc_statusName(result.failure.status));
     }
     textAreaAppend(task.work.out, line);
 }
 
-void convertOverlong(Result& result) {
-    result.failure = {EPC_ERR_TOO_LONG, "the line is longer than " +
-                                            std::to_string(LONGEST_LINE >> 20) +
-                                            " MiB; this is its beginning"};
+// Converts the value of a result. False where the arguments of the command do not suffice.
+bool convertLine(LineTask& task, Result& result) {
+    if (task.work.block.isOverlong) {
+        result.failure = {EPC_ERR_TOO_LONG, "the line is longer than " +
+                                                std::to_string(LONGEST_LINE >> 20) +
+                                                " MiB; this is its beginning"};
+        return true;
+    }
+    try {
+        task.rules.convert(result);
+    } catch (const UsageError& error) {
+        task.work.tally.usageError =
+            "line " + std::to_string(task.number) + ": " + std::string(error.what());
+    }
+    return task.work.tally.usageError.empty();
 }
 
 void runRow(LineTask& task, std::string_view row) {
@@ -94,13 +106,11 @@ void runRow(LineTask& task, std::string_view row) {
     const bool isThere = columnCell(*task.rules.format.column, row, cell);
     result.value = isThere ? std::string_view(cell) : row;
     const bool isBlank = isThere && cell.empty();
-    if (task.work.block.isOverlong) {
-        convertOverlong(result);
-    } else if (!isThere) {
+    if (!isThere) {
         result.failure = {EPC_ERR_TRUNCATED,
                           "the row has no such column, or a quoted cell goes on in the next line"};
-    } else if (!isBlank) {
-        task.rules.convert(result);
+    } else if (!isBlank && !convertLine(task, result)) {
+        return;
     }
     task.work.tally.blanks += isBlank ? 1U : 0U;
     if (isFailure(result.failure)) {
@@ -120,10 +130,8 @@ void runLine(LineTask& task, std::string_view line) {
     Result result;
     result.line = task.number;
     result.value = line;
-    if (task.work.block.isOverlong) {
-        convertOverlong(result);
-    } else if (!line.empty()) {
-        task.rules.convert(result);
+    if (!line.empty() && !convertLine(task, result)) {
+        return;
     }
     task.work.tally.blanks += line.empty() ? 1U : 0U;
     if (isFailure(result.failure)) {
@@ -176,6 +184,9 @@ void lineWorkRun(const LineRules& rules, LineWork& work) {
         ++work.tally.lines;
         if (hexExport == nullptr || !isHexDigit(*line) || !runHexLine(hexExport, line, work.out)) {
             runLine(task, {line, length});
+        }
+        if (!work.tally.usageError.empty()) {
+            return;
         }
         textAreaAppend(work.out, "\n");
         if (rules.stopsAtFailure && work.tally.failures > 0) {

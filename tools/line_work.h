@@ -29,6 +29,7 @@ struct LineTally {
     std::uint64_t blanks = 0;
     std::uint64_t failures = 0;
     std::string firstFailure; // its line and what was wrong
+    std::string usageError;   // what no line behind it could do better; the run ends with it
 };
 
 struct LineWork {

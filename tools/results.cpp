@@ -4,7 +4,6 @@
 #include "encoding.h"
 #include "explain_walk.h"
 #include "output.h"
-#include "status_meaning.h"
 
 #include <nlohmann/json.hpp>
 
@@ -85,7 +84,7 @@ std::string aisText(const Result& result) {
     return text;
 }
 std::string statusText(const Result& result) {
-    return std::string(statusName(result.failure.status));
+    return std::string(epc_statusName(result.failure.status));
 }
 std::string messageText(const Result& result) {
     return result.failure.message;
@@ -223,7 +222,7 @@ std::string resultJson(const Result& result) {
     object["value"] = result.value;
     object["form"] = formWord(result.prepared.form);
     if (isFailure(result.failure)) {
-        object["status"] = statusName(result.failure.status);
+        object["status"] = epc_statusName(result.failure.status);
         object["message"] = result.failure.message;
     } else {
         addForms(object, result.forms);

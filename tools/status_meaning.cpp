@@ -3,7 +3,6 @@
 #include "explain_layouts.h"
 
 #include <algorithm>
-#include <array>
 
 namespace {
 
@@ -21,6 +20,7 @@ constexpr Meaning meanings[] = {
     // status                   from      in words; the first row that fits is taken
     {EPC_ERR_NO_ROOM,           GS1_TEXT, "the text ends inside a value of fixed length"},
     {EPC_ERR_NO_ROOM,           GS1,      "the data takes more than the 496 bits that a value can have"},
+    {EPC_ERR_NO_ROOM,           GS1_PLUS, "the data takes more than the 496 bits that a value can have"},
     {EPC_ERR_NO_ROOM,           AI_VALUE, "the value takes more than 496 bits"},
     {EPC_ERR_NO_ROOM,           ANY,      "there is no room for the result"},
     {EPC_ERR_TRUNCATED,         URI,      "the URI ends too early; its form is {form}"},
@@ -39,23 +39,25 @@ constexpr Meaning meanings[] = {
     {EPC_ERR_BAD_PARTITION,     ANY,      "a company prefix has 6 to 12 digits"},
     {EPC_ERR_BAD_FORMAT,        URI,      "it has not the form {form}, or a number has a leading zero, or a text is too long for {scheme}"},
     {EPC_ERR_BAD_FORMAT,        GS1_TEXT, "this is not how the text can go on: the punctuation is wrong, or the value before it is too long"},
-    {EPC_ERR_BAD_FORMAT,        GS1,      "a value is too long for {scheme}, or has a leading zero that it cannot keep"},
+    {EPC_ERR_BAD_FORMAT,        GS1,      "{scheme} cannot hold a serial or reference with a leading zero, with a letter, or of this length; a longer scheme of its family may, or the plus scheme"},
+    {EPC_ERR_BAD_FORMAT,        GS1_PLUS, "a value has not the form of its AI, such as a date that there is not"},
     {EPC_ERR_BAD_FORMAT,        AI_VALUE, "the value has not the form of this AI"},
     {EPC_ERR_BAD_FORMAT,        ANY,      "the layout is broken"},
-    {EPC_ERR_FILTER_FIELD,      ANY,      "the filter {filter} does not fit {scheme}, or the company prefix length is not 6 to 12"},
+    {EPC_ERR_FILTER_FIELD,      ANY,      "the filter {filter} does not fit {scheme}"},
     {EPC_ERR_SCHEME_MISMATCH,   URI,      "the URI names another kind of identity than {scheme} holds"},
     {EPC_ERR_SCHEME_MISMATCH,   ANY,      "{scheme} holds {key}, and the key of the text is another"},
     {EPC_ERR_FILTER_LIMIT,      ANY,      "the filter of {scheme} is a number from 0 to {limit}"},
     {EPC_ERR_UNKNOWN_SCHEME,    ANY,      "no scheme has this name; rosetag schemes lists all"},
-    {EPC_ERR_NO_KEY_DEFINITION, ANY,      "this kind of identity has no GS1 form"},
+    {EPC_ERR_NO_KEY_DEFINITION, ANY,      "no kind of identity has this name, or it has no GS1 form"},
     {EPC_ERR_UNKNOWN_AI,        ANY,      "GS1 has assigned no such AI"},
     {EPC_ERR_SECOND_KEY,        ANY,      "the text holds more than one GS1 key, and {scheme} holds one"},
+    {EPC_ERR_NO_KEY_AI,         GS1_TEXT, "the text holds no AI"},
     {EPC_ERR_NO_KEY_AI,         ANY,      "the text holds no GS1 key; {scheme} needs {key}"},
     {EPC_ERR_NO_SECONDARY_AI,   ANY,      "{scheme} needs {key}, the second behind the first"},
     {EPC_ERR_BAD_CHARACTER,     URI,      "a character is outside those that its field may hold"},
     {EPC_ERR_BAD_CHARACTER,     AI_VALUE, "a character is outside those that this AI, or the encoding, may hold"},
-    {EPC_ERR_BAD_CHARACTER,     GS1_TEXT, "the code of an AI is digits, and a percent sign in a link stands before two hexadecimal digits"},
-    {EPC_ERR_BAD_CHARACTER,     GS1,      "a letter stands among digits, or a character is outside the GS1 character set"},
+    {EPC_ERR_BAD_CHARACTER,     GS1_TEXT, "the digits of an AI are due here, or, in a link, two hexadecimal digits behind a percent sign"},
+    {EPC_ERR_BAD_CHARACTER,     GS1_PLUS, "a character is one that its AI, or the encoding, cannot hold"},
     {EPC_ERR_BAD_CHARACTER,     ANY,      "a character is outside the set that its field may hold"},
     {EPC_ERR_NOT_SUPPORTED,     URI,      "{scheme} has no URI form"},
     {EPC_ERR_NOT_SUPPORTED,     GS1,      "{scheme} has no GS1 form, its identities are URIs"},
@@ -66,18 +68,6 @@ constexpr Meaning meanings[] = {
     {EPC_ERR_KEY_CONFLICT,      ANY,      "the text holds two different keys"},
     {EPC_ERR_CHECK_DIGIT,       ANY,      "a check digit is wrong"},
     {EPC_ERR_BAD_TID,           ANY,      "this is not the layout of a TID"},
-};
-
-constexpr std::array<std::string_view, 25> names = {
-    "EPC_OK",                    "EPC_ERR_NO_ROOM",        "EPC_ERR_TRUNCATED",
-    "EPC_ERR_OUT_OF_RANGE",      "EPC_ERR_TOO_LONG",       "EPC_ERR_UNKNOWN_HEADER",
-    "EPC_ERR_BAD_PARTITION",     "EPC_ERR_BAD_FORMAT",     "EPC_ERR_FILTER_FIELD",
-    "EPC_ERR_SCHEME_MISMATCH",   "EPC_ERR_FILTER_LIMIT",   "EPC_ERR_UNKNOWN_SCHEME",
-    "EPC_ERR_NO_KEY_DEFINITION", "EPC_ERR_UNKNOWN_AI",     "EPC_ERR_SECOND_KEY",
-    "EPC_ERR_NO_KEY_AI",         "EPC_ERR_NO_SECONDARY_AI", "EPC_ERR_BAD_CHARACTER",
-    "EPC_ERR_NOT_SUPPORTED",     "EPC_ERR_NO_KEY_FOR_SCHEME", "EPC_ERR_NO_PRIMARY_KEY",
-    "EPC_ERR_TOO_MANY_AIS",      "EPC_ERR_KEY_CONFLICT",   "EPC_ERR_CHECK_DIGIT",
-    "EPC_ERR_BAD_TID",
 };
 
 struct FamilyKey {
@@ -147,19 +137,13 @@ void fill(std::string& text, std::string_view place, std::string_view with) {
 
 } // namespace
 
-std::string_view statusName(EpcStatus status) {
-    return status >= 0 && static_cast<std::size_t>(status) < names.size()
-               ? names[static_cast<std::size_t>(status)]
-               : "an unknown status";
-}
-
 std::string statusMeaning(EpcStatus status, const StatusCase& statusCase) {
     const auto* const row = std::ranges::find_if(meanings, [&](const Meaning& meaning) {
         return meaning.status == status &&
                (meaning.source == statusCase.source || meaning.source == ANY);
     });
     const SchemeEntry* const scheme = statusCase.scheme;
-    std::string text(row == std::end(meanings) ? "nothing more is known" : row->text);
+    std::string text(row == std::end(meanings) ? epc_statusText(status) : row->text);
     fill(text, "{form}", uriForm(statusCase));
     fill(text, "{key}", keyOf(scheme));
     fill(text, "{limit}", std::to_string(scheme == nullptr ? 7 : scheme->filterLimit - 1));

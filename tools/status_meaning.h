@@ -1,5 +1,5 @@
 /*
- * The names of the library's statuses, and what each means in plain words.
+ * What a status means for the case at hand, in plain words.
  */
 #ifndef ROSETAG_TOOLS_STATUS_MEANING_H
 #define ROSETAG_TOOLS_STATUS_MEANING_H
@@ -10,16 +10,14 @@
 #include <string>
 #include <string_view>
 
-// "EPC_ERR_UNKNOWN_HEADER".
-std::string_view statusName(EpcStatus status);
-
 // What was read when a status was met.
 enum class StatusSource {
     ANY,
     BITS,
     URI,
     GS1_TEXT, // a text that does not read as AIs
-    GS1,      // one that does, and does not fit its scheme
+    GS1,      // one that does, and does not fit its plain scheme
+    GS1_PLUS, // the same of a plus scheme
     AI_VALUE,
 };
 

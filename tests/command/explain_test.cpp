@@ -1,0 +1,232 @@
+/*
+ * Every value that is explained, against the library's own decoding: sound values of every scheme,
+ * and the same with bits flipped, bytes changed and ends cut off.
+ */
+#include "explain.h"
+#include "forms.h"
+#include "support/random.h"
+#include "support/status.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+namespace {
+
+// What an explanation says of the AIs: "21=A 10=B". The bits of a code begin a new one.
+std::string explainedAis(const Walk& walk) {
+    std::string text;
+    std::string current;
+    for (const ExplainedField& field : walk.fields) {
+        if (field.name == "AI code") {
+            current.clear();
+        }
+        if (field.ai.empty()) {
+            continue;
+        }
+        if (field.ai != current) {
+            text += (text.empty() ? "" : " ") + field.ai + '=';
+            current = field.ai;
+        }
+        text += field.value;
+    }
+    return text;
+}
+
+std::string libraryAis(const Forms& forms) {
+    std::string text;
+    for (const AiValue& ai : forms.ais) {
+        text += (text.empty() ? "" : " ") + ai.ai + '=' + ai.value;
+    }
+    return text;
+}
+
+std::string uriEscaped(const std::string& text) {
+    constexpr std::string_view escaped = " \"#%&()/<>?";
+    std::string result;
+    for (const char character : text) {
+        if (escaped.find(character) == std::string_view::npos) {
+            result += character;
+        } else {
+            result += '%';
+            result += "0123456789ABCDEF"[static_cast<unsigned char>(character) / 16];
+            result += "0123456789ABCDEF"[static_cast<unsigned char>(character) % 16];
+        }
+    }
+    return result;
+}
+
+// The tag URI that the fields of a plain scheme make up.
+std::string explainedUri(const Explanation& explanation) {
+    const std::set<std::string> notInUri = {"header", "partition", "unused", "reserved",
+                                            "behind the value"};
+    std::string uri(TAG_URI_PREFIX);
+    uri += explanation.subject;
+    char separator = ':';
+    for (const ExplainedField& field : explanation.walk.fields) {
+        if (notInUri.count(field.name) == 0) {
+            uri += separator + uriEscaped(field.value);
+            separator = '.';
+        }
+    }
+    return uri;
+}
+
+// True if the library reads the value. In either case the explanation must agree.
+bool checkAgainstLibrary(const std::string& hex) {
+    SCOPED_TRACE(hex);
+    const Explanation explanation = explainEpc(hex);
+    Forms forms;
+    const Failure failure = formsOf({ValueForm::HEX, hex, {}}, std::nullopt, forms);
+    EXPECT_EQ(!isFailure(failure), explanation.walk.isGood)
+        << epc_statusName(failure.status) << "; " << explainFailure(explanation);
+    if (isFailure(failure) || !explanation.walk.isGood) {
+        return false;
+    }
+    EXPECT_EQ(explanation.walk.bits.size(), explanation.walk.position);
+    if (schemeIsPlus(*forms.scheme)) {
+        EXPECT_EQ(libraryAis(forms), explainedAis(explanation.walk));
+    } else {
+        EXPECT_EQ(forms.tagUri, explainedUri(explanation));
+    }
+    return true;
+}
+
+std::string flipped(std::string hex, Random& random) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    for (std::uint64_t flips = random.below(4); flips > 0; --flips) {
+        // The header stays, so that the scheme does.
+        char& digit = hex[2 + random.below(hex.size() - 2)];
+        digit = digits[digits.find(digit) ^ std::size_t{1} << random.below(4)];
+    }
+    return hex;
+}
+
+// clang-format off
+constexpr const char* soundUris[] = {
+    "urn:epc:tag:sgtin-96:3.0614141.812345.6789", "urn:epc:tag:sgtin-198:1.614141.7123456.A%2FB-1",
+    "urn:epc:tag:sscc-96:0.061414112345.61234", "urn:epc:tag:sgln-96:7.061414112345..400",
+    "urn:epc:tag:sgln-195:3.0614141.12345.32a%2Fb", "urn:epc:tag:grai-96:3.061414112345..274877906943",
+    "urn:epc:tag:grai-170:3.0614141.12345.32a%2Fb", "urn:epc:tag:giai-96:3.0614141.5678901234",
+    "urn:epc:tag:giai-202:3.0614141.32a%2Fb", "urn:epc:tag:giai-202:3.614141.abcdefghijklmnopqrstuvwx",
+    "urn:epc:tag:gsrn-96:3.0614141.1234567890", "urn:epc:tag:gsrnp-96:3.0614141.1234567890",
+    "urn:epc:tag:gdti-96:3.0614141.12345.5678", "urn:epc:tag:gdti-113:3.0614141.12345.00012",
+    "urn:epc:tag:gdti-174:3.4012345.98765.ABCDefgh012345678", "urn:epc:tag:cpi-96:3.0614141.98765.12345",
+    "urn:epc:tag:cpi-var:3.0614141.5PQ7%2FZ43.12345", "urn:epc:tag:sgcn-96:3.4012345.67890.04711",
+    "urn:epc:tag:gid-96:31415.271828.1414", "urn:epc:tag:usdod-96:3.CAGEY.5678",
+    "urn:epc:tag:adi-var:3.35962.PQ7VZ4.M37GXB92", "urn:epc:tag:adi-var:63.CAGEYY..%23A",
+    "urn:epc:tag:itip-110:3.4012345.012345.01.02.981", "urn:epc:tag:itip-212:3.4012345.012345.04.04.mw133",
+};
+
+struct PlusRow {
+    const char* scheme;
+    const char* text;
+};
+constexpr PlusRow soundPlusValues[] = {
+    {"cpi+", "(8010)06141415PQ7-Z43(8011)12345"}, {"grai+", "(8003)00614141123452AbC_d"},
+    {"sgln+", "(414)0614141123452(254)32a.b"}, {"itip+", "(8006)040123451234560204(21)12AB"},
+    {"gsrn+", "(8018)061414112345678902(4330)000123-(4307)DE"}, {"gsrnp+", "(8017)061414112345678902"},
+    {"gdti+", "(253)4012345987652ABC(7007)240229240301"}, {"sgtin+", "(01)80614141123458(21)6789"},
+    {"sgtin+", "(01)80614141123458(21)abcdef(10)LOT-7.5(17)251231(3103)000189(3913)978099"},
+    {"sgcn+", "(255)401234567890104711"}, {"sscc+", "(00)106141412345678908(37)12(4321)1"},
+    {"giai+", "(8004)0614141ABC(21)XY(3103)000189(17)240229"},
+    {"dsgtin+", "(01)80614141123458(21)6789(15)240229(7011)2402291530"},
+    {"sgtin+", "(01)80614141123458(21)12345678901234567890(4309)02790858483015297971"},
+};
+// clang-format on
+
+TEST(Explain, AgreesWithTheLibraryOnEveryScheme) {
+    Random random(1);
+    std::set<std::string> schemes;
+    const auto checkAround = [&](const std::string& sound) {
+        ASSERT_TRUE(checkAgainstLibrary(sound));
+        schemes.insert(explainEpc(sound).subject);
+        int read = 0;
+        for (int i = 0; i < 300; ++i) {
+            read += checkAgainstLibrary(flipped(sound, random)) ? 1 : 0;
+        }
+        EXPECT_GT(read, 10) << sound;
+        for (std::size_t length = 2; length < sound.size(); length += 2) {
+            checkAgainstLibrary(sound.substr(0, length));
+        }
+    };
+    for (const char* uri : soundUris) {
+        std::string hex;
+        ASSERT_STATUS(EPC_OK,
+                      textFrom(hex, [&](std::int32_t size,
+                                        char* dst) { return epc_epcTagUriToHex(uri, size, dst); }))
+            << uri;
+        checkAround(hex);
+    }
+    for (const PlusRow& row : soundPlusValues) {
+        std::string hex;
+        ASSERT_STATUS(EPC_OK, textFrom(hex,
+                                       [&](std::int32_t size, char* dst) {
+                                           return epc_gs1ElementStringToHex(
+                                               row.text, schemeByName(row.scheme)->scheme, 3, 0,
+                                               size, dst);
+                                       }))
+            << row.text;
+        checkAround(hex);
+    }
+    EXPECT_EQ(std::size_t{EPC_SCHEME_COUNT}, schemes.size());
+}
+
+// The values of a TID by the names of their fields.
+std::uint64_t tidValue(const Walk& walk, const std::string& name) {
+    for (const ExplainedField& field : walk.fields) {
+        if (field.name == name) {
+            return field.value.empty() ? 0 : std::stoull(field.value);
+        }
+    }
+    return 0;
+}
+
+void checkTidRecord(const Walk& walk, const TidRecord& record) {
+    EXPECT_EQ(record.tmid, tidValue(walk, "model (TMN)"));
+    EXPECT_EQ(record.mdid & 0x1FF, tidValue(walk, "designer (MDID)"));
+    EXPECT_EQ(record.maxEpcSize, tidValue(walk, "largest EPC"));
+    EXPECT_EQ(record.recomSupport, tidValue(walk, "recommission"));
+    EXPECT_EQ(record.blockWriteSupported, tidValue(walk, "BlockWrite"));
+    EXPECT_EQ(record.blockEraseSupported, tidValue(walk, "BlockErase"));
+    EXPECT_EQ(record.blockErase.maxBlockSize, tidValue(walk, "erase: largest block"));
+    EXPECT_EQ(record.blockWrite.epcAddressOffset, tidValue(walk, "write: EPC offset"));
+    EXPECT_EQ(record.blockWrite.noUserAlignment, tidValue(walk, "write: user unaligned"));
+    EXPECT_EQ(record.blockPermaLockBlockSize, tidValue(walk, "perma-lock block"));
+    EXPECT_EQ(record.userMemorySize, tidValue(walk, "user memory"));
+    for (const ExplainedField& field : walk.fields) {
+        if (field.name == "serial") {
+            EXPECT_EQ(record.serial, field.value);
+        }
+    }
+}
+
+TEST(Explain, AgreesWithTheLibraryOnTids) {
+    Random random(2);
+    const std::string everything = "E2801130"
+                                   "3C00" // serial of 48 bits and every segment
+                                   "123456789ABC"
+                                   "1C63"             // optional commands
+                                   "04061908041E0D10" // block commands
+                                   "00040020";        // user memory
+    for (const std::string& sound : {everything, std::string("E2003412")}) {
+        for (int i = 0; i < 500; ++i) {
+            std::string hex = i == 0 ? sound : flipped(sound, random);
+            hex.resize(hex.size() - (i % 3 == 2 ? 2 * random.below(hex.size() / 2) : 0));
+            SCOPED_TRACE(hex);
+            const std::vector<std::uint8_t> bytes = bytesOfHex(hex);
+            TidRecord record;
+            const EpcStatus status = tid_binaryDecode(static_cast<std::int32_t>(8 * bytes.size()),
+                                                      bytes.data(), &record);
+            const Explanation explanation = explainTid(hex);
+            ASSERT_EQ(status == EPC_OK, explanation.walk.isGood) << explainFailure(explanation);
+            ASSERT_TRUE(i > 0 || status == EPC_OK);
+            if (status == EPC_OK) {
+                checkTidRecord(explanation.walk, record);
+            }
+        }
+    }
+}
+
+} // namespace

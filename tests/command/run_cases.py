@@ -1,0 +1,74 @@
+"""Runs the command lines of files of cases and compares what they write with what stands there.
+
+A case is a line that begins with "$ " and is given to the shell, then the lines that it writes to
+standard output, those that it writes to standard error with "! " in front, and "? N" for an exit
+status other than 0. Empty lines at the end of a case do not count; lines that begin with "#"
+between cases are comments.
+
+usage: run_cases.py ROSETAG FILE...
+"""
+import os
+import subprocess
+import sys
+import tempfile
+
+
+def read_cases(path):
+    with open(path, encoding="utf-8") as file:
+        lines = enumerate(file.read().split("\n"), 1)
+    cases = []
+    case = None
+    for number, line in lines:
+        if line.startswith("$ "):
+            case = {"place": f"{path}:{number}", "command": line[2:], "out": [], "err": [],
+                    "status": 0}
+            cases.append(case)
+        elif line.startswith("#"):
+            case = None
+        elif case is not None and line.startswith("! "):
+            case["err"].append(line[2:])
+        elif case is not None and line.startswith("? "):
+            case["status"] = int(line[2:])
+        elif case is not None:
+            case["out"].append(line)
+    return cases
+
+
+def joined(lines):
+    return "\n".join(lines).rstrip("\n")
+
+
+def run(case, rosetag, folder):
+    environment = dict(os.environ, LC_ALL="C",
+                       PATH=os.path.dirname(rosetag) + os.pathsep + os.environ["PATH"])
+    result = subprocess.run(["bash", "-c", case["command"]], cwd=folder, env=environment,
+                            stdin=subprocess.DEVNULL, capture_output=True, timeout=60, check=False)
+    expected = {"standard output": joined(case["out"]), "standard error": joined(case["err"]),
+                "exit status": case["status"]}
+    actual = {"standard output": result.stdout.decode("utf-8", "replace").rstrip("\n"),
+              "standard error": result.stderr.decode("utf-8", "replace").rstrip("\n"),
+              "exit status": result.returncode}
+    return [f"{case['place']}: $ {case['command']}\n  {name}\n--- expected\n{expected[name]}\n"
+            f"--- actual\n{actual[name]}\n" for name in expected if expected[name] != actual[name]]
+
+
+def main():
+    rosetag, *paths = sys.argv[1:]
+    failures = []
+    count = 0
+    for path in paths:
+        in_file = 0
+        with tempfile.TemporaryDirectory() as folder:
+            for case in read_cases(path):
+                failures += run(case, os.path.abspath(rosetag), folder)
+                in_file += 1
+        if in_file == 0:
+            failures.append(f"{path} holds no case")
+        count += in_file
+    print("\n".join(failures))
+    print(f"{count} cases, {len(failures)} differences")
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
