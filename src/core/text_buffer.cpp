@@ -1,7 +1,5 @@
 #include "core/text_buffer.h"
 
-#include "core/char_class.h"
-
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -53,19 +51,25 @@ constexpr std::array<std::uint64_t, 20> powersOfTen = [] {
     return powers;
 }();
 
-EpcStatus putEscaped(TextBuffer& buffer, char character, std::uint32_t escapedClass) {
-    if (!charIsOfClass(character, escapedClass)) {
-        return textBufferPutChar(buffer, character);
-    }
-    EPC_TRY(textBufferPutChar(buffer, '%'));
-    const auto byte = static_cast<std::uint8_t>(character);
-    return textBufferPutHex(buffer, &byte, 1);
+// As much of the text as there is room for.
+EpcStatus putFitting(TextBuffer& buffer, std::string_view text) {
+    const auto room = static_cast<std::size_t>(textBufferRoom(buffer));
+    EPC_TRY(textBufferPutString(buffer, {text.data(), std::min(text.size(), room)}));
+    return text.size() > room ? EPC_ERR_NO_ROOM : EPC_OK;
 }
 
 EpcStatus putEscapedRange(TextBuffer& buffer, const char* base, std::uint32_t start,
                           std::uint32_t end, std::uint32_t escapedClass) {
-    for (std::uint32_t i = start; i < end; ++i) {
-        EPC_TRY(putEscaped(buffer, base[i], escapedClass));
+    const char* const last = base + end;
+    for (const char* first = base + start; first < last; ++first) {
+        const char* const escaped = std::find_if(
+            first, last, [escapedClass](char c) { return charIsOfClass(c, escapedClass); });
+        EPC_TRY(putFitting(buffer, {first, escaped}));
+        if (escaped == last) {
+            return EPC_OK;
+        }
+        EPC_TRY(textBufferPutEscape(buffer, *escaped));
+        first = escaped;
     }
     return EPC_OK;
 }
@@ -118,8 +122,10 @@ EpcStatus textBufferPutHex(TextBuffer& buffer, const std::uint8_t* bytes, std::i
     return isCut ? EPC_ERR_NO_ROOM : EPC_OK;
 }
 
-EpcStatus textBufferPutEscapedChar(TextBuffer& buffer, char character) {
-    return putEscaped(buffer, character, CHAR_CLASS_URI_ESCAPE);
+EpcStatus textBufferPutEscape(TextBuffer& buffer, char character) {
+    EPC_TRY(textBufferPutChar(buffer, '%'));
+    const auto byte = static_cast<std::uint8_t>(character);
+    return textBufferPutHex(buffer, &byte, 1);
 }
 
 EpcStatus textBufferPutEscapedRange(TextBuffer& buffer, const char* base, std::uint32_t start,

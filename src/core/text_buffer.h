@@ -9,6 +9,7 @@
 #ifndef ROSETAG_CORE_TEXT_BUFFER_H
 #define ROSETAG_CORE_TEXT_BUFFER_H
 
+#include "core/char_class.h"
 #include "core/status.h"
 
 #include <algorithm>
@@ -83,8 +84,14 @@ EpcStatus textBufferPutPadded(TextBuffer& buffer, std::uint64_t value, std::int3
 // Two upper-case digits a byte, digit by digit.
 EpcStatus textBufferPutHex(TextBuffer& buffer, const std::uint8_t* bytes, std::int32_t count);
 
-// Appends character by character, those of the class as "%" and two upper-case hexadecimal digits.
-EpcStatus textBufferPutEscapedChar(TextBuffer& buffer, char character);
+// Appends "%" and two upper-case hexadecimal digits.
+EpcStatus textBufferPutEscape(TextBuffer& buffer, char character);
+
+// Appends character by character, those of the class as escapes.
+inline EpcStatus textBufferPutEscapedChar(TextBuffer& buffer, char character) {
+    return charIsOfClass(character, CHAR_CLASS_URI_ESCAPE) ? textBufferPutEscape(buffer, character)
+                                                           : textBufferPutChar(buffer, character);
+}
 EpcStatus textBufferPutEscapedRange(TextBuffer& buffer, const char* base, std::uint32_t start,
                                     std::uint32_t end);
 EpcStatus textBufferPutLinkEscapedRange(TextBuffer& buffer, const char* base, std::uint32_t start,

@@ -4,27 +4,27 @@
 
 namespace {
 
-// The run of digits that both forms read. maxDigits is the limit, stopAfter where the run ends by
-// itself.
-EpcStatus sliceDigitRun(TextCursor& cursor, LeadingZeros leadingZeros, std::int32_t maxDigits,
-                        std::int32_t stopAfter, std::string_view& run) {
+// How far a run of digits may go, and whether it ends there by itself.
+struct DigitLimit {
+    std::int32_t most;
+    bool stops;
+};
+
+constexpr DigitLimit digitLimit(std::int32_t maxDigits, std::int32_t stopAfter) {
     const bool stops = stopAfter > 0 && stopAfter <= maxDigits;
-    const std::int32_t most = stops ? stopAfter : maxDigits;
-    const char* const first = cursor.current;
-    std::int32_t count = 0;
-    while (count < most && charIsDigit(first[count])) {
-        ++count;
-    }
-    if (count > 1 && *first == '0' && leadingZeros == LeadingZeros::REFUSE) {
-        cursor.current = first + 1;
+    return {stops ? stopAfter : maxDigits, stops};
+}
+
+// Steps over a run of count digits and tells what is wrong with it.
+EpcStatus endDigitRun(TextCursor& cursor, LeadingZeros leadingZeros, DigitLimit limit,
+                      std::int32_t count) {
+    if (count > 1 && *cursor.current == '0' && leadingZeros == LeadingZeros::REFUSE) {
+        ++cursor.current;
         return EPC_ERR_BAD_FORMAT;
     }
-    cursor.current = first + count;
-    if (count == most && !stops && charIsDigit(*cursor.current)) {
-        return EPC_ERR_OUT_OF_RANGE;
-    }
-    run = {first, static_cast<std::size_t>(count)};
-    return EPC_OK;
+    cursor.current += count;
+    const bool isCut = count == limit.most && !limit.stops && charIsDigit(*cursor.current);
+    return isCut ? EPC_ERR_OUT_OF_RANGE : EPC_OK;
 }
 
 } // namespace
@@ -55,14 +55,15 @@ EpcStatus textCursorExpect(TextCursor& cursor, std::string_view literal) {
 EpcStatus textCursorSliceUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
                                std::string_view& out) {
     const char* const first = cursor.current;
-    while (*cursor.current != delimiter) {
-        if (textCursorAtEnd(cursor)) {
-            return EPC_ERR_TRUNCATED;
-        }
-        if (cursor.current - first >= capacity - 1) {
-            return EPC_ERR_TOO_LONG;
-        }
+    const std::ptrdiff_t most =
+        std::min<std::ptrdiff_t>(textCursorLeft(cursor), std::max(capacity - 1, 0));
+    const char* const last = first + most;
+    while (cursor.current != last && *cursor.current != delimiter && *cursor.current != '\0') {
         ++cursor.current;
+    }
+    // The character behind the span counts as a delimiter, so that this is looked at first.
+    if (*cursor.current != delimiter) {
+        return textCursorAtEnd(cursor) ? EPC_ERR_TRUNCATED : EPC_ERR_TOO_LONG;
     }
     out = {first, static_cast<std::size_t>(cursor.current - first)};
     return EPC_OK;
@@ -78,15 +79,8 @@ EpcStatus textCursorReadUntil(TextCursor& cursor, char delimiter, std::int32_t c
     return EPC_OK;
 }
 
-EpcStatus textCursorReadEscapedChar(TextCursor& cursor, char& out) {
-    if (textCursorAtEnd(cursor)) {
-        return EPC_ERR_TRUNCATED;
-    }
-    const char character = *cursor.current++;
-    if (character != '%') {
-        out = character;
-        return EPC_OK;
-    }
+EpcStatus textCursorReadEscape(TextCursor& cursor, char& out) {
+    ++cursor.current;
     char digits[2] = {};
     for (char& digit : digits) {
         if (textCursorAtEnd(cursor)) {
@@ -136,11 +130,16 @@ EpcStatus textCursorReadEscapedUntilAny(TextCursor& cursor, std::string_view sto
 EpcStatus textCursorReadDigits(TextCursor& cursor, LeadingZeros leadingZeros,
                                std::int32_t maxDigits, char* out, std::int32_t* outCount,
                                std::int32_t stopAfter) {
-    std::string_view run;
-    EPC_TRY(sliceDigitRun(cursor, leadingZeros, maxDigits, stopAfter, run));
-    *std::copy(run.begin(), run.end(), out) = '\0';
+    const DigitLimit limit = digitLimit(maxDigits, stopAfter);
+    const char* const digits = cursor.current;
+    std::int32_t count = 0;
+    while (count < limit.most && charIsDigit(digits[count])) {
+        ++count;
+    }
+    EPC_TRY(endDigitRun(cursor, leadingZeros, limit, count));
+    *std::copy(digits, digits + count, out) = '\0';
     if (outCount != nullptr) {
-        *outCount = static_cast<std::int32_t>(run.size());
+        *outCount = count;
     }
     return EPC_OK;
 }
@@ -148,15 +147,17 @@ EpcStatus textCursorReadDigits(TextCursor& cursor, LeadingZeros leadingZeros,
 EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
                                std::uint64_t& outValue, std::int32_t* outCount,
                                std::int32_t stopAfter) {
-    std::string_view run;
-    EPC_TRY(sliceDigitRun(cursor, leadingZeros, MAX_NUMBER_DIGITS, stopAfter, run));
+    const DigitLimit limit = digitLimit(MAX_NUMBER_DIGITS, stopAfter);
+    const char* const digits = cursor.current;
     std::uint64_t value = 0;
-    for (const char digit : run) {
-        value = value * 10 + static_cast<std::uint64_t>(digit - '0');
+    std::int32_t count = 0;
+    while (count < limit.most && charIsDigit(digits[count])) {
+        value = value * 10 + static_cast<std::uint64_t>(digits[count++] - '0');
     }
+    EPC_TRY(endDigitRun(cursor, leadingZeros, limit, count));
     outValue = value;
     if (outCount != nullptr) {
-        *outCount = static_cast<std::int32_t>(run.size());
+        *outCount = count;
     }
     return EPC_OK;
 }

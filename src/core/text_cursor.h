@@ -79,8 +79,20 @@ EpcStatus textCursorReadUntil(TextCursor& cursor, char delimiter, std::int32_t c
 EpcStatus textCursorSliceUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
                                std::string_view& out);
 
-// Reads one character; a percent escape (%2F) is one.
-EpcStatus textCursorReadEscapedChar(TextCursor& cursor, char& out);
+// Reads a percent escape (%2F), whose "%" stands under the cursor.
+EpcStatus textCursorReadEscape(TextCursor& cursor, char& out);
+
+// Reads one character; a percent escape is one.
+inline EpcStatus textCursorReadEscapedChar(TextCursor& cursor, char& out) {
+    if (textCursorAtEnd(cursor)) {
+        return EPC_ERR_TRUNCATED;
+    }
+    if (*cursor.current == '%') {
+        return textCursorReadEscape(cursor, out);
+    }
+    out = *cursor.current++;
+    return EPC_OK;
+}
 
 // As textCursorReadUntil, percent escapes resolved. Only a raw delimiter ends the text. Out of room
 // is found before the end.

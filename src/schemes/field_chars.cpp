@@ -1,6 +1,6 @@
 #include "schemes/field_chars.h"
 
-#include <algorithm>
+#include "core/field_run.h"
 
 namespace {
 
@@ -11,21 +11,6 @@ EpcStatus checkChar6(char character, std::int32_t index, HashRule hashRule) {
     const bool hashIsAllowed = hashRule == HashRule::HASH_ANYWHERE ||
                                (hashRule == HashRule::HASH_FIRST_ONLY && index == 0);
     return character != '#' || hashIsAllowed ? EPC_OK : EPC_ERR_BAD_CHARACTER;
-}
-
-// Nine characters are the most that one read takes.
-EpcStatus readZeroChars7(BitBuffer& bits, std::int32_t count) {
-    while (count > 0) {
-        const std::int32_t whole = std::max(bitBufferLeft(bits) / CHAR7_BITS, 1);
-        const std::int32_t chunk = std::min({count, whole, 9});
-        std::uint64_t value = 0;
-        EPC_TRY(bitBufferRead(bits, chunk * CHAR7_BITS, value));
-        if (value != 0) {
-            return EPC_ERR_BAD_CHARACTER;
-        }
-        count -= chunk;
-    }
-    return EPC_OK;
 }
 
 // Reads the next character of a text field. isEnd: the text or the field ends here.
@@ -42,35 +27,37 @@ EpcStatus readCharOrEnd(TextCursor& cursor, char terminator, char& character, bo
 } // namespace
 
 EpcStatus fieldReadChars7(BitBuffer& bits, TextBuffer& text, std::int32_t maxChars) {
-    for (std::int32_t i = 0; i < maxChars; ++i) {
-        std::uint64_t value = 0;
-        EPC_TRY(bitBufferRead(bits, CHAR7_BITS, value));
+    bool isFirst = true;
+    bool isEnded = false;
+    return fieldRunGet<CHAR7_BITS>(bits, maxChars, [&](std::uint64_t value) -> EpcStatus {
+        if (isEnded) {
+            return value == 0 ? EPC_OK : EPC_ERR_BAD_CHARACTER;
+        }
         if (value == 0) {
-            return i == 0 ? EPC_ERR_TRUNCATED : readZeroChars7(bits, maxChars - i - 1);
+            isEnded = true;
+            return isFirst ? EPC_ERR_TRUNCATED : EPC_OK;
         }
+        isFirst = false;
         const auto character = static_cast<char>(value);
-        if (!charIsOfClass(character, CHAR_CLASS_AI82)) {
-            return EPC_ERR_BAD_CHARACTER;
-        }
-        EPC_TRY(textBufferPutEscapedChar(text, character));
-    }
-    return EPC_OK;
+        return charIsOfClass(character, CHAR_CLASS_AI82) ? textBufferPutEscapedChar(text, character)
+                                                         : EPC_ERR_BAD_CHARACTER;
+    });
 }
 
 EpcStatus fieldWriteChars7(TextCursor& cursor, BitBuffer& bits, std::int32_t maxChars) {
-    for (std::int32_t i = 0; i < maxChars; ++i) {
+    if (textCursorAtEnd(cursor)) {
+        return EPC_ERR_TRUNCATED;
+    }
+    return fieldRunPut<CHAR7_BITS>(bits, maxChars, [&cursor](std::uint64_t& value) -> EpcStatus {
+        value = 0;
         if (textCursorAtEnd(cursor)) {
-            return i == 0 ? EPC_ERR_TRUNCATED
-                          : bitBufferWrite(bits, 0, CHAR7_BITS * (maxChars - i));
+            return EPC_OK;
         }
         char character = 0;
         EPC_TRY(textCursorReadEscapedChar(cursor, character));
-        if (!charIsOfClass(character, CHAR_CLASS_AI82)) {
-            return EPC_ERR_BAD_CHARACTER;
-        }
-        EPC_TRY(bitBufferWrite(bits, static_cast<unsigned char>(character), CHAR7_BITS));
-    }
-    return EPC_OK;
+        value = static_cast<unsigned char>(character);
+        return charIsOfClass(character, CHAR_CLASS_AI82) ? EPC_OK : EPC_ERR_BAD_CHARACTER;
+    });
 }
 
 EpcStatus fieldReadChars6(BitBuffer& bits, TextBuffer& text, const Chars6Rule& rule) {

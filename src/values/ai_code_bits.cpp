@@ -1,7 +1,7 @@
 #include "values/ai_code_bits.h"
 
+#include "core/field_run.h"
 #include "values/ai_value.h"
-#include "values/field_run.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "values/number_kinds.h"
 
+#include "core/field_run.h"
 #include "core/hex_words.h"
 #include "core/long_decimal.h"
 #include "core/long_field.h"
-#include "values/field_run.h"
 #include "values/length_indicator.h"
 
 namespace {

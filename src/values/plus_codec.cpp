@@ -28,11 +28,11 @@ struct PlusHead {
     const AiElement* keys[MAX_KEY_AIS];
 };
 
-// Marks the first element of this AI that is still to be had, and gives it, or null.
+// Marks the first element of this AI and gives it, or null. No AI is asked for twice.
 const AiElement* consume(AiList& list, const char (&code)[AI_CODE_SIZE]) {
     AiElement* const end = list.elements + list.count;
     AiElement* const found = std::find_if(list.elements, end, [&](const AiElement& element) {
-        return element.consumed == 0 && aiCodesAreEqual(element.code, code);
+        return aiCodesAreEqual(element.code, code);
     });
     if (found == end) {
         return nullptr;

@@ -1,6 +1,6 @@
 #include "values/text_encoding.h"
 
-#include "values/field_run.h"
+#include "core/field_run.h"
 #include "values/number_kinds.h"
 
 #include <iterator>
@@ -25,8 +25,10 @@ constexpr std::array<char, 128> iso646Characters = [] {
 }();
 constexpr std::string_view iso646Alphabet = {iso646Characters.data(), iso646Characters.size()};
 constexpr CharValues iso646Values = [] {
-    CharValues values = charValuesOf(iso646Alphabet);
-    values[0] = -1;
+    CharValues values{};
+    for (std::size_t code = 0; code < values.size(); ++code) {
+        values[code] = iso646Alphabet[code] == '\0' ? -1 : static_cast<std::int8_t>(code);
+    }
     return values;
 }();
 

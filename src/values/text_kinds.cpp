@@ -1,6 +1,6 @@
 #include "values/text_kinds.h"
 
-#include "values/field_run.h"
+#include "core/field_run.h"
 #include "values/length_indicator.h"
 #include "values/text_encoding.h"
 

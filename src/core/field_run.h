@@ -3,8 +3,8 @@
  * fields pass many at a time; after a failure the output holds what it would hold if they had
  * passed one by one.
  */
-#ifndef ROSETAG_VALUES_FIELD_RUN_H
-#define ROSETAG_VALUES_FIELD_RUN_H
+#ifndef ROSETAG_CORE_FIELD_RUN_H
+#define ROSETAG_CORE_FIELD_RUN_H
 
 #include "core/bit_buffer.h"
 
