@@ -4,7 +4,7 @@
 #include <stdio.h>
 
 int main(int argc, char** argv) {
-    char uri[256];
+    char uri[EPC_URI_SIZE];
     EpcStatus status;
 
     if (argc != 2) {

@@ -15,9 +15,9 @@ import unittest
 SOURCE, BUILD, CASE = sys.argv[1:4]
 HEX = "3074257BF7194E4000001A85"
 TAG_URI = "urn:epc:tag:sgtin-96:3.0614141.812345.6789"
-# The same item with the filter value of a point of sale item.
+# The same item as a point of sale item, which is filter value 1.
 LABEL_HEX = "3034257BF7194E4000001A85"
-LABEL = ["(01)80614141123458(21)6789", "7"]
+LABEL = ["]C10180614141123458216789", "7"]
 C_FLAGS = ["-std=c99", "-Wall", "-Wextra", "-Wpedantic", "-Werror"]
 SMOKE = os.path.join(SOURCE, "tests/c/smoke.c")
 
