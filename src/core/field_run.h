@@ -41,7 +41,7 @@ EpcStatus fieldRunPut(BitBuffer& out, std::int32_t count, Next next) {
 }
 
 // Reads count fields and hands each to take.
-// take: EpcStatus(std::uint64_t field)
+// take: EpcStatus(std::uint32_t field)
 template <std::int32_t fieldBits, typename Take>
 EpcStatus fieldRunGet(BitBuffer& bits, std::int32_t count, Take take) {
     constexpr std::uint64_t mask = (std::uint64_t{1} << fieldBits) - 1;
@@ -52,7 +52,7 @@ EpcStatus fieldRunGet(BitBuffer& bits, std::int32_t count, Take take) {
         EPC_TRY(bitBufferRead(bits, batch * fieldBits, fields));
         for (std::int32_t shift = batch * fieldBits; shift > 0;) {
             shift -= fieldBits;
-            EPC_TRY(take(fields >> shift & mask));
+            EPC_TRY(take(static_cast<std::uint32_t>(fields >> shift & mask)));
         }
         done += batch;
     }

@@ -126,7 +126,7 @@ EpcStatus putTime(BitBuffer& out, const AiTime& time) {
     return EPC_OK;
 }
 
-EpcStatus aiDecodeTime(BitBuffer& bits, TextBuffer& text, std::size_t count) {
+EpcStatus aiDecodeTime(BitBuffer& bits, TextBuffer& text, std::uint64_t count) {
     for (std::size_t i = 0; i < count; ++i) {
         std::uint64_t field = 0;
         EPC_TRY(bitBufferRead(bits, timeFields[i].bits, field));
@@ -187,7 +187,7 @@ EpcStatus aiDecodeDateWithKey(BitBuffer& bits, TextBuffer& text, const DateKeyRo
     if (dateCode >= dateKeyTable.size()) {
         return EPC_ERR_BAD_FORMAT;
     }
-    key = &dateKeyTable[dateCode];
+    key = dateKeyTable.data() + dateCode;
     return decodeDate(bits, text);
 }
 

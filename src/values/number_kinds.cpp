@@ -105,7 +105,7 @@ EpcStatus aiDecodeDigits(BitBuffer& bits, TextBuffer& text, const AiComponent& c
     if (component.digitCount == 0) {
         return EPC_ERR_BAD_FORMAT;
     }
-    return fieldRunGet<4>(bits, component.digitCount, [&text](std::uint64_t digit) -> EpcStatus {
+    return fieldRunGet<4>(bits, component.digitCount, [&text](std::uint32_t digit) -> EpcStatus {
         if (digit > 9) {
             return EPC_ERR_BAD_FORMAT;
         }

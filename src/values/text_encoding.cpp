@@ -80,7 +80,7 @@ EpcStatus encodeCharacters(TextCursor& cursor, BitBuffer& out, const CharValues&
 template <std::int32_t charBits>
 EpcStatus decodeCharacters(BitBuffer& bits, TextBuffer& text, std::string_view alphabet,
                            std::int32_t count) {
-    return fieldRunGet<charBits>(bits, count, [&](std::uint64_t field) -> EpcStatus {
+    return fieldRunGet<charBits>(bits, count, [&](std::uint32_t field) -> EpcStatus {
         const char character = alphabet[field];
         return character == '\0' ? EPC_ERR_BAD_CHARACTER : textBufferPutChar(text, character);
     });
@@ -119,7 +119,7 @@ EpcStatus decodeIso646(BitBuffer& bits, TextBuffer& text, std::int32_t count) {
 }
 
 constexpr std::int32_t CODE40_GROUP = 3;
-constexpr std::uint64_t CODE40_LARGEST = 64000; // 40 to the power of 3: a group is stored plus 1
+constexpr std::uint32_t CODE40_LARGEST = 64000; // 40 to the power of 3: a group is stored plus 1
 
 // Three characters, the last group filled up with the value 0.
 EpcStatus aiEncodeCode40(TextCursor& cursor, BitBuffer& out) {
@@ -142,12 +142,12 @@ EpcStatus aiEncodeCode40(TextCursor& cursor, BitBuffer& out) {
 
 EpcStatus aiDecodeCode40(BitBuffer& bits, TextBuffer& text, std::int32_t count) {
     const std::int32_t groups = (count + CODE40_GROUP - 1) / CODE40_GROUP;
-    return fieldRunGet<16>(bits, groups, [&text](std::uint64_t group) -> EpcStatus {
+    return fieldRunGet<16>(bits, groups, [&text](std::uint32_t group) -> EpcStatus {
         if (group < 1 || group > CODE40_LARGEST) {
             return EPC_ERR_BAD_FORMAT;
         }
-        const std::uint64_t sum = group - 1;
-        for (const std::uint64_t value : {sum / 1600, sum / 40 % 40, sum % 40}) {
+        const std::uint32_t sum = group - 1;
+        for (const std::uint32_t value : {sum / 1600, sum / 40 % 40, sum % 40}) {
             if (value >= CODE40_FIRST_VALUE) {
                 EPC_TRY(textBufferPutChar(text, code40Alphabet[value]));
             }

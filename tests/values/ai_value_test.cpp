@@ -171,6 +171,9 @@ TEST(AiValue, IsRefusedByItsEncoder) {
         EXPECT_EQ(BitsResult(row.status, bitsOf(row.bits)), encodeValue(row.ai, row.value))
             << row.ai << " " << row.value;
     }
+    // A digit is looked at before its room is.
+    EXPECT_EQ(BitsResult(EPC_ERR_BAD_FORMAT, bitsOf("`9506`/4")),
+              encodeValue("01", "9506X001343520", AI_ENC_AUTO, 0, 2));
     // Digits behind the last component are not looked at.
     EXPECT_EQ(encodeValue("01", "09506000134352"), encodeValue("01", "09506000134352X"));
     EXPECT_EQ(encodeValue("8006", "095060001343520412"),
