@@ -1,0 +1,77 @@
+"""Runs every example that the help of the command shows, and holds the man page and the completions
+against its options.
+
+usage: check_help.py ROSETAG TOOLS_DIR
+"""
+import os
+import re
+import shutil
+import subprocess
+import sys
+import unittest
+
+ROSETAG, TOOLS = os.path.abspath(sys.argv[1]), sys.argv[2]
+COMMANDS = ["", "decode", "encode", "explain", "ai", "ai encode", "ai decode", "tid", "schemes"]
+ENVIRONMENT = dict(os.environ, PATH=os.path.dirname(ROSETAG) + os.pathsep + os.environ["PATH"])
+
+
+def run(command):
+    return subprocess.run(["bash", "-c", command], env=ENVIRONMENT, stdin=subprocess.DEVNULL,
+                          capture_output=True, text=True, timeout=60, check=False)
+
+
+def help_of(command):
+    return run(f"rosetag {command} --help").stdout
+
+
+class Help(unittest.TestCase):
+    def test_examples_work(self):
+        count = 0
+        for command in COMMANDS:
+            examples = re.findall(r"^  ((?:rosetag|echo|printf) .*)$", help_of(command), re.M)
+            for example in examples:
+                with self.subTest(example=example):
+                    result = run(example)
+                    self.assertEqual(result.returncode, 0, result.stderr)
+                    self.assertNotEqual(result.stdout, "")
+                count += 1
+        self.assertGreater(count, 20)
+
+    def test_options_are_told_everywhere(self):
+        files = ["man/rosetag.1", "completions/rosetag", "completions/_rosetag",
+                 "completions/rosetag.fish"]
+        for name in files:
+            with open(os.path.join(TOOLS, name), encoding="utf-8") as file:
+                text = file.read().replace("\\-", "-")
+            for command in COMMANDS:
+                for option in re.findall(r"^  (?:-\w,)?--([a-z-]+)", help_of(command), re.M):
+                    with self.subTest(file=name, command=command, option=option):
+                        told = re.search(rf"(?:--|-l ){option}(?![\w-])", text)
+                        self.assertIsNotNone(told)
+
+    # A completion offers a command's own options and nothing else.
+    def test_bash_completes(self):
+        script = os.path.join(TOOLS, "completions/rosetag")
+        for words, offered in [("rosetag e", "encode explain"), ("rosetag ai ", "encode decode --help"),
+                               ("rosetag decode --un", "--unbuffered"),
+                               ("rosetag encode --encoding hex-", "hex-upper hex-lower"),
+                               ("rosetag encode --scheme dsg", "dsgtin+"),
+                               ("rosetag tid --j", "--json"), ("rosetag schemes --col", ""),
+                               ("rosetag decode --fields hex,b", "hex,binary hex,bits "
+                                                                 "hex,barcode-string")]:
+            with self.subTest(words=words):
+                result = run(f"source {script}; COMP_LINE='{words}'; COMP_WORDBREAKS=' '; "
+                             f"read -ra COMP_WORDS <<< \"$COMP_LINE\"; "
+                             f"[[ $COMP_LINE = *' ' ]] && COMP_WORDS+=(''); "
+                             f"COMP_CWORD=$((${{#COMP_WORDS[@]}} - 1)); _rosetag; "
+                             f"echo \"${{COMPREPLY[@]}}\"")
+                self.assertEqual(set(result.stdout.split()), set(offered.split()), result.stderr)
+
+    @unittest.skipUnless(shutil.which("groff"), "needs groff")
+    def test_man_page_is_sound(self):
+        result = run(f"groff -man -Tutf8 -ww -z {TOOLS}/man/rosetag.1")
+        self.assertEqual((result.stderr, result.returncode), ("", 0))
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
