@@ -10,6 +10,7 @@
 
 #include "core/status.h"
 
+#include <cstddef>
 #include <cstdint>
 
 // Invariant: 0 <= position <= capacity (a capacity below 0 takes nothing).
@@ -104,6 +105,32 @@ inline EpcStatus bitBufferRead(BitBuffer& buffer, std::int32_t bitCount, std::ui
 
 inline EpcStatus bitBufferWrite(BitBuffer& buffer, std::uint64_t value, std::int32_t bitCount) {
     return bitBufferPut(buffer, value, bitCount) == 0 ? EPC_OK : EPC_ERR_NO_ROOM;
+}
+
+struct BitField {
+    std::uint64_t value;
+    std::int32_t bitCount;
+};
+
+// Writes fields one behind the other, in one store where a window takes them all: a load of what
+// was stored just before, in part, has to wait for it.
+template <std::size_t count>
+EpcStatus bitBufferWriteFields(BitBuffer& buffer, const BitField (&fields)[count]) {
+    std::int32_t width = 0;
+    for (const BitField& field : fields) {
+        width += field.bitCount;
+    }
+    if (bitWindowTakes(buffer, width)) {
+        std::uint64_t joined = 0;
+        for (const BitField& field : fields) {
+            joined = joined << field.bitCount | field.value;
+        }
+        return bitBufferWrite(buffer, joined, width);
+    }
+    for (const BitField& field : fields) {
+        EPC_TRY(bitBufferWrite(buffer, field.value, field.bitCount));
+    }
+    return EPC_OK;
 }
 
 // True if value needs no more than bitCount bits.

@@ -1,6 +1,7 @@
 #include "core/text_cursor.h"
 
 #include <algorithm>
+#include <bit>
 
 namespace {
 
@@ -27,18 +28,36 @@ EpcStatus endDigitRun(TextCursor& cursor, LeadingZeros leadingZeros, DigitLimit 
     return isCut ? EPC_ERR_OUT_OF_RANGE : EPC_OK;
 }
 
-} // namespace
+constexpr std::int32_t GROUP_DIGITS = 8;
 
-EpcStatus textCursorExpect(TextCursor& cursor, char literal) {
-    if (textCursorAtEnd(cursor)) {
-        return EPC_ERR_TRUNCATED;
+struct DigitGroup {
+    std::uint64_t value;
+    std::int32_t count; // of digits before the first other character
+};
+
+// Up to eight digits at once: a byte of the group is a digit if what is left of it without the bits
+// of '0' is below 10, and then neighbours join to numbers below 100, 10^4 and 10^8. Halves the time
+// of a number of seven digits.
+DigitGroup readDigitGroup(const char* characters) {
+    std::uint64_t bytes = 0;
+    for (int i = 0; i < GROUP_DIGITS; ++i) {
+        bytes |= std::uint64_t{static_cast<unsigned char>(characters[i])} << (8 * i);
     }
-    if (*cursor.current != literal) {
-        return EPC_ERR_BAD_FORMAT;
+    bytes ^= 0x3030303030303030;
+    const std::uint64_t above9 = (bytes & 0x7F7F7F7F7F7F7F7F) + 0x7676767676767676;
+    const std::uint64_t others = (above9 | bytes) & 0x8080808080808080;
+    const std::int32_t count = std::countr_zero(others) / 8;
+    if (count == 0) {
+        return {0, 0};
     }
-    ++cursor.current;
-    return EPC_OK;
+    const std::int32_t rest = 64 - 8 * count;
+    bytes = (bytes & ~std::uint64_t{0} >> rest) << rest;
+    bytes = (bytes * 10 + (bytes >> 8)) & 0x00FF00FF00FF00FF;
+    bytes = (bytes * 100 + (bytes >> 16)) & 0x0000FFFF0000FFFF;
+    return {(bytes * 10000 + (bytes >> 32)) & 0xFFFFFFFF, count};
 }
+
+} // namespace
 
 EpcStatus textCursorExpect(TextCursor& cursor, std::string_view literal) {
     if (static_cast<std::ptrdiff_t>(literal.size()) <= textCursorLeft(cursor) &&
@@ -149,8 +168,11 @@ EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
                                std::int32_t stopAfter) {
     const DigitLimit limit = digitLimit(MAX_NUMBER_DIGITS, stopAfter);
     const char* const digits = cursor.current;
-    std::uint64_t value = 0;
-    std::int32_t count = 0;
+    DigitGroup group = {0, 0};
+    if (limit.most >= GROUP_DIGITS && textCursorLeft(cursor) >= GROUP_DIGITS) {
+        group = readDigitGroup(digits);
+    }
+    auto [value, count] = group;
     while (count < limit.most && charIsDigit(digits[count])) {
         value = value * 10 + static_cast<std::uint64_t>(digits[count++] - '0');
     }

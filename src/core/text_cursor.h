@@ -67,7 +67,16 @@ inline std::ptrdiff_t textCursorLeft(const TextCursor& cursor) {
 // Consumes the literal. EPC_ERR_TRUNCATED at the end, EPC_ERR_BAD_FORMAT at a character that
 // differs; what matched before it stays consumed.
 EpcStatus textCursorExpect(TextCursor& cursor, std::string_view literal);
-EpcStatus textCursorExpect(TextCursor& cursor, char literal);
+inline EpcStatus textCursorExpect(TextCursor& cursor, char literal) {
+    if (textCursorAtEnd(cursor)) {
+        return EPC_ERR_TRUNCATED;
+    }
+    if (*cursor.current != literal) {
+        return EPC_ERR_BAD_FORMAT;
+    }
+    ++cursor.current;
+    return EPC_OK;
+}
 
 // Copies up to the delimiter, which stays unread, into out of capacity characters with its NUL, and
 // tells how many. The end before it is EPC_ERR_TRUNCATED, a text too long for out

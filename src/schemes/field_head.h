@@ -35,9 +35,6 @@ EpcStatus fieldReadFilter(BitBuffer& bits, TextBuffer& text, UriForm form, EpcSc
 EpcStatus fieldWriteFilter(std::uint32_t filter, BitBuffer& bits, EpcScheme scheme);
 
 // Both. The header stands before the filter is tested.
-inline EpcStatus fieldWriteHead(std::uint32_t filter, BitBuffer& bits, EpcScheme scheme) {
-    EPC_TRY(fieldWriteHeader(bits, scheme));
-    return fieldWriteFilter(filter, bits, scheme);
-}
+EpcStatus fieldWriteHead(std::uint32_t filter, BitBuffer& bits, EpcScheme scheme);
 
 #endif

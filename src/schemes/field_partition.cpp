@@ -56,11 +56,15 @@ EpcStatus readBothTexts(TextCursor& cursor, LeadingZeros referenceZeros,
     return findRow(table, companyPrefix, row);
 }
 
-EpcStatus writeCompanyPrefix(BitBuffer& bits, const PartitionTable& table, const PartitionRow& row,
-                             std::uint64_t companyPrefix) {
-    const auto partition = static_cast<std::uint64_t>(&row - table.data());
-    EPC_TRY(bitBufferWrite(bits, partition, PARTITION_BITS));
-    return bitBufferWrite(bits, companyPrefix, row.companyPrefixBits);
+std::uint64_t partitionOf(const PartitionTable& table, const PartitionRow& row) {
+    return static_cast<std::uint64_t>(&row - table.data());
+}
+
+EpcStatus writeBothParts(BitBuffer& bits, const PartitionTable& table, const PartitionRow& row,
+                         std::uint64_t companyPrefix, std::uint64_t reference) {
+    return bitBufferWriteFields(bits, {{partitionOf(table, row), PARTITION_BITS},
+                                       {companyPrefix, row.companyPrefixBits},
+                                       {reference, row.referenceBits}});
 }
 
 } // namespace
@@ -80,8 +84,7 @@ EpcStatus fieldWritePartition(TextCursor& cursor, BitBuffer& bits, const Partiti
     if (reference.digits != row->referenceDigits) {
         return EPC_ERR_OUT_OF_RANGE;
     }
-    EPC_TRY(writeCompanyPrefix(bits, table, *row, companyPrefix.value));
-    return bitBufferWrite(bits, reference.value, row->referenceBits);
+    return writeBothParts(bits, table, *row, companyPrefix.value, reference.value);
 }
 
 EpcStatus fieldReadPartitionOpenReference(BitBuffer& bits, TextBuffer& text,
@@ -101,8 +104,7 @@ EpcStatus fieldWritePartitionOpenReference(TextCursor& cursor, BitBuffer& bits,
     if (!fitsBits(reference.value, row->referenceBits)) {
         return EPC_ERR_OUT_OF_RANGE;
     }
-    EPC_TRY(writeCompanyPrefix(bits, table, *row, companyPrefix.value));
-    return bitBufferWrite(bits, reference.value, row->referenceBits);
+    return writeBothParts(bits, table, *row, companyPrefix.value, reference.value);
 }
 
 EpcStatus fieldReadCompanyPrefix(BitBuffer& bits, TextBuffer& text, const PartitionTable& table,
@@ -119,5 +121,6 @@ EpcStatus fieldWriteCompanyPrefix(TextCursor& cursor, BitBuffer& bits, const Par
     EPC_TRY(readDigitRun(cursor, LeadingZeros::ALLOW, companyPrefix));
     EPC_TRY(textCursorExpect(cursor, '.'));
     EPC_TRY(findRow(table, companyPrefix, row));
-    return writeCompanyPrefix(bits, table, *row, companyPrefix.value);
+    return bitBufferWriteFields(bits, {{partitionOf(table, *row), PARTITION_BITS},
+                                       {companyPrefix.value, row->companyPrefixBits}});
 }
