@@ -12,7 +12,7 @@ constexpr std::int32_t HEADER_BITS = 8;
 constexpr std::int32_t TOGGLE_BITS = 1;
 constexpr std::int32_t FILTER_BITS = 3;
 
-// No AI is looked for in a tail of the bits that is shorter than two of its digits and a value.
+// A tail of so many bits holds no AI: two digits of a code would take all of them.
 constexpr std::int32_t IGNORED_TAIL_BITS = 8;
 
 struct PlusEncoder {
