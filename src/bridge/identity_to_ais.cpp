@@ -102,7 +102,7 @@ EpcStatus identityToDigitalLink(TextCursor& cursor, TextBuffer& dst, const Gs1Ke
 EpcStatus readPureIdentityHead(TextCursor& cursor, const Gs1KeyDefinition*& key) {
     std::string_view word;
     EPC_TRY(textCursorExpect(cursor, PURE_IDENTITY_URI_PREFIX));
-    EPC_TRY(textCursorSliceUntil(cursor, ':', SCHEME_WORD_SIZE, word));
+    EPC_TRY(textCursorReadUntil(cursor, ':', SCHEME_WORD_SIZE, word));
     key = gs1KeyFindByName(word);
     if (key == nullptr) {
         return EPC_ERR_NO_KEY_DEFINITION;

@@ -71,12 +71,13 @@ EpcStatus textCursorExpect(TextCursor& cursor, std::string_view literal) {
     return EPC_OK;
 }
 
-EpcStatus textCursorSliceUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
-                               std::string_view& out) {
+EpcStatus textCursorReadUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
+                              std::string_view& out) {
     const char* const first = cursor.current;
-    const std::ptrdiff_t most =
-        std::min<std::ptrdiff_t>(textCursorLeft(cursor), std::max(capacity - 1, 0));
-    const char* const last = first + most;
+    // Behind the end of the span, where digits may have led, only a NUL is an end: what is left is
+    // then below 0, and as a size beyond any capacity.
+    const auto left = static_cast<std::size_t>(textCursorLeft(cursor));
+    const char* const last = first + std::min(left, static_cast<std::size_t>(capacity - 1));
     while (cursor.current != last && *cursor.current != delimiter && *cursor.current != '\0') {
         ++cursor.current;
     }
@@ -85,16 +86,6 @@ EpcStatus textCursorSliceUntil(TextCursor& cursor, char delimiter, std::int32_t 
         return textCursorAtEnd(cursor) ? EPC_ERR_TRUNCATED : EPC_ERR_TOO_LONG;
     }
     out = {first, static_cast<std::size_t>(cursor.current - first)};
-    return EPC_OK;
-}
-
-EpcStatus textCursorReadUntil(TextCursor& cursor, char delimiter, std::int32_t capacity, char* out,
-                              std::int32_t& outCount) {
-    std::string_view slice;
-    EPC_TRY(textCursorSliceUntil(cursor, delimiter, capacity, slice));
-    std::copy(slice.begin(), slice.end(), out);
-    out[slice.size()] = '\0';
-    outCount = static_cast<std::int32_t>(slice.size());
     return EPC_OK;
 }
 

@@ -78,15 +78,10 @@ inline EpcStatus textCursorExpect(TextCursor& cursor, char literal) {
     return EPC_OK;
 }
 
-// Copies up to the delimiter, which stays unread, into out of capacity characters with its NUL, and
-// tells how many. The end before it is EPC_ERR_TRUNCATED, a text too long for out
-// EPC_ERR_TOO_LONG. The delimiter NUL reads to the end of the text.
-EpcStatus textCursorReadUntil(TextCursor& cursor, char delimiter, std::int32_t capacity, char* out,
-                              std::int32_t& outCount);
-
-// As textCursorReadUntil without the copy: a slice of the text, of at most capacity - 1 characters.
-EpcStatus textCursorSliceUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
-                               std::string_view& out);
+// Takes the text up to the delimiter, which stays unread: at most capacity - 1 characters, capacity
+// being 1 at least. The end before it is EPC_ERR_TRUNCATED, a longer text EPC_ERR_TOO_LONG.
+EpcStatus textCursorReadUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
+                              std::string_view& out);
 
 // Reads a percent escape (%2F), whose "%" stands under the cursor.
 EpcStatus textCursorReadEscape(TextCursor& cursor, char& out);
@@ -103,8 +98,9 @@ inline EpcStatus textCursorReadEscapedChar(TextCursor& cursor, char& out) {
     return EPC_OK;
 }
 
-// As textCursorReadUntil, percent escapes resolved. Only a raw delimiter ends the text. Out of room
-// is found before the end.
+// Copies up to the delimiter into out of capacity characters with its NUL, percent escapes
+// resolved, and tells how many. Only a raw delimiter ends the text, the delimiter NUL its end. Out
+// of room is found before the end.
 EpcStatus textCursorReadEscapedUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
                                      char* out, std::int32_t& outCount);
 

@@ -6,7 +6,7 @@ namespace {
 
 // Up to the ":", which stays unread.
 EpcStatus readSchemeWord(TextCursor& cursor, std::string_view& word) {
-    return textCursorSliceUntil(cursor, ':', SCHEME_WORD_SIZE, word);
+    return textCursorReadUntil(cursor, ':', SCHEME_WORD_SIZE, word);
 }
 
 // Reads the body, which is all that is left of the text, and pads the value. Text left over is

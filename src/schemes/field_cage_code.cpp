@@ -42,7 +42,7 @@ EpcStatus fieldReadCageCode(BitBuffer& bits, TextBuffer& text, std::int32_t char
 
 EpcStatus fieldWriteCageCode(TextCursor& cursor, BitBuffer& bits, std::int32_t charBits) {
     std::string_view code;
-    EPC_TRY(textCursorSliceUntil(cursor, '.', CAGE_CODE_CHARS + 1, code));
+    EPC_TRY(textCursorReadUntil(cursor, '.', CAGE_CODE_CHARS + 1, code));
     const auto missing = CAGE_CODE_CHARS - static_cast<std::int32_t>(code.size());
     if (missing > 1) {
         return EPC_ERR_BAD_FORMAT;

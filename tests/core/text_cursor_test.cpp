@@ -2,6 +2,7 @@
 #include "core/text_cursor.h"
 
 #include "support/guarded_area.h"
+#include "support/random.h"
 #include "support/status.h"
 
 #include <gtest/gtest.h>
@@ -30,15 +31,10 @@ struct Output {
 
 template <char delimiter, std::int32_t capacity>
 EpcStatus until(TextCursor& cursor, Output& out) {
-    return textCursorReadUntil(cursor, delimiter, capacity, out.lay(capacity), out.count);
-}
-
-template <char delimiter, std::int32_t capacity>
-EpcStatus sliceUntil(TextCursor& cursor, Output& out) {
-    std::string_view slice;
-    EPC_TRY(textCursorSliceUntil(cursor, delimiter, capacity, slice));
-    out.count = static_cast<std::int32_t>(slice.size());
-    *std::copy(slice.begin(), slice.end(), out.lay(out.count + 1)) = '\0';
+    std::string_view text;
+    EPC_TRY(textCursorReadUntil(cursor, delimiter, capacity, text));
+    out.count = static_cast<std::int32_t>(text.size());
+    *std::copy(text.begin(), text.end(), out.lay(out.count + 1)) = '\0';
     return EPC_OK;
 }
 
@@ -112,9 +108,6 @@ const Row rows[] = {
     {"until NUL",                      until<'\0', 7>,                "abc",                  WHOLE, EPC_OK,                 "abc",       3},
     {"until NUL, too long",            until<'\0', 4>,                "abcd",                 WHOLE, EPC_ERR_TOO_LONG,       "",          3},
     {"until, capacity 1",              until<'.', 1>,                 ".",                    WHOLE, EPC_OK,                 "",          0},
-    {"slice",                          sliceUntil<'.', 4>,            "abc.d",                WHOLE, EPC_OK,                 "abc",       3},
-    {"slice, too long",                sliceUntil<'.', 4>,            "abcd.",                WHOLE, EPC_ERR_TOO_LONG,       "",          3},
-    {"slice, no delimiter",            sliceUntil<'.', 4>,            "abc",                  WHOLE, EPC_ERR_TRUNCATED,      "",          3},
     {"escape",                         escapedChar,                   "%2f!",                 WHOLE, EPC_OK,                 "/",         3},
     {"escape, upper case",             escapedChar,                   "%2F",                  WHOLE, EPC_OK,                 "/",         3},
     {"escape, a plain character",      escapedChar,                   "\xFFz",                WHOLE, EPC_OK,                 "\xFF",      1},
@@ -199,6 +192,37 @@ TEST(TextCursor, Readers) {
     }
 }
 
+// Digits are read many at a time. Against one by one: every count of them, and behind them every
+// other character and the end.
+TEST(TextCursor, NumbersOfEveryLengthBeforeEveryCharacter) {
+    Random random(8);
+    GuardedArea area;
+    for (std::size_t digits = 0; digits <= 20; ++digits) {
+        for (int code = 0; code < 256; ++code) {
+            const auto behind = static_cast<char>(code);
+            const std::string number = random.digits(digits);
+            const std::string text = number + behind + random.text(random.below(12), "09:/x");
+            if (charIsDigit(behind)) {
+                continue;
+            }
+            SCOPED_TRACE(testing::Message() << number << " and code " << code);
+            const char* at =
+                area.placeCopy(text.c_str(), text.size() + 1, GuardedArea::Side::BEFORE_PAGE);
+            TextCursor cursor{at, at, static_cast<std::uint32_t>(text.size())};
+            std::uint64_t value = 4711;
+            std::int32_t count = NO_COUNT;
+            const EpcStatus status = textCursorReadNumber(cursor, ZEROS, value, &count);
+            ASSERT_STATUS(digits < 20 ? EPC_OK : EPC_ERR_OUT_OF_RANGE, status);
+            ASSERT_EQ(std::min(digits, std::size_t{19}),
+                      static_cast<std::size_t>(cursor.current - at));
+            if (status == EPC_OK) {
+                ASSERT_EQ(digits == 0 ? 0 : std::stoull(number), value);
+                ASSERT_EQ(static_cast<std::int32_t>(digits), count);
+            }
+        }
+    }
+}
+
 TEST(TextCursor, Expect) {
     struct {
         const char *name, *text;
@@ -250,6 +274,15 @@ TEST(TextCursor, BehindTheEndOfTheSpan) {
     EXPECT_EQ(9U, slice.length);
     TextCursor other = cursor;
     EXPECT_STATUS(EPC_OK, textCursorExpect(other, "ab"));
+    std::string_view rest = "kept";
+    TextCursor cut = cursor;
+    EXPECT_STATUS(EPC_ERR_TOO_LONG, textCursorReadUntil(cut, '.', 2, rest));
+    cut = cursor;
+    EXPECT_STATUS(EPC_ERR_TRUNCATED, textCursorReadUntil(cut, '.', 9, rest));
+    EXPECT_EQ("kept", rest);
+    cut = cursor;
+    EXPECT_STATUS(EPC_OK, textCursorReadUntil(cut, 'b', 2, rest));
+    EXPECT_EQ("a", rest);
     EXPECT_STATUS(EPC_ERR_TRUNCATED, textCursorExpect(cursor, "abcdefghijkl"));
     EXPECT_TRUE(textCursorAtEnd(cursor));
 }
