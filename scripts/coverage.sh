@@ -14,9 +14,9 @@ find "$build" -name '*.gcda' -delete
 
 # Branches that the compiler makes for exceptions are not in the sources.
 report() {
-    gcovr --root "$root" --object-directory "$build" --filter "$root/src/" \
-        --gcov-executable "${GCOV-gcov}" --exclude-throw-branches --exclude-unreachable-branches \
-        --sort-percentage "$@" "$build"
+    gcovr --root "$root" --filter "$root/src/" --exclude-throw-branches \
+        --exclude-unreachable-branches --sort-percentage "$@" \
+        "$build/CMakeFiles/rosetag_objects.dir" "$build/tests"
 }
 echo "Lines:"
 report
