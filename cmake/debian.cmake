@@ -3,6 +3,9 @@ set(rosetag_package_runtime librosetag${ROSETAG_SOVERSION})
 set(rosetag_package_development librosetag-dev)
 set(rosetag_package_tools rosetag)
 
+set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS CHANGELOG.md
+    tools/man/rosetag.1)
+
 # The date of the release, in the form of Debian's changelogs, from the newest entry of ours.
 file(STRINGS ${PROJECT_SOURCE_DIR}/CHANGELOG.md release_line LIMIT_COUNT 1
     REGEX "^## \\[?${PROJECT_VERSION}\\]? - [0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]$")
@@ -27,10 +30,16 @@ if(EXISTS ${PROJECT_SOURCE_DIR}/tools/man/rosetag.1)
         OUTPUT_FILE ${rosetag_man_page} COMMAND_ERROR_IS_FATAL ANY)
 endif()
 
+set(rosetag_description
+    "Rosetag translates identifiers between element strings, barcode strings,
+Digital Links, EPC URIs and the binary values of RFID tags.
+")
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_COMPONENTS_ALL runtime development tools)
 set(CPACK_PACKAGE_CONTACT "the Rosetag authors <rosetag@rosetag.invalid>")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has its own
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE
     GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
@@ -38,36 +47,31 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXE
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${rosetag_package_runtime})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/triggers)
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "translates GS1 and RFID identifiers (shared library)
- Rosetag translates identifiers between element strings, barcode strings,
- Digital Links, EPC URIs and the binary values of RFID tags.
- .
- This package holds the library that programs are linked with.")
+${rosetag_description}
+This package holds the library that programs are linked with.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${rosetag_package_development})
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${rosetag_package_runtime} (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "translates GS1 and RFID identifiers (development)
- Rosetag translates identifiers between element strings, barcode strings,
- Digital Links, EPC URIs and the binary values of RFID tags.
- .
- This package holds the headers and what CMake and pkg-config need to find
- the library.")
+${rosetag_description}
+This package holds the headers and what CMake and pkg-config need to find
+the library.")
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME ${rosetag_package_tools})
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${rosetag_package_runtime} (>= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_TOOLS_DESCRIPTION "translates GS1 and RFID identifiers (command)
- Rosetag translates identifiers between element strings, barcode strings,
- Digital Links, EPC URIs and the binary values of RFID tags.
- .
- This package holds the command rosetag.")
+${rosetag_description}
+This package holds the command rosetag.")
 
 include(CPack)
