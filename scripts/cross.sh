@@ -45,7 +45,15 @@ choose() {
 configure() {
     cmake -G Ninja -S "$1" -B "$2" -DCMAKE_SYSTEM_NAME="$system" -DCMAKE_BUILD_TYPE=Release \
         -DCMAKE_C_COMPILER="${compiler/g++/gcc}" -DCMAKE_CXX_COMPILER="$compiler" \
-        -DCMAKE_FIND_ROOT_PATH="$build/gtest" -DCMAKE_FIND_ROOT_PATH_MODE_PACKAGE=BOTH "${@:3}"
+        -DCMAKE_FIND_ROOT_PATH="$build/gtest;$build/headers" \
+        -DCMAKE_FIND_ROOT_PATH_MODE_PACKAGE=ONLY "${@:3}"
+}
+
+# The command's libraries are headers for any machine, and lie among those of this one.
+copy_headers() {
+    mkdir -p "$build/headers/include" "$build/headers/share/cmake"
+    cp -r /usr/include/CLI /usr/include/nlohmann "$build/headers/include/"
+    cp -r /usr/share/cmake/CLI11 /usr/share/cmake/nlohmann_json "$build/headers/share/cmake/"
 }
 
 # GoogleTest has no packages for other machines; Debian has its sources.
@@ -63,7 +71,7 @@ build_rosetag() {
     if [[ $system == Windows ]]; then
         link="-static-libgcc -static-libstdc++ -static"
     fi
-    configure "$root" "$build" -DCMAKE_PREFIX_PATH="$build/gtest;/usr" -DROSETAG_INSTALL=OFF \
+    configure "$root" "$build" -DCMAKE_PREFIX_PATH="/" -DROSETAG_INSTALL=OFF \
         -DCMAKE_EXE_LINKER_FLAGS="$link"
     cmake --build "$build" -- --quiet -k 0
 }
@@ -92,7 +100,7 @@ for machine in "${machines[@]}"; do
             continue 2
         fi
     done
-    if ! { build_googletest && build_rosetag; } >"$build/build.log" 2>&1; then
+    if ! { copy_headers && build_googletest && build_rosetag; } >"$build/build.log" 2>&1; then
         tail -n 15 "$build/build.log"
         echo "$machine: DOES NOT BUILD, see $build/build.log"
         status=1

@@ -11,7 +11,7 @@ constexpr EpcStatus OK = EPC_OK;
 constexpr EpcStatus NO_ROOM = EPC_ERR_NO_ROOM;
 constexpr EpcStatus TRUNCATED = EPC_ERR_TRUNCATED;
 constexpr EpcStatus OUT_OF_RANGE = EPC_ERR_OUT_OF_RANGE;
-constexpr EpcStatus LONG = EPC_ERR_TOO_LONG;
+constexpr EpcStatus TOO_LONG = EPC_ERR_TOO_LONG;
 constexpr EpcStatus HEADER = EPC_ERR_UNKNOWN_HEADER;
 constexpr EpcStatus PARTITION = EPC_ERR_BAD_PARTITION;
 constexpr EpcStatus FORMAT = EPC_ERR_BAD_FORMAT;
@@ -120,12 +120,12 @@ const BinaryRow binaryRows[] = {
 // What only hexadecimal text and words know.
 const struct { const char* name; std::string hex; EpcStatus status; } hexRows[] = {
     {"bad digit",   "3074257BF7194E4000001A8G",  NO_ROOM},
-    {"125 digits",  repeat("30303", 25),         LONG},
+    {"125 digits",  repeat("30303", 25),         TOO_LONG},
 };
 const struct { const char* name; std::int32_t bits; EpcStatus status; } wordRows[] = {
-    {"497 bits",     497,        LONG},
-    {"most bits",    0x7FFFFFFF, LONG},
-    {"least bits",   -0x7FFFFFFF, LONG},
+    {"497 bits",     497,        TOO_LONG},
+    {"most bits",    0x7FFFFFFF, TOO_LONG},
+    {"least bits",   -0x7FFFFFFF, TOO_LONG},
 };
 
 // ---- EPC URIs to binary ----
@@ -149,7 +149,7 @@ const UriRow tagUriToBinaryRows[] = {
     {"empty",            "",                                                 TRUNCATED},
     {"serial missing",   "urn:epc:tag:sgtin-96:3.0614141.812345",            TRUNCATED},
     {"serial too large", "urn:epc:tag:sgtin-96:3.0614141.812345.274877906944", OUT_OF_RANGE},
-    {"word too long",    tagOfLongWord,                                      LONG},
+    {"word too long",    tagOfLongWord,                                      TOO_LONG},
     {"5 digits",         "urn:epc:tag:sgtin-96:3.06141.81234567.1",          PARTITION},
     {"pure identity",    "urn:epc:id:sgtin:0614141.812345.6789",             FORMAT},
     {"text left over",   "urn:epc:tag:sgtin-96:3.0614141.812345.6789.",      FORMAT},
@@ -168,7 +168,7 @@ const UriRow uriToBinaryRows[] = {
     {"adi-var",          "urn:epc:id:adi:2S194..%23A",                       OK, EPC_SCHEME_ADI_VAR},
     {"prefix cut",       "urn:epc:i",                                        TRUNCATED},
     {"serial too large", "urn:epc:id:sgtin:0614141.812345.274877906944",     OUT_OF_RANGE},
-    {"word too long",    idOfLongWord,                                       LONG},
+    {"word too long",    idOfLongWord,                                       TOO_LONG},
     {"5 digits",         "urn:epc:id:sgtin:06141.81234567.1",                PARTITION},
     {"tag URI",          "urn:epc:tag:sgtin-96:3.0614141.812345.6789",       FORMAT},
     {"filter 8",         "urn:epc:id:sgtin:0614141.812345.6789",             FILTER_FIELD, 0, 8},
@@ -208,7 +208,7 @@ const Gs1Row gs1ToBinaryRows[] = {
     {"long URI",          "(01)80614141123458(21)" + letters70 + letters70 + letters70, "018061414112345821" + letters70 + letters70 + letters70, "", NO_ROOM, EPC_SCHEME_SGTIN_198},
     {"fixed value cut",   "(01)123",                                 "01123",                             "/01/123",                             TRUNCATED,      EPC_SCHEME_SGTIN_96},
     {"serial too large",  "(01)80614141123458(21)274877906944",      "018061414112345821274877906944",    "/01/80614141123458/21/274877906944",  OUT_OF_RANGE,   EPC_SCHEME_SGTIN_96},
-    {"range for a date",  "(01)80614141123458(21)6(7007)251231251231", "0180614141123458216\x1D" "7007251231251231", "/01/80614141123458/21/6?7007=251231251231", LONG, EPC_SCHEME_DSGTIN_PLUS},
+    {"range for a date",  "(01)80614141123458(21)6(7007)251231251231", "0180614141123458216\x1D" "7007251231251231", "/01/80614141123458/21/6?7007=251231251231", TOO_LONG, EPC_SCHEME_DSGTIN_PLUS},
     {"dot in the prefix", "(8004)12345.7ABC",                        "800412345.7ABC",                    "/8004/12345.7ABC",                    PARTITION,      EPC_SCHEME_GIAI_202},
     {"leading zero",      "(01)80614141123458(21)06789",             "01806141411234582106789",           "/01/80614141123458/21/06789",         FORMAT,         EPC_SCHEME_SGTIN_96},
     {"no AI at all",      "01",                                      "A1",                                "01",                                  FORMAT,         EPC_SCHEME_SGTIN_96},
@@ -247,7 +247,7 @@ const Gs1Row gs1ToAIsRows[] = {
     {"letter in a code",  "(1A)1",                                   "1A1",                               "/1A/1",                               CHARACTER, 0},
     {"21 AIs",            flags21,                                   bareFlags21,                         linkFlags21,                           TOO_MANY, 0},
     {"check digit",       "(01)80614141123459",                      "0180614141123459",                  "/01/80614141123459",                  CHECK_DIGIT, 0},
-    {"value of 1024",     "",                                        "",                                  value1024,                             LONG, 0},
+    {"value of 1024",     "",                                        "",                                  value1024,                             TOO_LONG, 0},
 };
 
 const struct { const char* name; std::string text; EpcStatus status; } elementToLinkRows[] = {
@@ -267,8 +267,8 @@ const struct { const char* name; std::string text; EpcStatus status; const char*
     {"escape cut",       "urn:epc:tag:sgtin-96:3.0614141.812345.6%2",         TRUNCATED,         "0180614141123458"},
     {"filter of 20",     "urn:epc:tag:sgtin-96:00000000000000000000.",        FORMAT,            ""},
     {"large filter",     "urn:epc:tag:sgtin-96:12345678901234567890.",        OUT_OF_RANGE,      ""},
-    {"word too long",    tagOfLongWord,                                       LONG,              ""},
-    {"field too long",   tagOfLongField,                                      LONG,              ""},
+    {"word too long",    tagOfLongWord,                                       TOO_LONG,              ""},
+    {"field too long",   tagOfLongField,                                      TOO_LONG,              ""},
     {"empty reference",  "urn:epc:tag:sgtin-96:3.0614141..6",                 FORMAT,            "01"},
     {"filter 8",         "urn:epc:tag:sgtin-96:8.0614141.812345.6",           FILTER_LIMIT,      ""},
     {"unknown scheme",   "urn:epc:tag:sgtin:3.0614141.812345.6",              SCHEME,            ""},
@@ -282,7 +282,7 @@ const struct { const char* name; std::string text; EpcStatus status; const char*
     {"pgln",             "urn:epc:id:pgln:0614141.12345",                     OK,                ""},
     {"upui",             "urn:epc:id:upui:0614141.812345.A",                  OK,                ""},
     {"prefix cut",       "urn:epc:id",                                        TRUNCATED,         ""},
-    {"word too long",    idOfLongWord,                                        LONG,              ""},
+    {"word too long",    idOfLongWord,                                        TOO_LONG,              ""},
     {"empty reference",  "urn:epc:id:sgtin:0614141..6",                       FORMAT,            "01"},
     {"gid",              "urn:epc:id:gid:1.2.3",                              NO_KEY_DEFINITION, ""},
     {"bad escape",       "urn:epc:id:sgtin:0614141.812345.%G0",               CHARACTER,         "0180614141123458"},
@@ -338,8 +338,8 @@ const struct {
     {"forced ISO 646",    "21",    "ABCG",              1, OK, AI_ENC_ISO646},
     {"too short",         "01",    "8061414112345",     0, TRUNCATED},
     {"92 digits",         "91",    digits92.c_str(),    0, OUT_OF_RANGE},
-    {"91 digits",         "91",    digits91.c_str(),    0, LONG},
-    {"date too long",     "17",    "2512310",           0, LONG},
+    {"91 digits",         "91",    digits91.c_str(),    0, TOO_LONG},
+    {"date too long",     "17",    "2512310",           0, TOO_LONG},
     {"month 13",          "17",    "251301",            0, FORMAT},
     {"no such AI",        "99999", "1",                 1, UNKNOWN_AI},
     {"character",         "21",    "A~",                1, CHARACTER},
@@ -616,7 +616,7 @@ std::vector<Case> allCases() {
     for (const char* name : {"tid_wordsDecode", "tid_wordsToComponents", "tid_wordsToXtid"}) {
         Arguments arguments;
         arguments.bits = 497;
-        cases.add(name, "497 bits", arguments, LONG, UNTOUCHED);
+        cases.add(name, "497 bits", arguments, TOO_LONG, UNTOUCHED);
     }
     return cases.all;
 }
