@@ -61,7 +61,7 @@ build_googletest() {
     if [[ ! -e $build/gtest/.built ]]; then
         configure /usr/src/googletest "$build/gtest-build" -DBUILD_GMOCK=OFF \
             -DCMAKE_INSTALL_PREFIX="$build/gtest" -DCMAKE_CXX_FLAGS=-w
-        cmake --build "$build/gtest-build" --target install -- --quiet
+        cmake --build "$build/gtest-build" --target install -- --quiet -j2
         touch "$build/gtest/.built"
     fi
 }
@@ -73,7 +73,7 @@ build_rosetag() {
     fi
     configure "$root" "$build" -DCMAKE_PREFIX_PATH="/" -DROSETAG_INSTALL=OFF \
         -DCMAKE_EXE_LINKER_FLAGS="$link"
-    cmake --build "$build" -- --quiet -k 0
+    cmake --build "$build" -- --quiet -k 0 -j2
 }
 
 run_tests() {

@@ -20,6 +20,7 @@ import os
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 TREE = ROOT / "build" / "mutate" / "tree"
 BUILD = ROOT / "build" / "mutate" / "build"
+KEPT = ROOT / "build" / "mutate" / "kept"
 COPIED = ["CMakeLists.txt", "CMakePresets.json", "cmake", "include", "src", "tests"]
 PROGRAMS = ["unit_tests", "contract_tests"]
 SECONDS_FOR_TESTS = 300
@@ -101,7 +102,7 @@ def first_failure():
 
 
 def prepare():
-    shutil.rmtree(TREE, ignore_errors=True)
+    shutil.rmtree(BUILD.parent, ignore_errors=True)
     TREE.mkdir(parents=True)
     for name in COPIED:
         source = ROOT / name
@@ -119,6 +120,21 @@ def prepare():
     failure = first_failure()
     if failure:
         sys.exit(f"The tests fail without any change: {failure}")
+    shutil.copytree(BUILD, KEPT)
+
+
+def files_of_build():
+    return {path: path.stat().st_mtime_ns for path in BUILD.rglob("*") if path.is_file()}
+
+
+def restore_build():
+    """Puts back what the last change has built, so that only the next change is built anew."""
+    for path, time in files_of_build().items():
+        kept = KEPT / path.relative_to(BUILD)
+        if not kept.exists():
+            path.unlink()
+        elif time != kept.stat().st_mtime_ns:
+            shutil.copy2(kept, path)
 
 
 def try_change(path, offset, token, replacement):
@@ -132,7 +148,8 @@ def try_change(path, offset, token, replacement):
             return first_failure()
         return "the compiler" if "static assertion failed" in output else False
     finally:
-        target.write_text(text)
+        shutil.copy2(path, target)
+        restore_build()
 
 
 def main():
