@@ -24,8 +24,8 @@ struct PlusEncoder {
 
 // The elements that do not go to the data section.
 struct PlusHead {
-    const AiElement* date; // null in a scheme without one
-    const AiElement* keys[MAX_KEY_AIS];
+    const AiElement* date;              // null in a scheme without one
+    const AiElement* keys[MAX_KEY_AIS]; // null behind the last
 };
 
 // Marks the first element of this AI and gives it, or null. No AI is asked for twice.
@@ -170,8 +170,10 @@ EpcStatus plusEncodeAiList(BitBuffer& out, AiList& list, const char* baseText, V
     if (head.date != nullptr) {
         EPC_TRY(putHeadElement(encoder, *head.date, row.dateKind));
     }
-    for (std::size_t i = 0; i < keyAisOf(row).size(); ++i) {
-        EPC_TRY(putHeadElement(encoder, *head.keys[i], AI_KIND_NONE));
+    for (const AiElement* const key : head.keys) {
+        if (key != nullptr) {
+            EPC_TRY(putHeadElement(encoder, *key, AI_KIND_NONE));
+        }
     }
     return putDataSection(encoder, list);
 }

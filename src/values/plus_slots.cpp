@@ -5,6 +5,8 @@
 #include "values/ai_value.h"
 #include "values/plus_codec.h"
 
+#include <span>
+
 namespace {
 
 constexpr std::string_view LINK_SCHEME = "https://";
@@ -79,14 +81,19 @@ EpcStatus putBarcodeElement(BarcodeWriter& writer, const AiElement& element) {
     return EPC_OK;
 }
 
+EpcStatus putBarcodePass(BarcodeWriter& writer, const AiList& list, std::uint32_t pass) {
+    for (const AiElement& element : std::span(list.elements, list.count)) {
+        if (element.pass == pass) {
+            EPC_TRY(putBarcodeElement(writer, element));
+        }
+    }
+    return EPC_OK;
+}
+
 EpcStatus barcodeStringWrite(TextBuffer& dst, const AiList& list, const char* baseText) {
     BarcodeWriter writer = {dst, baseText, false};
     for (std::uint32_t pass = KEY_PASS; pass <= DATA_PASS; ++pass) {
-        for (std::uint8_t i = 0; i < list.count; ++i) {
-            if (list.elements[i].pass == pass) {
-                EPC_TRY(putBarcodeElement(writer, list.elements[i]));
-            }
-        }
+        EPC_TRY(putBarcodePass(writer, list, pass));
     }
     return EPC_OK;
 }
