@@ -235,6 +235,9 @@ void checkTogether(const Arguments& arguments, const Words& words) {
     if (!arguments.to.empty() + !arguments.fields.empty() + arguments.isJson > 1) {
         throw UsageError("--to, --fields and --json exclude each other");
     }
+    if (arguments.to.find(',') != std::string::npos) {
+        throw UsageError("--to takes one field; --fields takes several");
+    }
     const bool hasRunOption = !run.inputFile.empty() || !run.column.name.empty() ||
                               !run.errorsFile.empty() || run.jobs > 1 || run.isUnbuffered ||
                               words.noHeader;

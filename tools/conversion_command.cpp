@@ -26,9 +26,6 @@ std::vector<const ResultField*> chosenFields(const Arguments& arguments, bool is
         fields.push_back(&resultField(names.substr(0, comma), isEncode));
         names.remove_prefix(std::min(comma + 1, names.size()));
     }
-    if (arguments.fields.empty() && fields.size() != 1) {
-        throw UsageError("--to takes one field; --fields takes several");
-    }
     return fields;
 }
 
@@ -130,15 +127,28 @@ int convertValues(Output& output, const Arguments& arguments, const Conversion& 
     return exitStatus;
 }
 
-int runConversion(Output& output, const Arguments& arguments, const Conversion& conversion) {
-    if (!arguments.values.empty()) {
-        return convertValues(output, arguments, conversion);
-    }
+int convertLines(Output& output, const Arguments& arguments, const Conversion& conversion) {
     LineRules rules;
     rules.convert = conversion.convert;
     rules.format = lineFormat(arguments, conversion.isEncode, conversion.defaultField);
     rules.stopsAtFailure = arguments.read.strict;
     return lineRun(output, rules, arguments.run);
+}
+
+int runConversion(Output& output, const Arguments& arguments, Conversion conversion) {
+    const bool isForLines = arguments.values.empty();
+    const std::string_view to = !isForLines || !arguments.to.empty()
+                                    ? std::string_view(arguments.to)
+                                    : conversion.defaultField;
+    if (!to.empty() && arguments.fields.empty() && !arguments.isJson) {
+        const ResultField& field = resultField(to, conversion.isEncode);
+        conversion.convert = [&field, convert = std::move(conversion.convert)](Result& result) {
+            convert(result);
+            requireForm(field, result);
+        };
+    }
+    return isForLines ? convertLines(output, arguments, conversion)
+                      : convertValues(output, arguments, conversion);
 }
 
 void throwIfUnusable(const EncodeRequest& request, ValueForm form) {

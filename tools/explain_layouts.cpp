@@ -33,7 +33,7 @@ constexpr LayoutField open(std::string_view name, int width) {
 }
 
 constexpr LayoutField toggle = {TOGGLE, "AI data toggle", 1};
-constexpr LayoutField partition = {PARTITION, "partition", 3};
+constexpr LayoutField part = {PARTITION, "partition", 3};
 constexpr LayoutField prefix = {COMPANY_PREFIX, "company prefix"};
 constexpr LayoutField assetText = {REFERENCE_CHARS7, "asset reference", 188};
 constexpr LayoutField partText = {REFERENCE_CHARS6, "component reference"};
@@ -48,28 +48,28 @@ constexpr LayoutField data = {DATA_SECTION, "data"};
 // clang-format off
 constexpr SchemeLayout layouts[] = {
     // scheme      fields behind the header; the width of a reference counts the company prefix in
-    {"sgtin-96",  {filter(3), partition, prefix, digits("item reference", 44, 13), number("serial", 38)}},
-    {"sgtin-198", {filter(3), partition, prefix, digits("item reference", 44, 13), chars7("serial", 20)}},
-    {"sscc-96",   {filter(3), partition, prefix, digits("serial reference", 58, 17), reserved}},
-    {"sgln-96",   {filter(3), partition, prefix, digits("location reference", 41, 12), number("extension", 41)}},
-    {"sgln-195",  {filter(3), partition, prefix, digits("location reference", 41, 12), chars7("extension", 20)}},
-    {"grai-96",   {filter(3), partition, prefix, digits("asset type", 44, 12), number("serial", 38)}},
-    {"grai-170",  {filter(3), partition, prefix, digits("asset type", 44, 12), chars7("serial", 16)}},
-    {"giai-96",   {filter(3), partition, prefix, open("asset reference", 82)}},
-    {"giai-202",  {filter(3), partition, prefix, assetText}},
-    {"gsrn-96",   {filter(3), partition, prefix, digits("service reference", 58, 17), reserved}},
-    {"gsrnp-96",  {filter(3), partition, prefix, digits("service reference", 58, 17), reserved}},
-    {"gdti-96",   {filter(3), partition, prefix, digits("document type", 41, 12), number("serial", 41)}},
-    {"gdti-113",  {filter(3), partition, prefix, digits("document type", 41, 12), behindOne("serial", 58)}},
-    {"gdti-174",  {filter(3), partition, prefix, digits("document type", 41, 12), chars7("serial", 17)}},
-    {"cpi-96",    {filter(3), partition, prefix, open("component reference", 51), number("serial", 31)}},
-    {"cpi-var",   {filter(3), partition, prefix, partText, number("serial", 40)}},
-    {"sgcn-96",   {filter(3), partition, prefix, digits("coupon reference", 41, 12), behindOne("serial", 41)}},
+    {"sgtin-96",  {filter(3), part, prefix, digits("item reference", 44, 13), number("serial", 38)}},
+    {"sgtin-198", {filter(3), part, prefix, digits("item reference", 44, 13), chars7("serial", 20)}},
+    {"sscc-96",   {filter(3), part, prefix, digits("serial reference", 58, 17), reserved}},
+    {"sgln-96",   {filter(3), part, prefix, digits("location reference", 41, 12), number("extension", 41)}},
+    {"sgln-195",  {filter(3), part, prefix, digits("location reference", 41, 12), chars7("extension", 20)}},
+    {"grai-96",   {filter(3), part, prefix, digits("asset type", 44, 12), number("serial", 38)}},
+    {"grai-170",  {filter(3), part, prefix, digits("asset type", 44, 12), chars7("serial", 16)}},
+    {"giai-96",   {filter(3), part, prefix, open("asset reference", 82)}},
+    {"giai-202",  {filter(3), part, prefix, assetText}},
+    {"gsrn-96",   {filter(3), part, prefix, digits("service reference", 58, 17), reserved}},
+    {"gsrnp-96",  {filter(3), part, prefix, digits("service reference", 58, 17), reserved}},
+    {"gdti-96",   {filter(3), part, prefix, digits("document type", 41, 12), number("serial", 41)}},
+    {"gdti-113",  {filter(3), part, prefix, digits("document type", 41, 12), behindOne("serial", 58)}},
+    {"gdti-174",  {filter(3), part, prefix, digits("document type", 41, 12), chars7("serial", 17)}},
+    {"cpi-96",    {filter(3), part, prefix, open("component reference", 51), number("serial", 31)}},
+    {"cpi-var",   {filter(3), part, prefix, partText, number("serial", 40)}},
+    {"sgcn-96",   {filter(3), part, prefix, digits("coupon reference", 41, 12), behindOne("serial", 41)}},
     {"gid-96",    {number("general manager", 28), number("object class", 24), number("serial", 36)}},
     {"usdod-96",  {filter(4), cage8, number("serial", 36)}},
     {"adi-var",   {filter(6), cage6, partNumber, partSerial}},
-    {"itip-110",  {filter(3), partition, prefix, digits("item reference", 44, 13), twoDigits("piece"), twoDigits("total"), number("serial", 38)}},
-    {"itip-212",  {filter(3), partition, prefix, digits("item reference", 44, 13), twoDigits("piece"), twoDigits("total"), chars7("serial", 20)}},
+    {"itip-110",  {filter(3), part, prefix, digits("item reference", 44, 13), twoDigits("piece"), twoDigits("total"), number("serial", 38)}},
+    {"itip-212",  {filter(3), part, prefix, digits("item reference", 44, 13), twoDigits("piece"), twoDigits("total"), chars7("serial", 20)}},
     {"cpi+",      {toggle, filter(3), ai("8010"), ai("8011"), data}},
     {"grai+",     {toggle, filter(3), ai("8003"), data}},
     {"sgln+",     {toggle, filter(3), ai("414"), ai("254"), data}},

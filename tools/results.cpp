@@ -91,25 +91,25 @@ std::string messageText(const Result& result) {
 }
 
 // clang-format off
-constexpr ResultField fields[] = {
-    // name            text               encode failed
-    {"value",          valueText,         true,  true},
-    {"line",           lineText,          true,  true},
-    {"form",           formText,          true,  true},
-    {"scheme",         schemeText,        true,  false},
-    {"filter",         filterText,        true,  false},
-    {"tag-uri",        tagUriText,        false, false},
-    {"pure-uri",       pureUriText,       false, false},
-    {"element-string", elementStringText, false, false},
-    {"barcode-string", barcodeStringText, false, false},
-    {"digital-link",   linkText,          false, false},
-    {"hex",            hexText,           true,  false},
-    {"words",          wordsText,         true,  false},
-    {"binary",         binaryText,        true,  false},
-    {"bits",           bitsText,          true,  false},
-    {"ais",            aisText,           false, false},
-    {"status",         statusText,        true,  true},
-    {"message",        messageText,       true,  true},
+constexpr ResultField fieldTable[] = {
+    // name            text               form   encode failed
+    {"value",          valueText,         false,  true,   true},
+    {"line",           lineText,          false,  true,   true},
+    {"form",           formText,          false,  true,   true},
+    {"scheme",         schemeText,        false,  true,   false},
+    {"filter",         filterText,        false,  true,   false},
+    {"tag-uri",        tagUriText,        true,   false,  false},
+    {"pure-uri",       pureUriText,       true,   false,  false},
+    {"element-string", elementStringText, true,   false,  false},
+    {"barcode-string", barcodeStringText, true,   false,  false},
+    {"digital-link",   linkText,          true,   false,  false},
+    {"hex",            hexText,           true,   true,   false},
+    {"words",          wordsText,         true,   true,   false},
+    {"binary",         binaryText,        true,   true,   false},
+    {"bits",           bitsText,          true,   true,   false},
+    {"ais",            aisText,           true,   false,  false},
+    {"status",         statusText,        false,  true,   true},
+    {"message",        messageText,       false,  true,   true},
 };
 // clang-format on
 
@@ -154,8 +154,8 @@ void addForms(Json& object, const Forms& forms) {
 } // namespace
 
 const ResultField& resultField(std::string_view name, bool ofEncode) {
-    const auto* const field = std::ranges::find(fields, name, &ResultField::name);
-    if (field == std::end(fields) || (ofEncode && !field->isOfEncode)) {
+    const auto* const field = std::ranges::find(fieldTable, name, &ResultField::name);
+    if (field == std::end(fieldTable) || (ofEncode && !field->isOfEncode)) {
         std::string message = "\"" + std::string(name) + "\" is no field; they are";
         for (const std::string& known : resultFieldNames(ofEncode)) {
             message += ' ' + known;
@@ -165,9 +165,19 @@ const ResultField& resultField(std::string_view name, bool ofEncode) {
     return *field;
 }
 
+void requireForm(const ResultField& field, Result& result) {
+    if (!field.isForm || isFailure(result.failure) || !field.text(result).empty()) {
+        return;
+    }
+    const bool needsLength = field.name == "pure-uri" && result.forms.lacksGcpLength;
+    result.failure = {EPC_ERR_NOT_SUPPORTED,
+                      "this value has no " + std::string(field.name) +
+                          (needsLength ? " without --gcp-length" : "; --to chooses a form")};
+}
+
 std::vector<std::string> resultFieldNames(bool ofEncode) {
     std::vector<std::string> names;
-    for (const ResultField& field : fields) {
+    for (const ResultField& field : fieldTable) {
         if (!ofEncode || field.isOfEncode) {
             names.emplace_back(field.name);
         }
@@ -204,10 +214,10 @@ void appendTsvCell(std::string& line, std::string_view cell) {
     }
 }
 
-void appendTsvRow(std::string& line, const std::vector<const ResultField*>& row,
+void appendTsvRow(std::string& line, const std::vector<const ResultField*>& fields,
                   const Result& result, bool raw) {
     const char* separator = "";
-    for (const ResultField* field : row) {
+    for (const ResultField* field : fields) {
         line += separator;
         appendTsvCell(line, resultText(*field, result, raw));
         separator = "\t";

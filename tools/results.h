@@ -26,12 +26,16 @@ using Convert = std::function<void(Result&)>;
 struct ResultField {
     std::string_view name;
     std::string (*text)(const Result& result);
+    bool isForm;      // a form that a value may not have
     bool isOfEncode;  // encode can write it; decode can write all
     bool isOfFailure; // a result that failed has it
 };
 
 // Throws UsageError for a name that is none, or none of the command.
 const ResultField& resultField(std::string_view name, bool ofEncode);
+
+// A value that is asked for a form that it does not have has failed.
+void requireForm(const ResultField& field, Result& result);
 
 // All names, in the order of their table.
 std::vector<std::string> resultFieldNames(bool ofEncode);

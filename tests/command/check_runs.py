@@ -1,0 +1,67 @@
+"""What a long run does to its memory and to a terminal.
+
+usage: check_runs.py ROSETAG
+"""
+import os
+import pty
+import subprocess
+import sys
+import time
+import unittest
+
+ROSETAG = os.path.abspath(sys.argv[1])
+LINE = b"3074257BF7194E4000001A85\n"
+URI = b"urn:epc:tag:sgtin-96:3.0614141.812345.6789\n"
+
+
+def peak_of_run(lines, options):
+    """The most memory, in KiB, that a run over so many lines has."""
+    child = subprocess.Popen([ROSETAG, "decode", "--quiet", *options], stdin=subprocess.PIPE,
+                             stdout=subprocess.DEVNULL)
+    for _ in range(lines // 1000):
+        child.stdin.write(LINE * 1000)
+    child.stdin.close()
+    _, status, usage = os.wait4(child.pid, 0)
+    child.returncode = os.waitstatus_to_exitcode(status)
+    assert child.returncode == 0
+    return usage.ru_maxrss
+
+
+class Runs(unittest.TestCase):
+    def test_memory_does_not_grow_with_the_lines(self):
+        for options in ([], ["--jobs", "2"], ["--json"]):
+            with self.subTest(options=options):
+                few, many = (peak_of_run(lines, options) for lines in (50_000, 500_000))
+                self.assertLess(many, few * 1.2 + 2000)
+
+    def run_on_terminal(self, *options):
+        """Standard output, and what a terminal at standard error shows."""
+        terminal, side = pty.openpty()
+        child = subprocess.Popen([ROSETAG, "decode", *options], stdin=subprocess.PIPE,
+                                 stdout=subprocess.PIPE, stderr=side)
+        os.close(side)
+        for _ in range(3):
+            child.stdin.write(LINE)
+            child.stdin.flush()
+            time.sleep(0.3)
+        out, _ = child.communicate(b"42\n")
+        shown = b""
+        try:
+            while chunk := os.read(terminal, 65536):
+                shown += chunk
+        except OSError:
+            pass  # nothing is left on a terminal whose other side is closed
+        os.close(terminal)
+        return out, shown
+
+    def test_progress_is_shown_beside_the_output(self):
+        out, shown = self.run_on_terminal()
+        self.assertEqual(out, URI * 3 + b"\tEPC_ERR_UNKNOWN_HEADER\n")
+        self.assertRegex(shown, rb"\r\x1b\[K[23] lines, 0 failed, [0-9,]+ lines/s")
+        # The line is taken off before the summary.
+        self.assertRegex(shown, rb"\r\x1b\[Krosetag: 4 lines, 3 converted, 1 failed")
+        self.assertEqual(self.run_on_terminal("--quiet"), (out, b""))
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
