@@ -25,10 +25,10 @@ foreach(component runtime development tools)
 endforeach()
 # Debian wants its man pages compressed.
 set(rosetag_man_page ${PROJECT_BINARY_DIR}/rosetag.1.gz)
-if(EXISTS ${PROJECT_SOURCE_DIR}/tools/man/rosetag.1)
-    execute_process(COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/tools/man/rosetag.1
-        OUTPUT_FILE ${rosetag_man_page} COMMAND_ERROR_IS_FATAL ANY)
-endif()
+execute_process(COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/tools/man/rosetag.1
+    OUTPUT_FILE ${rosetag_man_page} COMMAND_ERROR_IS_FATAL ANY)
+
+set(rosetag_zsh_dir ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
 
 set(rosetag_description
     "Rosetag translates identifiers between element strings, barcode strings,

@@ -28,6 +28,7 @@ if(ROSETAG_DEBIAN_PACKAGES)
     include(${PROJECT_SOURCE_DIR}/cmake/debian.cmake)
 else()
     set(rosetag_man_page ${PROJECT_SOURCE_DIR}/tools/man/rosetag.1)
+    set(rosetag_zsh_dir ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
     install(FILES ${PROJECT_SOURCE_DIR}/LICENSE
         DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
 endif()
@@ -38,17 +39,12 @@ if(TARGET rosetag_command)
     set_target_properties(rosetag_command PROPERTIES
         INSTALL_RPATH "$ORIGIN/${libdir_from_bindir}")
     install(TARGETS rosetag_command RUNTIME COMPONENT tools)
-    function(rosetag_install_for_command file destination)
-        if(EXISTS ${file})
-            install(FILES ${file} DESTINATION ${destination} COMPONENT tools)
-        endif()
-    endfunction()
     set(completions ${PROJECT_SOURCE_DIR}/tools/completions)
-    rosetag_install_for_command(${rosetag_man_page} ${CMAKE_INSTALL_MANDIR}/man1)
-    rosetag_install_for_command(${completions}/rosetag
-        ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
-    rosetag_install_for_command(${completions}/_rosetag
-        ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
-    rosetag_install_for_command(${completions}/rosetag.fish
-        ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+    install(FILES ${rosetag_man_page}
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
+    install(FILES ${completions}/rosetag
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tools)
+    install(FILES ${completions}/_rosetag DESTINATION ${rosetag_zsh_dir} COMPONENT tools)
+    install(FILES ${completions}/rosetag.fish
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT tools)
 endif()

@@ -4,7 +4,6 @@ compiler that is installed and with all warnings as errors.
 usage: check_header.py INCLUDE_DIR
 """
 
-import os
 import shutil
 import subprocess
 import sys
@@ -34,8 +33,6 @@ def compile_text(compiler, language, flags, text):
 class Header(unittest.TestCase):
     def test_compiles_alone_and_twice(self):
         for header, language, standards, flags in ROWS:
-            if not os.path.exists(os.path.join(INCLUDE, "rosetag", header)):
-                continue
             text = f"#include <rosetag/{header}>\n" * 2
             for compiler in filter(shutil.which, COMPILERS[language]):
                 for standard in standards:
