@@ -156,8 +156,8 @@ const SchemeLayout* layoutOfScheme(std::string_view scheme) {
     return layout == std::end(layouts) ? nullptr : layout;
 }
 
-int companyPrefixBits(int partition) {
-    return companyPrefixWidths[partition];
+int companyPrefixBits(int partitionValue) {
+    return companyPrefixWidths[partitionValue];
 }
 
 std::span<const TidSegment> tidLayout() {

@@ -55,7 +55,7 @@ const SchemeLayout* layoutOfScheme(std::string_view scheme);
 constexpr int companyPrefixDigits(int partition) {
     return 12 - partition;
 }
-int companyPrefixBits(int partition);
+int companyPrefixBits(int partitionValue);
 
 // Characters of a reference by the partition value, where it is a text.
 constexpr int referenceCharacters(int partition) {

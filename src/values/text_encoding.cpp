@@ -140,20 +140,24 @@ EpcStatus aiEncodeCode40(TextCursor& cursor, BitBuffer& out) {
     });
 }
 
+// The value 0 is no character.
+EpcStatus putCode40Group(TextBuffer& text, std::uint32_t group) {
+    if (group < 1 || group > CODE40_LARGEST) {
+        return EPC_ERR_BAD_FORMAT;
+    }
+    const std::uint32_t sum = group - 1;
+    for (const std::uint32_t value : {sum / 1600, sum / 40 % 40, sum % 40}) {
+        if (value >= CODE40_FIRST_VALUE) {
+            EPC_TRY(textBufferPutChar(text, code40Alphabet[value]));
+        }
+    }
+    return EPC_OK;
+}
+
 EpcStatus aiDecodeCode40(BitBuffer& bits, TextBuffer& text, std::int32_t count) {
     const std::int32_t groups = (count + CODE40_GROUP - 1) / CODE40_GROUP;
-    return fieldRunGet<16>(bits, groups, [&text](std::uint32_t group) -> EpcStatus {
-        if (group < 1 || group > CODE40_LARGEST) {
-            return EPC_ERR_BAD_FORMAT;
-        }
-        const std::uint32_t sum = group - 1;
-        for (const std::uint32_t value : {sum / 1600, sum / 40 % 40, sum % 40}) {
-            if (value >= CODE40_FIRST_VALUE) {
-                EPC_TRY(textBufferPutChar(text, code40Alphabet[value]));
-            }
-        }
-        return EPC_OK;
-    });
+    return fieldRunGet<16>(bits, groups,
+                           [&text](std::uint32_t group) { return putCode40Group(text, group); });
 }
 
 struct TextEncoding {
