@@ -60,9 +60,9 @@ copy_headers() {
 build_googletest() {
     if [[ ! -e $build/gtest/.built ]]; then
         configure /usr/src/googletest "$build/gtest-build" -DBUILD_GMOCK=OFF \
-            -DCMAKE_INSTALL_PREFIX="$build/gtest" -DCMAKE_CXX_FLAGS=-w
-        cmake --build "$build/gtest-build" --target install -- --quiet -j2
-        touch "$build/gtest/.built"
+            -DCMAKE_INSTALL_PREFIX="$build/gtest" -DCMAKE_CXX_FLAGS=-w &&
+            cmake --build "$build/gtest-build" --target install -- --quiet -j2 &&
+            touch "$build/gtest/.built"
     fi
 }
 
@@ -72,20 +72,36 @@ build_rosetag() {
         link="-static-libgcc -static-libstdc++ -static"
     fi
     configure "$root" "$build" -DCMAKE_PREFIX_PATH="/" -DROSETAG_INSTALL=OFF \
-        -DCMAKE_EXE_LINKER_FLAGS="$link"
-    cmake --build "$build" -- --quiet -k 0 -j2
+        -DCMAKE_EXE_LINKER_FLAGS="$link" &&
+        cmake --build "$build" --target unit_tests contract_tests -- --quiet -j2
+}
+
+build_command() {
+    cmake --build "$build" --target rosetag_command -- --quiet -j2
 }
 
 run_tests() {
     local program
     for program in unit_tests contract_tests; do
-        program=$build/tests/$program$suffix
-        if [[ ! -e $program ]]; then
-            echo "not built"
-            return 1
-        fi
-        LD_BIND_NOW=1 WINEDEBUG=-all WINEPATH="$build" "${runner[@]}" "$program" --gtest_brief=1
+        LD_BIND_NOW=1 WINEDEBUG=-all WINEPATH="$build" \
+            "${runner[@]}" "$build/tests/$program$suffix" --gtest_brief=1 || return 1
     done
+}
+
+# Runs a step into a log of its own, and says what it comes to.
+step() {
+    local name=$1 log=$build/$1.log
+    if "${@:2}" >"$log" 2>&1; then
+        echo "$machine: $name: good"
+    else
+        grep -E -m 5 'error:|Failure|FAILED' "$log" || tail -n 5 "$log"
+        echo "$machine: $name: FAILS, see $log"
+        return 1
+    fi
+}
+
+build_library_and_tests() {
+    copy_headers && build_googletest && build_rosetag
 }
 
 status=0
@@ -100,18 +116,11 @@ for machine in "${machines[@]}"; do
             continue 2
         fi
     done
-    if ! { copy_headers && build_googletest && build_rosetag; } >"$build/build.log" 2>&1; then
-        tail -n 15 "$build/build.log"
-        echo "$machine: DOES NOT BUILD, see $build/build.log"
-        status=1
-        continue
-    fi
-    if run_tests >"$build/tests.log" 2>&1; then
-        echo "$machine: all pass:" \
-            "$(sed -n 's/.*\[  PASSED  \] \([0-9]* tests\).*/\1/p' "$build/tests.log" | paste -sd,)"
+    if step build build_library_and_tests; then
+        step tests run_tests || status=1
+        sed -n 's/.*\[==========\] \(.* ran\)\..*/    \1/p' "$build/tests.log"
+        step command build_command || status=1
     else
-        tail -n 15 "$build/tests.log"
-        echo "$machine: TESTS FAIL, see $build/tests.log"
         status=1
     fi
 done

@@ -45,9 +45,16 @@ STATUSES = ["EPC_OK"] + re.findall(
 def code_only(text):
     """The text with all that is no code blanked: comments, texts, directives, assertions."""
     no_code = r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])+\'' \
-        r"|^#[^\n]*(?:\\\n[^\n]*)*|static_assert\(.*?\);"
+        r"|^#[^\n]*(?:\\\n[^\n]*)*"
     blank = lambda match: re.sub(r"[^\n]", " ", match.group())
-    return re.sub(no_code, blank, text, flags=re.S | re.M)
+    code = re.sub(no_code, blank, text, flags=re.S | re.M)
+    while (start := code.find("static_assert(")) >= 0:
+        end, depth = code.index("(", start) + 1, 1
+        while depth > 0:
+            depth += {"(": 1, ")": -1}.get(code[end], 0)
+            end += 1
+        code = code[:start] + re.sub(r"[^\n]", " ", code[start:end]) + code[end:]
+    return code
 
 
 def places():
