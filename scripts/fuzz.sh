@@ -15,7 +15,10 @@ if [[ $# -ge 2 ]]; then
 fi
 build=$root/build/fuzz
 
-(cd "$root" && cmake --preset fuzz && cmake --build --preset fuzz -- --quiet) >&2
+if [[ ! -e $build/build.ninja ]]; then
+    (cd "$root" && cmake --preset fuzz) >&2
+fi
+ninja -C "$build" --quiet >&2
 rm -rf "$build/seeds"
 python3 "$root/scripts/fuzz_seeds.py" "$build/seeds"
 
