@@ -132,7 +132,7 @@ private:
 };
 
 TEST(State, SmallStacksAreEnough) {
-    constexpr std::size_t LIMIT = 16 * 1024;
+    constexpr std::size_t limit = 16 * 1024;
     outcomesOfAllCases(); // the loader's own use of the stack is over then
     ExportCaller caller;
     PaintedStack stack;
@@ -147,7 +147,7 @@ TEST(State, SmallStacksAreEnough) {
         }
     }
     std::printf("deepest stack: %zu bytes (%s)\n", deepest, deepestCase.c_str());
-    EXPECT_TRUE(deepest < LIMIT || BUILT_WITH_SANITIZER) << deepest << " bytes";
+    EXPECT_TRUE(deepest < limit || BUILT_WITH_SANITIZER) << deepest << " bytes";
     EXPECT_GT(deepest, 500U) << "nothing was painted over";
 }
 
