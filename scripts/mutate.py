@@ -8,6 +8,7 @@ and the contract tests. Those that no test notices are printed with their place:
 have a hole there, or the change makes no difference.
 """
 
+import os
 import pathlib
 import random
 import re
@@ -15,7 +16,7 @@ import shutil
 import signal
 import subprocess
 import sys
-import os
+import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 TREE = ROOT / "build" / "mutate" / "tree"
@@ -23,7 +24,6 @@ BUILD = ROOT / "build" / "mutate" / "build"
 KEPT = ROOT / "build" / "mutate" / "kept"
 COPIED = ["CMakeLists.txt", "CMakePresets.json", "cmake", "include", "src", "tests"]
 PROGRAMS = ["unit_tests", "contract_tests"]
-SECONDS_FOR_TESTS = 300
 
 TURNED = {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "=="}
 EXCHANGED = {"+": "-", "-": "+", "+=": "-=", "-=": "+=", "&&": "||", "||": "&&"}
@@ -89,7 +89,7 @@ def run(command, seconds=None):
     except subprocess.TimeoutExpired:
         os.killpg(process.pid, signal.SIGKILL)
         process.communicate()
-        return 1, "took too long"
+        return 1, "takes too long"
     return process.returncode, output
 
 
@@ -97,18 +97,19 @@ def build():
     return run(["cmake", "--build", str(BUILD), "--target", *PROGRAMS, "--", "-j2"])
 
 
-def first_failure():
+def first_failure(seconds):
     """What the tests say of the tree as it is built; nothing if they all pass."""
     for program in PROGRAMS:
         status, output = run([str(BUILD / "tests" / program), "--gtest_fail_fast",
-                              "--gtest_brief=1"], SECONDS_FOR_TESTS)
+                              "--gtest_brief=1"], seconds)
         if status != 0:
             failed = re.search(r"\[  FAILED  \] ([\w/.]+)", output)
-            return f"{program} {failed.group(1)}" if failed else f"{program} stopped"
+            return f"{program} {failed.group(1) if failed else 'stops or hangs'}"
     return None
 
 
 def prepare():
+    """Builds the copy as it is. The seconds that the tests of a change may take."""
     shutil.rmtree(BUILD.parent, ignore_errors=True)
     TREE.mkdir(parents=True)
     for name in COPIED:
@@ -124,10 +125,12 @@ def prepare():
         status, output = build()
     if status != 0:
         sys.exit(output + "\nThe tree does not build as it is.")
-    failure = first_failure()
+    begin = time.monotonic()
+    failure = first_failure(600)
     if failure:
         sys.exit(f"The tests fail without any change: {failure}")
     shutil.copytree(BUILD, KEPT)
+    return 20 + 5 * (time.monotonic() - begin)
 
 
 def files_of_build():
@@ -136,15 +139,15 @@ def files_of_build():
 
 def restore_build():
     """Puts back what the last change has built, so that only the next change is built anew."""
-    for path, time in files_of_build().items():
+    for path, changed_at in files_of_build().items():
         kept = KEPT / path.relative_to(BUILD)
         if not kept.exists():
             path.unlink()
-        elif time != kept.stat().st_mtime_ns:
+        elif changed_at != kept.stat().st_mtime_ns:
             shutil.copy2(kept, path)
 
 
-def try_change(path, offset, token, replacement):
+def try_change(path, offset, token, replacement, seconds):
     """Caught by what, or None if nothing noticed; False if it is no program."""
     target = TREE / path.relative_to(ROOT)
     text = path.read_text()
@@ -152,7 +155,7 @@ def try_change(path, offset, token, replacement):
     try:
         status, output = build()
         if status == 0:
-            return first_failure()
+            return first_failure(seconds)
         return "the compiler" if "static assertion failed" in output else False
     finally:
         shutil.copy2(path, target)
@@ -163,7 +166,7 @@ def main():
     wanted = int(sys.argv[1]) if len(sys.argv) > 1 else 100
     seed = int(sys.argv[2]) if len(sys.argv) > 2 else 1
     choose = random.Random(seed)
-    prepare()
+    seconds = prepare()
     by_kind = places()
     survivors, tried, seen = [], 0, set()
     while tried < wanted and len(seen) < sum(map(len, by_kind.values())):
@@ -173,7 +176,7 @@ def main():
         if (path, offset) in seen:
             continue
         seen.add((path, offset))
-        caught = try_change(path, offset, token, replacement)
+        caught = try_change(path, offset, token, replacement, seconds)
         if caught is False:
             continue  # the change is no program
         tried += 1
