@@ -45,8 +45,8 @@ choose() {
 configure() {
     cmake -G Ninja -S "$1" -B "$2" -DCMAKE_SYSTEM_NAME="$system" -DCMAKE_BUILD_TYPE=Release \
         -DCMAKE_C_COMPILER="${compiler/g++/gcc}" -DCMAKE_CXX_COMPILER="$compiler" \
-        -DCMAKE_FIND_ROOT_PATH="$build/gtest;$build/headers" \
-        -DCMAKE_FIND_ROOT_PATH_MODE_PACKAGE=ONLY "${@:3}"
+        -DCMAKE_PREFIX_PATH="$build/gtest;$build/headers" -DCMAKE_FIND_USE_CMAKE_SYSTEM_PATH=OFF \
+        "${@:3}"
 }
 
 # The command's libraries are headers for any machine, and lie among those of this one.
@@ -71,7 +71,7 @@ build_rosetag() {
     if [[ $system == Windows ]]; then
         link="-static-libgcc -static-libstdc++ -static"
     fi
-    configure "$root" "$build" -DCMAKE_PREFIX_PATH="/" -DROSETAG_INSTALL=OFF \
+    configure "$root" "$build" -DROSETAG_INSTALL=OFF \
         -DCMAKE_EXE_LINKER_FLAGS="$link" &&
         cmake --build "$build" --target unit_tests contract_tests -- --quiet -j2
 }

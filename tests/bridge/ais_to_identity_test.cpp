@@ -2,7 +2,10 @@
  * GS1 texts to EPC URIs: what the walk refuses, what it lets through, and what stands in dst
  * afterwards. Each text lies against a page that cannot be read.
  */
+#include "bridge/gs1_key_table.h"
+#include "gs1/ai_catalogue.h"
 #include "support/guarded_area.h"
+#include "support/status.h"
 #include "support/text_result.h"
 
 #include <gtest/gtest.h>
@@ -166,6 +169,41 @@ TEST(AisToIdentity, WalksTheWholeText) {
 
 TEST(AisToIdentity, CutsTheKey) {
     expectRows(cutRows);
+}
+
+EpcStatus tagUriStatus(Export convert, const std::string& text) {
+    char dst[128];
+    return convert(text.c_str(), sgtin96, 3, 7, sizeof dst, dst);
+}
+
+// Steps over the AI with its shortest value on the way to the key. Bare, a separator ends the value
+// or nothing does: one of the two, as the prefix says.
+void expectStep(const std::string& code, const AiDefinition& ai) {
+    const int digits = ai.components[0].digitCount + ai.components[1].digitCount;
+    const std::string value(static_cast<std::size_t>(digits), '0');
+    const std::string behind = "0180614141123458216";
+    EXPECT_STATUS(gs1KeyFindByAi(code) != nullptr ? EPC_ERR_SECOND_KEY : EPC_OK,
+                  tagUriStatus(element, "(" + code + ")" + value + "(01)80614141123458(21)6"))
+        << code;
+    const EpcStatus endsByItself = tagUriStatus(barcode, code + value + behind);
+    const EpcStatus endsBySeparator = tagUriStatus(barcode, code + value + "\x1D" + behind);
+    if (gs1KeyFindByAi(code) == nullptr) {
+        EXPECT_NE(endsByItself == EPC_OK, endsBySeparator == EPC_OK) << code;
+    }
+}
+
+TEST(AisToIdentity, StepsOverEveryAi) {
+    int steps = 0;
+    for (const int span : {100, 1000, 10000}) {
+        for (int number = span; number < 2 * span; ++number) {
+            const std::string code = std::to_string(number).substr(1);
+            if (const AiDefinition* ai = aiFind(code); ai != nullptr) {
+                expectStep(code, *ai);
+                ++steps;
+            }
+        }
+    }
+    EXPECT_EQ(520, steps);
 }
 
 // In a full dst a part is written whole or not at all, an escaped value character by character.
