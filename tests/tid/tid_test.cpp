@@ -220,10 +220,10 @@ EpcStatus binaryNulls(const std::vector<std::uint8_t>& bank, std::uint32_t seria
 }
 
 TEST(TidParts, EachExportWritesItsOutputsAndNoOther) {
-    constexpr char UNTOUCHED[] = " 55 555555555555555555 555555555555 555555555555 5555 5555";
-    constexpr char ALL[] = " 1f 010100010001010000 080002014000 0101FF01FF01 cafe beef";
-    constexpr char ZEROS[] = " 0 000000000000000000 000000000000 000000000000 0 0";
-    const std::string nothing = std::string("5555 5555 55 untouched") + UNTOUCHED;
+    constexpr char untouched[] = " 55 555555555555555555 555555555555 555555555555 5555 5555";
+    constexpr char all[] = " 1f 010100010001010000 080002014000 0101FF01FF01 cafe beef";
+    constexpr char zeros[] = " 0 000000000000000000 000000000000 000000000000 0 0";
+    const std::string nothing = std::string("5555 5555 55 untouched") + untouched;
     const struct {
         const char* name;
         const char* bank;
@@ -233,26 +233,26 @@ TEST(TidParts, EachExportWritesItsOutputsAndNoOther) {
         const char* extended;
         const char* serial;
     } rows[] = {
-        {"all segments", ALL_SEGMENTS, 37, EPC_OK, "812 345 40 AABBCCDDEEFF0123", ALL,
+        {"all segments", ALL_SEGMENTS, 37, EPC_OK, "812 345 40 AABBCCDDEEFF0123", all,
          "AABBCCDDEEFF0123"},
-        {"room for digits and NUL", ALL_SEGMENTS, 17, EPC_OK, "812 345 40 AABBCCDDEEFF0123", ALL,
+        {"room for digits and NUL", ALL_SEGMENTS, 17, EPC_OK, "812 345 40 AABBCCDDEEFF0123", all,
          "AABBCCDDEEFF0123"},
         {"room for the digits alone", ALL_SEGMENTS, 16, EPC_ERR_NO_ROOM, "812 345 40 untouched",
-         UNTOUCHED, "untouched"},
-        {"no serial number", SHORT_TID, 1, EPC_OK, "12 345 0 ", ZEROS, ""},
-        {"no room for a NUL", SHORT_TID, 0, EPC_ERR_NO_ROOM, "12 345 0 untouched", UNTOUCHED,
+         untouched, "untouched"},
+        {"no serial number", SHORT_TID, 1, EPC_OK, "12 345 0 ", zeros, ""},
+        {"no room for a NUL", SHORT_TID, 0, EPC_ERR_NO_ROOM, "12 345 0 untouched", untouched,
          "untouched"},
         {"bank fails in its last segment", "E2 800 001 1000 0102", 37, EPC_ERR_TRUNCATED, "",
-         UNTOUCHED, "untouched"},
-        {"bank fails before the room", "E3 800 001", 0, EPC_ERR_BAD_TID, "", UNTOUCHED,
+         untouched, "untouched"},
+        {"bank fails before the room", "E3 800 001", 0, EPC_ERR_BAD_TID, "", untouched,
          "untouched"},
     };
     for (const auto& row : rows) {
         const std::vector<std::uint8_t> bank = bytesFromHex(row.bank);
         const bool writes = *row.components != '\0';
         const std::string extended = writes ? std::string(row.components) + row.extended : nothing;
-        const std::string components = writes ? std::string(row.components) + UNTOUCHED : nothing;
-        const std::string nulls = std::string("5555 5555 55 ") + row.serial + UNTOUCHED;
+        const std::string components = writes ? std::string(row.components) + untouched : nothing;
+        const std::string nulls = std::string("5555 5555 55 ") + row.serial + untouched;
         const struct {
             const char* name;
             EpcStatus (*call)(const std::vector<std::uint8_t>&, std::uint32_t, Parts&);
