@@ -1,57 +1,15 @@
 #include "explain_ai_values.h"
 
 #include "ai_dictionary.h"
+#include "explain_ai_text.h"
 
 #include <array>
-#include <cmath>
 
 namespace {
 
 constexpr std::size_t mostAis = 20;
-constexpr int mostDigits = 90;
-constexpr std::string_view base64UrlAlphabet =
-    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
-constexpr std::string_view code40Alphabet = " ABCDEFGHIJKLMNOPQRSTUVWXYZ-.:0123456789";
 
-// An AI and the title that stands in front of its values.
-struct Subject {
-    std::string code;
-    std::string title;
-};
-
-std::string fieldName(const Subject& subject, std::string_view part) {
-    return "AI " + subject.code + ' ' + std::string(part);
-}
-
-void meanValue(Walk& walk, const Subject& subject, const std::string& value) {
-    walkMean(walk, subject.title + ' ' + (value.empty() ? "(empty)" : value), value);
-    walk.fields.back().ai = subject.code;
-}
-
-std::size_t bitsOfDigits(std::size_t digits) {
-    return static_cast<std::size_t>(std::ceil(static_cast<double>(digits) * std::log2(10.0)));
-}
-
-std::size_t lengthBits(int maxLength) {
-    std::size_t bits = 2;
-    while (maxLength >= 1 << bits) {
-        ++bits;
-    }
-    return bits;
-}
-
-// A number of up to 64 bits must not have more digits than its place; a longer one may.
-void walkDigitsAsNumber(Walk& walk, const Subject& subject, std::size_t digits) {
-    const std::size_t width = bitsOfDigits(digits);
-    const std::string number =
-        zeroPadded(decimalOfBits(walkTake(walk, fieldName(subject, "number"), width)), digits);
-    if (width <= 64 && digits > 0 && number.size() > digits) {
-        walkFail(walk, number + " has more than " + std::to_string(digits) + " digits");
-    }
-    meanValue(walk, subject, digits == 0 ? std::string() : number);
-}
-
-void walkDigits(Walk& walk, const Subject& subject, std::size_t count) {
+void walkDigits(Walk& walk, const AiSubject& subject, std::size_t count) {
     walkTake(walk, fieldName(subject, "digits"), 0);
     walk.fields.back().groups = {4};
     std::string digits;
@@ -67,106 +25,7 @@ void walkDigits(Walk& walk, const Subject& subject, std::size_t count) {
     meanValue(walk, subject, digits);
 }
 
-std::string charactersOf(std::string_view bits, std::size_t width, std::string_view alphabet) {
-    std::string text;
-    for (std::size_t i = 0; i < bits.size(); i += width) {
-        text += alphabet[numberOfBits(bits.substr(i, width))];
-    }
-    return text;
-}
-
-void walkCharacters(Walk& walk, const Subject& subject, std::size_t count, std::size_t width,
-                    std::string_view alphabet) {
-    const std::string_view bits = walkTake(walk, fieldName(subject, "text"), count * width);
-    walk.fields.back().groups = {static_cast<int>(width)};
-    meanValue(walk, subject, charactersOf(bits, width, alphabet));
-}
-
-void walkIso646(Walk& walk, const Subject& subject, std::size_t count) {
-    const std::string_view bits = walkTake(walk, fieldName(subject, "text"), count * 7);
-    walk.fields.back().groups = {7};
-    std::string text;
-    for (std::size_t i = 0; i < bits.size(); i += 7) {
-        const auto character = static_cast<char>(numberOfBits(bits.substr(i, 7)));
-        if (!isInCharacterSet82(character) && !isInCharacterSet39(character)) {
-            walkFail(walk, "the code " + std::to_string(static_cast<int>(character)) +
-                               " stands for no character that an AI may hold");
-            return;
-        }
-        text += character;
-    }
-    meanValue(walk, subject, text);
-}
-
-void walkCode40(Walk& walk, const Subject& subject, std::size_t count) {
-    const std::string_view bits = walkTake(walk, fieldName(subject, "text"), (count + 2) / 3 * 16);
-    walk.fields.back().groups = {16};
-    std::string text;
-    for (std::size_t i = 0; i < bits.size(); i += 16) {
-        const std::uint64_t group = numberOfBits(bits.substr(i, 16));
-        if (group == 0 || group > 64000) {
-            walkFail(walk, std::to_string(group) + " is no group of three characters");
-            return;
-        }
-        for (const std::uint64_t value :
-             {(group - 1) / 1600, (group - 1) / 40 % 40, (group - 1) % 40}) {
-            if (value != 0) {
-                text += code40Alphabet[value];
-            }
-        }
-    }
-    meanValue(walk, subject, text);
-}
-
-void walkPayload(Walk& walk, const Subject& subject, std::uint64_t encoding, std::size_t length) {
-    switch (encoding) {
-    case 0:
-        if (length > mostDigits) {
-            walkFail(walk, "a number has no more than 90 digits");
-            return;
-        }
-        return walkDigitsAsNumber(walk, subject, length);
-    case 1:
-        return walkCharacters(walk, subject, length, 4, "0123456789ABCDEF");
-    case 2:
-        return walkCharacters(walk, subject, length, 4, "0123456789abcdef");
-    case 3:
-        return walkCharacters(walk, subject, length, 6, base64UrlAlphabet);
-    case 4:
-        return walkIso646(walk, subject, length);
-    default:
-        return walkCode40(walk, subject, length);
-    }
-}
-
-std::size_t walkLength(Walk& walk, const Subject& subject, int maxLength,
-                       std::string_view counted) {
-    const std::size_t length =
-        walkNumber(walk, fieldName(subject, "length"), lengthBits(maxLength));
-    walkMean(walk, std::to_string(length) + ' ' + std::string(counted));
-    return length;
-}
-
-void walkText(Walk& walk, const Subject& subject, int maxLength) {
-    constexpr std::array<std::string_view, 6> encodings = {"integer",   "hex-upper", "hex-lower",
-                                                           "base64url", "iso646",    "code40"};
-    const std::uint64_t encoding = walkNumber(walk, fieldName(subject, "encoding"), 3);
-    const bool isKnown = encoding < encodings.size();
-    walkMean(walk, std::to_string(encoding) + ": " +
-                       std::string(isKnown ? encodings[encoding] : "reserved"));
-    if (!walk.isGood) {
-        return;
-    }
-    const std::size_t length = walkLength(walk, subject, maxLength, "characters");
-    if (!isKnown) {
-        walkFail(walk, "the encoding " + std::to_string(encoding) + " in front is not assigned");
-    }
-    if (walk.isGood) {
-        walkPayload(walk, subject, encoding, length);
-    }
-}
-
-void walkDigitsThenText(Walk& walk, const Subject& subject, int maxLength) {
+void walkDigitsThenText(Walk& walk, const AiSubject& subject, int maxLength) {
     constexpr std::uint64_t switchCode = 14;
     constexpr std::uint64_t endCode = 15;
     walkTake(walk, fieldName(subject, "digits"), 0);
@@ -234,7 +93,7 @@ bool extendTime(Walk& walk, std::string& text, std::size_t fields) {
            (fields < 3 || extendTwoDigits(walk, text, 6, 0, 59, "second"));
 }
 
-void walkDate(Walk& walk, const Subject& subject, std::size_t timeFields) {
+void walkDate(Walk& walk, const AiSubject& subject, std::size_t timeFields) {
     walkTake(walk, fieldName(subject, timeFields == 0 ? "date" : "date, time"), 0);
     walk.fields.back().groups = {7, 4, 5, 5, 6, 6};
     std::string text;
@@ -243,7 +102,7 @@ void walkDate(Walk& walk, const Subject& subject, std::size_t timeFields) {
     }
 }
 
-void walkDateRange(Walk& walk, const Subject& subject) {
+void walkDateRange(Walk& walk, const AiSubject& subject) {
     const bool isPair = walkNumber(walk, fieldName(subject, "pair"), 1) != 0;
     walkMean(walk, isPair ? "two dates" : "one date");
     if (!walk.isGood) {
@@ -255,7 +114,7 @@ void walkDateRange(Walk& walk, const Subject& subject) {
     }
 }
 
-void walkDateTimeVar(Walk& walk, const Subject& subject) {
+void walkDateTimeVar(Walk& walk, const AiSubject& subject) {
     constexpr std::array<std::string_view, 4> precisions = {"hour", "minute", "second", "day"};
     const std::uint64_t code = walkNumber(walk, fieldName(subject, "precision"), 2);
     walkMean(walk, "to the " + std::string(precisions[code]));
@@ -264,7 +123,7 @@ void walkDateTimeVar(Walk& walk, const Subject& subject) {
     }
 }
 
-void walkLetters(Walk& walk, const Subject& subject) {
+void walkLetters(Walk& walk, const AiSubject& subject) {
     walkTake(walk, fieldName(subject, "letters"), 0);
     walk.fields.back().groups = {6};
     std::string letters;
@@ -280,13 +139,13 @@ void walkLetters(Walk& walk, const Subject& subject) {
     meanValue(walk, subject, letters);
 }
 
-void walkFlag(Walk& walk, const Subject& subject) {
+void walkFlag(Walk& walk, const AiSubject& subject) {
     const std::uint64_t flag = walkNumber(walk, fieldName(subject, "flag"), 1);
     meanValue(walk, subject, std::to_string(flag));
 }
 
 // A sign at the very end of the bits may be missing.
-void walkSign(Walk& walk, const Subject& subject) {
+void walkSign(Walk& walk, const AiSubject& subject) {
     if (walkLeft(walk) == 0) {
         return;
     }
@@ -295,14 +154,14 @@ void walkSign(Walk& walk, const Subject& subject) {
     walk.fields.back().ai = subject.code;
 }
 
-void walkVarNumber(Walk& walk, const Subject& subject, int maxDigits) {
+void walkVarNumber(Walk& walk, const AiSubject& subject, int maxDigits) {
     const std::size_t length = walkLength(walk, subject, maxDigits, "digits");
     if (walk.isGood) {
         walkDigitsAsNumber(walk, subject, length);
     }
 }
 
-void walkPart(Walk& walk, const Subject& subject, const AiPart& part) {
+void walkPart(Walk& walk, const AiSubject& subject, const AiPart& part) {
     const auto size = static_cast<std::size_t>(part.size);
     switch (part.kind) {
     case AiPartKind::NONE:
@@ -373,7 +232,7 @@ bool dataSectionEnds(const Walk& walk) {
 
 void walkAiValue(Walk& walk, std::string_view code) {
     const AiEntry* const entry = aiEntryOf(code);
-    const Subject subject = {std::string(code), std::string(entry->title)};
+    const AiSubject subject = {std::string(code), std::string(entry->title)};
     for (const AiPart& part : entry->parts) {
         if (walk.isGood) {
             walkPart(walk, subject, part);

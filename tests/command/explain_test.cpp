@@ -93,12 +93,19 @@ bool checkAgainstLibrary(const std::string& hex) {
     return true;
 }
 
-std::string flipped(std::string hex, Random& random) {
+constexpr std::size_t headerBits = 8;
+
+std::string flipped(std::string hex, std::size_t bit) {
     constexpr std::string_view digits = "0123456789ABCDEF";
+    char& digit = hex[bit / 4];
+    digit = digits[digits.find(digit) ^ std::size_t{8} >> bit % 4];
+    return hex;
+}
+
+// The header stays, so that the scheme does.
+std::string flippedAnywhere(std::string hex, Random& random) {
     for (std::uint64_t flips = random.below(4); flips > 0; --flips) {
-        // The header stays, so that the scheme does.
-        char& digit = hex[2 + random.below(hex.size() - 2)];
-        digit = digits[digits.find(digit) ^ std::size_t{1} << random.below(4)];
+        hex = flipped(hex, headerBits + random.below(4 * hex.size() - headerBits));
     }
     return hex;
 }
@@ -116,6 +123,7 @@ constexpr const char* soundUris[] = {
     "urn:epc:tag:cpi-var:3.0614141.5PQ7%2FZ43.12345", "urn:epc:tag:sgcn-96:3.4012345.67890.04711",
     "urn:epc:tag:gid-96:31415.271828.1414", "urn:epc:tag:usdod-96:3.CAGEY.5678",
     "urn:epc:tag:adi-var:3.35962.PQ7VZ4.M37GXB92", "urn:epc:tag:adi-var:63.CAGEYY..%23A",
+    "urn:epc:tag:adi-var:0.35962.ABCDEFGHIJKLMNOPQRSTUVWXYZ012345.ABCDEFGHIJKLMNOPQRSTUVWXYZ0123",
     "urn:epc:tag:itip-110:3.4012345.012345.01.02.981", "urn:epc:tag:itip-212:3.4012345.012345.04.04.mw133",
 };
 
@@ -133,6 +141,8 @@ constexpr PlusRow soundPlusValues[] = {
     {"giai+", "(8004)0614141ABC(21)XY(3103)000189(17)240229"},
     {"dsgtin+", "(01)80614141123458(21)6789(15)240229(7011)2402291530"},
     {"sgtin+", "(01)80614141123458(21)12345678901234567890(4309)02790858483015297971"},
+    {"sscc+", "(00)106141412345678908(10)GHI999"},
+    {"sscc+", "(00)106141412345678908(91)123456789012345678901234567890123456789012345678901234567890123456789012345678901234567890"},
 };
 // clang-format on
 
@@ -142,9 +152,12 @@ TEST(Explain, AgreesWithTheLibraryOnEveryScheme) {
     const auto checkAround = [&](const std::string& sound) {
         ASSERT_TRUE(checkAgainstLibrary(sound));
         schemes.insert(explainEpc(sound).subject);
+        for (std::size_t bit = headerBits; bit < 4 * sound.size(); ++bit) {
+            checkAgainstLibrary(flipped(sound, bit));
+        }
         int read = 0;
-        for (int i = 0; i < 300; ++i) {
-            read += checkAgainstLibrary(flipped(sound, random)) ? 1 : 0;
+        for (int i = 0; i < 200; ++i) {
+            read += checkAgainstLibrary(flippedAnywhere(sound, random)) ? 1 : 0;
         }
         EXPECT_GT(read, 10) << sound;
         for (std::size_t length = 2; length < sound.size(); length += 2) {
@@ -212,7 +225,7 @@ TEST(Explain, AgreesWithTheLibraryOnTids) {
                                    "00040020";        // user memory
     for (const std::string& sound : {everything, std::string("E2003412")}) {
         for (int i = 0; i < 500; ++i) {
-            std::string hex = i == 0 ? sound : flipped(sound, random);
+            std::string hex = i == 0 ? sound : flippedAnywhere(sound, random);
             hex.resize(hex.size() - (i % 3 == 2 ? 2 * random.below(hex.size() / 2) : 0));
             SCOPED_TRACE(hex);
             const std::vector<std::uint8_t> bytes = bytesOfHex(hex);
