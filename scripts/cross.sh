@@ -83,7 +83,7 @@ build_command() {
 run_tests() {
     local program
     for program in unit_tests contract_tests; do
-        LD_BIND_NOW=1 WINEDEBUG=-all WINEPATH="$build" \
+        LD_BIND_NOW=1 WINEDEBUG=-all WINEPREFIX="$build/wine" WINEPATH="Z:$build" \
             "${runner[@]}" "$build/tests/$program$suffix" --gtest_brief=1 || return 1
     done
 }
