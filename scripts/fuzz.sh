@@ -42,7 +42,7 @@ run() {
     fi
     local executions edges
     executions=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
-    edges=$(sed -n 's/.* DONE *cov: \([0-9]*\).*/\1/p' "$log")
+    edges=$(sed -n 's/.*DONE *cov: \([0-9]*\).*/\1/p' "$log")
     printf '%-7s %10d executions, %5d edges covered\n' "$target" "$executions" "$edges"
 }
 
