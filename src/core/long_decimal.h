@@ -14,6 +14,15 @@
 constexpr std::int32_t MAX_LONG_DIGITS = 90;
 constexpr std::int32_t MAX_LONG_HEX_DIGITS = 75;
 
+// The powers of ten that 64 bits hold, by their exponent.
+inline constexpr std::array<std::uint64_t, 20> powersOfTen = [] {
+    std::array<std::uint64_t, 20> powers{1};
+    for (std::size_t exponent = 1; exponent < powers.size(); ++exponent) {
+        powers[exponent] = powers[exponent - 1] * 10;
+    }
+    return powers;
+}();
+
 // Bits of a number by the count n of its decimal digits: the smallest b with 2^b >= 10^n. No power
 // of ten above 1 is a power of two, so that b is n * log2(10) rounded up.
 inline constexpr std::array<std::int32_t, MAX_LONG_DIGITS + 1> aiDigitBitsTable = [] {

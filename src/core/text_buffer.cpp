@@ -1,5 +1,7 @@
 #include "core/text_buffer.h"
 
+#include "core/long_decimal.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -41,16 +43,6 @@ void putDigits(TextBuffer& buffer, std::uint64_t value, std::int32_t width) {
     *end = '\0';
 }
 
-constexpr std::array<std::uint64_t, 20> powersOfTen = [] {
-    std::array<std::uint64_t, 20> powers{};
-    std::uint64_t power = 1;
-    for (std::uint64_t& entry : powers) {
-        entry = power;
-        power *= 10;
-    }
-    return powers;
-}();
-
 // As much of the text as there is room for.
 EpcStatus putFitting(TextBuffer& buffer, std::string_view text) {
     const auto room = static_cast<std::size_t>(textBufferRoom(buffer));
@@ -60,6 +52,9 @@ EpcStatus putFitting(TextBuffer& buffer, std::string_view text) {
 
 EpcStatus putEscapedRange(TextBuffer& buffer, const char* base, std::uint32_t start,
                           std::uint32_t end, std::uint32_t escapedClass) {
+    if (start >= end) {
+        return EPC_OK;
+    }
     const char* const last = base + end;
     for (const char* first = base + start; first < last; ++first) {
         const char* const escaped = std::find_if(

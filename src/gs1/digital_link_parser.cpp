@@ -12,7 +12,8 @@ constexpr AiSyntax FURTHER_QUERY_SYNTAX = {'&', '=', '&', true};
 EpcStatus parseUpTo(AiList& list, TextCursor& cursor, char stop, const AiSyntax& syntax) {
     const auto offset = static_cast<std::uint32_t>(cursor.current - cursor.begin);
     const std::uint32_t length = textCursorCountTo(cursor, stop);
-    TextCursor span = textCursorOver({cursor.current, length});
+    TextCursor span{};
+    EPC_TRY(textCursorSlice(span, cursor, length));
     EPC_TRY(aiTextParse(list, span, syntax, offset));
     cursor.current += length;
     return EPC_OK;

@@ -16,13 +16,8 @@ constexpr std::int32_t digitsOfWidth(std::int32_t width) {
 }
 static_assert(digitsOfWidth(7) == 2);
 
-// 10^exponent, for exponents up to 19.
 constexpr std::uint64_t powerOfTen(std::int32_t exponent) {
-    std::uint64_t power = 1;
-    for (; exponent > 0; --exponent) {
-        power *= 10;
-    }
-    return power;
+    return powersOfTen[static_cast<std::size_t>(exponent)];
 }
 
 EpcStatus writeFitting(BitBuffer& bits, std::uint64_t value, std::int32_t width) {

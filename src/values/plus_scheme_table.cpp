@@ -1,5 +1,7 @@
 #include "values/plus_scheme_table.h"
 
+#include "schemes/tag_scheme_info.h"
+
 #include <iterator>
 
 namespace {
@@ -28,15 +30,16 @@ constexpr PlusSchemeRow plusSchemeTable[] = {
 static_assert(std::size(plusSchemeTable) == EPC_SCHEME_COUNT - EPC_SCHEME_CPI_PLUS);
 static_assert(
     [] {
-        unsigned header = 0xF0;
+        const TagSchemeInfo* info = tagSchemeInfos + EPC_SCHEME_CPI_PLUS;
         for (const PlusSchemeRow& row : plusSchemeTable) {
-            if (row.header != header++) {
+            if (row.name != info->name || row.header != info->header) {
                 return false;
             }
+            ++info;
         }
         return true;
     }(),
-    "the rows stand in the order of the headers, which is that of the schemes");
+    "the rows are those of the table of schemes");
 
 } // namespace
 
