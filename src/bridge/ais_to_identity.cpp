@@ -221,6 +221,20 @@ EpcStatus checkScheme(const TagUriArguments& arguments, const Gs1KeyDefinition& 
                                                                         : EPC_ERR_FILTER_LIMIT;
 }
 
+// The frame of the exports to a tag URI.
+EpcStatus tagUriFrame(std::string_view text, AiBrackets brackets, const TagUriArguments& arguments,
+                      std::int32_t dstSize, char* dst) {
+    AiKeyScan found;
+    EPC_TRY(aiTextFindKeyOfScheme(text, brackets, arguments, found));
+    TextBuffer uri = textBufferOver(dst, dstSize);
+    EPC_TRY(textBufferPutString(uri, TAG_URI_PREFIX));
+    EPC_TRY(textBufferPutString(uri, tagSchemeTable[arguments.scheme].info.name));
+    EPC_TRY(textBufferPutChar(uri, ':'));
+    EPC_TRY(textBufferPutDecimal(uri, static_cast<std::uint64_t>(arguments.filter)));
+    EPC_TRY(textBufferPutChar(uri, '.'));
+    return aiTextToUriBody(text, brackets, arguments.gcpLength, found, uri);
+}
+
 } // namespace
 
 EpcStatus aiScanElement(std::string_view text, std::uint32_t position, AiBrackets brackets,
@@ -292,30 +306,27 @@ EpcStatus aiTextToUriBody(std::string_view text, AiBrackets brackets, std::int32
                              dst);
 }
 
-EpcStatus aiTextToTagUri(std::string_view text, AiBrackets brackets,
-                         const TagUriArguments& arguments, TextBuffer& dst) {
-    AiKeyScan found;
+EpcStatus aiTextFindKeyOfScheme(std::string_view text, AiBrackets brackets,
+                                const TagUriArguments& arguments, AiKeyScan& found) {
     EPC_TRY(findKey(text, brackets, arguments.gcpLength, found));
-    EPC_TRY(checkScheme(arguments, *found.key));
-    dst = textBufferOver(dst.begin, dst.capacity);
-    EPC_TRY(textBufferPutString(dst, TAG_URI_PREFIX));
-    EPC_TRY(textBufferPutString(dst, tagSchemeTable[arguments.scheme].info.name));
-    EPC_TRY(textBufferPutChar(dst, ':'));
-    EPC_TRY(textBufferPutDecimal(dst, static_cast<std::uint64_t>(arguments.filter)));
-    EPC_TRY(textBufferPutChar(dst, '.'));
-    return aiTextToUriBody(text, brackets, arguments.gcpLength, found, dst);
+    return checkScheme(arguments, *found.key);
+}
+
+std::int32_t tagUriHeadLength(const TagUriArguments& arguments) {
+    const std::string_view name = tagSchemeTable[arguments.scheme].info.name;
+    const std::int32_t filterDigits =
+        decimalDigitCount(static_cast<std::uint64_t>(arguments.filter));
+    return static_cast<std::int32_t>(TAG_URI_PREFIX.size() + name.size()) + 1 + filterDigits + 1;
 }
 
 EpcStatus epc_gs1ElementStringToEpcTagUri(const char* text, EpcScheme scheme, std::int32_t filter,
                                           std::int32_t gcpLength, std::int32_t dstSize, char* dst) {
-    TextBuffer uri = {dst, dstSize, dst};
-    return aiTextToTagUri(text, AI_BRACKETED, {scheme, filter, gcpLength}, uri);
+    return tagUriFrame(text, AI_BRACKETED, {scheme, filter, gcpLength}, dstSize, dst);
 }
 
 EpcStatus epc_barcodeStringToEpcTagUri(const char* text, EpcScheme scheme, std::int32_t filter,
                                        std::int32_t gcpLength, std::int32_t dstSize, char* dst) {
-    TextBuffer uri = {dst, dstSize, dst};
-    return aiTextToTagUri(text, AI_BARE, {scheme, filter, gcpLength}, uri);
+    return tagUriFrame(text, AI_BARE, {scheme, filter, gcpLength}, dstSize, dst);
 }
 
 EpcStatus epc_gs1ElementStringToEpcUri(const char* text, std::int32_t gcpLength,

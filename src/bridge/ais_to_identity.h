@@ -55,16 +55,18 @@ EpcStatus aiScanFind(std::string_view text, std::string_view code, AiBrackets br
 EpcStatus aiTextToUriBody(std::string_view text, AiBrackets brackets, std::int32_t gcpLength,
                           const AiKeyScan& found, TextBuffer& dst);
 
-// What a tag URI holds beside the identity.
+// What a tag URI is made of beside the text.
 struct TagUriArguments {
     EpcScheme scheme;
     std::int32_t filter;
     std::int32_t gcpLength;
 };
 
-// Writes a whole tag URI. Until text and arguments have passed their tests, nothing is written to
-// the storage of dst, not even its first NUL.
-EpcStatus aiTextToTagUri(std::string_view text, AiBrackets brackets,
-                         const TagUriArguments& arguments, TextBuffer& dst);
+// Finds the key and tests whether the arguments go with it.
+EpcStatus aiTextFindKeyOfScheme(std::string_view text, AiBrackets brackets,
+                                const TagUriArguments& arguments, AiKeyScan& found);
+
+// Characters of the tag URI before its body.
+std::int32_t tagUriHeadLength(const TagUriArguments& arguments);
 
 #endif

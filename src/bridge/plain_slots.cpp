@@ -26,15 +26,19 @@ EpcStatus identityFrame(BitBuffer& bits, EpcScheme scheme, Work work) {
     return work(cursor, *key);
 }
 
-// A GS1 text to binary through a whole tag URI, whose reader tests scheme and filter once more.
+// A GS1 text to binary through the body of a tag URI. The whole URI counts for the room: what
+// stands before the body is as long as ever, though nobody reads it.
 EpcStatus gs1TextToBits(std::string_view text, AiBrackets brackets, BitBuffer& bits,
                         const EncodeArguments& arguments) {
+    const TagUriArguments uri = {arguments.info.scheme, arguments.filter, arguments.gcpLength};
+    AiKeyScan found;
+    EPC_TRY(aiTextFindKeyOfScheme(text, brackets, uri, found));
     char storage[STEP_TEXT_SIZE];
-    TextBuffer uri = textBufferOver(storage);
-    EPC_TRY(aiTextToTagUri(text, brackets,
-                           {arguments.info.scheme, arguments.filter, arguments.gcpLength}, uri));
-    TextCursor cursor = textCursorOver(textBufferView(uri));
-    return epcTagUriToBits(cursor, bits);
+    TextBuffer body = textBufferOver(storage, STEP_TEXT_SIZE - tagUriHeadLength(uri));
+    EPC_TRY(aiTextToUriBody(text, brackets, arguments.gcpLength, found, body));
+    TextCursor cursor = textCursorOver(textBufferView(body));
+    return epcUriBodyToBits(cursor, static_cast<std::uint32_t>(arguments.filter),
+                            tagSchemeTable[uri.scheme], bits);
 }
 
 // All text under the cursor is consumed.

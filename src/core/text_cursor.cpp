@@ -39,6 +39,19 @@ std::uint64_t loadFirstLowest(const char* characters) {
     return byte(0) | byte(1) | byte(2) | byte(3) | byte(4) | byte(5) | byte(6) | byte(7);
 }
 
+// The next eight characters of the span in the same order, zeros behind its end. Near that they come
+// out of the last eight. None of a span that is shorter.
+std::uint64_t nextCharacters(const TextCursor& cursor) {
+    const std::ptrdiff_t left = textCursorLeft(cursor);
+    if (left >= GROUP_DIGITS) {
+        return loadFirstLowest(cursor.current);
+    }
+    if (left <= 0 || cursor.length < GROUP_DIGITS) {
+        return 0;
+    }
+    return loadFirstLowest(textCursorEnd(cursor) - GROUP_DIGITS) >> 8 * (GROUP_DIGITS - left);
+}
+
 struct DigitGroup {
     std::uint64_t value;
     std::int32_t count; // of digits before the first other character
@@ -47,16 +60,15 @@ struct DigitGroup {
 // Up to eight digits at once: a byte of the group is a digit if what is left of it without the bits
 // of '0' is below 10, and then neighbours join to numbers below 100, 10^4 and 10^8. Halves the time
 // of a number of seven digits.
-DigitGroup readDigitGroup(const char* characters) {
-    std::uint64_t bytes = loadFirstLowest(characters) ^ 0x3030303030303030;
+DigitGroup readDigitGroup(std::uint64_t characters) {
+    std::uint64_t bytes = characters ^ 0x3030303030303030;
     const std::uint64_t above9 = (bytes & 0x7F7F7F7F7F7F7F7F) + 0x7676767676767676;
     const std::uint64_t others = (above9 | bytes) & 0x8080808080808080;
     const std::int32_t count = std::countr_zero(others) / 8;
     if (count == 0) {
         return {0, 0};
     }
-    const std::int32_t rest = 64 - 8 * count;
-    bytes = (bytes & ~std::uint64_t{0} >> rest) << rest;
+    bytes <<= 64 - 8 * count;
     bytes = (bytes * 10 + (bytes >> 8)) & 0x00FF00FF00FF00FF;
     bytes = (bytes * 100 + (bytes >> 16)) & 0x0000FFFF0000FFFF;
     return {(bytes * 10000 + (bytes >> 32)) & 0xFFFFFFFF, count};
@@ -83,14 +95,16 @@ EpcStatus textCursorReadUntil(TextCursor& cursor, char delimiter, std::int32_t c
     // then below 0, and as a size beyond any capacity.
     const auto left = static_cast<std::size_t>(textCursorLeft(cursor));
     const char* const last = first + std::min(left, static_cast<std::size_t>(capacity - 1));
-    while (cursor.current != last && *cursor.current != delimiter && *cursor.current != '\0') {
-        ++cursor.current;
+    const char* current = first;
+    while (current != last && *current != delimiter && *current != '\0') {
+        ++current;
     }
+    cursor.current = current;
     // The character behind the span counts as a delimiter, so that this is looked at first.
-    if (*cursor.current != delimiter) {
+    if (*current != delimiter) {
         return textCursorAtEnd(cursor) ? EPC_ERR_TRUNCATED : EPC_ERR_TOO_LONG;
     }
-    out = {first, static_cast<std::size_t>(cursor.current - first)};
+    out = {first, static_cast<std::size_t>(current - first)};
     return EPC_OK;
 }
 
@@ -165,8 +179,8 @@ EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
     const DigitLimit limit = digitLimit(MAX_NUMBER_DIGITS, stopAfter);
     const char* const digits = cursor.current;
     DigitGroup group = {0, 0};
-    if (limit.most >= GROUP_DIGITS && textCursorLeft(cursor) >= GROUP_DIGITS) {
-        group = readDigitGroup(digits);
+    if (limit.most >= GROUP_DIGITS) {
+        group = readDigitGroup(nextCharacters(cursor));
     }
     auto [value, count] = group;
     while (count < limit.most && charIsDigit(digits[count])) {

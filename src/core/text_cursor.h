@@ -119,6 +119,18 @@ EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
                                std::uint64_t& outValue, std::int32_t* outCount = nullptr,
                                std::int32_t stopAfter = 0);
 
+// The same for a number that mostly is one digit.
+inline EpcStatus textCursorReadShortNumber(TextCursor& cursor, LeadingZeros leadingZeros,
+                                           std::uint64_t& outValue) {
+    const char* const digits = cursor.current;
+    if (!charIsDigit(digits[0]) || charIsDigit(digits[1])) {
+        return textCursorReadNumber(cursor, leadingZeros, outValue);
+    }
+    outValue = static_cast<std::uint64_t>(digits[0] - '0');
+    ++cursor.current;
+    return EPC_OK;
+}
+
 // Characters from current up to stop or the end. The cursor does not move.
 std::uint32_t textCursorCountTo(const TextCursor& cursor, char stop);
 

@@ -9,18 +9,6 @@ EpcStatus readSchemeWord(TextCursor& cursor, std::string_view& word) {
     return textCursorReadUntil(cursor, ':', SCHEME_WORD_SIZE, word);
 }
 
-// Reads the body, which is all that is left of the text, and pads the value. Text left over is
-// found last.
-EpcStatus readBody(TextCursor& cursor, std::uint32_t filter, const TagSchemeOps& row,
-                   BitBuffer& bits) {
-    if (row.uriBodyToBinary == nullptr) {
-        return EPC_ERR_NOT_SUPPORTED;
-    }
-    EPC_TRY(row.uriBodyToBinary(cursor, filter, bits));
-    EPC_TRY(bitBufferPadToWord(bits));
-    return textCursorAtEnd(cursor) ? EPC_OK : EPC_ERR_BAD_FORMAT;
-}
-
 // The frame of the exports from a URI to binary.
 // read: EpcStatus(TextCursor& cursor, BitBuffer& bits)
 template <typename Read>
@@ -35,10 +23,36 @@ EpcStatus uriToBinary(const char* text, std::int32_t maxBytes, std::uint8_t* out
     return EPC_OK;
 }
 
+// Reads a whole tag URI.
+EpcStatus tagUriToBits(TextCursor& cursor, BitBuffer& bits) {
+    const TagSchemeOps* row = nullptr;
+    std::uint32_t filter = 0;
+    EPC_TRY(tagUriReadScheme(cursor, row));
+    EPC_TRY(tagUriReadFilter(cursor, row->info, filter));
+    return epcUriBodyToBits(cursor, filter, *row, bits);
+}
+
+// A negative filter goes on as an unsigned number.
+EpcStatus pureIdentityUriToBits(TextCursor& cursor, EpcScheme scheme, std::int32_t filter,
+                                BitBuffer& bits) {
+    EPC_TRY(textCursorExpect(cursor, PURE_IDENTITY_URI_PREFIX));
+    if (!tagSchemeIsKnown(scheme)) {
+        return EPC_ERR_UNKNOWN_SCHEME;
+    }
+    const TagSchemeOps& row = tagSchemeTable[scheme];
+    std::string_view word;
+    EPC_TRY(readSchemeWord(cursor, word));
+    if (word != row.info.familyWord) {
+        return EPC_ERR_SCHEME_MISMATCH;
+    }
+    EPC_TRY(textCursorExpect(cursor, ':'));
+    return epcUriBodyToBits(cursor, static_cast<std::uint32_t>(filter), row, bits);
+}
+
 // What the six exports do, as work for the output frames.
 auto tagUriWork(const char* text) {
     return [text](std::int32_t maxBytes, std::uint8_t* out, std::int32_t* outBytes) {
-        return uriToBinary(text, maxBytes, out, outBytes, epcTagUriToBits);
+        return uriToBinary(text, maxBytes, out, outBytes, tagUriToBits);
     };
 }
 
@@ -46,7 +60,7 @@ auto uriWork(const char* text, EpcScheme scheme, std::int32_t filter) {
     return [=](std::int32_t maxBytes, std::uint8_t* out, std::int32_t* outBytes) {
         return uriToBinary(text, maxBytes, out, outBytes,
                            [scheme, filter](TextCursor& cursor, BitBuffer& bits) {
-                               return epcUriToBits(cursor, scheme, filter, bits);
+                               return pureIdentityUriToBits(cursor, scheme, filter, bits);
                            });
     };
 }
@@ -68,7 +82,7 @@ EpcStatus tagUriReadFilter(TextCursor& cursor, const TagSchemeInfo& info, std::u
         return EPC_OK;
     }
     std::uint64_t value = 0;
-    EPC_TRY(textCursorReadNumber(cursor, LeadingZeros::REFUSE, value));
+    EPC_TRY(textCursorReadShortNumber(cursor, LeadingZeros::REFUSE, value));
     if (value >= static_cast<std::uint64_t>(info.filterLimit)) {
         return EPC_ERR_FILTER_LIMIT;
     }
@@ -76,27 +90,14 @@ EpcStatus tagUriReadFilter(TextCursor& cursor, const TagSchemeInfo& info, std::u
     return textCursorExpect(cursor, '.');
 }
 
-EpcStatus epcTagUriToBits(TextCursor& cursor, BitBuffer& bits) {
-    const TagSchemeOps* row = nullptr;
-    std::uint32_t filter = 0;
-    EPC_TRY(tagUriReadScheme(cursor, row));
-    EPC_TRY(tagUriReadFilter(cursor, row->info, filter));
-    return readBody(cursor, filter, *row, bits);
-}
-
-EpcStatus epcUriToBits(TextCursor& cursor, EpcScheme scheme, std::int32_t filter, BitBuffer& bits) {
-    EPC_TRY(textCursorExpect(cursor, PURE_IDENTITY_URI_PREFIX));
-    if (!tagSchemeIsKnown(scheme)) {
-        return EPC_ERR_UNKNOWN_SCHEME;
+EpcStatus epcUriBodyToBits(TextCursor& cursor, std::uint32_t filter, const TagSchemeOps& row,
+                           BitBuffer& bits) {
+    if (row.uriBodyToBinary == nullptr) {
+        return EPC_ERR_NOT_SUPPORTED;
     }
-    const TagSchemeOps& row = tagSchemeTable[scheme];
-    std::string_view word;
-    EPC_TRY(readSchemeWord(cursor, word));
-    if (word != row.info.familyWord) {
-        return EPC_ERR_SCHEME_MISMATCH;
-    }
-    EPC_TRY(textCursorExpect(cursor, ':'));
-    return readBody(cursor, static_cast<std::uint32_t>(filter), row, bits);
+    EPC_TRY(row.uriBodyToBinary(cursor, filter, bits));
+    EPC_TRY(bitBufferPadToWord(bits));
+    return textCursorAtEnd(cursor) ? EPC_OK : EPC_ERR_BAD_FORMAT;
 }
 
 EpcStatus epc_epcTagUriToBinary(const char* text, int32_t maxBytes, uint8_t* out,

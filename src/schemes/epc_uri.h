@@ -14,11 +14,10 @@ inline constexpr std::string_view PURE_IDENTITY_URI_PREFIX = "urn:epc:id:";
 // A scheme word has at most 255 characters.
 constexpr std::int32_t SCHEME_WORD_SIZE = 256;
 
-// Reads a whole tag URI and writes its value, padded to a word, into bits at position 0.
-EpcStatus epcTagUriToBits(TextCursor& cursor, BitBuffer& bits);
-
-// The same for a pure identity URI. A negative filter goes on as an unsigned number.
-EpcStatus epcUriToBits(TextCursor& cursor, EpcScheme scheme, std::int32_t filter, BitBuffer& bits);
+// Reads the body of either URI, which is all that is left of the text, and writes the whole value,
+// padded to a word, into bits at position 0. Text left over is found last.
+EpcStatus epcUriBodyToBits(TextCursor& cursor, std::uint32_t filter, const TagSchemeOps& row,
+                           BitBuffer& bits);
 
 // The head of a tag URI up to its body, in the two steps between which its readers differ.
 // Prefix and scheme word, with the row of the word. The cursor stands on the ":" then.

@@ -14,13 +14,3 @@ EpcStatus fieldWriteFilter(std::uint32_t filter, BitBuffer& bits, EpcScheme sche
     const std::int32_t width = fieldFilterBits(scheme);
     return fitsBits(filter, width) ? bitBufferWrite(bits, filter, width) : EPC_ERR_FILTER_FIELD;
 }
-
-EpcStatus fieldWriteHead(std::uint32_t filter, BitBuffer& bits, EpcScheme scheme) {
-    const std::int32_t width = fieldFilterBits(scheme);
-    if (!fitsBits(filter, width)) {
-        EPC_TRY(fieldWriteHeader(bits, scheme));
-        return EPC_ERR_FILTER_FIELD;
-    }
-    return bitBufferWriteFields(
-        bits, {{tagSchemeInfos[scheme].header, TAG_HEADER_BITS}, {filter, width}});
-}

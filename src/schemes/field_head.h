@@ -35,6 +35,14 @@ EpcStatus fieldReadFilter(BitBuffer& bits, TextBuffer& text, UriForm form, EpcSc
 EpcStatus fieldWriteFilter(std::uint32_t filter, BitBuffer& bits, EpcScheme scheme);
 
 // Both. The header stands before the filter is tested.
-EpcStatus fieldWriteHead(std::uint32_t filter, BitBuffer& bits, EpcScheme scheme);
+inline EpcStatus fieldWriteHead(std::uint32_t filter, BitBuffer& bits, EpcScheme scheme) {
+    const std::int32_t width = fieldFilterBits(scheme);
+    if (!fitsBits(filter, width)) {
+        EPC_TRY(fieldWriteHeader(bits, scheme));
+        return EPC_ERR_FILTER_FIELD;
+    }
+    return bitBufferWriteFields(
+        bits, {{tagSchemeInfos[scheme].header, TAG_HEADER_BITS}, {filter, width}});
+}
 
 #endif
