@@ -15,7 +15,8 @@ import sys
 
 SGTIN = ["hex-to-tag-uri", "tag-uri-to-hex", "hex-to-element-string", "element-string-to-hex"]
 
-# What, its benchmark, measured against, that one's benchmark, largest ratio.
+# What, its benchmark, measured against, that one's benchmark, largest ratio (None: it only tells what
+# the machine gives).
 RATIOS = (
     [(f"SGTIN-96, {name}", f"sgtin-96/{name}", "the hand-tuned program", f"hand-tuned/{name}",
       2.5 if "tag-uri" in name else 4.0) for name in SGTIN]
@@ -37,6 +38,8 @@ RATIOS = (
          "one snprintf", "snprintf/tag-uri", 10.0),
         ("two threads, time per call", "threads/hex-to-tag-uri/real_time/threads:2",
          "one thread", "threads/hex-to-tag-uri/real_time/threads:1", 1 / 1.95),
+        ("the hand-tuned program on two threads", "threads/hand-tuned/real_time/threads:2",
+         "one thread", "threads/hand-tuned/real_time/threads:1", None),
     ]
 )
 
@@ -66,10 +69,13 @@ def ratio_table(times):
     missed = 0
     for work, name, against, base, limit in RATIOS:
         ratio = times[name] / times[base]
-        holds = ratio <= limit
-        missed += not holds
+        if limit is None:
+            verdict = "| |"
+        else:
+            missed += ratio > limit
+            verdict = f"{limit:.3f} | {'holds' if ratio <= limit else '**missed**'} |"
         lines.append(f"| {work} | {times[name]:.0f} ns | {against} | {times[base]:.0f} ns "
-                     f"| {ratio:.3f} | {limit:.3f} | {'holds' if holds else '**missed**'} |")
+                     f"| {ratio:.3f} | {verdict}")
     return lines, missed
 
 
@@ -105,7 +111,7 @@ def main():
     if arguments.write:
         write_table(arguments.write, lines)
     if missed:
-        print(f"\n{missed} of {len(RATIOS)} ratios are above what they may be", file=sys.stderr)
+        print(f"\n{missed} of {len([row for row in RATIOS if row[4]])} ratios are above what they may be", file=sys.stderr)
 
 
 if __name__ == "__main__":
