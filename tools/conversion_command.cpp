@@ -135,20 +135,21 @@ int convertLines(Output& output, const Arguments& arguments, const Conversion& c
     return lineRun(output, rules, arguments.run);
 }
 
-int runConversion(Output& output, const Arguments& arguments, Conversion conversion) {
+int runConversion(Output& output, const Arguments& arguments, const Conversion& conversion) {
     const bool isForLines = arguments.values.empty();
     const std::string_view to = !isForLines || !arguments.to.empty()
                                     ? std::string_view(arguments.to)
                                     : conversion.defaultField;
+    Conversion required = conversion;
     if (!to.empty() && arguments.fields.empty() && !arguments.isJson) {
         const ResultField& field = resultField(to, conversion.isEncode);
-        conversion.convert = [&field, convert = std::move(conversion.convert)](Result& result) {
-            convert(result);
+        required.convert = [&conversion, &field](Result& result) {
+            conversion.convert(result);
             requireForm(field, result);
         };
     }
-    return isForLines ? convertLines(output, arguments, conversion)
-                      : convertValues(output, arguments, conversion);
+    return isForLines ? convertLines(output, arguments, required)
+                      : convertValues(output, arguments, required);
 }
 
 void throwIfUnusable(const EncodeRequest& request, ValueForm form) {

@@ -2,10 +2,10 @@
 
 #include "line_pool.h"
 #include "progress.h"
+#include "system.h"
 
 #include <cerrno>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
@@ -47,7 +47,7 @@ Output openErrors(const std::string& fileName) {
     if (fileName.empty()) {
         return {-1, {}, {}};
     }
-    const int descriptor = open(fileName.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    const int descriptor = openForWriting(fileName);
     if (descriptor < 0) {
         throw ioError(fileName, errno);
     }
@@ -124,7 +124,7 @@ void runAll(LineSource& source, LineRules& rules, const RunOptions& options, Sin
 
 int lineRun(Output& output, LineRules& rules, const RunOptions& options) {
     LineSource source = lineSourceOpen(options.inputFile);
-    if (options.inputFile.empty() && isatty(STDIN_FILENO) == 1) {
+    if (options.inputFile.empty() && isTerminal(STDIN_FILENO)) {
         complain(output, "reads values from the terminal, one a line; Ctrl-D ends them");
     }
     rules.writesErrors = !options.errorsFile.empty();

@@ -1,14 +1,12 @@
 #include "line_source.h"
 
 #include "output.h"
+#include "system.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 
-#include <fcntl.h>
-#include <poll.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -19,8 +17,7 @@ constexpr std::size_t keptOfOverlong = 200;
 // Waits until something can be read. False if nobody wants it any more.
 bool waitForInput(const LineSource& source) {
     constexpr int milliseconds = 100;
-    pollfd waiting{source.descriptor, POLLIN, 0};
-    while (poll(&waiting, 1, milliseconds) <= 0) {
+    while (!waitUntilReadable(source.descriptor, milliseconds)) {
         if (source.isGivenUp != nullptr && *source.isGivenUp) {
             return false;
         }
@@ -124,15 +121,12 @@ LineSource lineSourceOpen(const std::string& fileName) {
     LineSource source{.descriptor = STDIN_FILENO, .name = "standard input", .carry = {}};
     if (!fileName.empty()) {
         source.name = fileName;
-        source.descriptor = open(fileName.c_str(), O_RDONLY | O_CLOEXEC);
+        source.descriptor = openForReading(fileName);
         if (source.descriptor < 0) {
             throw ioError(fileName, errno);
         }
     }
-    struct stat status = {};
-    if (fstat(source.descriptor, &status) == 0 && S_ISREG(status.st_mode)) {
-        source.totalBytes = static_cast<std::uint64_t>(status.st_size);
-    }
+    source.totalBytes = sizeOfFile(source.descriptor);
     return source;
 }
 

@@ -1,9 +1,7 @@
 #include "commands.h"
+#include "system.h"
 
-#include <csignal>
 #include <exception>
-
-#include <unistd.h>
 
 namespace {
 
@@ -40,8 +38,7 @@ int run(Output& output, int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
-    // A reader that goes away shows itself where its pipe is written.
-    std::signal(SIGPIPE, SIG_IGN);
+    prepareStandardStreams();
     Output output = standardOutput();
     try {
         return run(output, argc, argv);

@@ -1,19 +1,15 @@
 #include "output.h"
 
+#include "system.h"
+
 #include <cerrno>
 #include <system_error>
 
-#include <poll.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr std::size_t heldBack = 65536;
-
-void waitUntilWritable(int descriptor) {
-    pollfd waiting{descriptor, POLLOUT, 0};
-    poll(&waiting, 1, -1);
-}
 
 } // namespace
 
@@ -49,11 +45,11 @@ void outputClose(Output& output) {
     }
 }
 
-void writeAll(int descriptor, const std::string& name, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t written = write(descriptor, text.data(), text.size());
+void writeAll(int descriptor, const std::string& name, const std::string& text) {
+    for (std::size_t done = 0; done < text.size();) {
+        const ssize_t written = write(descriptor, text.data() + done, text.size() - done);
         if (written >= 0) {
-            text.remove_prefix(static_cast<std::size_t>(written));
+            done += static_cast<std::size_t>(written);
         } else if (errno == EAGAIN) {
             waitUntilWritable(descriptor);
         } else if (errno != EINTR) {

@@ -40,7 +40,7 @@ void outputFlush(Output& output);
 void outputClose(Output& output);
 
 // Writes all of a text at once, past any buffer.
-void writeAll(int descriptor, const std::string& name, std::string_view text);
+void writeAll(int descriptor, const std::string& name, const std::string& text);
 
 // A line on standard error, behind what standard output was given so far.
 void complain(Output& output, std::string_view text);

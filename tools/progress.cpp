@@ -1,6 +1,7 @@
 #include "progress.h"
 
 #include "output.h"
+#include "system.h"
 
 #include <unistd.h>
 
@@ -9,9 +10,9 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr auto interval = std::chrono::milliseconds(200);
-constexpr std::string_view clearLine = "\r\x1b[K";
+constexpr const char* clearLine = "\r\x1b[K";
 
-void show(std::string_view text) {
+void show(const std::string& text) {
     try {
         writeAll(STDERR_FILENO, "standard error", text);
     } catch (const IoError&) {
@@ -29,7 +30,7 @@ std::string minutesText(double seconds) {
 
 Progress progressStart(bool isWanted, std::uint64_t totalBytes) {
     Progress progress;
-    progress.isShown = isWanted && isatty(STDERR_FILENO) == 1 && isatty(STDOUT_FILENO) == 0;
+    progress.isShown = isWanted && isTerminal(STDERR_FILENO) && !isTerminal(STDOUT_FILENO);
     progress.totalBytes = totalBytes;
     progress.start = Clock::now();
     progress.last = progress.start;
@@ -48,7 +49,7 @@ void progressUpdate(Progress& progress, std::uint64_t lines, std::uint64_t failu
     progress.last = now;
     const double seconds = std::chrono::duration<double>(now - progress.start).count();
     const auto rate = static_cast<std::uint64_t>(static_cast<double>(lines) / seconds);
-    std::string text(clearLine);
+    std::string text = clearLine;
     text += groupedDigits(lines) + " lines, " + groupedDigits(failures) + " failed, " +
             groupedDigits(rate) + " lines/s";
     if (progress.totalBytes > 0 && bytes > 0 && bytes <= progress.totalBytes) {

@@ -63,8 +63,7 @@ constexpr bool prefixGroupsAscend() {
 
 static_assert(prefixGroupsAscend());
 
-// By the two leading digits of an AI code.
-constexpr std::array<AiPrefixRow, 100> aiPrefixTable = [] {
+constexpr std::array<AiPrefixRow, 100> aiPrefixTableMake() {
     std::array<AiPrefixRow, 100> table{};
     table.fill({-1, -1});
     for (const AiPrefixGroup& group : aiPrefixGroups) {
@@ -73,7 +72,10 @@ constexpr std::array<AiPrefixRow, 100> aiPrefixTable = [] {
         }
     }
     return table;
-}();
+}
+
+// By the two leading digits of an AI code.
+constexpr std::array<AiPrefixRow, 100> aiPrefixTable = aiPrefixTableMake();
 
 constexpr const AiPrefixRow& prefixRow(char first, char second) {
     return aiPrefixTable[static_cast<std::size_t>((first - '0') * 10 + (second - '0'))];

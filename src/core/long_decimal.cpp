@@ -14,9 +14,7 @@ using LongNumber = std::array<std::uint32_t, LIMBS>;
 constexpr std::int32_t DECIMAL_CHUNK_DIGITS = 9; // 10^9 is the largest power of ten in a limb
 constexpr std::uint32_t DECIMAL_CHUNK = 1000000000;
 
-// Room that a number of n hexadecimal digits is given: the decimal digits of 16^n - 1, and one more
-// in the rows of which the table says so.
-constexpr std::array<std::int32_t, MAX_LONG_HEX_DIGITS> hexToDecimalDigits = [] {
+constexpr std::array<std::int32_t, MAX_LONG_HEX_DIGITS> hexToDecimalDigitsMake() {
     std::array<std::int32_t, MAX_LONG_HEX_DIGITS> digits{};
     for (std::size_t n = 1; n < digits.size(); ++n) {
         digits[n] = static_cast<std::int32_t>(n * 12041199827ULL / 10000000000ULL) + 1;
@@ -25,17 +23,25 @@ constexpr std::array<std::int32_t, MAX_LONG_HEX_DIGITS> hexToDecimalDigits = [] 
         ++digits[n];
     }
     return digits;
-}();
+}
+
+// Room that a number of n hexadecimal digits is given: the decimal digits of 16^n - 1, and one more
+// in the rows of which the table says so.
+constexpr std::array<std::int32_t, MAX_LONG_HEX_DIGITS> hexToDecimalDigits =
+    hexToDecimalDigitsMake();
 static_assert(hexToDecimalDigits[1] == 2 && hexToDecimalDigits[5] == 7 &&
               hexToDecimalDigits[19] == 24 && hexToDecimalDigits[74] == 90);
 
-// The hexadecimal digits of 10^n - 1.
-constexpr std::array<std::int32_t, MAX_LONG_DIGITS + 1> decimalToHexDigits = [] {
+constexpr std::array<std::int32_t, MAX_LONG_DIGITS + 1> decimalToHexDigitsMake() {
     std::array<std::int32_t, MAX_LONG_DIGITS + 1> digits{};
     std::transform(aiDigitBitsTable.begin(), aiDigitBitsTable.end(), digits.begin(),
                    [](std::int32_t bits) { return (bits + 3) / 4; });
     return digits;
-}();
+}
+
+// The hexadecimal digits of 10^n - 1.
+constexpr std::array<std::int32_t, MAX_LONG_DIGITS + 1> decimalToHexDigits =
+    decimalToHexDigitsMake();
 static_assert(decimalToHexDigits[0] == 0 && decimalToHexDigits[6] == 5 &&
               decimalToHexDigits[90] == MAX_LONG_HEX_DIGITS);
 

@@ -14,24 +14,29 @@
 constexpr std::int32_t MAX_LONG_DIGITS = 90;
 constexpr std::int32_t MAX_LONG_HEX_DIGITS = 75;
 
-// The powers of ten that 64 bits hold, by their exponent.
-inline constexpr std::array<std::uint64_t, 20> powersOfTen = [] {
+constexpr std::array<std::uint64_t, 20> powersOfTenMake() {
     std::array<std::uint64_t, 20> powers{1};
     for (std::size_t exponent = 1; exponent < powers.size(); ++exponent) {
         powers[exponent] = powers[exponent - 1] * 10;
     }
     return powers;
-}();
+}
 
-// Bits of a number by the count n of its decimal digits: the smallest b with 2^b >= 10^n. No power
-// of ten above 1 is a power of two, so that b is n * log2(10) rounded up.
-inline constexpr std::array<std::int32_t, MAX_LONG_DIGITS + 1> aiDigitBitsTable = [] {
+// The powers of ten that 64 bits hold, by their exponent.
+inline constexpr std::array<std::uint64_t, 20> powersOfTen = powersOfTenMake();
+
+constexpr std::array<std::int32_t, MAX_LONG_DIGITS + 1> aiDigitBitsTableMake() {
     std::array<std::int32_t, MAX_LONG_DIGITS + 1> bits{};
     for (std::size_t n = 1; n < bits.size(); ++n) {
         bits[n] = static_cast<std::int32_t>(n * 33219280949ULL / 10000000000ULL) + 1;
     }
     return bits;
-}();
+}
+
+// Bits of a number by the count n of its decimal digits: the smallest b with 2^b >= 10^n. No power
+// of ten above 1 is a power of two, so that b is n * log2(10) rounded up.
+inline constexpr std::array<std::int32_t, MAX_LONG_DIGITS + 1> aiDigitBitsTable =
+    aiDigitBitsTableMake();
 static_assert(aiDigitBitsTable[1] == 4 && aiDigitBitsTable[19] == 64 &&
               aiDigitBitsTable[20] == 67 && aiDigitBitsTable[90] == 299);
 

@@ -39,8 +39,8 @@ std::uint64_t loadFirstLowest(const char* characters) {
     return byte(0) | byte(1) | byte(2) | byte(3) | byte(4) | byte(5) | byte(6) | byte(7);
 }
 
-// The next eight characters of the span in the same order, zeros behind its end. Near that they come
-// out of the last eight. None of a span that is shorter.
+// The next eight characters of the span in the same order, zeros behind its end. Near that they
+// come out of the last eight. None of a span that is shorter.
 std::uint64_t nextCharacters(const TextCursor& cursor) {
     const std::ptrdiff_t left = textCursorLeft(cursor);
     if (left >= GROUP_DIGITS) {

@@ -29,7 +29,7 @@ enum class LeadingZeros : std::uint8_t { REFUSE, ALLOW };
 // A number in text has 19 digits at most, so that it always fits 64 bits.
 constexpr std::int32_t MAX_NUMBER_DIGITS = 19;
 
-inline constexpr std::array<std::int8_t, 256> hexDigitValues = [] {
+constexpr std::array<std::int8_t, 256> hexDigitValuesMake() {
     std::array<std::int8_t, 256> values{};
     values.fill(-1);
     for (unsigned char digit = 0; digit < 16; ++digit) {
@@ -39,7 +39,9 @@ inline constexpr std::array<std::int8_t, 256> hexDigitValues = [] {
             static_cast<std::int8_t>(digit);
     }
     return values;
-}();
+}
+
+inline constexpr std::array<std::int8_t, 256> hexDigitValues = hexDigitValuesMake();
 
 // The value of a hexadecimal digit of either case, or -1.
 constexpr std::int32_t hexDigitValue(char character) {

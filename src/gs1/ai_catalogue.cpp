@@ -191,15 +191,17 @@ constexpr void forEachCode(std::string_view codes, Visit visit) {
     } while (takeLiteral(codes, ", "));
 }
 
-// The length of a code by its two leading digits as a number; 0 where no AI begins so.
-constexpr std::array<std::uint8_t, 100> aiCodeLengths = [] {
+constexpr std::array<std::uint8_t, 100> aiCodeLengthsMake() {
     std::array<std::uint8_t, 100> lengths{};
     for (const AiCodeLength& row : aiCodeLengthRows) {
         forEachCode(row.prefixes,
                     [&](std::size_t prefix, std::size_t) { lengths[prefix] = row.length; });
     }
     return lengths;
-}();
+}
+
+// The length of a code by its two leading digits as a number; 0 where no AI begins so.
+constexpr std::array<std::uint8_t, 100> aiCodeLengths = aiCodeLengthsMake();
 static_assert(std::count(aiCodeLengths.begin(), aiCodeLengths.end(), 0) == 100 - 45);
 
 // Digits at the left of four places, the places behind them 0: AI 01 is slot 100.
@@ -220,7 +222,7 @@ constexpr AiDefinition definitionOf(std::size_t code, std::size_t length, const 
     return definition;
 }
 
-constexpr std::array<AiDefinition, AI_SLOTS> aiCatalogue = [] {
+constexpr std::array<AiDefinition, AI_SLOTS> aiCatalogueMake() {
     std::array<AiDefinition, AI_SLOTS> catalogue{};
     for (const AiShape& shape : aiShapes) {
         forEachCode(shape.codes, [&](std::size_t code, std::size_t length) {
@@ -228,7 +230,9 @@ constexpr std::array<AiDefinition, AI_SLOTS> aiCatalogue = [] {
         });
     }
     return catalogue;
-}();
+}
+
+constexpr std::array<AiDefinition, AI_SLOTS> aiCatalogue = aiCatalogueMake();
 
 // Codes in the rows whose length is the one that their leading digits tell.
 constexpr std::size_t codesOfRightLength() {

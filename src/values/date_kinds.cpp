@@ -41,16 +41,17 @@ struct AiTime {
     std::size_t count; // how many of them the text has
 };
 
-static_assert(
-    [] {
-        for (std::size_t i = 0; i < dateKeyTable.size(); ++i) {
-            if (dateKeyTable[i].dateCode != i) {
-                return false;
-            }
+// A date code is the index of its row.
+constexpr bool dateCodesAreIndexes() {
+    for (std::size_t i = 0; i < dateKeyTable.size(); ++i) {
+        if (dateKeyTable[i].dateCode != i) {
+            return false;
         }
-        return true;
-    }(),
-    "a date code is the index of its row");
+    }
+    return true;
+}
+
+static_assert(dateCodesAreIndexes());
 
 bool monthIsKnown(std::uint64_t month) {
     return month >= 1 && month <= 12;

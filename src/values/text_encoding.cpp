@@ -14,23 +14,27 @@ constexpr std::string_view hexLowerAlphabet = "0123456789abcdef";
 constexpr CharValues hexUpperValues = charValuesOf(hexUpperAlphabet);
 constexpr CharValues hexLowerValues = charValuesOf(hexLowerAlphabet);
 
-// The value of a character is its code. NUL stands at the codes of characters that no AI may hold.
-constexpr std::array<char, 128> iso646Characters = [] {
+constexpr std::array<char, 128> iso646CharactersMake() {
     std::array<char, 128> characters{};
     for (std::size_t code = 0; code < characters.size(); ++code) {
         const auto character = static_cast<char>(code);
         characters[code] = charIsOfClass(character, AI_TEXT_CLASSES) ? character : '\0';
     }
     return characters;
-}();
+}
+
+// The value of a character is its code. NUL stands at the codes of characters that no AI may hold.
+constexpr std::array<char, 128> iso646Characters = iso646CharactersMake();
 constexpr std::string_view iso646Alphabet = {iso646Characters.data(), iso646Characters.size()};
-constexpr CharValues iso646Values = [] {
+constexpr CharValues iso646ValuesMake() {
     CharValues values{};
     for (std::size_t code = 0; code < values.size(); ++code) {
         values[code] = iso646Alphabet[code] == '\0' ? -1 : static_cast<std::int8_t>(code);
     }
     return values;
-}();
+}
+
+constexpr CharValues iso646Values = iso646ValuesMake();
 
 constexpr std::array<std::uint8_t, 128> charFlagsMake() {
     struct Members {
