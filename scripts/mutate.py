@@ -3,9 +3,9 @@
 
 Draws N (100) changes of the sources with the random SEED (1): a comparison turned, a constant off by
 one, a status swapped, + for -, && for ||, true for false; first the kind of the change, then its
-place. Each is built alone, in a copy of the tree under build/mutate, and run against the unit tests
-and the contract tests. Those that no test notices are printed with their place: either the tests
-have a hole there, or the change makes no difference.
+place. Each is built alone, in a copy of the tree under build/mutate, and run against the unit
+tests, the contract tests and those of the command's dictionaries. Those that no test notices are
+printed with their place: either the tests have a hole there, or the change makes no difference.
 """
 
 import os
@@ -22,8 +22,9 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 TREE = ROOT / "build" / "mutate" / "tree"
 BUILD = ROOT / "build" / "mutate" / "build"
 KEPT = ROOT / "build" / "mutate" / "kept"
-COPIED = ["CMakeLists.txt", "CMakePresets.json", "cmake", "include", "src", "tests"]
-PROGRAMS = ["unit_tests", "contract_tests"]
+COPIED = ["CMakeLists.txt", "CMakePresets.json", "cmake", "include", "src", "tests", "tools"]
+PROGRAMS = {"unit_tests": "tests/unit_tests", "contract_tests": "tests/contract_tests",
+            "command_tests": "tests/command/command_tests"}
 
 TURNED = {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "=="}
 EXCHANGED = {"+": "-", "-": "+", "+=": "-=", "-=": "+=", "&&": "||", "||": "&&"}
@@ -100,7 +101,7 @@ def build():
 def first_failure(seconds):
     """What the tests say of the tree as it is built; nothing if they all pass."""
     for program in PROGRAMS:
-        status, output = run([str(BUILD / "tests" / program), "--gtest_fail_fast",
+        status, output = run([str(BUILD / PROGRAMS[program]), "--gtest_fail_fast",
                               "--gtest_brief=1"], seconds)
         if status != 0:
             failed = re.search(r"\[  FAILED  \] ([\w/.]+)", output)
@@ -120,7 +121,7 @@ def prepare():
             shutil.copy2(source, TREE / name)
     status, output = run(["cmake", "-G", "Ninja", "-S", str(TREE), "-B", str(BUILD),
                           "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS=-w -O0",
-                          "-DCMAKE_CXX_FLAGS_DEBUG=", "-DROSETAG_BUILD_TOOLS=OFF"])
+                          "-DCMAKE_CXX_FLAGS_DEBUG="])
     if status == 0:
         status, output = build()
     if status != 0:

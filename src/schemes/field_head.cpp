@@ -9,8 +9,3 @@ EpcStatus fieldReadFilter(BitBuffer& bits, TextBuffer& text, UriForm form, EpcSc
     EPC_TRY(textBufferPutDecimal(text, filter));
     return textBufferPutChar(text, '.');
 }
-
-EpcStatus fieldWriteFilter(std::uint32_t filter, BitBuffer& bits, EpcScheme scheme) {
-    const std::int32_t width = fieldFilterBits(scheme);
-    return fitsBits(filter, width) ? bitBufferWrite(bits, filter, width) : EPC_ERR_FILTER_FIELD;
-}

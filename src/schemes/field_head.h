@@ -31,10 +31,8 @@ inline EpcStatus fieldWriteHeader(BitBuffer& bits, EpcScheme scheme) {
 // Appends filter and "." in a tag URI. Any value of the field is read.
 EpcStatus fieldReadFilter(BitBuffer& bits, TextBuffer& text, UriForm form, EpcScheme scheme);
 
-// EPC_ERR_FILTER_FIELD if the filter does not fit the field.
-EpcStatus fieldWriteFilter(std::uint32_t filter, BitBuffer& bits, EpcScheme scheme);
-
-// Both. The header stands before the filter is tested.
+// Header and filter. EPC_ERR_FILTER_FIELD if the filter does not fit its field, with the header
+// written.
 inline EpcStatus fieldWriteHead(std::uint32_t filter, BitBuffer& bits, EpcScheme scheme) {
     const std::int32_t width = fieldFilterBits(scheme);
     if (!fitsBits(filter, width)) {

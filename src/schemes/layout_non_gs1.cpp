@@ -56,7 +56,7 @@ EpcStatus layoutUsdod96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer
     if (filter > USDOD_MAX_FILTER) {
         return EPC_ERR_FILTER_FIELD;
     }
-    EPC_TRY(fieldWriteFilter(filter, bits, EPC_SCHEME_USDOD_96));
+    EPC_TRY(bitBufferWrite(bits, filter, fieldFilterBits(EPC_SCHEME_USDOD_96)));
     EPC_TRY(fieldWriteCageCode(cursor, bits, USDOD_CHAR_BITS));
     EPC_TRY(textCursorExpect(cursor, '.'));
     return fieldWriteDecimal(cursor, bits, USDOD_SERIAL_BITS);

@@ -125,6 +125,27 @@ std::string sampleOf(const AiPart& part, bool isLong) {
     return {};
 }
 
+EpcStatus readElement(std::string_view ai, const std::string& value) {
+    const std::string text = '(' + std::string(ai) + ')' + value;
+    char code[5];
+    char read[128];
+    return epc_gs1ElementStringToAIs(text.c_str(), 1, sizeof read, code, read, nullptr);
+}
+
+TEST(AiDictionary, HasTheLongestValuesOfTheLibrary) {
+    for (const AiEntry& entry : aiEntries()) {
+        std::string value;
+        for (const AiPart& part : entry.parts) {
+            // Zeros are right with any check digit.
+            value += part.size > 0 ? std::string(static_cast<std::size_t>(part.size), '0')
+                                   : sampleOf(part, true);
+        }
+        SCOPED_TRACE("AI " + std::string(entry.last) + ", value " + value);
+        EXPECT_STATUS(EPC_OK, readElement(entry.last, value));
+        EXPECT_NE(EPC_OK, readElement(entry.last, value + '1'));
+    }
+}
+
 // The bits that the library makes of a value are read back along the dictionary's parts.
 TEST(AiDictionary, HasTheShapesOfTheLibrary) {
     for (const AiEntry& entry : aiEntries()) {

@@ -239,6 +239,9 @@ TEST(AiValue, KnowsTheCalendar) {
                 EXPECT_EQ(TextResult(status, std::string(date, isMonth ? 6 : 2)),
                           decodeValue("17", bits));
             }
+            // The next day has no bits.
+            const std::string day32 = std::to_string(100000 + month * 100 + 32);
+            EXPECT_STATUS(EPC_ERR_BAD_FORMAT, encodeValue("17", day32).status) << day32;
         }
     }
 }
