@@ -49,10 +49,10 @@ std::int32_t bitBufferPutAnywhere(BitBuffer& buffer, std::uint64_t value, std::i
         const std::int32_t free = 8 - buffer.position % 8;
         const std::int32_t take = std::min(free, remaining);
         remaining -= take;
-        const std::uint64_t chunk = remaining >= 64 ? 0 : value >> remaining;
+        const std::uint64_t chunk = remaining >= 64 ? 0 : value >> remaining & lowBits(take);
         const std::uint64_t mask = lowBits(take) << (free - take);
         std::uint8_t& byte = buffer.bytes[buffer.position / 8];
-        byte = static_cast<std::uint8_t>((byte & ~mask) | (chunk << (free - take) & mask));
+        byte = static_cast<std::uint8_t>((byte & ~mask) | chunk << (free - take));
         buffer.position += take;
     }
     return 0;

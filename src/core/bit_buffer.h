@@ -88,7 +88,9 @@ inline std::int32_t bitBufferGet(BitBuffer& buffer, std::int32_t bitCount, std::
         return bitBufferGetAnywhere(buffer, bitCount, out);
     }
     const BitWindow window = bitWindowAt(buffer);
-    out = loadBigEndian(window.bytes) << window.before >> (64 - bitCount);
+    const std::int32_t behind = 64 - window.before - bitCount;
+    const std::uint64_t mask = (std::uint64_t{1} << bitCount) - 1;
+    out = loadBigEndian(window.bytes) >> behind & mask;
     buffer.position += bitCount;
     return 0;
 }

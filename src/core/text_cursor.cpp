@@ -68,7 +68,8 @@ DigitGroup readDigitGroup(std::uint64_t characters) {
     if (count == 0) {
         return {0, 0};
     }
-    bytes <<= 64 - 8 * count;
+    const std::int32_t rest = 64 - 8 * count;
+    bytes = (bytes & ~std::uint64_t{0} >> rest) << rest;
     bytes = (bytes * 10 + (bytes >> 8)) & 0x00FF00FF00FF00FF;
     bytes = (bytes * 100 + (bytes >> 16)) & 0x0000FFFF0000FFFF;
     return {(bytes * 10000 + (bytes >> 32)) & 0xFFFFFFFF, count};

@@ -129,7 +129,8 @@ EpcStatus readElement(std::string_view ai, const std::string& value) {
     const std::string text = '(' + std::string(ai) + ')' + value;
     char code[5];
     char read[128];
-    return epc_gs1ElementStringToAIs(text.c_str(), 1, sizeof read, code, read, nullptr);
+    std::uint32_t count = 0;
+    return epc_gs1ElementStringToAIs(text.c_str(), 1, sizeof read, code, read, &count);
 }
 
 TEST(AiDictionary, HasTheLongestValuesOfTheLibrary) {

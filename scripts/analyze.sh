@@ -1,0 +1,67 @@
+#!/usr/bin/env bash
+#
+# Looks for faults by other means than the tests' own, and says what each finds: analyze.sh [CHECK...]
+#
+# CHECK is one of
+#   cppcheck    the library, the command, fuzzers, benchmarks and examples
+#   fanalyzer   g++ -fanalyzer over the library
+#   clang-tidy  the library, the command and the tests, by the checks of .clang-tidy
+#   integers    the tests on a library in which no number may wrap or be cut unasked
+#   threads     the tests of many threads, with ThreadSanitizer
+# or all of them. What a check finds is a failure.
+set -euo pipefail
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+cd "$root"
+checks=("$@")
+if [[ $# -eq 0 ]]; then
+    checks=(cppcheck fanalyzer clang-tidy integers threads)
+fi
+mkdir -p build
+
+check_cppcheck() {
+    cppcheck --std=c++20 --language=c++ --enable=warning,performance,portability --inline-suppr \
+        --error-exitcode=1 --quiet -I include -I src -I tools src tools fuzz bench examples
+}
+
+check_fanalyzer() {
+    local file
+    for file in src/*/*.cpp; do
+        g++ -std=c++20 -O1 -fno-exceptions -fno-rtti -fanalyzer -Werror -I include -I src \
+            -c "$file" -o /dev/null || return 1
+    done
+}
+
+# The preset of the sanitizers compiles with clang-tidy, and a finding is an error.
+check_clang-tidy() {
+    cmake --preset asan && cmake --build --preset asan
+}
+
+run_tests() {
+    cmake --preset "$1" && cmake --build --preset "$1" && ctest --preset "$1" "${@:2}"
+}
+
+check_integers() {
+    run_tests integer -R '^(unit|contract)\.'
+}
+
+check_threads() {
+    run_tests tsan -R 'State'
+}
+
+status=0
+for check in "${checks[@]}"; do
+    log=build/analyze-$check.log
+    if ! declare -F "check_$check" >/dev/null; then
+        echo "There is no check $check. Take of: cppcheck, fanalyzer, clang-tidy, integers, threads." >&2
+        exit 2
+    fi
+    if "check_$check" >"$log" 2>&1; then
+        echo "$check: nothing found"
+    else
+        tail -n 20 "$log"
+        echo "$check: FAILS, see $log"
+        status=1
+    fi
+done
+exit $status
