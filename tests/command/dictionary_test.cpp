@@ -133,6 +133,12 @@ EpcStatus readElement(std::string_view ai, const std::string& value) {
     return epc_gs1ElementStringToAIs(text.c_str(), 1, sizeof read, code, read, &count);
 }
 
+// What a date or time of varying length may be, its own reader tells.
+bool isVaryingDate(const AiEntry& entry) {
+    return entry.parts[0].kind == AiPartKind::DATE_RANGE ||
+           entry.parts[0].kind == AiPartKind::DATE_TIME_VAR;
+}
+
 TEST(AiDictionary, HasTheLongestValuesOfTheLibrary) {
     for (const AiEntry& entry : aiEntries()) {
         std::string value;
@@ -143,7 +149,7 @@ TEST(AiDictionary, HasTheLongestValuesOfTheLibrary) {
         }
         SCOPED_TRACE("AI " + std::string(entry.last) + ", value " + value);
         EXPECT_STATUS(EPC_OK, readElement(entry.last, value));
-        EXPECT_NE(EPC_OK, readElement(entry.last, value + '1'));
+        EXPECT_EQ(isVaryingDate(entry), readElement(entry.last, value + '1') == EPC_OK);
     }
 }
 
