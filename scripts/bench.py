@@ -1,18 +1,27 @@
 #!/usr/bin/env python3
 """Runs the benchmarks and prints one table: times, and the ratios that the project holds itself to.
 
-    scripts/bench.py PROGRAM [--write FILE] [--repetitions N] [--min-time SECONDS] [--all]
+    scripts/bench.py PROGRAM COMMAND [--write FILE] [--repetitions N] [--min-time SECONDS] [--all]
+
+PROGRAM is the benchmarks, COMMAND is rosetag, of which the time for a line of a file is taken.
 
 Each figure is the median of the repetitions, which run interleaved in random order, so that what
 else the machine does falls on all of them alike. With --write the table replaces what stands
 between the markers of FILE. With --all every benchmark is listed too.
+With --memory nothing else is measured than the memory of a run over 1 and over 100 million lines.
 """
 
 import argparse
 import json
+import os
+import random
+import statistics
 import subprocess
 import sys
+import tempfile
 
+LINES = 1_000_000
+LINE = "line of a file, hex to tag URI (processor time)"
 SGTIN = ["hex-to-tag-uri", "tag-uri-to-hex", "hex-to-element-string", "element-string-to-hex"]
 
 # What, its benchmark, measured against, that one's benchmark, largest ratio (None: it only tells what
@@ -40,6 +49,8 @@ RATIOS = (
          "one thread", "threads/hex-to-tag-uri/real_time/threads:1", 1 / 1.95),
         ("the hand-tuned program on two threads", "threads/hand-tuned/real_time/threads:2",
          "one thread", "threads/hand-tuned/real_time/threads:1", None),
+        ("rosetag decode, a line of a file", LINE,
+         "the export's call", "sgtin-96/hex-to-tag-uri", 2.0),
     ]
 )
 
@@ -63,6 +74,52 @@ def medians(program, arguments, only):
             if run.get("aggregate_name") == "median"}
 
 
+def random_tag_uri(choose):
+    digits = choose.randint(6, 12)
+    fields = [choose.randrange(8), f"{choose.randrange(10 ** digits):0{digits}}",
+              f"{choose.randrange(10 ** (13 - digits)):0{13 - digits}}",
+              1 + choose.randrange(10 ** 6)]
+    return "urn:epc:tag:sgtin-96:" + ".".join(map(str, fields))
+
+
+def processor_seconds(command):
+    child = subprocess.Popen(command, stdout=subprocess.DEVNULL)
+    _, status, usage = os.wait4(child.pid, 0)
+    child.returncode = os.waitstatus_to_exitcode(status)
+    if child.returncode != 0:
+        sys.exit("fails: " + " ".join(command))
+    return usage.ru_utime + usage.ru_stime
+
+
+def nanoseconds_of_line(command, repetitions):
+    """The processor time of one line, reading and writing included."""
+    choose = random.Random(20261122)
+    uris = "".join(random_tag_uri(choose) + "\n" for _ in range(LINES))
+    with tempfile.NamedTemporaryFile("w") as file:
+        subprocess.run([command, "encode", "--quiet", "--to", "hex"], input=uris, stdout=file,
+                       check=True, text=True)
+        decode = [command, "decode", "--quiet", "--to", "tag-uri", "--input", file.name]
+        if subprocess.run(decode, check=True, stdout=subprocess.PIPE, text=True).stdout != uris:
+            sys.exit("the command gives back other tag URIs than it was given")
+        return statistics.median(processor_seconds(decode) for _ in range(repetitions)) / LINES * 1e9
+
+
+def peak_of_lines(command, lines):
+    """The most memory, in KiB, that a run over so many lines has, told by the system before its end."""
+    child = subprocess.Popen([command, "decode", "--quiet", "--to", "tag-uri"],
+                             stdin=subprocess.PIPE, stdout=subprocess.DEVNULL)
+    block = b"3074257BF7194E4000001A85\n" * 10_000
+    for _ in range(lines // 10_000):
+        child.stdin.write(block)
+    child.stdin.flush()
+    with open(f"/proc/{child.pid}/status", encoding="ascii") as status:
+        peak = next(int(line.split()[1]) for line in status if line.startswith("VmHWM:"))
+    child.communicate()
+    if child.returncode != 0:
+        sys.exit("a run over lines fails")
+    return peak
+
+
 def ratio_table(times):
     lines = ["| Work | Time | Against | Its time | Ratio | At most | |",
              "|---|---:|---|---:|---:|---:|---|"]
@@ -80,7 +137,7 @@ def ratio_table(times):
 
 
 def time_table(times):
-    names = [name for name in times if not name.startswith("threads/")]
+    names = [name for name in times if not name.startswith("threads/") and name != LINE]
     return ["", "| Conversion | Time of a call |", "|---|---:|"] + [
         f"| {name} | {times[name]:.0f} ns |" for name in sorted(names)]
 
@@ -97,13 +154,21 @@ def write_table(path, lines):
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("program")
+    parser.add_argument("command")
     parser.add_argument("--write")
     parser.add_argument("--repetitions", type=int, default=9)
     parser.add_argument("--min-time", type=float, default=0.05)
     parser.add_argument("--all", action="store_true")
+    parser.add_argument("--memory", action="store_true")
     arguments = parser.parse_args()
-    only = [] if arguments.all else sorted({name for row in RATIOS for name in (row[1], row[3])})
-    times = medians(arguments.program, arguments, only)
+    if arguments.memory:
+        for millions in (1, 100):
+            peak = peak_of_lines(arguments.command, millions * 1_000_000)
+            print(f"{millions} million lines: {peak} KiB at most")
+        return
+    measured = {name for row in RATIOS for name in (row[1], row[3])} - {LINE}
+    times = medians(arguments.program, arguments, [] if arguments.all else sorted(measured))
+    times[LINE] = nanoseconds_of_line(arguments.command, arguments.repetitions)
     lines, missed = ratio_table(times)
     if arguments.all:
         lines += time_table(times)
