@@ -37,6 +37,11 @@ cp -r -- "$packages"/*.deb "$source_dir/examples" "$clean_root/rosetag/"
 
 in_root sh -c 'dpkg -i /rosetag/librosetag[0-9]*.deb /rosetag/rosetag_*.deb'
 expect "$hex" rosetag encode "$uri"
+expect "$uri" rosetag decode --to tag-uri "$hex"
+for file in man/man1/rosetag.1.gz bash-completion/completions/rosetag \
+    zsh/vendor-completions/_rosetag fish/vendor_completions.d/rosetag.fish; do
+    in_root test -s "/usr/share/$file"
+done
 
 in_root apt-get update -qq
 in_root apt-get install -y -qq --no-install-recommends cmake g++ ninja-build pkg-config

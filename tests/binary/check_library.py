@@ -1,6 +1,9 @@
 """Checks the finished shared library as a file: what it offers, needs, holds and weighs.
 
-usage: check_library.py LIBRARY HEADER SOVERSION
+usage: check_library.py LIBRARY HEADER SYMBOLS SOVERSION
+
+SYMBOLS lists what each release has exported since when, in the form of Debian's symbols files. What
+stands there stays, or the SOVERSION is raised.
 """
 
 import re
@@ -8,7 +11,7 @@ import subprocess
 import sys
 import unittest
 
-LIBRARY, HEADER, SOVERSION = sys.argv[1:4]
+LIBRARY, HEADER, SYMBOLS, SOVERSION = sys.argv[1:5]
 
 # What the library may ask of the platform. No function here allocates, throws, prints or looks at
 # the locale or the environment.
@@ -49,6 +52,13 @@ class Library(unittest.TestCase):
         exported = [line.split()[-1] for line in lines_of("nm", "-D", "--defined-only", LIBRARY)]
         self.assertEqual(len(declared), EXPORT_COUNT)
         self.assertEqual(sorted(exported), sorted(declared))
+
+    def test_exports_what_releases_have_exported(self):
+        with open(SYMBOLS, encoding="ascii") as file:
+            head, *rows = file.read().splitlines()
+        self.assertEqual(head, f"librosetag.so.{SOVERSION} librosetag{SOVERSION} #MINVER#")
+        listed = [re.fullmatch(r" (\w+)@Base \d+\.\d+\.\d+", row)[1] for row in rows]
+        self.assertEqual(listed, sorted(declared_functions()))
 
     def test_asks_the_platform_for_nothing_unforeseen(self):
         undefined = {line.split()[-1].split("@")[0]
