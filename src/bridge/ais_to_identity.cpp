@@ -94,8 +94,8 @@ constexpr bool prefixFitsSecondaryAi(const Gs1KeyDefinition& key) {
            static_cast<std::size_t>(prefixRow(code[0], code[1]).codeDigits) == code.size();
 }
 
-static_assert(std::ranges::all_of(gs1KeyTable, prefixFitsKey));
-static_assert(std::ranges::all_of(gs1KeyTable, prefixFitsSecondaryAi));
+static_assert(holdsForKeys(prefixFitsKey));
+static_assert(holdsForKeys(prefixFitsSecondaryAi));
 
 constexpr std::int32_t MIN_GCP_LENGTH = 6;
 constexpr std::int32_t MAX_GCP_LENGTH = 12;

@@ -1,8 +1,5 @@
 #include "bridge/gs1_key_table.h"
 
-#include <algorithm>
-#include <iterator>
-
 namespace {
 
 static_assert(std::size(gs1KeyTable) == 15);
@@ -30,23 +27,23 @@ constexpr bool keyValueTakesLongestPrefix(const Gs1KeyDefinition& key) {
     return key.keyValueLength == 0 || key.keyValueLength >= skipped + 12 + key.hasCheckDigit;
 }
 
-constexpr bool namesAreUnique() {
-    for (const Gs1KeyDefinition& key : gs1KeyTable) {
-        if (std::ranges::count(gs1KeyTable, key.familyName, &Gs1KeyDefinition::familyName) != 1) {
-            return false;
-        }
-    }
-    return true;
+constexpr bool nameIsUnique(const Gs1KeyDefinition& key) {
+    return std::count_if(std::begin(gs1KeyTable), std::end(gs1KeyTable),
+                         [&key](const Gs1KeyDefinition& other) {
+                             return other.familyName == key.familyName;
+                         }) == 1;
 }
 
-static_assert(std::ranges::all_of(gs1KeyTable, tailsAreConsistent));
-static_assert(std::ranges::all_of(gs1KeyTable, extraFieldsAreConsistent));
-static_assert(std::ranges::all_of(gs1KeyTable, keyValueTakesLongestPrefix));
-static_assert(namesAreUnique());
+static_assert(holdsForKeys(tailsAreConsistent));
+static_assert(holdsForKeys(extraFieldsAreConsistent));
+static_assert(holdsForKeys(keyValueTakesLongestPrefix));
+static_assert(holdsForKeys(nameIsUnique));
 
 const Gs1KeyDefinition* findFirst(std::string_view Gs1KeyDefinition::*field,
                                   std::string_view wanted) {
-    const auto* const row = std::ranges::find(gs1KeyTable, wanted, field);
+    const auto* const row =
+        std::find_if(std::begin(gs1KeyTable), std::end(gs1KeyTable),
+                     [=](const Gs1KeyDefinition& key) { return key.*field == wanted; });
     return row != std::end(gs1KeyTable) ? row : nullptr;
 }
 

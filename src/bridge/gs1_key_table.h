@@ -11,7 +11,9 @@
 #ifndef ROSETAG_BRIDGE_GS1_KEY_TABLE_H
 #define ROSETAG_BRIDGE_GS1_KEY_TABLE_H
 
+#include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <string_view>
 
 // How the first two fields stand in the value of the key's AI.
@@ -56,6 +58,10 @@ inline constexpr Gs1KeyDefinition gs1KeyTable[] = {
     {"pgln",    "417",    "",     KEY_DIGITS_AS_IS,        1,     0,    0,      13,      0,   0, {}},
 };
 // clang-format on
+
+constexpr bool holdsForKeys(bool (*holds)(const Gs1KeyDefinition& key)) {
+    return std::all_of(std::begin(gs1KeyTable), std::end(gs1KeyTable), holds);
+}
 
 // The row of exactly this family word, or null.
 const Gs1KeyDefinition* gs1KeyFindByName(std::string_view familyName);
