@@ -6,6 +6,7 @@
 #   cppcheck    the library, the command, fuzzers, benchmarks and examples
 #   fanalyzer   g++ -fanalyzer over the library
 #   clang-tidy  the library, the command and the tests, by the checks of .clang-tidy
+#   frames      the stack frames of the library's functions, which must all be of a known size
 #   integers    the tests on a library in which no number may wrap or be cut unasked
 #   threads     the tests of many threads, with ThreadSanitizer
 # or all of them. What a check finds is a failure.
@@ -15,7 +16,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 checks=("$@")
 if [[ $# -eq 0 ]]; then
-    checks=(cppcheck fanalyzer clang-tidy integers threads)
+    checks=(cppcheck fanalyzer clang-tidy frames integers threads)
 fi
 mkdir -p build
 
@@ -37,6 +38,18 @@ check_clang-tidy() {
     cmake --preset asan && cmake --build --preset asan
 }
 
+# What -fstack-usage tells of a function: its place, its frame in bytes, and of what kind it is.
+check_frames() {
+    local file usage=build/analyze-frames
+    rm -rf "$usage" && mkdir -p "$usage"
+    for file in src/*/*.cpp; do
+        g++ -std=c++20 -O3 -fPIC -fno-exceptions -fno-rtti -fstack-usage -I include -I src \
+            -c "$file" -o "$usage/$(basename "$file" .cpp).o" || return 1
+    done
+    sort -t $'\t' -k 2,2nr "$usage"/*.su | head -n 1
+    ! grep $'\tdynamic$' "$usage"/*.su # "dynamic,bounded" is of a known size
+}
+
 run_tests() {
     cmake --preset "$1" && cmake --build --preset "$1" && ctest --preset "$1" "${@:2}"
 }
@@ -53,11 +66,15 @@ status=0
 for check in "${checks[@]}"; do
     log=build/analyze-$check.log
     if ! declare -F "check_$check" >/dev/null; then
-        echo "There is no check $check. Take of: cppcheck, fanalyzer, clang-tidy, integers, threads." >&2
+        echo "There is no check $check. Take of: cppcheck, fanalyzer, clang-tidy," \
+            "frames, integers, threads." >&2
         exit 2
     fi
     if "check_$check" >"$log" 2>&1; then
         echo "$check: nothing found"
+        if [[ $check == frames ]]; then
+            sed 's/^/    the largest: /' "$log"
+        fi
     else
         tail -n 20 "$log"
         echo "$check: FAILS, see $log"
