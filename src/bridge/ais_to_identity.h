@@ -66,7 +66,7 @@ struct TagUriArguments {
 EpcStatus aiTextFindKeyOfScheme(std::string_view text, AiBrackets brackets,
                                 const TagUriArguments& arguments, AiKeyScan& found);
 
-// Characters of the tag URI before its body.
+// Characters of the tag URI before its body, of arguments that have passed that test.
 std::int32_t tagUriHeadLength(const TagUriArguments& arguments);
 
 #endif

@@ -1,8 +1,6 @@
 #include "core/bit_buffer.h"
 
 #include <algorithm>
-#include <cstring>
-#include <limits>
 
 namespace {
 
@@ -26,15 +24,6 @@ bool isSplit(const BitBuffer& buffer, std::int32_t bitCount) {
 BitBuffer bitBufferForReading(const std::uint8_t* bytes, std::int32_t bits) {
     // One shape serves both directions; no reader writes through it.
     return {const_cast<std::uint8_t*>(bytes), bits, 0};
-}
-
-BitBuffer bitBufferForWriting(std::uint8_t* bytes, std::int32_t maxBytes) {
-    if (maxBytes <= 0) {
-        return {bytes, 0, 0};
-    }
-    std::memset(bytes, 0, static_cast<std::size_t>(maxBytes));
-    constexpr std::int32_t mostBytes = std::numeric_limits<std::int32_t>::max() / 8;
-    return {bytes, std::min(maxBytes, mostBytes) * 8, 0};
 }
 
 std::int32_t bitBufferPutAnywhere(BitBuffer& buffer, std::uint64_t value, std::int32_t bitCount) {

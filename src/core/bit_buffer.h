@@ -10,8 +10,11 @@
 
 #include "core/status.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <limits>
 
 // Invariant: 0 <= position <= capacity (a capacity below 0 takes nothing).
 struct BitBuffer {
@@ -24,7 +27,14 @@ struct BitBuffer {
 BitBuffer bitBufferForReading(const std::uint8_t* bytes, std::int32_t bits);
 
 // A buffer to be written, its maxBytes bytes cleared.
-BitBuffer bitBufferForWriting(std::uint8_t* bytes, std::int32_t maxBytes);
+inline BitBuffer bitBufferForWriting(std::uint8_t* bytes, std::int32_t maxBytes) {
+    if (maxBytes <= 0) {
+        return {bytes, 0, 0};
+    }
+    std::memset(bytes, 0, static_cast<std::size_t>(maxBytes));
+    constexpr std::int32_t mostBytes = std::numeric_limits<std::int32_t>::max() / 8;
+    return {bytes, std::min(maxBytes, mostBytes) * 8, 0};
+}
 
 // Any field that its inline twin below does not take: at the edge of a small buffer, wider than a
 // window, of no bits, or failing.

@@ -39,19 +39,6 @@ std::uint64_t loadFirstLowest(const char* characters) {
     return byte(0) | byte(1) | byte(2) | byte(3) | byte(4) | byte(5) | byte(6) | byte(7);
 }
 
-// The next eight characters of the span in the same order, zeros behind its end. Near that they
-// come out of the last eight. None of a span that is shorter.
-std::uint64_t nextCharacters(const TextCursor& cursor) {
-    const std::ptrdiff_t left = textCursorLeft(cursor);
-    if (left >= GROUP_DIGITS) {
-        return loadFirstLowest(cursor.current);
-    }
-    if (left <= 0 || cursor.length < GROUP_DIGITS) {
-        return 0;
-    }
-    return loadFirstLowest(textCursorEnd(cursor) - GROUP_DIGITS) >> 8 * (GROUP_DIGITS - left);
-}
-
 struct DigitGroup {
     std::uint64_t value;
     std::int32_t count; // of digits before the first other character
@@ -60,8 +47,8 @@ struct DigitGroup {
 // Up to eight digits at once: a byte of the group is a digit if what is left of it without the bits
 // of '0' is below 10, and then neighbours join to numbers below 100, 10^4 and 10^8. Halves the time
 // of a number of seven digits.
-DigitGroup readDigitGroup(std::uint64_t characters) {
-    std::uint64_t bytes = characters ^ 0x3030303030303030;
+DigitGroup readDigitGroup(const char* characters) {
+    std::uint64_t bytes = loadFirstLowest(characters) ^ 0x3030303030303030;
     const std::uint64_t above9 = (bytes & 0x7F7F7F7F7F7F7F7F) + 0x7676767676767676;
     const std::uint64_t others = (above9 | bytes) & 0x8080808080808080;
     const std::int32_t count = std::countr_zero(others) / 8;
@@ -76,18 +63,6 @@ DigitGroup readDigitGroup(std::uint64_t characters) {
 }
 
 } // namespace
-
-EpcStatus textCursorExpect(TextCursor& cursor, std::string_view literal) {
-    if (static_cast<std::ptrdiff_t>(literal.size()) <= textCursorLeft(cursor) &&
-        std::memcmp(cursor.current, literal.data(), literal.size()) == 0) {
-        cursor.current += literal.size();
-        return EPC_OK;
-    }
-    for (const char character : literal) {
-        EPC_TRY(textCursorExpect(cursor, character));
-    }
-    return EPC_OK;
-}
 
 EpcStatus textCursorReadUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
                               std::string_view& out) {
@@ -180,8 +155,8 @@ EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
     const DigitLimit limit = digitLimit(MAX_NUMBER_DIGITS, stopAfter);
     const char* const digits = cursor.current;
     DigitGroup group = {0, 0};
-    if (limit.most >= GROUP_DIGITS) {
-        group = readDigitGroup(nextCharacters(cursor));
+    if (limit.most >= GROUP_DIGITS && textCursorLeft(cursor) >= GROUP_DIGITS) {
+        group = readDigitGroup(digits);
     }
     auto [value, count] = group;
     while (count < limit.most && charIsDigit(digits[count])) {

@@ -68,7 +68,6 @@ inline std::ptrdiff_t textCursorLeft(const TextCursor& cursor) {
 
 // Consumes the literal. EPC_ERR_TRUNCATED at the end, EPC_ERR_BAD_FORMAT at a character that
 // differs; what matched before it stays consumed.
-EpcStatus textCursorExpect(TextCursor& cursor, std::string_view literal);
 inline EpcStatus textCursorExpect(TextCursor& cursor, char literal) {
     if (textCursorAtEnd(cursor)) {
         return EPC_ERR_TRUNCATED;
@@ -77,6 +76,17 @@ inline EpcStatus textCursorExpect(TextCursor& cursor, char literal) {
         return EPC_ERR_BAD_FORMAT;
     }
     ++cursor.current;
+    return EPC_OK;
+}
+inline EpcStatus textCursorExpect(TextCursor& cursor, std::string_view literal) {
+    if (static_cast<std::ptrdiff_t>(literal.size()) <= textCursorLeft(cursor) &&
+        std::memcmp(cursor.current, literal.data(), literal.size()) == 0) {
+        cursor.current += literal.size();
+        return EPC_OK;
+    }
+    for (const char character : literal) {
+        EPC_TRY(textCursorExpect(cursor, character));
+    }
     return EPC_OK;
 }
 
@@ -121,7 +131,7 @@ EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
                                std::uint64_t& outValue, std::int32_t* outCount = nullptr,
                                std::int32_t stopAfter = 0);
 
-// The same for a number that mostly is one digit.
+// The same without count and stop, quick for a single digit.
 inline EpcStatus textCursorReadShortNumber(TextCursor& cursor, LeadingZeros leadingZeros,
                                            std::uint64_t& outValue) {
     const char* const digits = cursor.current;
