@@ -2,11 +2,13 @@
 """Runs the benchmarks and prints one table: times, and the ratios that the project holds itself to.
 
     scripts/bench.py PROGRAM COMMAND [--write FILE] [--repetitions N] [--min-time SECONDS] [--all]
+    scripts/bench.py PROGRAM COMMAND --memory
 
 PROGRAM is the benchmarks, COMMAND is rosetag, of which the time for a line of a file is taken.
 
-Each figure is the median of the repetitions, which run interleaved in random order, so that what
-else the machine does falls on all of them alike. With --write the table replaces what stands
+Each time of a call is the median of the repetitions, which run interleaved in random order, so that
+what else the machine does falls on all of them alike. The line of a file is measured behind them;
+its ratio is one of processor times. With --write the table replaces what stands
 between the markers of FILE. With --all every benchmark is listed too.
 With --memory nothing else is measured than the memory of a run over 1 and over 100 million lines.
 """
@@ -21,11 +23,12 @@ import sys
 import tempfile
 
 LINES = 1_000_000
-LINE = "line of a file, hex to tag URI (processor time)"
+LINE = "line of a file, hex to tag URI"
+PROCESSOR = " (processor time)"
 SGTIN = ["hex-to-tag-uri", "tag-uri-to-hex", "hex-to-element-string", "element-string-to-hex"]
 
-# What, its benchmark, measured against, that one's benchmark, largest ratio (None: it only tells what
-# the machine gives).
+# What, its benchmark, measured against, that one's benchmark, largest ratio (None: it only tells
+# what the machine gives).
 RATIOS = (
     [(f"SGTIN-96, {name}", f"sgtin-96/{name}", "the hand-tuned program", f"hand-tuned/{name}",
       2.5 if "tag-uri" in name else 4.0) for name in SGTIN]
@@ -50,7 +53,7 @@ RATIOS = (
         ("the hand-tuned program on two threads", "threads/hand-tuned/real_time/threads:2",
          "one thread", "threads/hand-tuned/real_time/threads:1", None),
         ("rosetag decode, a line of a file", LINE,
-         "the export's call", "sgtin-96/hex-to-tag-uri", 2.0),
+         "the export's call", "sgtin-96/hex-to-tag-uri" + PROCESSOR, 2.0),
     ]
 )
 
@@ -70,8 +73,9 @@ def medians(program, arguments, only):
     failed = [run["name"] for run in runs if run.get("error_occurred")]
     if failed:
         sys.exit("a call failed in: " + ", ".join(failed))
-    return {run["run_name"]: run["real_time"] for run in runs
-            if run.get("aggregate_name") == "median"}
+    of_calls = [run for run in runs if run.get("aggregate_name") == "median"]
+    return ({run["run_name"]: run["real_time"] for run in of_calls}
+            | {run["run_name"] + PROCESSOR: run["cpu_time"] for run in of_calls})
 
 
 def random_tag_uri(choose):
@@ -101,11 +105,12 @@ def nanoseconds_of_line(command, repetitions):
         decode = [command, "decode", "--quiet", "--to", "tag-uri", "--input", file.name]
         if subprocess.run(decode, check=True, stdout=subprocess.PIPE, text=True).stdout != uris:
             sys.exit("the command gives back other tag URIs than it was given")
-        return statistics.median(processor_seconds(decode) for _ in range(repetitions)) / LINES * 1e9
+        seconds = statistics.median(processor_seconds(decode) for _ in range(repetitions))
+        return seconds / LINES * 1e9
 
 
 def peak_of_lines(command, lines):
-    """The most memory, in KiB, that a run over so many lines has, told by the system before its end."""
+    """The most memory, in KiB, that a run over so many lines has. The system tells before its end."""
     child = subprocess.Popen([command, "decode", "--quiet", "--to", "tag-uri"],
                              stdin=subprocess.PIPE, stdout=subprocess.DEVNULL)
     block = b"3074257BF7194E4000001A85\n" * 10_000
@@ -137,7 +142,8 @@ def ratio_table(times):
 
 
 def time_table(times):
-    names = [name for name in times if not name.startswith("threads/") and name != LINE]
+    names = [name for name in times if not name.startswith("threads/") and name != LINE
+             and not name.endswith(PROCESSOR)]
     return ["", "| Conversion | Time of a call |", "|---|---:|"] + [
         f"| {name} | {times[name]:.0f} ns |" for name in sorted(names)]
 
@@ -166,7 +172,7 @@ def main():
             peak = peak_of_lines(arguments.command, millions * 1_000_000)
             print(f"{millions} million lines: {peak} KiB at most")
         return
-    measured = {name for row in RATIOS for name in (row[1], row[3])} - {LINE}
+    measured = {name.removesuffix(PROCESSOR) for row in RATIOS for name in (row[1], row[3])} - {LINE}
     times = medians(arguments.program, arguments, [] if arguments.all else sorted(measured))
     times[LINE] = nanoseconds_of_line(arguments.command, arguments.repetitions)
     lines, missed = ratio_table(times)

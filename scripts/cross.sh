@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 #
-# Builds the library, the command and the tests for other machines and another standard library, and
-# runs the tests there: cross.sh [MACHINE...]
+# Builds the library and the tests for other machines and for another standard library, the command
+# for other machines, and runs the tests there: cross.sh [MACHINE...]
 #
 # MACHINE is one of
 #   s390x    big-endian, 64 bits, by qemu-user

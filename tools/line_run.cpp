@@ -125,7 +125,8 @@ void runAll(LineSource& source, LineRules& rules, const RunOptions& options, Sin
 int lineRun(Output& output, LineRules& rules, const RunOptions& options) {
     LineSource source = lineSourceOpen(options.inputFile);
     if (options.inputFile.empty() && isTerminal(STDIN_FILENO)) {
-        complain(output, "reads values from the terminal, one a line; Ctrl-D ends them");
+        complain(output, std::string("reads values from the terminal, one a line; ") +
+                             END_OF_INPUT_KEYS + " ends them");
     }
     rules.writesErrors = !options.errorsFile.empty();
     rules.format.hasStatusColumn = rules.format.hasStatusColumn && !rules.writesErrors;

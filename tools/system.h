@@ -20,6 +20,13 @@ std::uint64_t sizeOfFile(int descriptor);
 
 bool isTerminal(int descriptor);
 
+// What is pressed on a terminal to end the input.
+#ifdef _WIN32
+inline constexpr const char* END_OF_INPUT_KEYS = "Ctrl-Z and Enter";
+#else
+inline constexpr const char* END_OF_INPUT_KEYS = "Ctrl-D";
+#endif
+
 // True if something can be read, false if nothing came in that time. Where the system cannot tell,
 // reading itself waits.
 bool waitUntilReadable(int descriptor, int milliseconds);

@@ -26,8 +26,8 @@ EpcStatus identityFrame(BitBuffer& bits, EpcScheme scheme, Work work) {
     return work(cursor, *key);
 }
 
-// A GS1 text to binary through the body of a tag URI. The whole URI must fit the local text, although
-// what stands before the body is neither written nor read.
+// A GS1 text to binary through the body of a tag URI. The whole URI must fit the local text,
+// although what stands before the body is neither written nor read.
 EpcStatus gs1TextToBits(std::string_view text, AiBrackets brackets, BitBuffer& bits,
                         const EncodeArguments& arguments) {
     const TagUriArguments uri = {arguments.info.scheme, arguments.filter, arguments.gcpLength};

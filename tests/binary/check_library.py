@@ -2,8 +2,8 @@
 
 usage: check_library.py LIBRARY HEADER SYMBOLS SOVERSION
 
-SYMBOLS lists what each release has exported since when, in the form of Debian's symbols files. What
-stands there stays, or the SOVERSION is raised.
+SYMBOLS lists the exports, each with the release that it came in, in the form of Debian's symbols
+files. The names are held against the header: one that goes must go here too, and raises SOVERSION.
 """
 
 import re

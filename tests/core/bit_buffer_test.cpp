@@ -73,19 +73,18 @@ TEST(BitBuffer, GetReadsTheFieldAsANumber) {
     Random random(2);
     Storage storage;
     forEveryField([&](std::int32_t capacity, std::int32_t position, std::int32_t width) {
-        if (width > 64) {
-            return;
-        }
         BitBuffer buffer = storage.lay(random, capacity, position);
         const std::string field = storage.bits().substr(static_cast<std::size_t>(position),
                                                         static_cast<std::size_t>(width));
-        std::uint64_t value = random.next();
-        ASSERT_EQ(0, bitBufferGet(buffer, width, value));
-        ASSERT_EQ(numberFromBits(field), value);
-        ASSERT_EQ(position + width, buffer.position);
+        if (width <= 64) {
+            std::uint64_t value = random.next();
+            ASSERT_EQ(0, bitBufferGet(buffer, width, value));
+            ASSERT_EQ(numberFromBits(field), value);
+            ASSERT_EQ(position + width, buffer.position);
+        }
         BitBuffer skipped{storage.bytes, capacity, position};
         ASSERT_EQ(0, bitBufferSkip(skipped, width));
-        ASSERT_EQ(buffer.position, skipped.position);
+        ASSERT_EQ(position + width, skipped.position);
         ASSERT_EQ(bitsFromBytes(storage.before), storage.bits());
     });
 }
