@@ -140,6 +140,7 @@ int runConversion(Output& output, const Arguments& arguments, const Conversion& 
     const std::string_view to = !isForLines || !arguments.to.empty()
                                     ? std::string_view(arguments.to)
                                     : conversion.defaultField;
+    // With one form asked for, a value that does not have it has failed.
     Conversion required = conversion;
     if (!to.empty() && arguments.fields.empty() && !arguments.isJson) {
         const ResultField& field = resultField(to, conversion.isEncode);

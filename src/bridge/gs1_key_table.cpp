@@ -1,5 +1,8 @@
 #include "bridge/gs1_key_table.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 static_assert(std::size(gs1KeyTable) == 15);

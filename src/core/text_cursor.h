@@ -131,7 +131,9 @@ EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
                                std::uint64_t& outValue, std::int32_t* outCount = nullptr,
                                std::int32_t stopAfter = 0);
 
-// The same without count and stop, quick for a single digit.
+// The same without count and stop, for a number that mostly has one digit, as a filter: a tag URI
+// takes 70 instructions less of 1,150. Tested for by the reader of all numbers, it would cost them
+// more than it saves here.
 inline EpcStatus textCursorReadShortNumber(TextCursor& cursor, LeadingZeros leadingZeros,
                                            std::uint64_t& outValue) {
     const char* const digits = cursor.current;
