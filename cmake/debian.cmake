@@ -4,7 +4,7 @@ set(rosetag_package_development librosetag-dev)
 set(rosetag_package_tools rosetag)
 
 set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS CHANGELOG.md
-    tools/man/rosetag.1)
+    command/man/rosetag.1)
 
 # The date of the release, in the form of Debian's changelogs, from the newest entry of ours.
 file(STRINGS ${PROJECT_SOURCE_DIR}/CHANGELOG.md release_line LIMIT_COUNT 1
@@ -25,7 +25,7 @@ foreach(component runtime development tools)
 endforeach()
 # Debian wants its man pages compressed.
 set(rosetag_man_page ${PROJECT_BINARY_DIR}/rosetag.1.gz)
-execute_process(COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/tools/man/rosetag.1
+execute_process(COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/command/man/rosetag.1
     OUTPUT_FILE ${rosetag_man_page} COMMAND_ERROR_IS_FATAL ANY)
 
 set(rosetag_zsh_dir ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)

@@ -27,7 +27,7 @@ install(FILES ${PROJECT_BINARY_DIR}/rosetag.pc DESTINATION ${rosetag_pc_dir} COM
 if(ROSETAG_DEBIAN_PACKAGES)
     include(${PROJECT_SOURCE_DIR}/cmake/debian.cmake)
 else()
-    set(rosetag_man_page ${PROJECT_SOURCE_DIR}/tools/man/rosetag.1)
+    set(rosetag_man_page ${PROJECT_SOURCE_DIR}/command/man/rosetag.1)
     set(rosetag_zsh_dir ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
     install(FILES ${PROJECT_SOURCE_DIR}/LICENSE
         DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
@@ -39,7 +39,7 @@ if(TARGET rosetag_command)
     set_target_properties(rosetag_command PROPERTIES
         INSTALL_RPATH "$ORIGIN/${libdir_from_bindir}")
     install(TARGETS rosetag_command RUNTIME COMPONENT tools)
-    set(completions ${PROJECT_SOURCE_DIR}/tools/completions)
+    set(completions ${PROJECT_SOURCE_DIR}/command/completions)
     install(FILES ${rosetag_man_page}
         DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
     install(FILES ${completions}/rosetag

@@ -22,7 +22,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 TREE = ROOT / "build" / "mutate" / "tree"
 BUILD = ROOT / "build" / "mutate" / "build"
 KEPT = ROOT / "build" / "mutate" / "kept"
-COPIED = ["CMakeLists.txt", "CMakePresets.json", "cmake", "include", "src", "tests", "tools"]
+COPIED = ["CMakeLists.txt", "CMakePresets.json", "cmake", "include", "src", "tests", "toolkit", "command"]
 PROGRAMS = {"unit_tests": "tests/unit_tests", "contract_tests": "tests/contract_tests",
             "command_tests": "tests/command/command_tests"}
 

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 
+namespace rosetag {
+
 namespace {
 
 struct AiPrefixRow {
@@ -202,15 +204,6 @@ EpcStatus putSecondaryValue(std::string_view text, std::string_view code, AiBrac
                                      scan.valueEnd);
 }
 
-// What both kinds of URI begin with: the tests that need no scheme.
-EpcStatus findKey(std::string_view text, AiBrackets brackets, std::int32_t gcpLength,
-                  AiKeyScan& found) {
-    if (gcpLength < MIN_GCP_LENGTH || gcpLength > MAX_GCP_LENGTH) {
-        return EPC_ERR_FILTER_FIELD;
-    }
-    return aiScanForKey(text, brackets, found);
-}
-
 EpcStatus checkScheme(const TagUriArguments& arguments, const Gs1KeyDefinition& key) {
     if (!tagSchemeIsKnown(arguments.scheme)) {
         return EPC_ERR_UNKNOWN_SCHEME;
@@ -221,20 +214,6 @@ EpcStatus checkScheme(const TagUriArguments& arguments, const Gs1KeyDefinition& 
     }
     return arguments.filter >= 0 && arguments.filter < info.filterLimit ? EPC_OK
                                                                         : EPC_ERR_FILTER_LIMIT;
-}
-
-// The frame of the exports to a tag URI.
-EpcStatus tagUriFrame(std::string_view text, AiBrackets brackets, const TagUriArguments& arguments,
-                      std::int32_t dstSize, char* dst) {
-    AiKeyScan found;
-    EPC_TRY(aiTextFindKeyOfScheme(text, brackets, arguments, found));
-    TextBuffer uri = textBufferOver(dst, dstSize);
-    EPC_TRY(textBufferPutString(uri, TAG_URI_PREFIX));
-    EPC_TRY(textBufferPutString(uri, tagSchemeTable[arguments.scheme].info.name));
-    EPC_TRY(textBufferPutChar(uri, ':'));
-    EPC_TRY(textBufferPutDecimal(uri, static_cast<std::uint64_t>(arguments.filter)));
-    EPC_TRY(textBufferPutChar(uri, '.'));
-    return aiTextToUriBody(text, brackets, arguments.gcpLength, found, uri);
 }
 
 } // namespace
@@ -308,9 +287,17 @@ EpcStatus aiTextToUriBody(std::string_view text, AiBrackets brackets, std::int32
                              dst);
 }
 
+EpcStatus aiTextFindKey(std::string_view text, AiBrackets brackets, std::int32_t gcpLength,
+                        AiKeyScan& found) {
+    if (gcpLength < MIN_GCP_LENGTH || gcpLength > MAX_GCP_LENGTH) {
+        return EPC_ERR_FILTER_FIELD;
+    }
+    return aiScanForKey(text, brackets, found);
+}
+
 EpcStatus aiTextFindKeyOfScheme(std::string_view text, AiBrackets brackets,
                                 const TagUriArguments& arguments, AiKeyScan& found) {
-    EPC_TRY(findKey(text, brackets, arguments.gcpLength, found));
+    EPC_TRY(aiTextFindKey(text, brackets, arguments.gcpLength, found));
     return checkScheme(arguments, *found.key);
 }
 
@@ -321,23 +308,4 @@ std::int32_t tagUriHeadLength(const TagUriArguments& arguments) {
     return static_cast<std::int32_t>(TAG_URI_PREFIX.size() + name.size()) + 1 + filterDigits + 1;
 }
 
-EpcStatus epc_gs1ElementStringToEpcTagUri(const char* text, EpcScheme scheme, std::int32_t filter,
-                                          std::int32_t gcpLength, std::int32_t dstSize, char* dst) {
-    return tagUriFrame(text, AI_BRACKETED, {scheme, filter, gcpLength}, dstSize, dst);
-}
-
-EpcStatus epc_barcodeStringToEpcTagUri(const char* text, EpcScheme scheme, std::int32_t filter,
-                                       std::int32_t gcpLength, std::int32_t dstSize, char* dst) {
-    return tagUriFrame(text, AI_BARE, {scheme, filter, gcpLength}, dstSize, dst);
-}
-
-EpcStatus epc_gs1ElementStringToEpcUri(const char* text, std::int32_t gcpLength,
-                                       std::int32_t dstSize, char* dst) {
-    AiKeyScan found;
-    EPC_TRY(findKey(text, AI_BRACKETED, gcpLength, found));
-    TextBuffer uri = textBufferOver(dst, dstSize);
-    EPC_TRY(textBufferPutString(uri, PURE_IDENTITY_URI_PREFIX));
-    EPC_TRY(textBufferPutString(uri, found.key->familyName));
-    EPC_TRY(textBufferPutChar(uri, ':'));
-    return aiTextToUriBody(text, AI_BRACKETED, gcpLength, found, uri);
-}
+} // namespace rosetag

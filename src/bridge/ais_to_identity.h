@@ -17,6 +17,8 @@
 
 #include <string_view>
 
+namespace rosetag {
+
 // The characters around an AI code: both of a bracketed element string, or both 0 in the bare run
 // of AIs of a barcode string.
 struct AiBrackets {
@@ -62,11 +64,17 @@ struct TagUriArguments {
     std::int32_t gcpLength;
 };
 
-// Finds the key and tests whether the arguments go with it.
+// Tests the length of the company prefix and finds the key.
+EpcStatus aiTextFindKey(std::string_view text, AiBrackets brackets, std::int32_t gcpLength,
+                        AiKeyScan& found);
+
+// The same, and tests whether the arguments go with the key.
 EpcStatus aiTextFindKeyOfScheme(std::string_view text, AiBrackets brackets,
                                 const TagUriArguments& arguments, AiKeyScan& found);
 
 // Characters of the tag URI before its body, of arguments that have passed that test.
 std::int32_t tagUriHeadLength(const TagUriArguments& arguments);
+
+} // namespace rosetag
 
 #endif

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+namespace rosetag {
+
 namespace {
 
 static_assert(std::size(gs1KeyTable) == 15);
@@ -59,3 +61,5 @@ const Gs1KeyDefinition* gs1KeyFindByName(std::string_view familyName) {
 const Gs1KeyDefinition* gs1KeyFindByAi(std::string_view code) {
     return findFirst(&Gs1KeyDefinition::primaryAi, code);
 }
+
+} // namespace rosetag

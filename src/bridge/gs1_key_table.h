@@ -16,6 +16,8 @@
 #include <iterator>
 #include <string_view>
 
+namespace rosetag {
+
 // How the first two fields stand in the value of the key's AI.
 enum KeyDigitArrangement : std::uint32_t {
     KEY_DIGITS_AS_IS = 0,       // first field, second field
@@ -68,5 +70,7 @@ const Gs1KeyDefinition* gs1KeyFindByName(std::string_view familyName);
 
 // The first row whose key stands in exactly this AI, or null. AI 01 is always the key sgtin.
 const Gs1KeyDefinition* gs1KeyFindByAi(std::string_view code);
+
+} // namespace rosetag
 
 #endif

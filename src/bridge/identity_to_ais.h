@@ -13,6 +13,8 @@
 #include "core/text_cursor.h"
 #include "gs1/ai_list.h"
 
+namespace rosetag {
+
 // The values of the AIs of an identity: the base text of its list.
 constexpr std::int32_t IDENTITY_VALUES_SIZE = 1024;
 
@@ -21,6 +23,7 @@ EpcStatus identityToAiList(TextCursor& cursor, TextBuffer& values, AiList& list,
                            const Gs1KeyDefinition& key);
 EpcStatus identityToBarcodeString(TextCursor& cursor, TextBuffer& dst, const Gs1KeyDefinition& key);
 EpcStatus identityToElementString(TextCursor& cursor, TextBuffer& dst, const Gs1KeyDefinition& key);
+EpcStatus identityToDigitalLink(TextCursor& cursor, TextBuffer& dst, const Gs1KeyDefinition& key);
 
 // work: EpcStatus(AiList& list, const char* values), on the list of the body under the cursor
 template <typename Work>
@@ -32,5 +35,7 @@ EpcStatus identityListFrame(TextCursor& cursor, const Gs1KeyDefinition& key, Wor
     EPC_TRY(identityToAiList(cursor, values, list, key));
     return work(list, storage);
 }
+
+} // namespace rosetag
 
 #endif

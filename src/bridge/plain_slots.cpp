@@ -5,6 +5,8 @@
 #include "gs1/text_to_text.h"
 #include "schemes/epc_uri.h"
 
+namespace rosetag {
+
 namespace {
 
 // Holds the URI or the element string between two steps of a chain.
@@ -100,3 +102,5 @@ EpcStatus plainDigitalLinkToBinary(TextCursor& cursor, BitBuffer& bits,
     cursor.current = textCursorEnd(cursor);
     return EPC_OK;
 }
+
+} // namespace rosetag

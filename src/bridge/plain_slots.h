@@ -8,6 +8,8 @@
 
 #include "schemes/tag_scheme.h"
 
+namespace rosetag {
+
 EpcStatus plainBinaryToElementString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
 EpcStatus plainBinaryToBarcodeString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
 EpcStatus plainBinaryToDigitalLink(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
@@ -18,5 +20,7 @@ EpcStatus plainBarcodeStringToBinary(TextCursor& cursor, BitBuffer& bits,
                                      const EncodeArguments& arguments);
 EpcStatus plainDigitalLinkToBinary(TextCursor& cursor, BitBuffer& bits,
                                    const EncodeArguments& arguments);
+
+} // namespace rosetag
 
 #endif

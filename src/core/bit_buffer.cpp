@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace rosetag {
+
 namespace {
 
 // A field wider than a window is read and written as one of its last bits behind one of the rest.
@@ -77,3 +79,5 @@ std::int32_t bitBufferSkip(BitBuffer& buffer, std::int32_t bitCount) {
     buffer.position += bitCount;
     return 0;
 }
+
+} // namespace rosetag

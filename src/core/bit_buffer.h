@@ -16,6 +16,8 @@
 #include <cstring>
 #include <limits>
 
+namespace rosetag {
+
 // Invariant: 0 <= position <= capacity (a capacity below 0 takes nothing).
 struct BitBuffer {
     std::uint8_t* bytes;
@@ -156,5 +158,7 @@ inline EpcStatus bitBufferPadToWord(BitBuffer& buffer) {
     const std::int32_t overhang = buffer.position % 16;
     return overhang == 0 ? EPC_OK : bitBufferWrite(buffer, 0, 16 - overhang);
 }
+
+} // namespace rosetag
 
 #endif

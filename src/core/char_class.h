@@ -11,6 +11,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace rosetag {
+
 // Percent-escaped in EPC URI bodies.
 constexpr std::uint32_t CHAR_CLASS_URI_ESCAPE = 0x02;
 // The GS1 AI encodable character set 82.
@@ -52,5 +54,7 @@ constexpr bool charIsOfClass(char character, std::uint32_t classes) {
 constexpr bool charIsDigit(char character) {
     return character >= '0' && character <= '9';
 }
+
+} // namespace rosetag
 
 #endif

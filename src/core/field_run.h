@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <cstdint>
 
+namespace rosetag {
+
 // The most fields of a width that the bit buffer takes in one load and store.
 template <std::int32_t fieldBits>
 inline constexpr std::int32_t FIELDS_AT_ONCE = 56 / fieldBits;
@@ -58,5 +60,7 @@ EpcStatus fieldRunGet(BitBuffer& bits, std::int32_t count, Take take) {
     }
     return fitting == count ? EPC_OK : EPC_ERR_TRUNCATED;
 }
+
+} // namespace rosetag
 
 #endif

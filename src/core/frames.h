@@ -12,6 +12,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace rosetag {
+
 // work: EpcStatus(std::int32_t bits, const std::uint8_t* binary)
 template <typename Work>
 EpcStatus hexInputFrame(const char* hex, Work work) {
@@ -61,5 +63,7 @@ EpcStatus wordOutputFrame(std::int32_t maxWords, std::uint16_t* outWords,
     }
     return EPC_OK;
 }
+
+} // namespace rosetag
 
 #endif

@@ -2,6 +2,8 @@
 
 #include "core/text_cursor.h"
 
+namespace rosetag {
+
 EpcStatus hexToBytes(std::string_view hex, std::uint8_t* bytes) {
     const std::size_t wholeBytes = hex.size() / 2;
     for (std::size_t i = 0; i < wholeBytes; ++i) {
@@ -43,3 +45,5 @@ EpcStatus wordsToBytes(const std::uint16_t* words, std::uint32_t count, std::uin
     }
     return EPC_OK;
 }
+
+} // namespace rosetag

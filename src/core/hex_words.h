@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace rosetag {
+
 // The library holds a binary value of up to 62 bytes: 496 bits, 31 words, 124 digits.
 constexpr std::int32_t MAX_BINARY_BYTES = EPC_MAX_BINARY_BYTES;
 constexpr std::int32_t MAX_BINARY_WORDS = MAX_BINARY_BYTES / 2;
@@ -22,5 +24,7 @@ EpcStatus hexToBytes(std::string_view hex, std::uint8_t* bytes);
 // Above MAX_BINARY_BYTES or MAX_BINARY_WORDS: EPC_ERR_TOO_LONG, nothing written.
 EpcStatus bytesToWords(const std::uint8_t* bytes, std::uint32_t count, std::uint16_t* words);
 EpcStatus wordsToBytes(const std::uint16_t* words, std::uint32_t count, std::uint8_t* bytes);
+
+} // namespace rosetag
 
 #endif

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace rosetag {
+
 namespace {
 
 // A long number, lowest limb first. 10 limbs take 320 bits: 75 hexadecimal digits have 300, 90
@@ -163,3 +165,5 @@ EpcStatus decimalToHex(std::string_view digits, std::int32_t capacity, char* out
     copyOut(withoutLeadingZeros(hex), out, outCount);
     return EPC_OK;
 }
+
+} // namespace rosetag

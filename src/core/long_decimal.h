@@ -11,6 +11,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace rosetag {
+
 constexpr std::int32_t MAX_LONG_DIGITS = 90;
 constexpr std::int32_t MAX_LONG_HEX_DIGITS = 75;
 
@@ -54,5 +56,7 @@ EpcStatus hexToDecimal(std::string_view hex, std::int32_t capacity, char* out,
                        std::int32_t& outCount);
 EpcStatus decimalToHex(std::string_view digits, std::int32_t capacity, char* out,
                        std::int32_t& outCount);
+
+} // namespace rosetag
 
 #endif

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::int32_t CHUNK_BITS = 64;
@@ -75,3 +77,5 @@ std::int32_t bitBufferPutHexBytes(BitBuffer& buffer, std::int32_t hexDigits,
     }
     return 0;
 }
+
+} // namespace rosetag

@@ -7,6 +7,8 @@
 #include "core/bit_buffer.h"
 #include "core/text_buffer.h"
 
+namespace rosetag {
+
 // The widest field that can be read.
 constexpr std::int32_t MAX_LONG_FIELD_BITS = 368;
 
@@ -26,5 +28,7 @@ EpcStatus bitBufferGetPaddedDecimal(TextBuffer& text, BitBuffer& buffer, std::in
 // bitCount bits: zero bits in front, or its high bits dropped. 0, or -1 if there is no room.
 std::int32_t bitBufferPutHexBytes(BitBuffer& buffer, std::int32_t hexDigits,
                                   const std::uint8_t* digitBytes, std::int32_t bitCount);
+
+} // namespace rosetag
 
 #endif

@@ -7,6 +7,8 @@
 #include <bit>
 #include <cstring>
 
+namespace rosetag {
+
 namespace {
 
 // The two digits of each number below base * base, one pair behind the other.
@@ -132,3 +134,5 @@ EpcStatus textBufferPutLinkEscapedRange(TextBuffer& buffer, const char* base, st
                                         std::uint32_t end) {
     return putEscapedRange(buffer, base, start, end, CHAR_CLASS_LINK_ESCAPE);
 }
+
+} // namespace rosetag

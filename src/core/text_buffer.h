@@ -17,6 +17,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace rosetag {
+
 struct TextBuffer {
     char* begin;
     std::int32_t capacity; // in bytes, the NUL included
@@ -96,5 +98,7 @@ EpcStatus textBufferPutEscapedRange(TextBuffer& buffer, const char* base, std::u
                                     std::uint32_t end);
 EpcStatus textBufferPutLinkEscapedRange(TextBuffer& buffer, const char* base, std::uint32_t start,
                                         std::uint32_t end);
+
+} // namespace rosetag
 
 #endif

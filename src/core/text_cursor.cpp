@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <bit>
 
+namespace rosetag {
+
 namespace {
 
 // How far a run of digits may go, and whether it ends there by itself.
@@ -185,3 +187,5 @@ EpcStatus textCursorSlice(TextCursor& cursor, const TextCursor& source, std::uin
     cursor = {source.current, source.current, count};
     return EPC_OK;
 }
+
+} // namespace rosetag

@@ -18,6 +18,8 @@
 #include <cstring>
 #include <string_view>
 
+namespace rosetag {
+
 struct TextCursor {
     const char* begin;
     const char* current;
@@ -150,5 +152,7 @@ std::uint32_t textCursorCountTo(const TextCursor& cursor, char stop);
 
 // Lays a new cursor over the next count characters. EPC_ERR_NO_ROOM if the source has fewer.
 EpcStatus textCursorSlice(TextCursor& cursor, const TextCursor& source, std::uint32_t count);
+
+} // namespace rosetag
 
 #endif

@@ -7,6 +7,8 @@
 #include <bit>
 #include <iterator>
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::size_t AI_COUNT = 520;
@@ -307,3 +309,5 @@ EpcStatus aiReadCode(TextCursor& cursor, char (&code)[AI_CODE_SIZE]) {
     code[2] = length > 2 ? code[2] : '\0';
     return EPC_OK;
 }
+
+} // namespace rosetag

@@ -14,6 +14,8 @@
 #include <cstring>
 #include <string_view>
 
+namespace rosetag {
+
 enum AiKind : std::uint8_t {
     AI_KIND_NONE = 0, // marks an empty component, and in kindOverride "no override"
     AI_KIND_NUMERIC = 2,
@@ -76,5 +78,7 @@ std::int32_t aiCodeLength(char first, char second);
 // Reads the code that stands at the cursor; whether the catalogue knows it is not looked at. On
 // success code is filled up with NULs.
 EpcStatus aiReadCode(TextCursor& cursor, char (&code)[AI_CODE_SIZE]);
+
+} // namespace rosetag
 
 #endif

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <iterator>
 
+namespace rosetag {
+
 namespace {
 
 // Room for the characters of a component that ends in a check digit.
@@ -162,3 +164,5 @@ EpcStatus aiListCopyOut(const AiList& list, const char* baseText, const AiRows& 
     *rows.aiCount = list.count;
     return EPC_OK;
 }
+
+} // namespace rosetag

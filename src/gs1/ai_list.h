@@ -13,6 +13,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace rosetag {
+
 constexpr std::uint8_t MAX_AI_ELEMENTS = 20;
 
 struct AiElement {
@@ -65,5 +67,7 @@ inline std::string_view aiElementValue(const AiElement& element, const char* bas
 // Copies the list into the caller's rows. EPC_ERR_TOO_MANY_AIS before a row that the arrays do not
 // have, EPC_ERR_NO_ROOM at a value that its row does not hold; the rows before it stay.
 EpcStatus aiListCopyOut(const AiList& list, const char* baseText, const AiRows& rows);
+
+} // namespace rosetag
 
 #endif

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::size_t IDENTIFIER_LENGTH = 3;
@@ -65,3 +67,5 @@ EpcStatus barcodeStringNormalise(std::string_view text, char (&buffer)[BARCODE_B
     normalised.remove_prefix(IDENTIFIER_LENGTH);
     return row->dataLength == 0 ? EPC_OK : expandGtin(*row, normalised, buffer, normalised);
 }
+
+} // namespace rosetag

@@ -10,6 +10,8 @@
 
 #include <string_view>
 
+namespace rosetag {
+
 // A GTIN with its AI, and a NUL, with some room left.
 constexpr std::size_t BARCODE_BUFFER_SIZE = 20;
 
@@ -17,5 +19,7 @@ constexpr std::size_t BARCODE_BUFFER_SIZE = 20;
 // text, or a GTIN of full length with its AI in buffer. A text without identifier stays as it is.
 EpcStatus barcodeStringNormalise(std::string_view text, char (&buffer)[BARCODE_BUFFER_SIZE],
                                  std::string_view& normalised);
+
+} // namespace rosetag
 
 #endif

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+namespace rosetag {
+
 char gs1CheckDigit(std::string_view digits) {
     // The digit next to the check digit always has weight 3.
     std::int32_t weight = digits.size() % 2 != 0 ? 3 : 1;
@@ -17,3 +19,5 @@ char gs1CheckDigit(std::string_view digits) {
     // digit all the same.
     return static_cast<char>('0' + (10 - sum % 10) % 10);
 }
+
+} // namespace rosetag

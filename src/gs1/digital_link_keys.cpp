@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::uint8_t REQUIRED = 0;
@@ -104,3 +106,5 @@ EpcStatus digitalLinkChooseKey(const AiList& list, const DigitalLinkKeyChain*& r
     row = best;
     return EPC_OK;
 }
+
+} // namespace rosetag

@@ -13,6 +13,8 @@
 #include <iterator>
 #include <span>
 
+namespace rosetag {
+
 struct DigitalLinkQualifier {
     char ai[AI_CODE_SIZE]; // empty behind the last one
     std::uint8_t optional; // 1: may be absent; 0: the row applies only if it is present
@@ -32,5 +34,7 @@ inline std::span<const DigitalLinkQualifier> qualifiersOf(const DigitalLinkKeyCh
 // Chooses the row of the list's one key whose qualifiers fit best. EPC_ERR_NO_PRIMARY_KEY without a
 // key, EPC_ERR_KEY_CONFLICT with two different ones.
 EpcStatus digitalLinkChooseKey(const AiList& list, const DigitalLinkKeyChain*& row);
+
+} // namespace rosetag
 
 #endif

@@ -2,6 +2,8 @@
 
 #include "gs1/percent_decoding.h"
 
+namespace rosetag {
+
 namespace {
 
 constexpr AiSyntax PATH_SYNTAX = {'/', '/', '/', true};
@@ -39,3 +41,5 @@ EpcStatus digitalLinkDecodeValues(AiList& list, const char* rawText, TextBuffer&
     }
     return EPC_OK;
 }
+
+} // namespace rosetag

@@ -10,11 +10,15 @@
 #include "core/text_buffer.h"
 #include "gs1/ai_list.h"
 
+namespace rosetag {
+
 // Fills an empty list with slices of the raw text, which is all that lies under the cursor: it
 // stands at its begin.
 EpcStatus digitalLinkParse(AiList& list, TextCursor& cursor);
 
 // Decodes the values back to back into flat, which is empty, and moves the list over to it.
 EpcStatus digitalLinkDecodeValues(AiList& list, const char* rawText, TextBuffer& flat);
+
+} // namespace rosetag
 
 #endif

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace rosetag {
+
 EpcStatus percentDecode(std::string_view raw, std::int32_t capacity, char* out,
                         std::string_view& decoded) {
     std::string_view text = raw;
@@ -15,3 +17,5 @@ EpcStatus percentDecode(std::string_view raw, std::int32_t capacity, char* out,
     decoded = {text.data(), std::min(text.find('\0'), text.size())};
     return EPC_OK;
 }
+
+} // namespace rosetag

@@ -3,6 +3,8 @@
 
 #include "core/text_cursor.h"
 
+namespace rosetag {
+
 // The most characters that a value of a Digital Link decodes to, and a NUL.
 constexpr std::int32_t DECODED_VALUE_SIZE = 1024;
 
@@ -11,5 +13,7 @@ constexpr std::int32_t DECODED_VALUE_SIZE = 1024;
 // is read and dropped. More than capacity - 1 characters are EPC_ERR_TOO_LONG.
 EpcStatus percentDecode(std::string_view raw, std::int32_t capacity, char* out,
                         std::string_view& decoded);
+
+} // namespace rosetag
 
 #endif

@@ -4,20 +4,14 @@
 #include "gs1/digital_link_parser.h"
 #include "gs1/text_writers.h"
 
+namespace rosetag {
+
 namespace {
 
 // The decoded values of a link together: those of a list for the caller, and those of a link that
 // becomes an element string.
 constexpr std::int32_t LINK_VALUES_SIZE = 1800;
 constexpr std::int32_t LINK_TO_ELEMENT_STRING_VALUES_SIZE = 1024;
-
-EpcStatus textToAIs(std::string_view text, const AiSyntax& syntax, const AiRows& rows) {
-    TextCursor cursor = textCursorOver(text);
-    AiList list;
-    aiListClear(list);
-    EPC_TRY(aiTextParse(list, cursor, syntax, 0));
-    return aiListCopyOut(list, text.data(), rows);
-}
 
 // flat becomes the base text of the list.
 EpcStatus parseLink(AiList& list, TextCursor& cursor, TextBuffer& flat) {
@@ -36,6 +30,14 @@ EpcStatus digitalLinkToElementString(TextCursor& cursor, TextBuffer& dst) {
     return elementStringWrite(dst, list, values);
 }
 
+EpcStatus digitalLinkToAIs(TextCursor& cursor, const AiRows& rows) {
+    AiList list;
+    char values[LINK_VALUES_SIZE];
+    TextBuffer flat = textBufferOver(values);
+    EPC_TRY(parseLink(list, cursor, flat));
+    return aiListCopyOut(list, values, rows);
+}
+
 EpcStatus elementStringToDigitalLink(TextCursor& cursor, TextBuffer& dst) {
     AiList list;
     aiListClear(list);
@@ -43,39 +45,4 @@ EpcStatus elementStringToDigitalLink(TextCursor& cursor, TextBuffer& dst) {
     return digitalLinkWrite(dst, list, cursor.begin);
 }
 
-EpcStatus epc_gs1ElementStringToAIs(const char* text, std::int32_t maxAIs, std::uint32_t valueSize,
-                                    char* aiCodes, char* aiValues, std::uint32_t* aiCount) {
-    return textToAIs(text, ELEMENT_STRING_SYNTAX, {maxAIs, valueSize, aiCodes, aiValues, aiCount});
-}
-
-EpcStatus epc_barcodeStringToAIs(const char* text, std::int32_t separator, std::int32_t maxAIs,
-                                 std::uint32_t valueSize, char* aiCodes, char* aiValues,
-                                 std::uint32_t* aiCount) {
-    char buffer[BARCODE_BUFFER_SIZE];
-    std::string_view normalised;
-    EPC_TRY(barcodeStringNormalise(text, buffer, normalised));
-    const AiSyntax syntax = {0, 0, static_cast<char>(separator), false};
-    return textToAIs(normalised, syntax, {maxAIs, valueSize, aiCodes, aiValues, aiCount});
-}
-
-EpcStatus epc_digitalLinkToAIs(const char* text, std::int32_t maxAIs, std::uint32_t valueSize,
-                               char* aiCodes, char* aiValues, std::uint32_t* aiCount) {
-    TextCursor cursor = textCursorOver(text);
-    AiList list;
-    char values[LINK_VALUES_SIZE];
-    TextBuffer flat = textBufferOver(values);
-    EPC_TRY(parseLink(list, cursor, flat));
-    return aiListCopyOut(list, values, {maxAIs, valueSize, aiCodes, aiValues, aiCount});
-}
-
-EpcStatus epc_digitalLinkToGs1ElementString(const char* text, std::int32_t dstSize, char* dst) {
-    TextCursor cursor = textCursorOver(text);
-    TextBuffer buffer = textBufferOver(dst, dstSize);
-    return digitalLinkToElementString(cursor, buffer);
-}
-
-EpcStatus epc_gs1ElementStringToDigitalLink(const char* text, std::int32_t dstSize, char* dst) {
-    TextCursor cursor = textCursorOver(text);
-    TextBuffer buffer = textBufferOver(dst, dstSize);
-    return elementStringToDigitalLink(cursor, buffer);
-}
+} // namespace rosetag

@@ -6,11 +6,19 @@
 
 #include "core/text_buffer.h"
 #include "core/text_cursor.h"
+#include "gs1/ai_list.h"
+
+namespace rosetag {
 
 // A whole link, path and query, to a bracketed element string; dst is empty.
 EpcStatus digitalLinkToElementString(TextCursor& cursor, TextBuffer& dst);
 
+// A whole link to AI rows.
+EpcStatus digitalLinkToAIs(TextCursor& cursor, const AiRows& rows);
+
 // A bracketed element string to a link; dst is empty.
 EpcStatus elementStringToDigitalLink(TextCursor& cursor, TextBuffer& dst);
+
+} // namespace rosetag
 
 #endif

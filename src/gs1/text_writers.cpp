@@ -4,6 +4,8 @@
 
 #include <cstddef>
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::uint32_t PASSES = 3;
@@ -77,3 +79,5 @@ EpcStatus digitalLinkWrite(TextBuffer& dst, AiList& list, const char* baseText) 
     }
     return putQuery(dst, elements, baseText);
 }
+
+} // namespace rosetag

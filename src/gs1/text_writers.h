@@ -9,10 +9,14 @@
 #include "core/text_buffer.h"
 #include "gs1/ai_list.h"
 
+namespace rosetag {
+
 // In list order, pass by pass.
 EpcStatus elementStringWrite(TextBuffer& dst, const AiList& list, const char* baseText);
 
 // The key and its qualifiers in the path, all others in the query. Sets consumed in the list.
 EpcStatus digitalLinkWrite(TextBuffer& dst, AiList& list, const char* baseText);
+
+} // namespace rosetag
 
 #endif

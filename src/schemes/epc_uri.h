@@ -8,6 +8,8 @@
 
 #include "schemes/tag_scheme.h"
 
+namespace rosetag {
+
 inline constexpr std::string_view TAG_URI_PREFIX = "urn:epc:tag:";
 inline constexpr std::string_view PURE_IDENTITY_URI_PREFIX = "urn:epc:id:";
 
@@ -19,11 +21,19 @@ constexpr std::int32_t SCHEME_WORD_SIZE = 256;
 EpcStatus epcUriBodyToBits(TextCursor& cursor, std::uint32_t filter, const TagSchemeOps& row,
                            BitBuffer& bits);
 
+// Read a whole URI and write the value, padded to a word. A negative filter goes on as an unsigned
+// number.
+EpcStatus tagUriToBits(TextCursor& cursor, BitBuffer& bits);
+EpcStatus pureIdentityUriToBits(TextCursor& cursor, EpcScheme scheme, std::int32_t filter,
+                                BitBuffer& bits);
+
 // The head of a tag URI up to its body, in the two steps between which its readers differ.
 // Prefix and scheme word, with the row of the word. The cursor stands on the ":" then.
 EpcStatus tagUriReadScheme(TextCursor& cursor, const TagSchemeOps*& row);
 
 // ":" and, where the scheme has one, the filter and its ".".
 EpcStatus tagUriReadFilter(TextCursor& cursor, const TagSchemeInfo& info, std::uint32_t& filter);
+
+} // namespace rosetag
 
 #endif

@@ -2,6 +2,8 @@
 
 #include "schemes/field_chars.h"
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::uint64_t LEADING_SPACE = ' '; // the same value in 8 and in 6 bits
@@ -58,3 +60,5 @@ EpcStatus fieldWriteCageCode(TextCursor& cursor, BitBuffer& bits, std::int32_t c
     }
     return EPC_OK;
 }
+
+} // namespace rosetag

@@ -11,6 +11,8 @@
 #include "core/text_buffer.h"
 #include "core/text_cursor.h"
 
+namespace rosetag {
+
 constexpr std::int32_t CAGE_CODE_CHARS = 6;
 
 // charBits is 8 or CHAR6_BITS.
@@ -18,5 +20,7 @@ EpcStatus fieldReadCageCode(BitBuffer& bits, TextBuffer& text, std::int32_t char
 
 // Up to the ".", which stays unread.
 EpcStatus fieldWriteCageCode(TextCursor& cursor, BitBuffer& bits, std::int32_t charBits);
+
+} // namespace rosetag
 
 #endif

@@ -2,6 +2,8 @@
 
 #include "core/field_run.h"
 
+namespace rosetag {
+
 namespace {
 
 EpcStatus checkChar6(char character, std::int32_t index, HashRule hashRule) {
@@ -89,3 +91,5 @@ EpcStatus fieldWriteChars6(TextCursor& cursor, BitBuffer& bits, const Chars6Rule
     }
     return EPC_ERR_OUT_OF_RANGE;
 }
+
+} // namespace rosetag

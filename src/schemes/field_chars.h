@@ -13,6 +13,8 @@
 #include "core/text_buffer.h"
 #include "core/text_cursor.h"
 
+namespace rosetag {
+
 constexpr std::int32_t CHAR7_BITS = 7;
 constexpr std::int32_t CHAR6_BITS = 6;
 
@@ -43,5 +45,7 @@ EpcStatus fieldWriteChars7(TextCursor& cursor, BitBuffer& bits, std::int32_t max
 EpcStatus fieldReadChars6(BitBuffer& bits, TextBuffer& text, const Chars6Rule& rule);
 EpcStatus fieldWriteChars6(TextCursor& cursor, BitBuffer& bits, const Chars6Rule& rule,
                            char terminator);
+
+} // namespace rosetag
 
 #endif

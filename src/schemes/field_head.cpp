@@ -1,5 +1,7 @@
 #include "schemes/field_head.h"
 
+namespace rosetag {
+
 EpcStatus fieldReadFilter(BitBuffer& bits, TextBuffer& text, UriForm form, EpcScheme scheme) {
     std::uint64_t filter = 0;
     EPC_TRY(bitBufferRead(bits, fieldFilterBits(scheme), filter));
@@ -9,3 +11,5 @@ EpcStatus fieldReadFilter(BitBuffer& bits, TextBuffer& text, UriForm form, EpcSc
     EPC_TRY(textBufferPutDecimal(text, filter));
     return textBufferPutChar(text, '.');
 }
+
+} // namespace rosetag

@@ -13,6 +13,8 @@
 
 #include <bit>
 
+namespace rosetag {
+
 // 0 for a scheme without a filter.
 constexpr std::int32_t fieldFilterBits(EpcScheme scheme) {
     const std::int32_t limit = tagSchemeInfos[scheme].filterLimit;
@@ -42,5 +44,7 @@ inline EpcStatus fieldWriteHead(std::uint32_t filter, BitBuffer& bits, EpcScheme
     return bitBufferWriteFields(
         bits, {{tagSchemeInfos[scheme].header, TAG_HEADER_BITS}, {filter, width}});
 }
+
+} // namespace rosetag
 
 #endif

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace rosetag {
+
 namespace {
 
 // The largest count of digits such that every number of so many digits fits the width.
@@ -88,3 +90,5 @@ EpcStatus fieldWriteLeadingOneNumber(TextCursor& cursor, BitBuffer& bits, std::i
     }
     return writeFitting(bits, powerOfTen(digits) + value, width);
 }
+
+} // namespace rosetag

@@ -12,6 +12,8 @@
 #include "core/text_buffer.h"
 #include "core/text_cursor.h"
 
+namespace rosetag {
+
 // Reserved bits, which must be zero and are no text. width is 64 at most.
 EpcStatus fieldReadZeros(BitBuffer& bits, std::int32_t width);
 EpcStatus fieldWriteZeros(BitBuffer& bits, std::int32_t width);
@@ -29,5 +31,7 @@ EpcStatus fieldWriteSmallNumber(TextCursor& cursor, BitBuffer& bits, std::int32_
 // There is at least one.
 EpcStatus fieldReadLeadingOneNumber(BitBuffer& bits, TextBuffer& text, std::int32_t width);
 EpcStatus fieldWriteLeadingOneNumber(TextCursor& cursor, BitBuffer& bits, std::int32_t width);
+
+} // namespace rosetag
 
 #endif

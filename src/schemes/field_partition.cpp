@@ -1,5 +1,7 @@
 #include "schemes/field_partition.h"
 
+namespace rosetag {
+
 namespace {
 
 // A number with the count of digits that it has in text.
@@ -124,3 +126,5 @@ EpcStatus fieldWriteCompanyPrefix(TextCursor& cursor, BitBuffer& bits, const Par
     return bitBufferWriteFields(bits, {{partitionOf(table, *row), PARTITION_BITS},
                                        {companyPrefix.value, row->companyPrefixBits}});
 }
+
+} // namespace rosetag

@@ -13,6 +13,8 @@
 #include "core/text_cursor.h"
 #include "schemes/partition.h"
 
+namespace rosetag {
+
 // Company prefix and reference, both of as many digits as the row tells.
 EpcStatus fieldReadPartition(BitBuffer& bits, TextBuffer& text, const PartitionTable& table);
 EpcStatus fieldWritePartition(TextCursor& cursor, BitBuffer& bits, const PartitionTable& table);
@@ -28,5 +30,7 @@ EpcStatus fieldReadCompanyPrefix(BitBuffer& bits, TextBuffer& text, const Partit
                                  const PartitionRow*& row);
 EpcStatus fieldWriteCompanyPrefix(TextCursor& cursor, BitBuffer& bits, const PartitionTable& table,
                                   const PartitionRow*& row);
+
+} // namespace rosetag
 
 #endif

@@ -9,6 +9,8 @@
 #include "schemes/partition.h"
 #include "schemes/tag_scheme.h"
 
+namespace rosetag {
+
 struct Layout {
     EpcScheme scheme;
     BinaryToUriBody read;
@@ -19,5 +21,7 @@ struct Layout {
 constexpr std::int32_t layoutKeyBits(EpcScheme scheme, const PartitionTable& table) {
     return fieldHeadBits(scheme) + PARTITION_BITS + partitionTableBits(table);
 }
+
+} // namespace rosetag
 
 #endif

@@ -4,6 +4,8 @@
 #include "schemes/field_number.h"
 #include "schemes/field_partition.h"
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::int32_t CPI_96_SERIAL_BITS = 31;
@@ -86,3 +88,5 @@ EpcStatus layoutCpiVarWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer&
     EPC_TRY(fieldWriteChars6(cursor, bits, componentReferenceRule(*row), '.'));
     return fieldWriteDecimal(cursor, bits, CPI_VAR_SERIAL_BITS);
 }
+
+} // namespace rosetag

@@ -12,6 +12,8 @@
 
 #include "schemes/layout.h"
 
+namespace rosetag {
+
 EpcStatus layoutGiai96Read(BitBuffer& bits, TextBuffer& text, UriForm form);
 EpcStatus layoutGiai96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
 EpcStatus layoutGiai202Read(BitBuffer& bits, TextBuffer& text, UriForm form);
@@ -26,5 +28,7 @@ inline constexpr Layout layoutGiai202 = {EPC_SCHEME_GIAI_202, layoutGiai202Read,
                                          layoutGiai202Write};
 inline constexpr Layout layoutCpi96 = {EPC_SCHEME_CPI_96, layoutCpi96Read, layoutCpi96Write};
 inline constexpr Layout layoutCpiVar = {EPC_SCHEME_CPI_VAR, layoutCpiVarRead, layoutCpiVarWrite};
+
+} // namespace rosetag
 
 #endif

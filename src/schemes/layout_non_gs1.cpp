@@ -4,6 +4,8 @@
 #include "schemes/field_chars.h"
 #include "schemes/field_number.h"
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::int32_t MANAGER_NUMBER_BITS = 28;
@@ -79,3 +81,5 @@ EpcStatus layoutAdiVarWrite(TextCursor& cursor, std::uint32_t filter, BitBuffer&
     EPC_TRY(fieldWriteChars6(cursor, bits, partNumberRule, '.'));
     return fieldWriteChars6(cursor, bits, adiSerialRule, '\0');
 }
+
+} // namespace rosetag

@@ -13,6 +13,8 @@
 
 #include "schemes/layout.h"
 
+namespace rosetag {
+
 EpcStatus layoutGid96Read(BitBuffer& bits, TextBuffer& text, UriForm form);
 EpcStatus layoutGid96Write(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
 EpcStatus layoutUsdod96Read(BitBuffer& bits, TextBuffer& text, UriForm form);
@@ -24,5 +26,7 @@ inline constexpr Layout layoutGid96 = {EPC_SCHEME_GID_96, layoutGid96Read, layou
 inline constexpr Layout layoutUsdod96 = {EPC_SCHEME_USDOD_96, layoutUsdod96Read,
                                          layoutUsdod96Write};
 inline constexpr Layout layoutAdiVar = {EPC_SCHEME_ADI_VAR, layoutAdiVarRead, layoutAdiVarWrite};
+
+} // namespace rosetag
 
 #endif

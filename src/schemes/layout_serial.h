@@ -15,6 +15,8 @@
 #include "schemes/field_partition.h"
 #include "schemes/layout.h"
 
+namespace rosetag {
+
 // How a serial is stored. size is what both operations take: bits or characters.
 struct SerialField {
     EpcStatus (*read)(BitBuffer& bits, TextBuffer& text, std::int32_t size);
@@ -123,5 +125,7 @@ inline constexpr Layout layoutReserved = {scheme, layoutReservedRead<scheme, tab
 template <EpcScheme scheme, const SerialField& serial, std::int32_t size>
 inline constexpr Layout layoutItip = {scheme, layoutItipRead<scheme, serial, size>,
                                       layoutItipWrite<scheme, serial, size>};
+
+} // namespace rosetag
 
 #endif

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace rosetag {
+
 namespace {
 
 constexpr bool holdsForRows(const PartitionTable& table, bool (*holds)(const PartitionRow& row)) {
@@ -65,3 +67,5 @@ std::int32_t partitionFindByDigits(const PartitionTable& table, std::int32_t dig
     });
     return found != table.end() ? static_cast<std::int32_t>(found - table.begin()) : -1;
 }
+
+} // namespace rosetag

@@ -11,6 +11,8 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace rosetag {
+
 struct PartitionRow {
     std::int32_t companyPrefixBits;
     std::int32_t companyPrefixDigits;
@@ -74,5 +76,7 @@ constexpr std::int32_t partitionTableBits(const PartitionTable& table) {
 
 // The partition value of a company prefix of so many digits, or -1.
 std::int32_t partitionFindByDigits(const PartitionTable& table, std::int32_t digits);
+
+} // namespace rosetag
 
 #endif

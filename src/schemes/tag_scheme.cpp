@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+namespace rosetag {
+
 const TagSchemeOps* tagSchemeFindByName(std::string_view name) {
     const auto* const found =
         std::find_if(std::begin(tagSchemeInfos), std::end(tagSchemeInfos),
@@ -20,3 +22,5 @@ EpcStatus tagSchemeReadHeader(BitBuffer& bits, const TagSchemeOps*& row) {
     row = &tagSchemeTable[scheme];
     return EPC_OK;
 }
+
+} // namespace rosetag

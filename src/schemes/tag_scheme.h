@@ -14,6 +14,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace rosetag {
+
 // Which of the two URIs a body is written for: the filter stands in a tag URI alone.
 enum class UriForm : std::uint8_t { PURE_IDENTITY, TAG };
 
@@ -74,5 +76,7 @@ inline bool tagSchemeIsKnown(EpcScheme scheme) {
 
 // Reads the header and finds its row. EPC_ERR_TRUNCATED below eight bits, EPC_ERR_UNKNOWN_HEADER.
 EpcStatus tagSchemeReadHeader(BitBuffer& bits, const TagSchemeOps*& row);
+
+} // namespace rosetag
 
 #endif

@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace rosetag {
+
 struct TagSchemeInfo {
     std::string_view name;       // as it stands in a tag URI: "sgtin-96"
     std::string_view familyWord; // as it stands in a pure identity URI: "sgtin"
@@ -74,5 +76,7 @@ constexpr std::int32_t tagSchemeBits(EpcScheme scheme) {
     }
     return bits;
 }
+
+} // namespace rosetag
 
 #endif

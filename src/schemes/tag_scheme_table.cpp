@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <iterator>
 
+namespace rosetag {
+
 namespace {
 
 // A scheme that has nothing but its URI form.
@@ -146,3 +148,5 @@ static_assert(headersBetween(0x00, 0xFF) == EPC_SCHEME_COUNT);
 static_assert(headersBetween(0x2C, 0x41) == 22 && headersBetween(0xF0, 0xFB) == 12);
 
 } // namespace
+
+} // namespace rosetag

@@ -2,6 +2,8 @@
 
 #include "core/text_buffer.h"
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::uint64_t CLASS_EPCGLOBAL = 0xE2;
@@ -122,3 +124,5 @@ EpcStatus tidDecode(BitBuffer& buffer, TidRecord& record) {
     }
     return readExtendedPart(buffer, record);
 }
+
+} // namespace rosetag

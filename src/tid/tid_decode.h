@@ -9,10 +9,14 @@
 
 #include "core/bit_buffer.h"
 
+namespace rosetag {
+
 // Reads one half of the BlockWrite and BlockErase segment.
 EpcStatus tidReadBlockWord(BitBuffer& buffer, TidBlockInfo& info);
 
 // Clears the record and fills it, up to the first field that fails. The bank begins at a byte.
 EpcStatus tidDecode(BitBuffer& buffer, TidRecord& record);
+
+} // namespace rosetag
 
 #endif

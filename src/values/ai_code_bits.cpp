@@ -3,6 +3,8 @@
 #include "core/field_run.h"
 #include "values/ai_value.h"
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::int32_t DIGIT_BITS = 4;
@@ -49,3 +51,5 @@ EpcStatus aiCodeGetRest(BitBuffer& bits, char* code, const AiDefinition*& ai) {
 bool aiCodeIsPadding(const char* code, const BitBuffer& bits) {
     return code[0] == '0' && code[1] == '0' && bitBufferLeft(bits) < AI_00_VALUE_BITS;
 }
+
+} // namespace rosetag

@@ -9,6 +9,8 @@
 #include "core/bit_buffer.h"
 #include "gs1/ai_catalogue.h"
 
+namespace rosetag {
+
 EpcStatus aiCodePut(BitBuffer& out, const AiDefinition& ai);
 
 // A code is read in two steps, because what its first two digits say depends on what is left behind
@@ -19,5 +21,7 @@ EpcStatus aiCodeGetRest(BitBuffer& bits, char* code, const AiDefinition*& ai);
 // True if the prefix is 00 and the bits left do not hold a value of AI 00: they are zeros that fill
 // up a word.
 bool aiCodeIsPadding(const char* code, const BitBuffer& bits);
+
+} // namespace rosetag
 
 #endif

@@ -13,6 +13,8 @@
 #include "core/text_cursor.h"
 #include "gs1/ai_catalogue.h"
 
+namespace rosetag {
+
 // What an encoder is given beside the characters.
 struct AiEncodeField {
     const AiDefinition& ai; // the coded date looks at its code
@@ -22,5 +24,7 @@ struct AiEncodeField {
 
 using AiEncode = EpcStatus (*)(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 using AiDecode = EpcStatus (*)(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
+
+} // namespace rosetag
 
 #endif

@@ -5,6 +5,8 @@
 #include "values/small_kinds.h"
 #include "values/text_kinds.h"
 
+namespace rosetag {
+
 namespace {
 
 struct KindRow {
@@ -81,3 +83,5 @@ EpcStatus aiValueDecodeAll(BitBuffer& bits, TextBuffer& text, const AiDefinition
     }
     return EPC_OK;
 }
+
+} // namespace rosetag

@@ -11,6 +11,8 @@
 #include "core/text_cursor.h"
 #include "gs1/ai_catalogue.h"
 
+namespace rosetag {
+
 // The definition of exactly this code. EPC_ERR_UNKNOWN_AI if there is none.
 inline EpcStatus aiDefinitionOf(std::string_view code, const AiDefinition*& ai) {
     ai = aiFind(code);
@@ -28,5 +30,7 @@ EpcStatus aiValueDecode(BitBuffer& bits, TextBuffer& text, const AiDefinition& a
 
 // Reads all components, back to back: the value as it stands in an element string.
 EpcStatus aiValueDecodeAll(BitBuffer& bits, TextBuffer& text, const AiDefinition& ai);
+
+} // namespace rosetag
 
 #endif

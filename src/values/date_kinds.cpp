@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::int32_t DATE_CODE_BITS = 4;
@@ -259,3 +261,5 @@ EpcStatus aiDecodeDateTimeVar(BitBuffer& bits, TextBuffer& text, const AiCompone
     EPC_TRY(decodeDate(bits, text));
     return precision == PRECISION_DATE_ONLY ? EPC_OK : aiDecodeTime(bits, text, precision + 1);
 }
+
+} // namespace rosetag

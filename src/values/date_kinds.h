@@ -10,6 +10,8 @@
 
 #include <array>
 
+namespace rosetag {
+
 struct DateKeyRow {
     std::uint32_t dateCode;    // the 4 bits in front of the date
     std::string_view dateName; // what the date tells, for the reader of the table
@@ -52,5 +54,7 @@ EpcStatus aiDecodeDateRange(BitBuffer& bits, TextBuffer& text, const AiComponent
 // YYMMDD, and HH, HHMM, HHMMSS or nothing.
 EpcStatus aiEncodeDateTimeVar(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeDateTimeVar(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
+
+} // namespace rosetag
 
 #endif

@@ -7,6 +7,8 @@
 #include "core/bit_buffer.h"
 #include "gs1/ai_catalogue.h"
 
+namespace rosetag {
+
 // False for a count that overflows the indicator. A count above the component's maxLength that does
 // not is none of the bits' business.
 inline bool lengthIndicatorHolds(const AiComponent& component, std::ptrdiff_t count) {
@@ -41,5 +43,7 @@ inline EpcStatus lengthIndicatorGet(BitBuffer& bits, const AiComponent& componen
     count = static_cast<std::int32_t>(length);
     return EPC_OK;
 }
+
+} // namespace rosetag
 
 #endif

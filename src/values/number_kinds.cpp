@@ -6,6 +6,8 @@
 #include "core/long_field.h"
 #include "values/length_indicator.h"
 
+namespace rosetag {
+
 namespace {
 
 // A run of one digit more than a number may have is still read, and refused as a number.
@@ -153,3 +155,5 @@ EpcStatus aiDecodeInteger(BitBuffer& bits, TextBuffer& text, std::int32_t digitC
     EPC_TRY(bitBufferRead(bits, bitWidth, number));
     return textBufferPutPadded(text, number, digitCount);
 }
+
+} // namespace rosetag

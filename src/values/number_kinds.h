@@ -9,6 +9,8 @@
 
 #include "values/ai_kind.h"
 
+namespace rosetag {
+
 // A fixed count of digits as one number.
 EpcStatus aiEncodeNumeric(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeNumeric(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
@@ -25,5 +27,7 @@ EpcStatus aiDecodeVarNumeric(BitBuffer& bits, TextBuffer& text, const AiComponen
 // are no bits.
 EpcStatus aiEncodeInteger(TextCursor& cursor, BitBuffer& out);
 EpcStatus aiDecodeInteger(BitBuffer& bits, TextBuffer& text, std::int32_t digitCount);
+
+} // namespace rosetag
 
 #endif

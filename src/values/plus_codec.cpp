@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::int32_t HEADER_BITS = 8;
@@ -195,3 +197,5 @@ EpcStatus plusDecodeAiList(BitBuffer& bits, TextBuffer& text, AiList& list, EpcS
     }
     return toggle == 1 ? getDataSection(bits, text, list) : EPC_OK;
 }
+
+} // namespace rosetag

@@ -17,6 +17,8 @@
 #include "gs1/ai_list.h"
 #include "values/plus_scheme_table.h"
 
+namespace rosetag {
+
 // Whether the values of a list stand in their base text as they are, or with percent escapes as in
 // a Digital Link.
 enum class ValueForm : std::uint8_t { PLAIN, PERCENT_ENCODED };
@@ -36,5 +38,7 @@ EpcStatus plusEncodeAiList(BitBuffer& out, AiList& list, const char* baseText, V
 
 // Reads on behind the header into an empty text and an empty list.
 EpcStatus plusDecodeAiList(BitBuffer& bits, TextBuffer& text, AiList& list, EpcScheme scheme);
+
+} // namespace rosetag
 
 #endif

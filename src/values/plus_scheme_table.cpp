@@ -4,6 +4,8 @@
 
 #include <iterator>
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::span<const DateKeyRow> DATE_KEYS = dateKeyTable;
@@ -58,3 +60,5 @@ const PlusSchemeRow* plusSchemeByNumber(EpcScheme scheme) {
     }
     return &plusSchemeTable[scheme - EPC_SCHEME_CPI_PLUS];
 }
+
+} // namespace rosetag

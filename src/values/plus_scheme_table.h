@@ -12,6 +12,8 @@
 #include <span>
 #include <string_view>
 
+namespace rosetag {
+
 constexpr std::size_t MAX_KEY_AIS = 3;
 
 struct PlusSchemeRow {
@@ -35,5 +37,7 @@ inline std::span<const char[AI_CODE_SIZE]> keyAisOf(const PlusSchemeRow& row) {
     }
     return {row.keyAis, count};
 }
+
+} // namespace rosetag
 
 #endif

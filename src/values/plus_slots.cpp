@@ -7,6 +7,8 @@
 
 #include <span>
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::string_view LINK_SCHEME = "https://";
@@ -146,3 +148,5 @@ EpcStatus plusDigitalLinkToBinary(TextCursor& cursor, BitBuffer& bits,
                            return digitalLinkParse(list, cursor);
                        });
 }
+
+} // namespace rosetag

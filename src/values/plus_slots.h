@@ -7,6 +7,8 @@
 
 #include "schemes/tag_scheme.h"
 
+namespace rosetag {
+
 EpcStatus plusBinaryToElementString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
 EpcStatus plusBinaryToBarcodeString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
 EpcStatus plusBinaryToDigitalLink(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
@@ -17,5 +19,7 @@ EpcStatus plusBarcodeStringToBinary(TextCursor& cursor, BitBuffer& bits,
                                     const EncodeArguments& arguments);
 EpcStatus plusDigitalLinkToBinary(TextCursor& cursor, BitBuffer& bits,
                                   const EncodeArguments& arguments);
+
+} // namespace rosetag
 
 #endif

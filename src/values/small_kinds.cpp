@@ -1,5 +1,7 @@
 #include "values/small_kinds.h"
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::int32_t LETTER_COUNT = 2;
@@ -78,3 +80,5 @@ EpcStatus aiDecodeSign(BitBuffer& bits, TextBuffer& text, const AiComponent&) {
     }
     return sign == 1 ? textBufferPutChar(text, '-') : EPC_OK;
 }
+
+} // namespace rosetag

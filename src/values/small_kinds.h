@@ -8,6 +8,8 @@
 
 #include "values/ai_kind.h"
 
+namespace rosetag {
+
 // "0" or "1" in one bit.
 EpcStatus aiEncodeFlag(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeFlag(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
@@ -19,5 +21,7 @@ EpcStatus aiDecodeLetters(BitBuffer& bits, TextBuffer& text, const AiComponent& 
 // "-" or nothing in one bit, which the end of the bits may cut off.
 EpcStatus aiEncodeSign(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeSign(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
+
+} // namespace rosetag
 
 #endif

@@ -5,6 +5,8 @@
 
 #include <iterator>
 
+namespace rosetag {
+
 namespace {
 
 constexpr std::uint32_t AI_TEXT_CLASSES = CHAR_CLASS_AI82 | CHAR_CLASS_AI39;
@@ -244,3 +246,5 @@ EpcStatus aiDecodePayload(BitBuffer& bits, TextBuffer& text, std::int32_t encodi
     }
     return textEncodings[encoding].decode(bits, text, count);
 }
+
+} // namespace rosetag

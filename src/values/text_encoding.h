@@ -17,6 +17,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace rosetag {
+
 constexpr std::int32_t ENCODING_INDICATOR_BITS = 3;
 
 // The sets of characters among which the choice decides. A character is in one of them at most.
@@ -80,5 +82,7 @@ EpcStatus aiEncodePayload(TextCursor& cursor, BitBuffer& out, std::int32_t encod
 // Reads count characters.
 EpcStatus aiDecodePayload(BitBuffer& bits, TextBuffer& text, std::int32_t encoding,
                           std::int32_t count);
+
+} // namespace rosetag
 
 #endif

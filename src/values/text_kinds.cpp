@@ -4,6 +4,8 @@
 #include "values/length_indicator.h"
 #include "values/text_encoding.h"
 
+namespace rosetag {
+
 namespace {
 
 // Among the digits of 4 bits: a field of text follows, or nothing.
@@ -68,3 +70,5 @@ EpcStatus aiDecodeDigitsThenText(BitBuffer& bits, TextBuffer& text, const AiComp
     }
     return digit == SWITCH_TO_TEXT ? aiDecodeText(bits, text, component) : EPC_ERR_BAD_FORMAT;
 }
+
+} // namespace rosetag

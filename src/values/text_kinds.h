@@ -8,6 +8,8 @@
 
 #include "values/ai_kind.h"
 
+namespace rosetag {
+
 // A field of text. Its characters are held against the AI character sets by the encoder always, by
 // the decoder where the encoding can hold others.
 EpcStatus aiEncodeText(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
@@ -16,5 +18,7 @@ EpcStatus aiDecodeText(BitBuffer& bits, TextBuffer& text, const AiComponent& com
 // Leading digits of 4 bits each, and a code that says whether a field of text follows.
 EpcStatus aiEncodeDigitsThenText(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeDigitsThenText(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
+
+} // namespace rosetag
 
 #endif

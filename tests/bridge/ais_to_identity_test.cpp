@@ -14,6 +14,8 @@
 #include <string>
 #include <vector>
 
+using namespace rosetag;
+
 namespace {
 
 using Export = EpcStatus (*)(const char* text, EpcScheme scheme, std::int32_t filter,

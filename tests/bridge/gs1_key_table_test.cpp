@@ -7,6 +7,8 @@
 
 #include <iterator>
 
+using namespace rosetag;
+
 namespace {
 
 TEST(Gs1KeyTable, FindsWholeNamesOnly) {

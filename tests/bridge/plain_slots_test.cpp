@@ -18,6 +18,8 @@
 #include <string>
 #include <vector>
 
+using namespace rosetag;
+
 namespace {
 
 using FromHex = EpcStatus (*)(const char* hex, std::int32_t dstSize, char* dst);

@@ -1,16 +1,18 @@
 /*
  * What the command knows by itself, against the library.
  */
-#include "ai_dictionary.h"
-#include "explain_ai_values.h"
-#include "library_calls.h"
-#include "scheme_dictionary.h"
+#include "explain/explain_ai_values.h"
+#include "recognise/value_form.h"
 #include "support/status.h"
-#include "value_form.h"
+#include "translate/library_calls.h"
+#include "words/ai_dictionary.h"
+#include "words/scheme_dictionary.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+
+using namespace rosetag;
 
 namespace {
 

@@ -2,15 +2,17 @@
  * Every value that is explained, against the library's own decoding: sound values of every scheme,
  * and the same with bits flipped, bytes changed and ends cut off.
  */
-#include "explain.h"
-#include "forms.h"
+#include "explain/explain.h"
 #include "support/random.h"
 #include "support/status.h"
+#include "translate/forms.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 #include <string>
+
+using namespace rosetag;
 
 namespace {
 

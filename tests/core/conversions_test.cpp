@@ -14,6 +14,8 @@
 #include <string>
 #include <vector>
 
+using namespace rosetag;
+
 namespace {
 
 // Schoolbook: one digit after the other, in a text of digits. No leading zeros; zero is empty.

@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+using namespace rosetag;
+
 namespace {
 
 constexpr std::int32_t INT_LARGEST = std::numeric_limits<std::int32_t>::max();

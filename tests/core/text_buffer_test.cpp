@@ -9,6 +9,8 @@
 #include <limits>
 #include <string>
 
+using namespace rosetag;
+
 namespace {
 
 constexpr std::uint64_t LARGEST = std::numeric_limits<std::uint64_t>::max();

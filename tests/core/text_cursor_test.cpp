@@ -9,6 +9,8 @@
 
 #include <string>
 
+using namespace rosetag;
+
 using namespace std::string_literals;
 
 namespace {

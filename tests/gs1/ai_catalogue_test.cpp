@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+using namespace rosetag;
+
 namespace {
 
 // Every text of two to four digits.

@@ -9,6 +9,8 @@
 
 #include <string>
 
+using namespace rosetag;
+
 namespace {
 
 std::string repeat(const std::string& text, int times) {

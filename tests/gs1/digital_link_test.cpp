@@ -10,6 +10,8 @@
 
 #include <string>
 
+using namespace rosetag;
+
 namespace {
 
 TextResult elementStringOf(const std::string& text, std::int32_t dstSize = 2000) {

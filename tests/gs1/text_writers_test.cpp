@@ -9,6 +9,8 @@
 
 #include <string>
 
+using namespace rosetag;
+
 namespace {
 
 TextResult linkOf(const std::string& text, std::int32_t dstSize = 1200) {

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace rosetag;
+
 namespace {
 
 constexpr std::int32_t UNTOUCHED = -7;

@@ -10,6 +10,8 @@
 
 #include <iterator>
 
+using namespace rosetag;
+
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;

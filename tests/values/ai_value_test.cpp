@@ -8,6 +8,8 @@
 
 #include <string>
 
+using namespace rosetag;
+
 namespace {
 
 const std::string DIGITS_20 = "12345678901234567890";

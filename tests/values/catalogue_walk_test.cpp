@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+using namespace rosetag;
+
 namespace {
 
 enum class Form { SHORTEST, TYPICAL, LONGEST };

@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+using namespace rosetag;
+
 namespace {
 
 const std::string GTIN = "(01)09506000134352";

@@ -9,6 +9,8 @@
 
 #include <string>
 
+using namespace rosetag;
+
 namespace {
 
 const char* const encodingNames[] = {"integer",   "hex upper", "hex lower",

@@ -1,0 +1,27 @@
+/*
+ * Converts a file or pipe line by line, on one thread or several, in the order of the input.
+ */
+#ifndef ROSETAG_COMMAND_LINE_RUN_H
+#define ROSETAG_COMMAND_LINE_RUN_H
+
+#include "line_work.h"
+#include "output.h"
+
+namespace rosetag {
+
+struct RunOptions {
+    std::string inputFile; // empty: standard input
+    std::string errorsFile;
+    ColumnChoice column;
+    unsigned jobs = 1;
+    bool isUnbuffered = false;
+    bool isQuiet = false;
+    bool isWanted = false; // an option that only a run has was given
+};
+
+// Gives the exit status. Throws UsageError and IoError.
+int lineRun(Output& output, LineRules& rules, const RunOptions& options);
+
+} // namespace rosetag
+
+#endif

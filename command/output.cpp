@@ -1,0 +1,72 @@
+#include "output.h"
+
+#include "system.h"
+
+#include <cerrno>
+#include <system_error>
+
+#include <unistd.h>
+
+namespace rosetag {
+
+namespace {
+
+constexpr std::size_t heldBack = 65536;
+
+} // namespace
+
+IoError ioError(const std::string& name, int errorNumber) {
+    if (errorNumber == EPIPE) {
+        return IoError(name + ": its reader has gone away (broken pipe); the rest is not written");
+    }
+    return IoError(name + ": " + std::generic_category().message(errorNumber));
+}
+
+Output standardOutput() {
+    return {STDOUT_FILENO, "standard output", {}};
+}
+
+void outputWrite(Output& output, std::string_view text) {
+    output.buffer += text;
+    if (output.buffer.size() >= heldBack) {
+        outputFlush(output);
+    }
+}
+
+void outputFlush(Output& output) {
+    // What cannot be written is not tried again.
+    const std::string text = std::move(output.buffer);
+    output.buffer.clear();
+    writeAll(output.descriptor, output.name, text);
+}
+
+void outputClose(Output& output) {
+    outputFlush(output);
+    if (close(output.descriptor) != 0) {
+        throw ioError(output.name, errno);
+    }
+}
+
+void writeAll(int descriptor, const std::string& name, const std::string& text) {
+    for (std::size_t done = 0; done < text.size();) {
+        const ssize_t written = write(descriptor, text.data() + done, text.size() - done);
+        if (written >= 0) {
+            done += static_cast<std::size_t>(written);
+        } else if (errno == EAGAIN) {
+            waitUntilWritable(descriptor);
+        } else if (errno != EINTR) {
+            throw ioError(name, errno);
+        }
+    }
+}
+
+void complain(Output& output, std::string_view text) {
+    outputFlush(output);
+    try {
+        writeAll(STDERR_FILENO, "standard error", "rosetag: " + std::string(text) + '\n');
+    } catch (const IoError&) {
+        // Nobody can be told of a standard error that is closed.
+    }
+}
+
+} // namespace rosetag

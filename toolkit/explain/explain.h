@@ -1,0 +1,28 @@
+/*
+ * Explains the bits of a tag value or of a TID field by field.
+ */
+#ifndef ROSETAG_TOOLKIT_EXPLAIN_EXPLAIN_H
+#define ROSETAG_TOOLKIT_EXPLAIN_EXPLAIN_H
+
+#include "explain/explain_walk.h"
+
+#include <string>
+#include <string_view>
+
+namespace rosetag {
+
+struct Explanation {
+    std::string subject; // the scheme's name, "TID", or empty where the header says nothing
+    Walk walk;
+};
+
+Explanation explainEpc(std::string_view hexDigits);
+Explanation explainTid(std::string_view hexDigits);
+
+// The field at which an explanation failed, in words: "bits 11 to 13 (partition): ...". Empty
+// where it did not.
+std::string explainFailure(const Explanation& explanation);
+
+} // namespace rosetag
+
+#endif
