@@ -101,12 +101,12 @@ constexpr StatusSet BITS_TO_AI = statusSet(1, 2, 3, 7, 13, 17);
 constexpr StatusSet TID = statusSet(1, 2, 24);
 
 // clang-format off
-#define EXPORT(function) #function, [](const Call& call) { return run(function, call); }
-#define EXPORT_OF(function, source) #function, [](const Call& call) { return run(function, call, call.source); }
+#define EXPORT(name) #name, reinterpret_cast<ExportFunction>(name), [](ExportFunction function, const Call& call) { return run(reinterpret_cast<decltype(&name)>(function), call); }
+#define EXPORT_OF(name, source) #name, reinterpret_cast<ExportFunction>(name), [](ExportFunction function, const Call& call) { return run(reinterpret_cast<decltype(&name)>(function), call, call.source); }
 
 // The rows name the export first; this puts the columns into the order of the record.
-constexpr Export row(const char* name, EpcStatus (*call)(const Call&), Input input, Output output, StatusSet statuses) {
-    return {name, input, output, statuses, call};
+Export row(const char* name, ExportFunction function, EpcStatus (*run)(ExportFunction, const Call&), Input input, Output output, StatusSet statuses) {
+    return {name, input, output, statuses, function, run};
 }
 
 } // namespace

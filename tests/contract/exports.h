@@ -80,12 +80,20 @@ enum class Output : std::uint8_t {
 // Bit n stands for the status n. EPC_OK is in no set.
 using StatusSet = std::uint32_t;
 
+// Any export, whatever its signature.
+using ExportFunction = void (*)();
+
 struct Export {
     const char* name;
     Input input;
     Output output;
     StatusSet statuses; // that it can return
-    EpcStatus (*call)(const Call& call);
+    ExportFunction function;
+    EpcStatus (*run)(ExportFunction function, const Call& call);
+
+    EpcStatus call(const Call& call) const {
+        return run(function, call);
+    }
 };
 
 constexpr std::size_t EXPORT_COUNT = 76;
