@@ -2,98 +2,25 @@
 
 #include "core/char_class.h"
 #include "gs1/ai_list.h"
+#include "gs1/ai_prefix.h"
 #include "schemes/epc_uri.h"
 
 #include <algorithm>
-#include <array>
 
 namespace rosetag {
 
 namespace {
 
-struct AiPrefixRow {
-    std::int32_t codeDigits;       // digits of the whole AI code; -1: no AI begins so
-    std::int32_t fixedValueLength; // characters of the value; -1: its length varies
-};
-
-struct AiPrefixGroup {
-    std::int32_t first; // two leading digits of an AI code, both included
-    std::int32_t last;
-    AiPrefixRow row;
-};
-
-// Source: GS1 General Specifications, sections 3.2 and 7.8.5 (predefined length of element
-// strings).
-// clang-format off
-constexpr AiPrefixGroup aiPrefixGroups[] = {
-    //             code      value
-    // prefixes    digits    length
-    { 0,  0,       {2,       18}},
-    { 1,  2,       {2,       14}},
-    {10, 10,       {2,       -1}},
-    {11, 13,       {2,        6}},
-    {15, 17,       {2,        6}},
-    {20, 20,       {2,        2}},
-    {21, 22,       {2,       -1}},
-    {23, 25,       {3,       -1}},
-    {30, 30,       {2,       -1}},
-    {31, 36,       {4,        6}},
-    {37, 37,       {2,       -1}},
-    {39, 39,       {4,       -1}},
-    {40, 40,       {3,       -1}},
-    {41, 41,       {3,       13}},
-    {42, 42,       {3,       -1}},
-    {43, 43,       {4,       -1}},
-    {70, 70,       {4,       -1}},
-    {71, 71,       {3,       -1}},
-    {72, 72,       {4,       -1}},
-    {80, 82,       {4,       -1}},
-    {90, 99,       {2,       -1}},
-};
-// clang-format on
-
-constexpr bool prefixGroupsAscend() {
-    std::int32_t behind = 0;
-    for (const AiPrefixGroup& group : aiPrefixGroups) {
-        if (group.first < behind || group.last < group.first || group.last > 99) {
-            return false;
-        }
-        behind = group.last + 1;
-    }
-    return true;
-}
-
-static_assert(prefixGroupsAscend());
-
-constexpr std::array<AiPrefixRow, 100> aiPrefixTableMake() {
-    std::array<AiPrefixRow, 100> table{};
-    table.fill({-1, -1});
-    for (const AiPrefixGroup& group : aiPrefixGroups) {
-        for (std::int32_t prefix = group.first; prefix <= group.last; ++prefix) {
-            table[static_cast<std::size_t>(prefix)] = group.row;
-        }
-    }
-    return table;
-}
-
-// By the two leading digits of an AI code.
-constexpr std::array<AiPrefixRow, 100> aiPrefixTable = aiPrefixTableMake();
-
-constexpr const AiPrefixRow& prefixRow(char first, char second) {
-    return aiPrefixTable[static_cast<std::size_t>((first - '0') * 10 + (second - '0'))];
-}
-
 // The walk tells the keys' own AIs as long as their definitions do.
 constexpr bool prefixFitsKey(const Gs1KeyDefinition& key) {
-    const AiPrefixRow& row = prefixRow(key.primaryAi[0], key.primaryAi[1]);
-    return static_cast<std::size_t>(row.codeDigits) == key.primaryAi.size() &&
-           (row.fixedValueLength < 0 || row.fixedValueLength == key.keyValueLength);
+    const AiPrefix prefix = aiPrefixOf(key.primaryAi[0], key.primaryAi[1]);
+    return prefix.codeDigits == key.primaryAi.size() &&
+           (prefix.valueLength == 0 || prefix.valueLength == key.keyValueLength);
 }
 
 constexpr bool prefixFitsSecondaryAi(const Gs1KeyDefinition& key) {
     const std::string_view code = key.secondaryAi;
-    return code.empty() ||
-           static_cast<std::size_t>(prefixRow(code[0], code[1]).codeDigits) == code.size();
+    return code.empty() || aiPrefixOf(code[0], code[1]).codeDigits == code.size();
 }
 
 static_assert(holdsForKeys(prefixFitsKey));
@@ -114,11 +41,11 @@ std::uint32_t valueStart(std::uint32_t codeEnd, AiBrackets brackets) {
     return codeEnd + (brackets.close != 0 ? 1 : 0);
 }
 
-EpcStatus scanFixedValue(std::string_view text, std::uint32_t position, const AiPrefixRow& row,
+EpcStatus scanFixedValue(std::string_view text, std::uint32_t position, AiPrefix prefix,
                          AiBrackets brackets, AiScan& scan) {
-    const auto codeDigits = static_cast<std::uint32_t>(row.codeDigits);
-    const auto valueLength = static_cast<std::uint32_t>(row.fixedValueLength);
-    if (textLength(text) - position < codeDigits + valueLength + (brackets.open != 0 ? 1 : 0)) {
+    const std::uint32_t codeDigits = prefix.codeDigits;
+    const std::uint32_t valueLength = prefix.valueLength;
+    if (textLength(text) - position < codeDigits + valueLength + (brackets.open != 0 ? 1U : 0U)) {
         return EPC_ERR_TRUNCATED;
     }
     const std::uint32_t codeEnd = position + codeDigits;
@@ -132,10 +59,10 @@ EpcStatus scanFixedValue(std::string_view text, std::uint32_t position, const Ai
 
 // In brackets the character behind the code is stepped over whatever it is. In the bare form the
 // search begins with the code itself.
-void scanVariableValue(std::string_view text, std::uint32_t position, const AiPrefixRow& row,
+void scanVariableValue(std::string_view text, std::uint32_t position, AiPrefix prefix,
                        AiBrackets brackets, AiScan& scan) {
     const std::uint32_t length = textLength(text);
-    const std::uint32_t codeEnd = position + static_cast<std::uint32_t>(row.codeDigits);
+    const std::uint32_t codeEnd = position + std::uint32_t{prefix.codeDigits};
     const bool isBracketed = brackets.open != 0;
     const std::size_t stop = text.find(isBracketed ? brackets.open : GROUP_SEPARATOR,
                                        isBracketed ? codeEnd + 1 : position);
@@ -224,14 +151,14 @@ EpcStatus aiScanElement(std::string_view text, std::uint32_t position, AiBracket
     if (!hasPrefix || !charIsDigit(text[position]) || !charIsDigit(text[position + 1])) {
         return EPC_ERR_BAD_FORMAT;
     }
-    const AiPrefixRow& row = prefixRow(text[position], text[position + 1]);
-    if (row.codeDigits < 0) {
+    const AiPrefix prefix = aiPrefixOf(text[position], text[position + 1]);
+    if (prefix.codeDigits == 0) {
         return EPC_ERR_UNKNOWN_AI;
     }
-    if (row.fixedValueLength >= 0) {
-        return scanFixedValue(text, position, row, brackets, scan);
+    if (prefix.valueLength != 0) {
+        return scanFixedValue(text, position, prefix, brackets, scan);
     }
-    scanVariableValue(text, position, row, brackets, scan);
+    scanVariableValue(text, position, prefix, brackets, scan);
     return EPC_OK;
 }
 

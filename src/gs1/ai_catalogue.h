@@ -1,14 +1,11 @@
 /*
- * What is known of the GS1 Application Identifiers: which exist, how long their codes are, and what
- * their values look like in text and in bits.
- *
- * Source: GS1 General Specifications, section 3; EPC Tag Data Standard, section 15.3 and table F
- * (the bit form of each AI).
+ * The GS1 Application Identifiers by their code.
  */
 #ifndef ROSETAG_GS1_AI_CATALOGUE_H
 #define ROSETAG_GS1_AI_CATALOGUE_H
 
 #include "core/text_cursor.h"
+#include "gs1/ai_shape.h"
 
 #include <cstdint>
 #include <cstring>
@@ -16,46 +13,13 @@
 
 namespace rosetag {
 
-enum AiKind : std::uint8_t {
-    AI_KIND_NONE = 0, // marks an empty component, and in kindOverride "no override"
-    AI_KIND_NUMERIC = 2,
-    AI_KIND_DATE_CODED = 3,
-    AI_KIND_DIGITS = 4,
-    AI_KIND_DIGITS_THEN_TEXT = 5,
-    AI_KIND_TEXT = 6,
-    AI_KIND_FLAG = 7,
-    AI_KIND_DATE = 8,
-    AI_KIND_DATE_TIME = 9,
-    AI_KIND_DATE_RANGE = 10,
-    AI_KIND_DATE_TIME_VAR = 11,
-    AI_KIND_LETTERS = 12,
-    AI_KIND_VAR_NUMERIC = 13,
-    AI_KIND_SIGN = 14,
-};
-
-enum AiCheckKind : std::uint32_t {
-    AI_CHECK_NONE = 0,
-    AI_CHECK_DIGIT = 1, // the last character is a GS1 check digit over those before it
-    AI_CHECK_PAIR = 2,  // AI 8013: nothing is verified
-};
-
-struct AiComponent {
-    AiKind kind;
-    std::uint8_t digitCount;            // characters of a fixed-length component; 0: variable
-    std::uint8_t bitWidth;              // of a component whose field has a fixed width, else 0
-    std::uint8_t encodingIndicatorBits; // 3 on components with a text field, else 0
-    std::uint8_t lengthIndicatorBits;   // 0 where no length stands in the bits
-    std::uint8_t maxLength;             // of a variable component; 0: no limit is given
-    AiCheckKind checkKind;
-};
-
 // An AI code takes four digits and a NUL.
-constexpr std::size_t AI_CODE_SIZE = 5;
+constexpr std::size_t AI_CODE_SIZE = EPC_AI_CODE_SIZE;
 
 struct AiDefinition {
-    char code[AI_CODE_SIZE]; // filled up with NULs; empty in an empty slot
+    char code[AI_CODE_SIZE]; // filled up with NULs
     std::uint8_t componentCount;
-    AiComponent components[2];
+    AiComponent components[AI_MAX_COMPONENTS];
 };
 
 // The text of a code that is filled up with NULs.

@@ -34,7 +34,6 @@ std::string describe(const AiComponent& component) {
     };
     return std::to_string(component.kind) + ":" + number("", component.digitCount) +
            number("..", component.maxLength) + number(" b", component.bitWidth) +
-           number(" i", component.encodingIndicatorBits) +
            number(" l", component.lengthIndicatorBits) +
            number(" c", static_cast<int>(component.checkKind));
 }
@@ -57,7 +56,6 @@ void expectConsistent(const AiComponent& component, const std::string& code) {
     const bool isText =
         component.kind == AI_KIND_TEXT || component.kind == AI_KIND_DIGITS_THEN_TEXT;
     const bool hasLength = isText || component.kind == AI_KIND_VAR_NUMERIC;
-    EXPECT_EQ(isText ? 3 : 0, component.encodingIndicatorBits) << code;
     EXPECT_EQ(hasLength, component.lengthIndicatorBits != 0) << code;
     EXPECT_TRUE(digits == 0 || component.maxLength == 0) << code;
     EXPECT_EQ(digits != 0 || component.kind == AI_KIND_SIGN, bits != 0) << code;
@@ -115,10 +113,10 @@ TEST(AiCatalogue, FindsExactlyTheWholeCode) {
         {"00", "4:18 b72 c1"}, {"01", "4:14 b56 c1"}, {"402", "2:17 b57 c1"},
         {"20", "2:2 b7"}, {"3105", "2:6 b20"}, {"3165", "2:6 b20"}, {"3275", "2:6 b20"},
         {"4309", "2:20 b67"}, {"17", "8:6 b16"}, {"7003", "9:10 b27"}, {"4307", "12:2 b12"},
-        {"4321", "7:1 b1"}, {"10", "6:..20 i3 l5"}, {"99", "6:..90 i3 l7"},
-        {"8013", "6:..25 i3 l5 c2"}, {"8004", "5:..30 i3 l5"}, {"242", "13:..6 l3"},
+        {"4321", "7:1 b1"}, {"10", "6:..20 l5"}, {"99", "6:..90 l7"},
+        {"8013", "6:..25 l5 c2"}, {"8004", "5:..30 l5"}, {"242", "13:..6 l3"},
         {"7007", "10:"}, {"7011", "11:"}, {"8008", "11:"},
-        {"253", "4:13 b52 c1 + 6:..17 i3 l5"}, {"255", "4:13 b52 c1 + 13:..12 l4"},
+        {"253", "4:13 b52 c1 + 6:..17 l5"}, {"255", "4:13 b52 c1 + 13:..12 l4"},
         {"3933", "2:3 b10 + 13:..15 l4"}, {"4333", "2:6 b20 + 14:..1 b1"},
         // clang-format on
     };

@@ -266,11 +266,11 @@ TEST(AiValue, RefusesComponentsThatCannotBe) {
         return TextResult(status, storage);
     };
     const AiComponent refused[] = {
-        {AI_KIND_NONE, 0, 0, 0, 0, 0, AI_CHECK_NONE},
-        {AiKind{1}, 0, 0, 0, 0, 0, AI_CHECK_NONE},
-        {AiKind{15}, 0, 0, 0, 0, 0, AI_CHECK_NONE},
-        {AI_KIND_TEXT, 0, 0, 3, 0, 2, AI_CHECK_NONE}, // these two without a length
-        {AI_KIND_VAR_NUMERIC, 0, 0, 0, 0, 2, AI_CHECK_NONE},
+        {AI_KIND_NONE, 0, 0, 0, 0, AI_CHECK_NONE},
+        {AiKind{1}, 0, 0, 0, 0, AI_CHECK_NONE},
+        {AiKind{15}, 0, 0, 0, 0, AI_CHECK_NONE},
+        {AI_KIND_TEXT, 0, 0, 0, 2, AI_CHECK_NONE}, // these two without a length
+        {AI_KIND_VAR_NUMERIC, 0, 0, 0, 2, AI_CHECK_NONE},
     };
     for (const AiComponent& component : refused) {
         const AiDefinition ai = {"99", 1, {component, {}}};
@@ -278,7 +278,7 @@ TEST(AiValue, RefusesComponentsThatCannotBe) {
         EXPECT_STATUS(EPC_ERR_BAD_FORMAT, decode(ai).status) << component.kind;
     }
     EXPECT_STATUS(EPC_ERR_BAD_FORMAT,
-                  decode({"99", 1, {{AI_KIND_DIGITS, 0, 0, 0, 0, 0, AI_CHECK_NONE}, {}}}).status);
+                  decode({"99", 1, {{AI_KIND_DIGITS, 0, 0, 0, 0, AI_CHECK_NONE}, {}}}).status);
     EXPECT_STATUS(EPC_ERR_BAD_FORMAT, encode(*date, "240229", AiKind{15}));
 
     // The coded date is asked for by a caller, and by the code of an AI that has one.
