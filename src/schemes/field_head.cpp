@@ -2,9 +2,9 @@
 
 namespace rosetag {
 
-EpcStatus fieldReadFilter(BitBuffer& bits, TextBuffer& text, UriForm form, EpcScheme scheme) {
+EpcStatus fieldReadFilter(BitBuffer& bits, TextBuffer& text, UriForm form, std::int32_t width) {
     std::uint64_t filter = 0;
-    EPC_TRY(bitBufferRead(bits, fieldFilterBits(scheme), filter));
+    EPC_TRY(bitBufferRead(bits, width, filter));
     if (form == UriForm::PURE_IDENTITY) {
         return EPC_OK;
     }

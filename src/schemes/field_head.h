@@ -1,6 +1,5 @@
 /*
- * The header and the filter value, with which a plain layout begins. The width of the filter goes
- * with the limit of the scheme: 3 bits for 8 values, 4 for 16, 6 for 64.
+ * The header and the filter value, with which a plain scheme begins.
  *
  * Source: EPC Tag Data Standard, sections 10 (filter values) and 14 (EPC binary encoding).
  */
@@ -11,38 +10,20 @@
 #include "core/text_buffer.h"
 #include "schemes/tag_scheme.h"
 
-#include <bit>
-
 namespace rosetag {
 
-// 0 for a scheme without a filter.
-constexpr std::int32_t fieldFilterBits(EpcScheme scheme) {
-    const std::int32_t limit = tagSchemeInfos[scheme].filterLimit;
-    return limit == 0 ? 0 : std::countr_zero(static_cast<std::uint32_t>(limit));
-}
+// In a tag URI appends the filter and "."; a pure identity URI has neither. Reads any value.
+EpcStatus fieldReadFilter(BitBuffer& bits, TextBuffer& text, UriForm form, std::int32_t width);
 
-constexpr std::int32_t fieldHeadBits(EpcScheme scheme) {
-    return TAG_HEADER_BITS + fieldFilterBits(scheme);
-}
-
-// The header is read by the frame that looks for the scheme.
-inline EpcStatus fieldWriteHeader(BitBuffer& bits, EpcScheme scheme) {
-    return bitBufferWrite(bits, tagSchemeInfos[scheme].header, TAG_HEADER_BITS);
-}
-
-// Appends filter and "." in a tag URI. Any value of the field is read.
-EpcStatus fieldReadFilter(BitBuffer& bits, TextBuffer& text, UriForm form, EpcScheme scheme);
-
-// Header and filter. EPC_ERR_FILTER_FIELD if the filter does not fit its field, with the header
+// Writes header and filter. A filter above the largest is EPC_ERR_FILTER_FIELD, with the header
 // written.
-inline EpcStatus fieldWriteHead(std::uint32_t filter, BitBuffer& bits, EpcScheme scheme) {
-    const std::int32_t width = fieldFilterBits(scheme);
-    if (!fitsBits(filter, width)) {
-        EPC_TRY(fieldWriteHeader(bits, scheme));
+inline EpcStatus fieldWriteHead(BitBuffer& bits, std::uint8_t header, std::uint32_t filter,
+                                std::int32_t width, std::uint32_t largest) {
+    if (filter > largest) {
+        EPC_TRY(bitBufferWrite(bits, header, TAG_HEADER_BITS));
         return EPC_ERR_FILTER_FIELD;
     }
-    return bitBufferWriteFields(
-        bits, {{tagSchemeInfos[scheme].header, TAG_HEADER_BITS}, {filter, width}});
+    return bitBufferWriteFields(bits, {{header, TAG_HEADER_BITS}, {filter, width}});
 }
 
 } // namespace rosetag

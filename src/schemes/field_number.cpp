@@ -8,16 +8,6 @@ namespace rosetag {
 
 namespace {
 
-// The largest count of digits such that every number of so many digits fits the width.
-constexpr std::int32_t digitsOfWidth(std::int32_t width) {
-    std::int32_t digits = 0;
-    while (aiDigitBits(digits + 1) <= width) {
-        ++digits;
-    }
-    return digits;
-}
-static_assert(digitsOfWidth(7) == 2);
-
 constexpr std::uint64_t powerOfTen(std::int32_t exponent) {
     return powersOfTen[static_cast<std::size_t>(exponent)];
 }
@@ -50,24 +40,25 @@ EpcStatus fieldWriteDecimal(TextCursor& cursor, BitBuffer& bits, std::int32_t wi
     return writeFitting(bits, value, width);
 }
 
-EpcStatus fieldReadSmallNumber(BitBuffer& bits, TextBuffer& text, std::int32_t width) {
+EpcStatus fieldReadPaddedNumber(BitBuffer& bits, TextBuffer& text, std::int32_t width,
+                                std::int32_t digits) {
     std::uint64_t value = 0;
     EPC_TRY(bitBufferRead(bits, width, value));
-    const std::int32_t digits = std::max(digitsOfWidth(width), decimalDigitCount(value));
-    return textBufferPutPadded(text, value, digits);
+    return textBufferPutPadded(text, value, std::max(digits, decimalDigitCount(value)));
 }
 
-EpcStatus fieldWriteSmallNumber(TextCursor& cursor, BitBuffer& bits, std::int32_t width) {
+EpcStatus fieldWritePaddedNumber(TextCursor& cursor, BitBuffer& bits, std::int32_t width,
+                                 std::int32_t digits) {
     std::uint64_t value = 0;
-    std::int32_t digits = 0;
-    EPC_TRY(textCursorReadNumber(cursor, LeadingZeros::ALLOW, value, &digits));
-    if (digits > digitsOfWidth(width)) {
+    std::int32_t count = 0;
+    EPC_TRY(textCursorReadNumber(cursor, LeadingZeros::ALLOW, value, &count));
+    if (count > digits) {
         return EPC_ERR_OUT_OF_RANGE;
     }
     return bitBufferWrite(bits, value, width);
 }
 
-EpcStatus fieldReadLeadingOneNumber(BitBuffer& bits, TextBuffer& text, std::int32_t width) {
+EpcStatus fieldReadNumberAfterOne(BitBuffer& bits, TextBuffer& text, std::int32_t width) {
     std::uint64_t value = 0;
     EPC_TRY(bitBufferRead(bits, width, value));
     const std::int32_t digits = decimalDigitCount(value) - 1;
@@ -78,7 +69,7 @@ EpcStatus fieldReadLeadingOneNumber(BitBuffer& bits, TextBuffer& text, std::int3
     return textBufferPutPadded(text, value - leadingOne, digits);
 }
 
-EpcStatus fieldWriteLeadingOneNumber(TextCursor& cursor, BitBuffer& bits, std::int32_t width) {
+EpcStatus fieldWriteNumberAfterOne(TextCursor& cursor, BitBuffer& bits, std::int32_t width) {
     std::uint64_t value = 0;
     std::int32_t digits = 0;
     EPC_TRY(textCursorReadNumber(cursor, LeadingZeros::ALLOW, value, &digits));
@@ -86,7 +77,7 @@ EpcStatus fieldWriteLeadingOneNumber(TextCursor& cursor, BitBuffer& bits, std::i
         return EPC_ERR_BAD_FORMAT;
     }
     if (digits >= MAX_NUMBER_DIGITS) {
-        return EPC_ERR_OUT_OF_RANGE; // with the 1 in front it is no number of the library any more
+        return EPC_ERR_OUT_OF_RANGE; // with the 1 it would exceed the 19 digits of a number
     }
     return writeFitting(bits, powerOfTen(digits) + value, width);
 }

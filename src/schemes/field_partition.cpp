@@ -1,5 +1,7 @@
 #include "schemes/field_partition.h"
 
+#include "schemes/field_number.h"
+
 namespace rosetag {
 
 namespace {
@@ -40,7 +42,7 @@ EpcStatus readDigitRun(TextCursor& cursor, LeadingZeros leadingZeros, DigitRun& 
 
 EpcStatus findRow(const PartitionTable& table, const DigitRun& companyPrefix,
                   const PartitionRow*& row) {
-    const std::int32_t partition = partitionFindByDigits(table, companyPrefix.digits);
+    const std::int32_t partition = partitionFindByDigits(companyPrefix.digits);
     if (partition < 0) {
         return EPC_ERR_BAD_PARTITION;
     }
@@ -69,6 +71,28 @@ EpcStatus writeBothParts(BitBuffer& bits, const PartitionTable& table, const Par
                                        {reference, row.referenceBits}});
 }
 
+EpcStatus readCompanyPrefix(BitBuffer& bits, TextBuffer& text, const PartitionTable& table,
+                            const PartitionRow*& row) {
+    EPC_TRY(readRow(bits, table, row));
+    std::uint64_t companyPrefix = 0;
+    EPC_TRY(bitBufferRead(bits, row->companyPrefixBits, companyPrefix));
+    return putCompanyPrefix(text, companyPrefix, *row);
+}
+
+EpcStatus writeCompanyPrefix(TextCursor& cursor, BitBuffer& bits, const PartitionTable& table,
+                             const PartitionRow*& row) {
+    DigitRun companyPrefix{};
+    EPC_TRY(readDigitRun(cursor, LeadingZeros::ALLOW, companyPrefix));
+    EPC_TRY(textCursorExpect(cursor, '.'));
+    EPC_TRY(findRow(table, companyPrefix, row));
+    return bitBufferWriteFields(bits, {{partitionOf(table, *row), PARTITION_BITS},
+                                       {companyPrefix.value, row->companyPrefixBits}});
+}
+
+std::int32_t bitsAfterChars7(const PartitionRow& row) {
+    return row.referenceBits - CHAR7_BITS * row.referenceDigits;
+}
+
 } // namespace
 
 EpcStatus fieldReadPartition(BitBuffer& bits, TextBuffer& text, const PartitionTable& table) {
@@ -89,16 +113,15 @@ EpcStatus fieldWritePartition(TextCursor& cursor, BitBuffer& bits, const Partiti
     return writeBothParts(bits, table, *row, companyPrefix.value, reference.value);
 }
 
-EpcStatus fieldReadPartitionOpenReference(BitBuffer& bits, TextBuffer& text,
-                                          const PartitionTable& table) {
+EpcStatus fieldReadPartitionOpen(BitBuffer& bits, TextBuffer& text, const PartitionTable& table) {
     const PartitionRow* row = nullptr;
     std::uint64_t reference = 0;
     EPC_TRY(readBothParts(bits, text, table, row, reference));
     return textBufferPutDecimal(text, reference);
 }
 
-EpcStatus fieldWritePartitionOpenReference(TextCursor& cursor, BitBuffer& bits,
-                                           const PartitionTable& table) {
+EpcStatus fieldWritePartitionOpen(TextCursor& cursor, BitBuffer& bits,
+                                  const PartitionTable& table) {
     DigitRun companyPrefix{};
     DigitRun reference{};
     const PartitionRow* row = nullptr;
@@ -109,22 +132,34 @@ EpcStatus fieldWritePartitionOpenReference(TextCursor& cursor, BitBuffer& bits,
     return writeBothParts(bits, table, *row, companyPrefix.value, reference.value);
 }
 
-EpcStatus fieldReadCompanyPrefix(BitBuffer& bits, TextBuffer& text, const PartitionTable& table,
-                                 const PartitionRow*& row) {
-    EPC_TRY(readRow(bits, table, row));
-    std::uint64_t companyPrefix = 0;
-    EPC_TRY(bitBufferRead(bits, row->companyPrefixBits, companyPrefix));
-    return putCompanyPrefix(text, companyPrefix, *row);
+EpcStatus fieldReadPartitionChars7(BitBuffer& bits, TextBuffer& text, const PartitionTable& table) {
+    const PartitionRow* row = nullptr;
+    EPC_TRY(readCompanyPrefix(bits, text, table, row));
+    EPC_TRY(fieldReadChars7(bits, text, row->referenceDigits));
+    return fieldReadZeros(bits, bitsAfterChars7(*row));
 }
 
-EpcStatus fieldWriteCompanyPrefix(TextCursor& cursor, BitBuffer& bits, const PartitionTable& table,
-                                  const PartitionRow*& row) {
-    DigitRun companyPrefix{};
-    EPC_TRY(readDigitRun(cursor, LeadingZeros::ALLOW, companyPrefix));
-    EPC_TRY(textCursorExpect(cursor, '.'));
-    EPC_TRY(findRow(table, companyPrefix, row));
-    return bitBufferWriteFields(bits, {{partitionOf(table, *row), PARTITION_BITS},
-                                       {companyPrefix.value, row->companyPrefixBits}});
+EpcStatus fieldWritePartitionChars7(TextCursor& cursor, BitBuffer& bits,
+                                    const PartitionTable& table) {
+    const PartitionRow* row = nullptr;
+    EPC_TRY(writeCompanyPrefix(cursor, bits, table, row));
+    EPC_TRY(fieldWriteChars7(cursor, bits, row->referenceDigits));
+    return fieldWriteZeros(bits, bitsAfterChars7(*row));
+}
+
+EpcStatus fieldReadPartitionChars6(BitBuffer& bits, TextBuffer& text, const PartitionTable& table,
+                                   HashRule hashRule) {
+    const PartitionRow* row = nullptr;
+    EPC_TRY(readCompanyPrefix(bits, text, table, row));
+    return fieldReadChars6(bits, text, {row->referenceDigits, false, hashRule});
+}
+
+EpcStatus fieldWritePartitionChars6(TextCursor& cursor, BitBuffer& bits,
+                                    const PartitionTable& table, HashRule hashRule,
+                                    char terminator) {
+    const PartitionRow* row = nullptr;
+    EPC_TRY(writeCompanyPrefix(cursor, bits, table, row));
+    return fieldWriteChars6(cursor, bits, {row->referenceDigits, false, hashRule}, terminator);
 }
 
 } // namespace rosetag

@@ -1,15 +1,14 @@
 #include "schemes/tag_scheme.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace rosetag {
 
 const TagSchemeOps* tagSchemeFindByName(std::string_view name) {
     const auto* const found =
-        std::find_if(std::begin(tagSchemeInfos), std::end(tagSchemeInfos),
+        std::find_if(tagSchemeInfos.begin(), tagSchemeInfos.end(),
                      [name](const TagSchemeInfo& info) { return info.name == name; });
-    return found != std::end(tagSchemeInfos) ? &tagSchemeTable[found->scheme] : nullptr;
+    return found != tagSchemeInfos.end() ? &tagSchemeTable[found->scheme] : nullptr;
 }
 
 EpcStatus tagSchemeReadHeader(BitBuffer& bits, const TagSchemeOps*& row) {

@@ -1,6 +1,5 @@
 /*
- * The 34 tag schemes and the operations by which each is reached. An empty slot is how a scheme
- * says that it has no such operation.
+ * The operations of each tag scheme. An empty slot means that the scheme has no such operation.
  */
 #ifndef ROSETAG_SCHEMES_TAG_SCHEME_H
 #define ROSETAG_SCHEMES_TAG_SCHEME_H
@@ -28,7 +27,7 @@ struct AiRows {
     std::uint32_t* aiCount;
 };
 
-// What the slots from text to binary are given beside the text.
+// What the slots from text to binary are given besides the text.
 struct EncodeArguments {
     std::int32_t filter;
     std::int32_t gcpLength; // used by the plain schemes only
@@ -36,32 +35,31 @@ struct EncodeArguments {
     std::int32_t encoding; // used by the plus schemes only
 };
 
-// Binary slots find the header read, and bits standing behind it.
+// Binary slots start after the header, which has been read.
 using BinaryToUriBody = EpcStatus (*)(BitBuffer& bits, TextBuffer& text, UriForm form);
 using BinaryToText = EpcStatus (*)(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
 using BinaryToAIs = EpcStatus (*)(BitBuffer& bits, const AiRows& rows, EpcScheme scheme);
 
-// Text slots write the header themselves, from position 0 on, and leave the cursor behind what they
-// consumed. The cursor of a URI body stands behind the filter, that of a GS1 text on its start.
+// Text slots write from position 0 on, header included, and leave the cursor after what they
+// consumed. The cursor of a URI body starts after the filter, that of a GS1 text at its beginning.
 using UriBodyToBinary = EpcStatus (*)(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
 using TextToBinary = EpcStatus (*)(TextCursor& cursor, BitBuffer& bits,
                                    const EncodeArguments& arguments);
 
 struct TagSchemeOps {
     const TagSchemeInfo& info;
-    BinaryToUriBody binaryToUriBody;
-    UriBodyToBinary uriBodyToBinary;
-    BinaryToText binaryToElementString;
-    BinaryToAIs binaryToAIs;
-    TextToBinary elementStringToBinary;
-    BinaryToText binaryToBarcodeString;
-    TextToBinary barcodeStringToBinary;
-    BinaryToText binaryToDigitalLink;
-    TextToBinary digitalLinkToBinary;
+    BinaryToUriBody binaryToUriBody = nullptr;
+    UriBodyToBinary uriBodyToBinary = nullptr;
+    BinaryToText binaryToElementString = nullptr;
+    BinaryToAIs binaryToAIs = nullptr;
+    TextToBinary elementStringToBinary = nullptr;
+    BinaryToText binaryToBarcodeString = nullptr;
+    TextToBinary barcodeStringToBinary = nullptr;
+    BinaryToText binaryToDigitalLink = nullptr;
+    TextToBinary digitalLinkToBinary = nullptr;
 };
 
-// In the order of EpcScheme.
-extern const TagSchemeOps tagSchemeTable[EPC_SCHEME_COUNT];
+extern const SchemeArray<TagSchemeOps> tagSchemeTable;
 
 // The EpcScheme of each header byte, or -1.
 extern const std::array<EpcScheme, 256> tagSchemeByHeader;

@@ -32,7 +32,7 @@ constexpr PlusSchemeRow plusSchemeTable[] = {
 static_assert(std::size(plusSchemeTable) == EPC_SCHEME_COUNT - EPC_SCHEME_CPI_PLUS);
 static_assert(
     [] {
-        const TagSchemeInfo* info = tagSchemeInfos + EPC_SCHEME_CPI_PLUS;
+        const TagSchemeInfo* info = tagSchemeInfos.begin() + EPC_SCHEME_CPI_PLUS;
         for (const PlusSchemeRow& row : plusSchemeTable) {
             if (row.name != info->name || row.header != info->header) {
                 return false;

@@ -7,14 +7,13 @@
 #define ROSETAG_VALUES_PLUS_SCHEME_TABLE_H
 
 #include "gs1/ai_catalogue.h"
+#include "schemes/scheme_table.h"
 #include "values/date_kinds.h"
 
 #include <span>
 #include <string_view>
 
 namespace rosetag {
-
-constexpr std::size_t MAX_KEY_AIS = 3;
 
 struct PlusSchemeRow {
     std::string_view name; // as in the table of tag schemes
