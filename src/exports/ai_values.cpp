@@ -95,7 +95,7 @@ EpcStatus plusAidcToAi(std::int32_t bitCount, const std::uint8_t* binary, char* 
     TextBuffer text = textBufferOver(dst, dstSize);
     std::fill(aiOut + 2, aiOut + AI_CODE_SIZE, '\0');
     EPC_TRY(aiCodeGetPrefix(bits, aiOut));
-    if (aiCodeIsPadding(aiOut, bits)) {
+    if (aiCodeIsPadding({aiOut, 2}, bitBufferLeft(bits))) {
         return EPC_ERR_TRUNCATED;
     }
     const AiDefinition* ai = nullptr;

@@ -1,128 +1,180 @@
 #include "tid/tid_decode.h"
 
 #include "core/text_buffer.h"
+#include "tid/tid_layout.h"
+
+#include <iterator>
+#include <utility>
 
 namespace rosetag {
 
 namespace {
 
-constexpr std::uint64_t CLASS_EPCGLOBAL = 0xE2;
-constexpr std::uint64_t MDID_XTID_INDICATOR = 0x800;
+constexpr std::size_t SEGMENTS = std::size(tidSegments);
 
-// XTID header. Its first three bits count the 16-bit units of the serial number, less two; 0 is no
-// serial number.
-constexpr std::uint64_t XTID_EXTENDED_HEADER = 0x0001;
-constexpr std::uint64_t XTID_RESERVED = 0x03FE;
-constexpr std::uint64_t XTID_OPTIONAL_COMMANDS = 0x0400;
-constexpr std::uint64_t XTID_BLOCK_COMMANDS = 0x0800;
-constexpr std::uint64_t XTID_USER_MEMORY = 0x1000;
-constexpr std::int32_t XTID_SERIALIZATION_SHIFT = 13;
+struct TidReader {
+    BitBuffer& bits;
+    TidRecord& record;
+    std::uint64_t words[SEGMENTS][TID_MAX_WORDS]; // 0 where the word is not present
+};
 
-constexpr std::uint64_t OPTIONAL_COMMANDS_RESERVED = 0xE000;
-constexpr std::uint64_t BLOCK_WORD_RESERVED = 0xF8000000;
+// Some bits of a word.
+struct TidPlace {
+    std::size_t segment;
+    std::size_t word;
+    std::int32_t shift;
+    std::int32_t width;
 
-static_assert(sizeof TidRecord::serial == (7 + 2) * 16 / 4 + 1, "the longest serial number fits");
+    constexpr std::uint64_t in(const TidReader& reader) const {
+        return reader.words[segment][word] >> shift & ((std::uint64_t{1} << width) - 1);
+    }
+};
 
-// The field of a segment word whose last bit has the weight 2^lowest.
-constexpr std::uint8_t fieldOf(std::uint64_t word, std::int32_t lowest, std::int32_t bitCount) {
-    return static_cast<std::uint8_t>(word >> lowest & ((1U << bitCount) - 1));
+constexpr const TidWord& fieldsOf(std::size_t segment, std::size_t word) {
+    return tidSegments[segment].words[word];
 }
 
-EpcStatus readNumber(BitBuffer& buffer, std::int32_t bitCount, std::uint16_t& out) {
-    std::uint64_t number = 0;
-    EPC_TRY(bitBufferRead(buffer, bitCount, number));
-    out = static_cast<std::uint16_t>(number);
-    return EPC_OK;
+constexpr TidPlace placeOf(std::size_t segment, std::size_t word, std::size_t field) {
+    const TidWord& fields = fieldsOf(segment, word);
+    return {segment, word, tidWidth(fields.subspan(field + 1)), fields[field].width};
+}
+
+// The first field of the bank that matches; a width of 0 if none does.
+template <typename Predicate>
+constexpr TidPlace findPlace(Predicate matches) {
+    for (std::size_t segment = 0; segment < SEGMENTS; ++segment) {
+        for (std::size_t word = 0; word < TID_MAX_WORDS; ++word) {
+            for (std::size_t field = 0; field < fieldsOf(segment, word).size(); ++field) {
+                if (matches(fieldsOf(segment, word)[field])) {
+                    return placeOf(segment, word, field);
+                }
+            }
+        }
+    }
+    return {};
+}
+
+// The bits of the fields of a word that have this meaning.
+constexpr std::uint64_t maskOf(std::size_t segment, std::size_t word, TidMeaning meaning) {
+    std::uint64_t mask = 0;
+    for (std::size_t field = 0; field < fieldsOf(segment, word).size(); ++field) {
+        const TidPlace place = placeOf(segment, word, field);
+        const bool isMeant = fieldsOf(segment, word)[field].meaning == meaning;
+        mask |= isMeant ? ((std::uint64_t{1} << place.width) - 1) << place.shift : 0;
+    }
+    return mask;
+}
+
+// What the field adds to the record: all bits of its member at the member's first field, and
+// nothing at the others.
+constexpr TidPlace memberPlace(std::size_t segment, std::size_t word, std::size_t field) {
+    const TidWord& fields = fieldsOf(segment, word);
+    const TidMember& member = fields[field].member;
+    if (member == TidMember{} || (field > 0 && fields[field - 1].member == member)) {
+        return {};
+    }
+    TidPlace place = placeOf(segment, word, field);
+    for (++field; field < fields.size() && fields[field].member == member; ++field) {
+        place.shift -= fields[field].width;
+        place.width += fields[field].width;
+    }
+    return place;
+}
+
+constexpr void setMember(TidRecord& record, const TidMember& member, std::uint64_t value) {
+    if (member.number != nullptr) {
+        record.*member.number = static_cast<std::uint16_t>(value);
+    } else if (member.small != nullptr) {
+        record.*member.small = static_cast<std::uint8_t>(value);
+    } else if (member.block != nullptr) {
+        record.*member.block.*member.ofBlock = static_cast<std::uint8_t>(value);
+    }
+}
+
+template <std::size_t segment, std::size_t word>
+EpcStatus checkWord(std::uint64_t value) {
+    constexpr std::uint64_t reserved = maskOf(segment, word, TidMeaning::RESERVED);
+    constexpr std::uint64_t allocationClass = maskOf(segment, word, TidMeaning::CLASS);
+    constexpr std::uint64_t largestBlock = maskOf(segment, word, TidMeaning::LARGEST_BLOCK);
+    const bool isGood = (value & reserved) == 0 && (allocationClass == 0 || value == TID_CLASS) &&
+                        (largestBlock == 0 || (value & largestBlock) != 0 || value == 0);
+    return isGood ? EPC_OK : EPC_ERR_BAD_TID;
 }
 
 // The number begins at a byte and has whole bytes, so that its digits are those of the bytes.
-EpcStatus readSerial(BitBuffer& buffer, std::uint64_t serialization, TidRecord& record) {
-    record.serialBits = static_cast<std::uint8_t>((serialization + 2) * 16);
-    const std::uint8_t* const first = buffer.bytes + buffer.position / 8;
-    if (bitBufferSkip(buffer, record.serialBits) != 0) {
+EpcStatus readSerial(TidReader& reader) {
+    constexpr TidPlace length =
+        findPlace([](const TidField& field) { return field.meaning == TidMeaning::SERIAL_LENGTH; });
+    static_assert(tidSerialBits((1U << length.width) - 1) / 4 + 1 == sizeof TidRecord::serial);
+    const std::int32_t serialBits = tidSerialBits(length.in(reader));
+    if (serialBits == 0) {
+        return EPC_OK;
+    }
+    reader.record.serialBits = static_cast<std::uint8_t>(serialBits);
+    const std::uint8_t* const first = reader.bits.bytes + reader.bits.position / 8;
+    if (bitBufferSkip(reader.bits, serialBits) != 0) {
         return EPC_ERR_TRUNCATED;
     }
-    TextBuffer serial = textBufferOver(record.serial);
-    return textBufferPutHex(serial, first, record.serialBits / 8);
+    TextBuffer serial = textBufferOver(reader.record.serial);
+    return textBufferPutHex(serial, first, serialBits / 8);
 }
 
-EpcStatus readOptionalCommands(BitBuffer& buffer, TidRecord& record) {
-    std::uint64_t word = 0;
-    EPC_TRY(bitBufferRead(buffer, 16, word));
-    if ((word & OPTIONAL_COMMANDS_RESERVED) != 0) {
-        return EPC_ERR_BAD_TID;
+template <std::size_t segment, std::size_t word, std::size_t field>
+void fillMember(TidReader& reader) {
+    constexpr TidPlace place = memberPlace(segment, word, field);
+    if constexpr (place.width > 0) {
+        setMember(reader.record, fieldsOf(segment, word)[field].member, place.in(reader));
     }
-    record.hasOptionalCommands = 1;
-    record.maxEpcSize = fieldOf(word, 0, 5);
-    record.recomSupport = fieldOf(word, 5, 1);
-    record.accessSupport = fieldOf(word, 6, 1);
-    record.separateLockbits = fieldOf(word, 7, 1);
-    record.autoUmiSupport = fieldOf(word, 8, 1);
-    record.pjmSupport = fieldOf(word, 9, 1);
-    record.blockEraseSupported = fieldOf(word, 10, 1);
-    record.blockWriteSupported = fieldOf(word, 11, 1);
-    record.blockPermaLockSupported = fieldOf(word, 12, 1);
-    return EPC_OK;
 }
 
-EpcStatus readExtendedPart(BitBuffer& buffer, TidRecord& record) {
-    std::uint64_t header = 0;
-    EPC_TRY(bitBufferRead(buffer, 16, header));
-    if ((header & (XTID_EXTENDED_HEADER | XTID_RESERVED)) != 0) {
-        return EPC_ERR_BAD_TID;
+template <std::size_t segment, std::size_t word>
+EpcStatus readWord(TidReader& reader) {
+    constexpr const TidWord& fields = fieldsOf(segment, word);
+    if constexpr (fields.empty()) {
+        return EPC_OK;
+    } else if constexpr (fields[0].meaning == TidMeaning::SERIAL) {
+        return readSerial(reader);
+    } else {
+        std::uint64_t& value = reader.words[segment][word];
+        EPC_TRY(bitBufferRead(reader.bits, tidWidth(fields), value));
+        EPC_TRY((checkWord<segment, word>(value)));
+        [&]<std::size_t... field>(std::index_sequence<field...>) {
+            (fillMember<segment, word, field>(reader), ...);
+        }
+        (std::make_index_sequence<fields.size()>());
+        return EPC_OK;
     }
-    if (const std::uint64_t serialization = header >> XTID_SERIALIZATION_SHIFT;
-        serialization != 0) {
-        EPC_TRY(readSerial(buffer, serialization, record));
+}
+
+template <std::size_t segment>
+EpcStatus readSegment(TidReader& reader) {
+    constexpr const TidSegment& row = tidSegments[segment];
+    if constexpr (!row.presentIf.empty()) {
+        constexpr TidPlace flag =
+            findPlace([](const TidField& field) { return field.name == row.presentIf; });
+        static_assert(flag.width == 1);
+        if (flag.in(reader) == 0) {
+            return EPC_OK;
+        }
     }
-    if ((header & XTID_OPTIONAL_COMMANDS) != 0) {
-        EPC_TRY(readOptionalCommands(buffer, record));
-    }
-    if ((header & XTID_BLOCK_COMMANDS) != 0) {
-        EPC_TRY(tidReadBlockWord(buffer, record.blockErase));
-        EPC_TRY(tidReadBlockWord(buffer, record.blockWrite));
-    }
-    if ((header & XTID_USER_MEMORY) != 0) {
-        EPC_TRY(readNumber(buffer, 16, record.blockPermaLockBlockSize));
-        EPC_TRY(readNumber(buffer, 16, record.userMemorySize));
-    }
+    EPC_TRY((readWord<segment, 0>(reader)));
+    EPC_TRY((readWord<segment, 1>(reader)));
+    EPC_TRY((readWord<segment, 2>(reader)));
+    setMember(reader.record, row.isPresent, 1);
     return EPC_OK;
 }
 
 } // namespace
 
-EpcStatus tidReadBlockWord(BitBuffer& buffer, TidBlockInfo& info) {
-    std::uint64_t word = 0;
-    EPC_TRY(bitBufferRead(buffer, 32, word));
-    if ((word & BLOCK_WORD_RESERVED) != 0) {
-        return EPC_ERR_BAD_TID;
-    }
-    // A word of 0 is a command that is not described.
-    info.maxBlockSize = fieldOf(word, 0, 8);
-    if (info.maxBlockSize == 0 && word != 0) {
-        return EPC_ERR_BAD_TID;
-    }
-    info.variableSize = fieldOf(word, 8, 1);
-    info.epcAddressOffset = fieldOf(word, 9, 8);
-    info.noEpcAlignment = fieldOf(word, 17, 1);
-    info.userAddressOffset = fieldOf(word, 18, 8);
-    info.noUserAlignment = fieldOf(word, 26, 1);
-    return EPC_OK;
-}
-
-EpcStatus tidDecode(BitBuffer& buffer, TidRecord& record) {
+EpcStatus tidDecode(BitBuffer& bits, TidRecord& record) {
     record = {};
-    std::uint64_t allocationClass = 0;
-    EPC_TRY(bitBufferRead(buffer, 8, allocationClass));
-    if (allocationClass != CLASS_EPCGLOBAL) {
-        return EPC_ERR_BAD_TID;
+    TidReader reader = {bits, record, {}};
+    EpcStatus status = EPC_OK;
+    [&]<std::size_t... segment>(std::index_sequence<segment...>) {
+        static_cast<void>((((status = readSegment<segment>(reader)) == EPC_OK) && ...));
     }
-    EPC_TRY(readNumber(buffer, 12, record.mdid));
-    EPC_TRY(readNumber(buffer, 12, record.tmid));
-    if ((record.mdid & MDID_XTID_INDICATOR) == 0) {
-        return EPC_OK;
-    }
-    return readExtendedPart(buffer, record);
+    (std::make_index_sequence<SEGMENTS>());
+    return status;
 }
 
 } // namespace rosetag

@@ -1,8 +1,5 @@
 /*
- * Decodes the TID memory bank of a Gen2 tag: allocation class 0xE2 with its extended part, the
- * XTID.
- *
- * Source: EPC Tag Data Standard, section 16 (tag identification memory bank contents).
+ * Decodes the TID memory bank of a Gen2 tag by the table of its layout.
  */
 #ifndef ROSETAG_TID_TID_DECODE_H
 #define ROSETAG_TID_TID_DECODE_H
@@ -11,11 +8,8 @@
 
 namespace rosetag {
 
-// Reads one half of the BlockWrite and BlockErase segment.
-EpcStatus tidReadBlockWord(BitBuffer& buffer, TidBlockInfo& info);
-
-// Clears the record and fills it, up to the first field that fails. The bank begins at a byte.
-EpcStatus tidDecode(BitBuffer& buffer, TidRecord& record);
+// Clears the record and fills it, up to the first word that fails. The bank begins at a byte.
+EpcStatus tidDecode(BitBuffer& bits, TidRecord& record);
 
 } // namespace rosetag
 

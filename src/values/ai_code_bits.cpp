@@ -7,9 +7,6 @@ namespace rosetag {
 
 namespace {
 
-constexpr std::int32_t DIGIT_BITS = 4;
-constexpr std::int32_t AI_00_VALUE_BITS = 18 * DIGIT_BITS;
-
 EpcStatus getDigit(BitBuffer& bits, char& out) {
     std::uint64_t digit = 0;
     EPC_TRY(bitBufferRead(bits, DIGIT_BITS, digit));
@@ -46,10 +43,6 @@ EpcStatus aiCodeGetRest(BitBuffer& bits, char* code, const AiDefinition*& ai) {
         EPC_TRY(getDigit(bits, code[i]));
     }
     return aiDefinitionOf({code, static_cast<std::size_t>(length)}, ai);
-}
-
-bool aiCodeIsPadding(const char* code, const BitBuffer& bits) {
-    return code[0] == '0' && code[1] == '0' && bitBufferLeft(bits) < AI_00_VALUE_BITS;
 }
 
 } // namespace rosetag

@@ -1,5 +1,5 @@
 /*
- * The code of an AI in front of its value in the bits, 4 bits a digit.
+ * The code of an AI before its value in the bits, digit by digit.
  *
  * Source: EPC Tag Data Standard, section 15.3 (+AIDC data).
  */
@@ -8,19 +8,26 @@
 
 #include "core/bit_buffer.h"
 #include "gs1/ai_catalogue.h"
+#include "values/ai_kind.h"
 
 namespace rosetag {
 
 EpcStatus aiCodePut(BitBuffer& out, const AiDefinition& ai);
 
-// A code is read in two steps, because what its first two digits say depends on what is left behind
-// them. The digits go to code, five characters that are NUL from the third on.
+// A code is read in two steps, because what its first two digits mean depends on what follows them.
+// code has room for five characters, of which those from the third on are NUL.
 EpcStatus aiCodeGetPrefix(BitBuffer& bits, char* code);
 EpcStatus aiCodeGetRest(BitBuffer& bits, char* code, const AiDefinition*& ai);
 
-// True if the prefix is 00 and the bits left do not hold a value of AI 00: they are zeros that fill
-// up a word.
-bool aiCodeIsPadding(const char* code, const BitBuffer& bits);
+// The two digits of a prefix: so few bits hold no AI.
+constexpr std::int32_t AI_PREFIX_BITS = 2 * DIGIT_BITS;
+constexpr std::int32_t AI_00_VALUE_BITS = 18 * DIGIT_BITS;
+
+// True if the prefix is 00 and fewer bits follow it than a value of AI 00 takes: then it is
+// padding.
+constexpr bool aiCodeIsPadding(std::string_view prefix, std::int32_t bitsAfter) {
+    return prefix == "00" && bitsAfter < AI_00_VALUE_BITS;
+}
 
 } // namespace rosetag
 

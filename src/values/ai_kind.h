@@ -1,7 +1,7 @@
 /*
- * What the encoders and decoders of all kinds of AI components have in common. An encoder finds the
- * characters of its component under the cursor, up to the end of its span, and writes the bits; a
- * decoder reads them back and appends the characters to a text.
+ * What the encoders and decoders of all kinds of AI components share. An encoder finds the
+ * characters of its component under the cursor, up to the end of the span, and writes the bits; a
+ * decoder reads the bits and appends the characters to a text.
  *
  * Source: EPC Tag Data Standard, section 14.5 (encoding methods of the +AIDC fields).
  */
@@ -15,11 +15,14 @@
 
 namespace rosetag {
 
-// What an encoder is given beside the characters.
+// A digit that stands by itself.
+constexpr std::int32_t DIGIT_BITS = 4;
+
+// What an encoder is given besides the characters.
 struct AiEncodeField {
-    const AiDefinition& ai; // the coded date looks at its code
+    const AiDefinition& ai; // its code decides the date code
     const AiComponent& component;
-    std::int32_t encoding; // AI_ENC_AUTO or the one to force; fields of text look at it
+    std::int32_t encoding; // AI_ENC_AUTO or the one to force in a field of text
 };
 
 using AiEncode = EpcStatus (*)(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);

@@ -6,19 +6,11 @@ namespace rosetag {
 
 namespace {
 
-constexpr std::int32_t DATE_CODE_BITS = 4;
-constexpr std::int32_t YEAR_BITS = 7;
-constexpr std::int32_t MONTH_BITS = 4;
-constexpr std::int32_t DAY_BITS = 5;
-constexpr std::int32_t PRECISION_BITS = 2;
-
 constexpr std::ptrdiff_t DATE_LENGTH = 6;
-constexpr std::ptrdiff_t DATE_TIME_LENGTH = 10;
+constexpr std::ptrdiff_t DATE_TIME_LENGTH = DATE_LENGTH + 4;
 constexpr std::ptrdiff_t DATE_PAIR_LENGTH = 2 * DATE_LENGTH;
-constexpr std::ptrdiff_t MOST_PRECISE_LENGTH = DATE_LENGTH + 6;
-
-// A precision below this one is the count of time fields less one.
-constexpr std::uint64_t PRECISION_DATE_ONLY = 3;
+constexpr std::size_t MAX_TIME_FIELDS = std::size(timeFields);
+constexpr std::ptrdiff_t MOST_PRECISE_LENGTH = DATE_LENGTH + 2 * MAX_TIME_FIELDS;
 
 struct AiDate {
     std::uint64_t year;
@@ -26,44 +18,28 @@ struct AiDate {
     std::uint64_t day;
 };
 
-struct TimeField {
-    std::int32_t bits;
-    std::uint64_t largest;
-};
-
-constexpr TimeField timeFields[] = {
-    {5, 23}, // hour
-    {6, 59}, // minute
-    {6, 59}, // second
-};
-constexpr std::size_t MAX_TIME_FIELDS = std::size(timeFields);
-
 struct AiTime {
     std::uint64_t fields[MAX_TIME_FIELDS];
     std::size_t count; // how many of them the text has
 };
 
-// A date code is the index of its row.
-constexpr bool dateCodesAreIndexes() {
-    for (std::size_t i = 0; i < dateKeyTable.size(); ++i) {
-        if (dateKeyTable[i].dateCode != i) {
-            return false;
+static_assert(
+    [] {
+        for (std::size_t i = 0; i < dateKeyTable.size(); ++i) {
+            if (dateKeyTable[i].dateCode != i) {
+                return false;
+            }
         }
-    }
-    return true;
-}
-
-static_assert(dateCodesAreIndexes());
+        return true;
+    }(),
+    "a date code is the index of its row");
 
 bool monthIsKnown(std::uint64_t month) {
-    return month >= 1 && month <= 12;
+    return month >= DATE_MONTH.least && month <= DATE_MONTH.most;
 }
 
-// There is no lower limit: day 00 stands for a date without a day.
 bool dayIsInMonth(const AiDate& date) {
-    constexpr std::uint8_t daysOfMonth[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool isLeapDay = date.month == 2 && date.year % 4 == 0 && date.day == 29;
-    return isLeapDay || date.day <= daysOfMonth[date.month - 1];
+    return date.day <= daysOfMonth(date.year, date.month);
 }
 
 EpcStatus parseTwoDigits(TextCursor& cursor, EpcStatus otherwise, std::uint64_t& number) {
@@ -86,21 +62,21 @@ EpcStatus aiParseDate(TextCursor& cursor, AiDate& date) {
 }
 
 EpcStatus putDate(BitBuffer& out, const AiDate& date) {
-    EPC_TRY(bitBufferWrite(out, date.year, YEAR_BITS));
-    EPC_TRY(bitBufferWrite(out, date.month, MONTH_BITS));
-    return bitBufferWrite(out, date.day, DAY_BITS);
+    EPC_TRY(bitBufferWrite(out, date.year, DATE_YEAR.bits));
+    EPC_TRY(bitBufferWrite(out, date.month, DATE_MONTH.bits));
+    return bitBufferWrite(out, date.day, DATE_DAY.bits);
 }
 
 EpcStatus decodeDate(BitBuffer& bits, TextBuffer& text) {
     AiDate date{};
-    EPC_TRY(bitBufferRead(bits, YEAR_BITS, date.year));
+    EPC_TRY(bitBufferRead(bits, DATE_YEAR.bits, date.year));
     EPC_TRY(textBufferPutPadded(text, date.year, 2));
-    EPC_TRY(bitBufferRead(bits, MONTH_BITS, date.month));
+    EPC_TRY(bitBufferRead(bits, DATE_MONTH.bits, date.month));
     if (!monthIsKnown(date.month)) {
         return EPC_ERR_BAD_FORMAT;
     }
     EPC_TRY(textBufferPutPadded(text, date.month, 2));
-    EPC_TRY(bitBufferRead(bits, DAY_BITS, date.day));
+    EPC_TRY(bitBufferRead(bits, DATE_DAY.bits, date.day));
     EPC_TRY(textBufferPutPadded(text, date.day, 2));
     return dayIsInMonth(date) ? EPC_OK : EPC_ERR_BAD_FORMAT;
 }
@@ -114,7 +90,7 @@ EpcStatus aiParseTime(TextCursor& cursor, AiTime& time) {
     do {
         std::uint64_t& field = time.fields[time.count];
         EPC_TRY(parseTwoDigits(cursor, EPC_ERR_BAD_FORMAT, field));
-        if (field > timeFields[time.count].largest) {
+        if (field > timeFields[time.count].most) {
             return EPC_ERR_BAD_FORMAT;
         }
         ++time.count;
@@ -133,7 +109,7 @@ EpcStatus aiDecodeTime(BitBuffer& bits, TextBuffer& text, std::uint64_t count) {
     for (std::size_t i = 0; i < count; ++i) {
         std::uint64_t field = 0;
         EPC_TRY(bitBufferRead(bits, timeFields[i].bits, field));
-        if (field > timeFields[i].largest) {
+        if (field > timeFields[i].most) {
             return EPC_ERR_BAD_FORMAT;
         }
         EPC_TRY(textBufferPutPadded(text, field, 2));
@@ -220,7 +196,7 @@ EpcStatus aiEncodeDateRange(TextCursor& cursor, BitBuffer& out, const AiEncodeFi
         return EPC_ERR_BAD_FORMAT;
     }
     const bool isPair = length == DATE_PAIR_LENGTH;
-    EPC_TRY(bitBufferWrite(out, isPair ? 1 : 0, 1));
+    EPC_TRY(bitBufferWrite(out, isPair ? 1 : 0, DATE_PAIR_BITS));
     AiDate date{};
     EPC_TRY(aiParseDate(cursor, date));
     EPC_TRY(putDate(out, date));
@@ -233,7 +209,7 @@ EpcStatus aiEncodeDateRange(TextCursor& cursor, BitBuffer& out, const AiEncodeFi
 
 EpcStatus aiDecodeDateRange(BitBuffer& bits, TextBuffer& text, const AiComponent&) {
     std::uint64_t isPair = 0;
-    EPC_TRY(bitBufferRead(bits, 1, isPair));
+    EPC_TRY(bitBufferRead(bits, DATE_PAIR_BITS, isPair));
     EPC_TRY(decodeDate(bits, text));
     return isPair == 1 ? decodeDate(bits, text) : EPC_OK;
 }
@@ -249,17 +225,17 @@ EpcStatus aiEncodeDateTimeVar(TextCursor& cursor, BitBuffer& out, const AiEncode
     if (length > DATE_LENGTH) {
         EPC_TRY(aiParseTime(cursor, time));
     }
-    const std::uint64_t precision = time.count == 0 ? PRECISION_DATE_ONLY : time.count - 1;
-    EPC_TRY(bitBufferWrite(out, precision, PRECISION_BITS));
+    const std::uint64_t precision = time.count == 0 ? DATE_PRECISION_DAY : time.count - 1;
+    EPC_TRY(bitBufferWrite(out, precision, DATE_PRECISION_BITS));
     EPC_TRY(putDate(out, date));
     return putTime(out, time);
 }
 
 EpcStatus aiDecodeDateTimeVar(BitBuffer& bits, TextBuffer& text, const AiComponent&) {
     std::uint64_t precision = 0;
-    EPC_TRY(bitBufferRead(bits, PRECISION_BITS, precision));
+    EPC_TRY(bitBufferRead(bits, DATE_PRECISION_BITS, precision));
     EPC_TRY(decodeDate(bits, text));
-    return precision == PRECISION_DATE_ONLY ? EPC_OK : aiDecodeTime(bits, text, precision + 1);
+    return precision == DATE_PRECISION_DAY ? EPC_OK : aiDecodeTime(bits, text, precision + 1);
 }
 
 } // namespace rosetag

@@ -12,25 +12,59 @@
 
 namespace rosetag {
 
+// Two digits of a date or a time.
+struct DateField {
+    std::int32_t bits;
+    std::uint64_t least;
+    std::uint64_t most;
+};
+
+// clang-format off
+//                                      bits  least  most
+inline constexpr DateField DATE_YEAR   = {7,  0,     99};
+inline constexpr DateField DATE_MONTH  = {4,  1,     12};
+inline constexpr DateField DATE_DAY    = {5,  0,     31}; // 0: no particular day of the month
+inline constexpr DateField TIME_HOUR   = {5,  0,     23};
+inline constexpr DateField TIME_MINUTE = {6,  0,     59};
+inline constexpr DateField TIME_SECOND = {6,  0,     59};
+// clang-format on
+
+inline constexpr DateField timeFields[] = {TIME_HOUR, TIME_MINUTE, TIME_SECOND};
+
+// The month is 1 to 12. Without a century, each year that four divides is a leap year, 00 too.
+constexpr std::uint64_t daysOfMonth(std::uint64_t year, std::uint64_t month) {
+    constexpr std::uint8_t days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    return month == 2 && year % 4 == 0 ? 29 : days[month - 1];
+}
+
+// Before a date range: 1 if a second date follows.
+constexpr std::int32_t DATE_PAIR_BITS = 1;
+
+// Before a date of variable precision: the count of time fields less one, or that there are none.
+constexpr std::int32_t DATE_PRECISION_BITS = 2;
+constexpr std::uint64_t DATE_PRECISION_DAY = 3;
+
+// Before the date of a DSGTIN+: which date it is.
+constexpr std::int32_t DATE_CODE_BITS = 4;
+
 struct DateKeyRow {
-    std::uint32_t dateCode;    // the 4 bits in front of the date
-    std::string_view dateName; // what the date tells, for the reader of the table
+    std::uint32_t dateCode;
     char ai[AI_CODE_SIZE];
 };
 
-// The dates that a DSGTIN+ may carry, those of a higher priority first.
+// In order of priority: the first one of a list is the date of its key. The date code is the index.
 //
 // Source: EPC Tag Data Standard, section 14.5.3 (prioritised date).
 // clang-format off
 inline constexpr std::array<DateKeyRow, 7> dateKeyTable = {{
-    // code  name               AI
-    {0,      "prodDate",        "11"},
-    {1,      "packDate",        "13"},
-    {2,      "bestBeforeDate",  "15"},
-    {3,      "sellByDate",      "16"},
-    {4,      "expDate",         "17"},
-    {5,      "firstFreezeDate", "7006"},
-    {6,      "firstFreezeDate", "7007"},
+    // code  AI
+    {0,      "11"},   // production
+    {1,      "13"},   // packaging
+    {2,      "15"},   // best before
+    {3,      "16"},   // sell by
+    {4,      "17"},   // expiration
+    {5,      "7006"}, // first freeze
+    {6,      "7007"}, // harvest
 }};
 // clang-format on
 
@@ -38,7 +72,7 @@ inline constexpr std::array<DateKeyRow, 7> dateKeyTable = {{
 EpcStatus aiEncodeDate(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeDate(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 
-// YYMMDD behind the date code of its AI. The last decoder tells the AI.
+// YYMMDD after the date code of its AI. The last decoder also tells which AI that is.
 EpcStatus aiEncodeDateCoded(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeDateCoded(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 EpcStatus aiDecodeDateWithKey(BitBuffer& bits, TextBuffer& text, const DateKeyRow*& key);
@@ -51,7 +85,7 @@ EpcStatus aiDecodeDateTime(BitBuffer& bits, TextBuffer& text, const AiComponent&
 EpcStatus aiEncodeDateRange(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeDateRange(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 
-// YYMMDD, and HH, HHMM, HHMMSS or nothing.
+// YYMMDD, alone or followed by HH, HHMM or HHMMSS.
 EpcStatus aiEncodeDateTimeVar(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeDateTimeVar(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 

@@ -1,5 +1,5 @@
 /*
- * The count of characters in front of a component of variable length.
+ * The count of characters before a component of variable length.
  */
 #ifndef ROSETAG_VALUES_LENGTH_INDICATOR_H
 #define ROSETAG_VALUES_LENGTH_INDICATOR_H
@@ -9,15 +9,14 @@
 
 namespace rosetag {
 
-// False for a count that overflows the indicator. A count above the component's maxLength that does
-// not is none of the bits' business.
+// The indicator is the limit here, not the component's maxLength: the bits can say more.
 inline bool lengthIndicatorHolds(const AiComponent& component, std::ptrdiff_t count) {
     return component.lengthIndicatorBits == 0 ||
            fitsBits(static_cast<std::uint64_t>(count), component.lengthIndicatorBits);
 }
 
-// A component of one character at most has no indicator. Its absence elsewhere is
-// EPC_ERR_BAD_FORMAT.
+// A component of at most one character has no indicator; where another one has none, its bit form
+// is unknown: EPC_ERR_BAD_FORMAT.
 inline EpcStatus lengthIndicatorPut(BitBuffer& out, const AiComponent& component,
                                     std::ptrdiff_t count) {
     if (component.maxLength < 2) {

@@ -90,29 +90,30 @@ EpcStatus aiEncodeDigits(TextCursor& cursor, BitBuffer& out, const AiEncodeField
     if (textCursorLeft(cursor) < field.component.digitCount) {
         return EPC_ERR_TRUNCATED;
     }
-    return fieldRunPut<4>(out, field.component.digitCount,
-                          [&cursor](std::uint64_t& digit) -> EpcStatus {
-                              if (textCursorAtEnd(cursor)) {
-                                  return EPC_ERR_TRUNCATED;
-                              }
-                              if (!charIsDigit(*cursor.current)) {
-                                  return EPC_ERR_BAD_FORMAT;
-                              }
-                              digit = static_cast<std::uint64_t>(*cursor.current++ - '0');
-                              return EPC_OK;
-                          });
+    return fieldRunPut<DIGIT_BITS>(out, field.component.digitCount,
+                                   [&cursor](std::uint64_t& digit) -> EpcStatus {
+                                       if (textCursorAtEnd(cursor)) {
+                                           return EPC_ERR_TRUNCATED;
+                                       }
+                                       if (!charIsDigit(*cursor.current)) {
+                                           return EPC_ERR_BAD_FORMAT;
+                                       }
+                                       digit = static_cast<std::uint64_t>(*cursor.current++ - '0');
+                                       return EPC_OK;
+                                   });
 }
 
 EpcStatus aiDecodeDigits(BitBuffer& bits, TextBuffer& text, const AiComponent& component) {
     if (component.digitCount == 0) {
         return EPC_ERR_BAD_FORMAT;
     }
-    return fieldRunGet<4>(bits, component.digitCount, [&text](std::uint32_t digit) -> EpcStatus {
-        if (digit > 9) {
-            return EPC_ERR_BAD_FORMAT;
-        }
-        return textBufferPutChar(text, static_cast<char>('0' + digit));
-    });
+    return fieldRunGet<DIGIT_BITS>(
+        bits, component.digitCount, [&text](std::uint32_t digit) -> EpcStatus {
+            if (digit > 9) {
+                return EPC_ERR_BAD_FORMAT;
+            }
+            return textBufferPutChar(text, static_cast<char>('0' + digit));
+        });
 }
 
 EpcStatus aiEncodeVarNumeric(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field) {

@@ -14,9 +14,6 @@ constexpr std::int32_t HEADER_BITS = 8;
 constexpr std::int32_t TOGGLE_BITS = 1;
 constexpr std::int32_t FILTER_BITS = 3;
 
-// A tail of so many bits holds no AI: two digits of a code would take all of them.
-constexpr std::int32_t IGNORED_TAIL_BITS = 8;
-
 struct PlusEncoder {
     BitBuffer& out;
     const char* baseText;
@@ -146,10 +143,10 @@ EpcStatus getKeyElement(BitBuffer& bits, TextBuffer& text, AiList& list,
 // There is neither a count nor an end mark: the section ends with the bits, or with zeros that are
 // too few to be an AI 00.
 EpcStatus getDataSection(BitBuffer& bits, TextBuffer& text, AiList& list) {
-    while (bitBufferLeft(bits) > IGNORED_TAIL_BITS) {
+    while (bitBufferLeft(bits) > AI_PREFIX_BITS) {
         char code[AI_CODE_SIZE] = {};
         EPC_TRY(aiCodeGetPrefix(bits, code));
-        if (aiCodeIsPadding(code, bits)) {
+        if (aiCodeIsPadding({code, 2}, bitBufferLeft(bits))) {
             return EPC_OK;
         }
         const AiDefinition* ai = nullptr;

@@ -2,13 +2,6 @@
 
 namespace rosetag {
 
-namespace {
-
-constexpr std::int32_t LETTER_COUNT = 2;
-constexpr std::int32_t LETTER_BITS = 6;
-
-} // namespace
-
 EpcStatus aiEncodeFlag(TextCursor& cursor, BitBuffer& out, const AiEncodeField&) {
     if (textCursorLeft(cursor) != 1) {
         return EPC_ERR_TOO_LONG;

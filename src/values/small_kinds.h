@@ -14,11 +14,14 @@ namespace rosetag {
 EpcStatus aiEncodeFlag(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeFlag(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 
-// Two letters A to Z, 6 bits each, as in a country code.
+// Two letters, as in a country code. A is 0.
+constexpr std::int32_t LETTER_COUNT = 2;
+constexpr std::int32_t LETTER_BITS = 6;
+
 EpcStatus aiEncodeLetters(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeLetters(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 
-// "-" or nothing in one bit, which the end of the bits may cut off.
+// "-" or nothing in one bit. Where the bits end before it, there is no sign.
 EpcStatus aiEncodeSign(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeSign(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 

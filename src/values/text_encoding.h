@@ -1,7 +1,6 @@
 /*
- * The six encodings of text, of which each field of text names its own in an indicator of 3 bits,
- * and the choice among them. The choice depends on the characters alone: the same text is encoded
- * alike in every AI.
+ * The six encodings of text, and the choice among them. A field of text names its encoding in 3
+ * bits. The choice depends on the characters alone: the same text is encoded alike in every AI.
  *
  * Source: EPC Tag Data Standard, section 14.5.6 (variable-length alphanumeric).
  */
@@ -10,70 +9,65 @@
 
 #include "core/bit_buffer.h"
 #include "core/char_class.h"
+#include "core/long_decimal.h"
 #include "core/text_buffer.h"
 #include "core/text_cursor.h"
 
 #include <array>
 #include <cstdint>
+#include <iterator>
 #include <string_view>
 
 namespace rosetag {
 
 constexpr std::int32_t ENCODING_INDICATOR_BITS = 3;
 
-// The sets of characters among which the choice decides. A character is in one of them at most.
-enum AiCharFlag : std::uint8_t {
-    AI_CHAR_DIGIT = 0x01,
-    AI_CHAR_HEX_UPPER = 0x02,
-    AI_CHAR_HEX_LOWER = 0x04,
-    AI_CHAR_UPPER = 0x08,      // those that are no hexadecimal digits
-    AI_CHAR_DOT_COLON = 0x10,  // in code-40, not in base64url
-    AI_CHAR_HYPHEN = 0x20,     // in both
-    AI_CHAR_LOWER = 0x40,      // those that are no hexadecimal digits
-    AI_CHAR_UNDERSCORE = 0x80, // in base64url, not in code-40
+struct TextEncoding {
+    std::string_view name;
+    std::int32_t groupSize; // characters that are encoded together; 0: all of them
+    std::int32_t groupBits;
+    std::string_view alphabet; // by value; NUL where a value stands for no character
 };
 
-// Seen in a text beside the flags: a character that has none.
-constexpr std::uint32_t AI_CHAR_OTHER = 0x100;
-
-// The characters by the value that stands for them in the bits.
-inline constexpr std::string_view base64UrlAlphabet =
-    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
-inline constexpr std::string_view code40Alphabet = " ABCDEFGHIJKLMNOPQRSTUVWXYZ-.:0123456789";
-
-// Value 0 of code-40 fills up a group and stands for no character, nor for the blank in its place.
-constexpr std::size_t CODE40_FIRST_VALUE = 1;
-
-using CharValues = std::array<std::int8_t, 128>;
-
-// The inverse of an alphabet, -1 for a character that it does not hold.
-constexpr CharValues charValuesOf(std::string_view alphabet, std::size_t firstValue = 0) {
-    CharValues values{};
-    values.fill(-1);
-    for (std::size_t value = firstValue; value < alphabet.size(); ++value) {
-        values[static_cast<unsigned char>(alphabet[value])] = static_cast<std::int8_t>(value);
+// The characters that AI values may hold, by their code.
+inline constexpr std::array<char, 128> iso646Alphabet = [] {
+    std::array<char, 128> alphabet{};
+    for (std::size_t code = 0; code < alphabet.size(); ++code) {
+        const auto character = static_cast<char>(code);
+        const bool isOfAis = charIsOfClass(character, CHAR_CLASS_AI82 | CHAR_CLASS_AI39);
+        alphabet[code] = isOfAis ? character : '\0';
     }
-    return values;
+    return alphabet;
+}();
+
+// By the indicator: AI_ENC_INTEGER to AI_ENC_CODE40.
+// clang-format off
+inline constexpr TextEncoding textEncodings[] = {
+    //            group
+    // name       size  bits  alphabet
+    {"integer",   0,    0,    "0123456789"}, // as wide as a number of so many digits: aiDigitBits
+    {"hex-upper", 1,    4,    "0123456789ABCDEF"},
+    {"hex-lower", 1,    4,    "0123456789abcdef"},
+    {"base64url", 1,    6,    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_"},
+    {"iso646",    1,    7,    {iso646Alphabet.data(), iso646Alphabet.size()}},
+    {"code40",    3,    16,   {"\0ABCDEFGHIJKLMNOPQRSTUVWXYZ-.:0123456789", 40}}, // 0 fills up a group
+};
+// clang-format on
+static_assert(std::size(textEncodings) == AI_ENC_CODE40 + 1);
+
+// The bits of count characters.
+constexpr std::ptrdiff_t textPayloadBits(std::int32_t encoding, std::ptrdiff_t count) {
+    const TextEncoding& row = textEncodings[encoding];
+    return row.groupSize == 0 ? aiDigitBits(static_cast<std::int32_t>(count))
+                              : (count + row.groupSize - 1) / row.groupSize * row.groupBits;
 }
 
-inline constexpr CharValues base64UrlValues = charValuesOf(base64UrlAlphabet);
-inline constexpr CharValues code40Values = charValuesOf(code40Alphabet, CODE40_FIRST_VALUE);
-static_assert(base64UrlAlphabet.size() == 64 && code40Alphabet.size() == 40);
+// A group of code-40 is the number of its three values, 40 to a place, plus 1.
+constexpr std::uint32_t CODE40_BASE = 40;
+constexpr std::uint32_t CODE40_LARGEST = CODE40_BASE * CODE40_BASE * CODE40_BASE;
 
-// A flag of AiCharFlag for each character, or 0.
-extern const std::array<std::uint8_t, 128> aiCharFlags;
-
-// Looks at all characters up to the end and gathers their flags. A character that stands in no AI
-// is EPC_ERR_BAD_CHARACTER.
-EpcStatus aiScanText(TextCursor cursor, std::uint32_t& seenFlags);
-
-// The encoding for count characters with these flags.
-std::int32_t aiChooseEncoding(std::uint32_t seenFlags, std::ptrdiff_t count);
-
-// The bits that count characters take in code-40.
-constexpr std::ptrdiff_t aiCode40Bits(std::ptrdiff_t count) {
-    return (count + 2) / 3 * 16;
-}
+// The encoding for all characters up to the end. EPC_ERR_BAD_CHARACTER at one that no AI may hold.
+EpcStatus aiChooseEncoding(TextCursor cursor, std::int32_t& encoding);
 
 // Writes the characters up to the end. EPC_ERR_BAD_CHARACTER at one that the encoding does not
 // hold, EPC_ERR_BAD_FORMAT for an encoding that does not exist.

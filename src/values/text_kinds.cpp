@@ -8,10 +8,6 @@ namespace rosetag {
 
 namespace {
 
-// Among the digits of 4 bits: a field of text follows, or nothing.
-constexpr std::uint64_t SWITCH_TO_TEXT = 14;
-constexpr std::uint64_t END_OF_DIGITS = 15;
-
 std::int32_t countDigits(TextCursor cursor) {
     const char* const first = cursor.current;
     while (!textCursorAtEnd(cursor) && charIsDigit(*cursor.current)) {
@@ -23,14 +19,13 @@ std::int32_t countDigits(TextCursor cursor) {
 } // namespace
 
 EpcStatus aiEncodeText(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field) {
-    std::uint32_t seenFlags = 0;
-    EPC_TRY(aiScanText(cursor, seenFlags));
+    std::int32_t chosen = 0;
+    EPC_TRY(aiChooseEncoding(cursor, chosen));
     const std::ptrdiff_t count = textCursorLeft(cursor);
     if (!lengthIndicatorHolds(field.component, count)) {
         return EPC_ERR_TOO_LONG;
     }
-    const std::int32_t encoding =
-        field.encoding == AI_ENC_AUTO ? aiChooseEncoding(seenFlags, count) : field.encoding;
+    const std::int32_t encoding = field.encoding == AI_ENC_AUTO ? chosen : field.encoding;
     constexpr std::uint64_t indicatorMask = (1U << ENCODING_INDICATOR_BITS) - 1;
     EPC_TRY(bitBufferWrite(out, static_cast<std::uint64_t>(encoding) & indicatorMask,
                            ENCODING_INDICATOR_BITS));
@@ -47,23 +42,24 @@ EpcStatus aiDecodeText(BitBuffer& bits, TextBuffer& text, const AiComponent& com
 }
 
 EpcStatus aiEncodeDigitsThenText(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field) {
-    EPC_TRY(fieldRunPut<4>(out, countDigits(cursor), [&cursor](std::uint64_t& digit) -> EpcStatus {
-        digit = static_cast<std::uint64_t>(*cursor.current++ - '0');
-        return EPC_OK;
-    }));
+    EPC_TRY(fieldRunPut<DIGIT_BITS>(out, countDigits(cursor),
+                                    [&cursor](std::uint64_t& digit) -> EpcStatus {
+                                        digit = static_cast<std::uint64_t>(*cursor.current++ - '0');
+                                        return EPC_OK;
+                                    }));
     if (textCursorAtEnd(cursor)) {
-        return bitBufferWrite(out, END_OF_DIGITS, 4);
+        return bitBufferWrite(out, END_OF_DIGITS, DIGIT_BITS);
     }
-    EPC_TRY(bitBufferWrite(out, SWITCH_TO_TEXT, 4));
+    EPC_TRY(bitBufferWrite(out, SWITCH_TO_TEXT, DIGIT_BITS));
     return aiEncodeText(cursor, out, field);
 }
 
 EpcStatus aiDecodeDigitsThenText(BitBuffer& bits, TextBuffer& text, const AiComponent& component) {
     std::uint64_t digit = 0;
-    EPC_TRY(bitBufferRead(bits, 4, digit));
+    EPC_TRY(bitBufferRead(bits, DIGIT_BITS, digit));
     while (digit <= 9) {
         EPC_TRY(textBufferPutChar(text, static_cast<char>('0' + digit)));
-        EPC_TRY(bitBufferRead(bits, 4, digit));
+        EPC_TRY(bitBufferRead(bits, DIGIT_BITS, digit));
     }
     if (digit == END_OF_DIGITS) {
         return EPC_OK;

@@ -10,12 +10,15 @@
 
 namespace rosetag {
 
-// A field of text. Its characters are held against the AI character sets by the encoder always, by
-// the decoder where the encoding can hold others.
+// The encoder refuses a character that no AI may hold; of the decoders only that of an encoding
+// that can hold such characters does.
 EpcStatus aiEncodeText(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeText(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 
-// Leading digits of 4 bits each, and a code that says whether a field of text follows.
+// Leading digits, and in place of a further digit a code that says whether a field of text follows.
+constexpr std::uint64_t SWITCH_TO_TEXT = 14;
+constexpr std::uint64_t END_OF_DIGITS = 15;
+
 EpcStatus aiEncodeDigitsThenText(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeDigitsThenText(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 
