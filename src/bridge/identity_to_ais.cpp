@@ -111,10 +111,10 @@ EpcStatus identityToAiList(TextCursor& cursor, TextBuffer& values, AiList& list,
         EPC_TRY(textBufferPutString(values, tail.text));
     }
     if (key.tailIsSecondaryAi == 0) {
-        return aiListAdd(list, key.primaryAi, keyOffset, length() - keyOffset, 0);
+        return aiListAdd(list, *aiFind(key.primaryAi), keyOffset, length() - keyOffset, KEY_PASS);
     }
-    EPC_TRY(aiListAdd(list, key.primaryAi, keyOffset, tailOffset - keyOffset, 0));
-    return aiListAdd(list, key.secondaryAi, tailOffset, length() - tailOffset, 0);
+    EPC_TRY(aiListAdd(list, *aiFind(key.primaryAi), keyOffset, tailOffset - keyOffset, KEY_PASS));
+    return aiListAdd(list, *aiFind(key.secondaryAi), tailOffset, length() - tailOffset, KEY_PASS);
 }
 
 EpcStatus identityToBarcodeString(TextCursor& cursor, TextBuffer& dst,

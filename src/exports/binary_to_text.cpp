@@ -3,6 +3,7 @@
  * rest. An export names how its value crosses the boundary and the slot.
  */
 #include "core/frames.h"
+#include "gs1/ai_list.h"
 #include "schemes/epc_uri.h"
 
 namespace rosetag {

@@ -102,6 +102,10 @@ static_assert(std::count_if(aiCatalogue.begin(), aiCatalogue.end(),
                   codesInTable(),
               "no two rows have a code in common");
 
+const AiDefinition* definitionAt(std::size_t slot) {
+    return aiCatalogue[slot].componentCount != 0 ? &aiCatalogue[slot] : nullptr;
+}
+
 EpcStatus readCodeDigit(TextCursor& cursor, char& digit) {
     if (textCursorAtEnd(cursor)) {
         return EPC_ERR_TRUNCATED;
@@ -117,27 +121,25 @@ const AiDefinition* aiFind(std::string_view code) {
         !std::all_of(code.begin(), code.end(), charIsDigit)) {
         return nullptr;
     }
-    const AiDefinition& definition = aiCatalogue[slotOf(code)];
-    return definition.componentCount != 0 ? &definition : nullptr;
+    return definitionAt(slotOf(code));
 }
 
 std::int32_t aiCodeLength(char first, char second) {
     return aiPrefixOf(first, second).codeDigits;
 }
 
-EpcStatus aiReadCode(TextCursor& cursor, char (&code)[AI_CODE_SIZE]) {
+EpcStatus aiReadCode(TextCursor& cursor, const AiDefinition*& ai) {
+    char code[AI_CODE_SIZE - 1];
     EPC_TRY(readCodeDigit(cursor, code[0]));
     EPC_TRY(readCodeDigit(cursor, code[1]));
-    const std::int32_t length = aiCodeLength(code[0], code[1]);
+    const std::size_t length = aiPrefixOf(code[0], code[1]).codeDigits;
     if (length == 0) {
         return EPC_ERR_UNKNOWN_AI;
     }
-    for (std::int32_t i = 2; i < length; ++i) {
+    for (std::size_t i = 2; i < length; ++i) {
         EPC_TRY(readCodeDigit(cursor, code[i]));
     }
-    code[4] = '\0';
-    code[3] = length > 3 ? code[3] : '\0';
-    code[2] = length > 2 ? code[2] : '\0';
+    ai = definitionAt(slotOf({code, length}));
     return EPC_OK;
 }
 

@@ -39,9 +39,9 @@ const AiDefinition* aiFind(std::string_view code);
 // so.
 std::int32_t aiCodeLength(char first, char second);
 
-// Reads the code that stands at the cursor; whether the catalogue knows it is not looked at. On
-// success code is filled up with NULs.
-EpcStatus aiReadCode(TextCursor& cursor, char (&code)[AI_CODE_SIZE]);
+// Reads the code at the cursor. ai is null if the code is well formed but not assigned;
+// EPC_ERR_UNKNOWN_AI if no AI begins with its two leading digits.
+EpcStatus aiReadCode(TextCursor& cursor, const AiDefinition*& ai);
 
 } // namespace rosetag
 

@@ -100,20 +100,19 @@ void skipStopDelimiter(TextCursor& cursor, const AiSyntax& syntax) {
 EpcStatus readElement(AiElement& element, TextCursor& cursor, const AiSyntax& syntax,
                       std::uint32_t offsetBase) {
     EPC_TRY(readDelimiter(cursor, syntax.startDelimiter));
-    EPC_TRY(aiReadCode(cursor, element.code));
+    EPC_TRY(aiReadCode(cursor, element.ai));
     EPC_TRY(readDelimiter(cursor, syntax.codeDelimiter));
-    const AiDefinition* const definition = aiFind(aiCodeView(element.code));
-    if (definition == nullptr) {
+    if (element.ai == nullptr) {
         return EPC_ERR_UNKNOWN_AI;
     }
     const char* const value = cursor.current;
-    for (std::size_t i = 0; i < definition->componentCount; ++i) {
-        EPC_TRY(readComponent(cursor, definition->components[i], syntax));
+    for (std::size_t i = 0; i < element.ai->componentCount; ++i) {
+        EPC_TRY(readComponent(cursor, element.ai->components[i], syntax));
     }
     element.valueOffset = offsetBase + static_cast<std::uint32_t>(value - cursor.begin);
     element.valueLength = static_cast<std::uint32_t>(cursor.current - value);
-    element.pass = 0;
-    element.consumed = 0;
+    element.pass = KEY_PASS;
+    element.isConsumed = false;
     skipStopDelimiter(cursor, syntax);
     return EPC_OK;
 }
@@ -124,14 +123,12 @@ void copyText(std::string_view text, char* out) {
 
 } // namespace
 
-EpcStatus aiListAdd(AiList& list, std::string_view code, std::uint32_t valueOffset,
-                    std::uint32_t valueLength, std::uint32_t pass) {
+EpcStatus aiListAdd(AiList& list, const AiDefinition& ai, std::uint32_t valueOffset,
+                    std::uint32_t valueLength, AiPass pass) {
     if (list.count == MAX_AI_ELEMENTS) {
         return EPC_ERR_TOO_MANY_AIS;
     }
-    AiElement& element = list.elements[list.count++];
-    element = {{}, valueOffset, valueLength, pass, 0};
-    std::copy(code.begin(), code.end(), element.code);
+    list.elements[list.count++] = {&ai, valueOffset, valueLength, pass, false};
     return EPC_OK;
 }
 
@@ -158,7 +155,7 @@ EpcStatus aiListCopyOut(const AiList& list, const char* baseText, const AiRows& 
             return EPC_ERR_NO_ROOM;
         }
         const auto row = static_cast<std::size_t>(i);
-        copyText(aiCodeView(element.code), rows.aiCodes + row * AI_CODE_SIZE);
+        copyText(aiCodeView(element.ai->code), rows.aiCodes + row * AI_CODE_SIZE);
         copyText(value, rows.aiValues + row * rows.valueSize);
     }
     *rows.aiCount = list.count;

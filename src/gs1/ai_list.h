@@ -8,24 +8,26 @@
 
 #include "core/text_cursor.h"
 #include "gs1/ai_catalogue.h"
-#include "schemes/tag_scheme.h"
 
 #include <cstdint>
 #include <string_view>
 
 namespace rosetag {
 
-constexpr std::uint8_t MAX_AI_ELEMENTS = 20;
+constexpr std::uint8_t MAX_AI_ELEMENTS = EPC_MAX_AIS;
+
+// The order in which the writers of element strings and barcode strings take the elements.
+enum AiPass : std::uint8_t { KEY_PASS, DATE_PASS, DATA_PASS };
 
 struct AiElement {
-    char code[AI_CODE_SIZE];
+    const AiDefinition* ai;
     std::uint32_t valueOffset; // from the first character of the base text
     std::uint32_t valueLength; // of all components together
-    std::uint32_t pass;        // 0 key, 1 date, 2 further data: the order of the text writers
-    std::uint8_t consumed;     // 1: a writer has dealt with it
+    AiPass pass;
+    bool isConsumed; // a writer has dealt with it
 };
 
-// Elements behind count hold nothing; an empty list is made by aiListClear.
+// Elements from count on hold nothing; an empty list is made by aiListClear.
 struct AiList {
     AiElement elements[MAX_AI_ELEMENTS];
     std::uint8_t count;
@@ -39,7 +41,7 @@ inline void aiListClear(AiList& list) {
 struct AiSyntax {
     char startDelimiter; // before an AI code
     char codeDelimiter;  // between AI code and value
-    char stopDelimiter;  // behind a value of variable length
+    char stopDelimiter;  // after a value of variable length
     bool percentDecoding;
 };
 
@@ -49,13 +51,12 @@ constexpr char GROUP_SEPARATOR = 29;
 inline constexpr AiSyntax ELEMENT_STRING_SYNTAX = {'(', ')', '(', false};
 inline constexpr AiSyntax BARCODE_STRING_SYNTAX = {0, 0, GROUP_SEPARATOR, false};
 
-// Appends one element; its code, of four characters at most, need not be in the catalogue.
-// EPC_ERR_TOO_MANY_AIS, with nothing changed, behind the twentieth.
-EpcStatus aiListAdd(AiList& list, std::string_view code, std::uint32_t valueOffset,
-                    std::uint32_t valueLength, std::uint32_t pass);
+// Appends one element. EPC_ERR_TOO_MANY_AIS, with nothing changed, if the list is full.
+EpcStatus aiListAdd(AiList& list, const AiDefinition& ai, std::uint32_t valueOffset,
+                    std::uint32_t valueLength, AiPass pass);
 
 // Appends all elements of the text under the cursor, which ends up at its end. offsetBase is added
-// to every offset, for a cursor whose span begins behind the start of the base text.
+// to every offset, for a cursor whose span begins after the start of the base text.
 EpcStatus aiTextParse(AiList& list, TextCursor& cursor, const AiSyntax& syntax,
                       std::uint32_t offsetBase);
 
@@ -63,6 +64,15 @@ EpcStatus aiTextParse(AiList& list, TextCursor& cursor, const AiSyntax& syntax,
 inline std::string_view aiElementValue(const AiElement& element, const char* baseText) {
     return {baseText + element.valueOffset, element.valueLength};
 }
+
+// Where the exports ending in ToAIs put their rows.
+struct AiRows {
+    std::int32_t maxAIs;     // rows of both arrays; below 0 sets no limit
+    std::uint32_t valueSize; // characters of a row of aiValues
+    char* aiCodes;           // rows of AI_CODE_SIZE characters
+    char* aiValues;
+    std::uint32_t* aiCount;
+};
 
 // Copies the list into the caller's rows. EPC_ERR_TOO_MANY_AIS before a row that the arrays do not
 // have, EPC_ERR_NO_ROOM at a value that its row does not hold; the rows before it stay.

@@ -47,7 +47,7 @@ constexpr std::int32_t REQUIREMENT_MET = 1 + std::size(digitalLinkKeyChains[0].q
 const DigitalLinkKeyChain* findChain(const AiElement& element) {
     return std::find_if(
         std::begin(digitalLinkKeyChains), endOfChains,
-        [&](const DigitalLinkKeyChain& row) { return aiCodesAreEqual(row.key, element.code); });
+        [&](const DigitalLinkKeyChain& row) { return aiCodesAreEqual(row.key, element.ai->code); });
 }
 
 // The first row of the one key that is on the list.
@@ -68,7 +68,7 @@ EpcStatus findKey(const AiList& list, const DigitalLinkKeyChain*& first) {
 
 bool isOnList(const AiList& list, const char (&code)[AI_CODE_SIZE]) {
     return std::any_of(list.elements, list.elements + list.count, [&](const AiElement& element) {
-        return aiCodesAreEqual(element.code, code);
+        return aiCodesAreEqual(element.ai->code, code);
     });
 }
 

@@ -6,6 +6,8 @@ namespace rosetag {
 
 namespace {
 
+constexpr std::string_view LINK_SCHEME = "https://";
+
 constexpr AiSyntax PATH_SYNTAX = {'/', '/', '/', true};
 constexpr AiSyntax FIRST_QUERY_SYNTAX = {'?', '=', '&', true};
 constexpr AiSyntax FURTHER_QUERY_SYNTAX = {'&', '=', '&', true};
@@ -22,6 +24,19 @@ EpcStatus parseUpTo(AiList& list, TextCursor& cursor, char stop, const AiSyntax&
 }
 
 } // namespace
+
+EpcStatus digitalLinkSkipHost(TextCursor& cursor) {
+    if (textCursorExpect(cursor, LINK_SCHEME) != EPC_OK) {
+        const bool isPath = cursor.current == cursor.begin;
+        return isPath || textCursorAtEnd(cursor) ? EPC_OK : EPC_ERR_BAD_FORMAT;
+    }
+    cursor.current += textCursorCountTo(cursor, '/');
+    if (textCursorAtEnd(cursor)) {
+        return EPC_ERR_TRUNCATED;
+    }
+    cursor = textCursorOver({cursor.current, static_cast<std::size_t>(textCursorLeft(cursor))});
+    return EPC_OK;
+}
 
 EpcStatus digitalLinkParse(AiList& list, TextCursor& cursor) {
     EPC_TRY(parseUpTo(list, cursor, '?', PATH_SYNTAX));

@@ -1,6 +1,7 @@
 /*
- * Reads path and query of a Digital Link, from the first "/" on. First the AIs are found, their
- * values left percent-encoded in the raw text; then the values are decoded into one flat text.
+ * Reads a Digital Link: scheme and host are skipped, the AIs stand in path and query. First the AIs
+ * are found, their values left percent-encoded in the raw text; then the values are decoded into
+ * one flat text.
  *
  * Source: GS1 Digital Link Standard, URI syntax.
  */
@@ -11,6 +12,11 @@
 #include "gs1/ai_list.h"
 
 namespace rosetag {
+
+// Lays the cursor over path and query of a link, after its scheme and host. Of a text that has
+// neither that is all. A text that only begins like the scheme is refused, unless it ends there:
+// then it is an empty link.
+EpcStatus digitalLinkSkipHost(TextCursor& cursor);
 
 // Fills an empty list with slices of the raw text, which is all that lies under the cursor: it
 // stands at its begin.

@@ -2,38 +2,45 @@
 
 #include "gs1/digital_link_keys.h"
 
-#include <cstddef>
+#include <span>
 
 namespace rosetag {
 
 namespace {
 
-constexpr std::uint32_t PASSES = 3;
-
-EpcStatus putElementStringElement(TextBuffer& dst, const AiElement& element, const char* baseText) {
-    EPC_TRY(textBufferPutChar(dst, '('));
-    EPC_TRY(textBufferPutString(dst, aiCodeView(element.code)));
-    EPC_TRY(textBufferPutChar(dst, ')'));
-    return textBufferPutString(dst, aiElementValue(element, baseText));
-}
-
-EpcStatus putPass(TextBuffer& dst, const AiList& list, const char* baseText, std::uint32_t pass) {
-    for (const AiElement& element : std::span(list.elements, list.count)) {
-        if (element.pass == pass) {
-            EPC_TRY(putElementStringElement(dst, element, baseText));
+// put: EpcStatus(const AiElement& element)
+template <typename Put>
+EpcStatus putPassByPass(const AiList& list, Put put) {
+    for (const AiPass pass : {KEY_PASS, DATE_PASS, DATA_PASS}) {
+        for (const AiElement& element : std::span(list.elements, list.count)) {
+            if (element.pass == pass) {
+                EPC_TRY(put(element));
+            }
         }
     }
     return EPC_OK;
 }
 
+EpcStatus putElementStringElement(TextBuffer& dst, const AiElement& element, const char* baseText) {
+    EPC_TRY(textBufferPutChar(dst, '('));
+    EPC_TRY(textBufferPutString(dst, aiCodeView(element.ai->code)));
+    EPC_TRY(textBufferPutChar(dst, ')'));
+    return textBufferPutString(dst, aiElementValue(element, baseText));
+}
+
+bool isVariable(const AiDefinition& ai) {
+    return ai.components[0].digitCount == 0 ||
+           (ai.componentCount > 1 && ai.components[1].digitCount == 0);
+}
+
 EpcStatus putLinkElement(TextBuffer& dst, AiElement& element, const char* baseText,
                          char startDelimiter, char codeDelimiter) {
     EPC_TRY(textBufferPutChar(dst, startDelimiter));
-    EPC_TRY(textBufferPutString(dst, aiCodeView(element.code)));
+    EPC_TRY(textBufferPutString(dst, aiCodeView(element.ai->code)));
     EPC_TRY(textBufferPutChar(dst, codeDelimiter));
     EPC_TRY(textBufferPutLinkEscapedRange(dst, baseText, element.valueOffset,
                                           element.valueOffset + element.valueLength));
-    element.consumed = 1;
+    element.isConsumed = true;
     return EPC_OK;
 }
 
@@ -41,7 +48,7 @@ EpcStatus putLinkElement(TextBuffer& dst, AiElement& element, const char* baseTe
 EpcStatus putPathElements(TextBuffer& dst, std::span<AiElement> elements, const char* baseText,
                           const char (&code)[AI_CODE_SIZE]) {
     for (AiElement& element : elements) {
-        if (aiCodesAreEqual(element.code, code)) {
+        if (aiCodesAreEqual(element.ai->code, code)) {
             EPC_TRY(putLinkElement(dst, element, baseText, '/', '/'));
         }
     }
@@ -52,7 +59,7 @@ EpcStatus putPathElements(TextBuffer& dst, std::span<AiElement> elements, const 
 EpcStatus putQuery(TextBuffer& dst, std::span<AiElement> elements, const char* baseText) {
     char startDelimiter = '?';
     for (AiElement& element : elements) {
-        if (element.consumed != 1) {
+        if (!element.isConsumed) {
             EPC_TRY(putLinkElement(dst, element, baseText, startDelimiter, '='));
             startDelimiter = '&';
         }
@@ -63,10 +70,21 @@ EpcStatus putQuery(TextBuffer& dst, std::span<AiElement> elements, const char* b
 } // namespace
 
 EpcStatus elementStringWrite(TextBuffer& dst, const AiList& list, const char* baseText) {
-    for (std::uint32_t pass = 0; pass < PASSES; ++pass) {
-        EPC_TRY(putPass(dst, list, baseText, pass));
-    }
-    return EPC_OK;
+    return putPassByPass(list, [&](const AiElement& element) {
+        return putElementStringElement(dst, element, baseText);
+    });
+}
+
+EpcStatus barcodeStringWrite(TextBuffer& dst, const AiList& list, const char* baseText) {
+    bool needsSeparator = false; // the value before was of variable length
+    return putPassByPass(list, [&](const AiElement& element) -> EpcStatus {
+        if (needsSeparator) {
+            EPC_TRY(textBufferPutChar(dst, GROUP_SEPARATOR));
+        }
+        needsSeparator = isVariable(*element.ai);
+        EPC_TRY(textBufferPutString(dst, aiCodeView(element.ai->code)));
+        return textBufferPutString(dst, aiElementValue(element, baseText));
+    });
 }
 
 EpcStatus digitalLinkWrite(TextBuffer& dst, AiList& list, const char* baseText) {

@@ -1,7 +1,8 @@
 /*
- * Writes a list of AIs as a bracketed element string or as path and query of a Digital Link.
+ * Writes a list of AIs as a bracketed element string, as the data of a barcode, or as path and
+ * query of a Digital Link.
  *
- * Source: GS1 General Specifications, section 3; GS1 Digital Link Standard, URI syntax.
+ * Source: GS1 General Specifications, sections 3 and 7.8; GS1 Digital Link Standard, URI syntax.
  */
 #ifndef ROSETAG_GS1_TEXT_WRITERS_H
 #define ROSETAG_GS1_TEXT_WRITERS_H
@@ -11,10 +12,11 @@
 
 namespace rosetag {
 
-// In list order, pass by pass.
+// Both in list order, pass by pass.
 EpcStatus elementStringWrite(TextBuffer& dst, const AiList& list, const char* baseText);
+EpcStatus barcodeStringWrite(TextBuffer& dst, const AiList& list, const char* baseText);
 
-// The key and its qualifiers in the path, all others in the query. Sets consumed in the list.
+// The key and its qualifiers in the path, all others in the query. Marks elements as consumed.
 EpcStatus digitalLinkWrite(TextBuffer& dst, AiList& list, const char* baseText);
 
 } // namespace rosetag

@@ -18,14 +18,7 @@ namespace rosetag {
 // Which of the two URIs a body is written for: the filter stands in a tag URI alone.
 enum class UriForm : std::uint8_t { PURE_IDENTITY, TAG };
 
-// Where the exports ending in ToAIs put their rows.
-struct AiRows {
-    std::int32_t maxAIs;     // rows of both arrays; below 0 sets no limit
-    std::uint32_t valueSize; // characters of a row of aiValues
-    char* aiCodes;           // rows of 5 characters
-    char* aiValues;
-    std::uint32_t* aiCount;
-};
+struct AiRows;
 
 // What the slots from text to binary are given besides the text.
 struct EncodeArguments {

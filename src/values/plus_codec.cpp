@@ -31,12 +31,12 @@ struct PlusHead {
 const AiElement* consume(AiList& list, const char (&code)[AI_CODE_SIZE]) {
     AiElement* const end = list.elements + list.count;
     AiElement* const found = std::find_if(list.elements, end, [&](const AiElement& element) {
-        return aiCodesAreEqual(element.code, code);
+        return aiCodesAreEqual(element.ai->code, code);
     });
     if (found == end) {
         return nullptr;
     }
-    found->consumed = 1;
+    found->isConsumed = true;
     return found;
 }
 
@@ -64,7 +64,7 @@ EpcStatus consumeHead(AiList& list, const PlusSchemeRow& row, PlusHead& head) {
 
 bool hasData(const AiList& list) {
     return std::any_of(list.elements, list.elements + list.count,
-                       [](const AiElement& element) { return element.consumed == 0; });
+                       [](const AiElement& element) { return !element.isConsumed; });
 }
 
 // Each component gets exactly its own characters, one that is absent an empty slice.
@@ -83,35 +83,21 @@ EpcStatus putComponents(const PlusEncoder& encoder, const AiDefinition& ai, std:
     return EPC_OK;
 }
 
-EpcStatus putValue(const PlusEncoder& encoder, const AiElement& element, const AiDefinition& ai,
-                   AiKind kindOverride) {
+EpcStatus putValue(const PlusEncoder& encoder, const AiElement& element, AiKind kindOverride) {
     std::string_view value = aiElementValue(element, encoder.baseText);
     if (encoder.form == ValueForm::PLAIN) {
-        return putComponents(encoder, ai, value, kindOverride);
+        return putComponents(encoder, *element.ai, value, kindOverride);
     }
     char decoded[DECODED_VALUE_SIZE];
     EPC_TRY(percentDecode(value, sizeof decoded, decoded, value));
-    return putComponents(encoder, ai, value, kindOverride);
-}
-
-EpcStatus putHeadElement(const PlusEncoder& encoder, const AiElement& element,
-                         AiKind kindOverride) {
-    const AiDefinition* ai = nullptr;
-    EPC_TRY(aiDefinitionOf(aiCodeView(element.code), ai));
-    return putValue(encoder, element, *ai, kindOverride);
-}
-
-EpcStatus putDataElement(const PlusEncoder& encoder, const AiElement& element) {
-    const AiDefinition* ai = nullptr;
-    EPC_TRY(aiDefinitionOf(aiCodeView(element.code), ai));
-    EPC_TRY(aiCodePut(encoder.out, *ai));
-    return putValue(encoder, element, *ai, AI_KIND_NONE);
+    return putComponents(encoder, *element.ai, value, kindOverride);
 }
 
 EpcStatus putDataSection(const PlusEncoder& encoder, const AiList& list) {
     for (const AiElement& element : std::span(list.elements, list.count)) {
-        if (element.consumed == 0) {
-            EPC_TRY(putDataElement(encoder, element));
+        if (!element.isConsumed) {
+            EPC_TRY(aiCodePut(encoder.out, *element.ai));
+            EPC_TRY(putValue(encoder, element, AI_KIND_NONE));
         }
     }
     return EPC_OK;
@@ -119,18 +105,20 @@ EpcStatus putDataSection(const PlusEncoder& encoder, const AiList& list) {
 
 // Reads the value of an AI and puts the AI on the list.
 EpcStatus getElement(BitBuffer& bits, TextBuffer& text, AiList& list, const AiDefinition& ai,
-                     std::uint32_t pass) {
+                     AiPass pass) {
     const auto offset = static_cast<std::uint32_t>(textBufferLength(text));
     EPC_TRY(aiValueDecodeAll(bits, text, ai));
     const auto end = static_cast<std::uint32_t>(textBufferLength(text));
-    return aiListAdd(list, aiCodeView(ai.code), offset, end - offset, pass);
+    return aiListAdd(list, ai, offset, end - offset, pass);
 }
 
 EpcStatus getDate(BitBuffer& bits, TextBuffer& text, AiList& list) {
     const DateKeyRow* key = nullptr;
     EPC_TRY(aiDecodeDateWithKey(bits, text, key));
+    const AiDefinition* ai = nullptr;
+    EPC_TRY(aiDefinitionOf(aiCodeView(key->ai), ai));
     const auto length = static_cast<std::uint32_t>(textBufferLength(text));
-    return aiListAdd(list, aiCodeView(key->ai), 0, length, DATE_PASS);
+    return aiListAdd(list, *ai, 0, length, DATE_PASS);
 }
 
 EpcStatus getKeyElement(BitBuffer& bits, TextBuffer& text, AiList& list,
@@ -167,11 +155,11 @@ EpcStatus plusEncodeAiList(BitBuffer& out, AiList& list, const char* baseText, V
     EPC_TRY(bitBufferWrite(out, static_cast<std::uint64_t>(filter), FILTER_BITS));
     const PlusEncoder encoder = {out, baseText, form, encoding};
     if (head.date != nullptr) {
-        EPC_TRY(putHeadElement(encoder, *head.date, row.dateKind));
+        EPC_TRY(putValue(encoder, *head.date, row.dateKind));
     }
     for (const AiElement* const key : head.keys) {
         if (key != nullptr) {
-            EPC_TRY(putHeadElement(encoder, *key, AI_KIND_NONE));
+            EPC_TRY(putValue(encoder, *key, AI_KIND_NONE));
         }
     }
     return putDataSection(encoder, list);

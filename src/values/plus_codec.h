@@ -26,11 +26,6 @@ enum class ValueForm : std::uint8_t { PLAIN, PERCENT_ENCODED };
 // The values that a read brings out: the base text of its list.
 constexpr std::int32_t PLUS_VALUES_SIZE = 1024;
 
-// The passes of the text writers over what a read brings out.
-constexpr std::uint32_t KEY_PASS = 0;
-constexpr std::uint32_t DATE_PASS = 1;
-constexpr std::uint32_t DATA_PASS = 2;
-
 // Writes header and all AIs of the list into out at position 0. Those of the key and the date are
 // marked consumed; EPC_ERR_NO_PRIMARY_KEY if one of them is not on the list.
 EpcStatus plusEncodeAiList(BitBuffer& out, AiList& list, const char* baseText, ValueForm form,

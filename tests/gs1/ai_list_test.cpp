@@ -138,28 +138,29 @@ TEST(BarcodeString, TakesAnySeparator) {
 }
 
 // An element has every field set, whatever its storage held before.
-TEST(AiList, TakesTwentyElementsOfAnyCode) {
+TEST(AiList, TakesTwentyElements) {
     AiList list;
     std::memset(&list, 0xFF, sizeof list);
     aiListClear(list);
+    const AiDefinition& ai = *aiFind("99");
     for (std::uint32_t i = 0; i < MAX_AI_ELEMENTS; ++i) {
-        ASSERT_STATUS(EPC_OK, aiListAdd(list, i % 2 == 0 ? "99" : "7777", i, i + 1, i % 3));
+        ASSERT_STATUS(EPC_OK, aiListAdd(list, ai, i, i + 1, DATE_PASS));
         const AiElement& element = list.elements[i];
-        EXPECT_EQ(i % 2 == 0 ? "99" : "7777", std::string(element.code));
+        EXPECT_EQ(&ai, element.ai);
         EXPECT_EQ(i, element.valueOffset);
         EXPECT_EQ(i + 1, element.valueLength);
-        EXPECT_EQ(i % 3, element.pass);
-        EXPECT_EQ(0, element.consumed);
+        EXPECT_EQ(DATE_PASS, element.pass);
+        EXPECT_FALSE(element.isConsumed);
     }
-    EXPECT_STATUS(EPC_ERR_TOO_MANY_AIS, aiListAdd(list, "01", 0, 0, 0));
+    EXPECT_STATUS(EPC_ERR_TOO_MANY_AIS, aiListAdd(list, ai, 0, 0, KEY_PASS));
     EXPECT_EQ(MAX_AI_ELEMENTS, list.count);
 }
 
-TEST(AiList, IsParsedIntoBehindItsElements) {
+TEST(AiList, IsParsedIntoAfterItsElements) {
     AiList list;
     std::memset(&list, 0xFF, sizeof list);
     aiListClear(list);
-    ASSERT_STATUS(EPC_OK, aiListAdd(list, "00", 7, 8, 2));
+    ASSERT_STATUS(EPC_OK, aiListAdd(list, *aiFind("00"), 7, 8, DATA_PASS));
     TextCursor cursor = textCursorOver("(01)09506000134352(10)A");
     ASSERT_STATUS(EPC_OK, aiTextParse(list, cursor, ELEMENT_STRING_SYNTAX, 100));
     EXPECT_TRUE(textCursorAtEnd(cursor));
@@ -168,8 +169,8 @@ TEST(AiList, IsParsedIntoBehindItsElements) {
     EXPECT_EQ(14U, list.elements[1].valueLength);
     EXPECT_EQ(122U, list.elements[2].valueOffset);
     EXPECT_EQ(1U, list.elements[2].valueLength);
-    EXPECT_EQ(0U, list.elements[2].pass);
-    EXPECT_EQ(0, list.elements[2].consumed);
+    EXPECT_EQ(KEY_PASS, list.elements[2].pass);
+    EXPECT_FALSE(list.elements[2].isConsumed);
 }
 
 TEST(CheckDigit, FollowsModuloTen) {

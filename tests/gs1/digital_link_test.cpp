@@ -107,7 +107,7 @@ TEST(DigitalLink, IsParsedIntoSlicesAndThenDecoded) {
     EXPECT_TRUE(textCursorAtEnd(cursor));
     ASSERT_EQ(std::size(expected), list.count);
     for (std::size_t i = 0; i < list.count; ++i) {
-        EXPECT_EQ(std::string(expected[i].code), list.elements[i].code);
+        EXPECT_EQ(std::string(expected[i].code), list.elements[i].ai->code);
         EXPECT_EQ(expected[i].rawOffset, list.elements[i].valueOffset);
         EXPECT_EQ(expected[i].rawLength, list.elements[i].valueLength);
     }

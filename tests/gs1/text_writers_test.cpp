@@ -96,19 +96,19 @@ TEST(DigitalLinkWriter, MarksWhatItHasWritten) {
     const std::string base = "09506000134352LS";
     AiList list;
     aiListClear(list);
-    aiListAdd(list, "01", 0, 14, 0);
-    aiListAdd(list, "10", 14, 1, 2);
-    aiListAdd(list, "91", 15, 1, 1);
+    aiListAdd(list, *aiFind("01"), 0, 14, KEY_PASS);
+    aiListAdd(list, *aiFind("10"), 14, 1, DATA_PASS);
+    aiListAdd(list, *aiFind("91"), 15, 1, DATE_PASS);
     const auto write = [&](std::int32_t size, char* dst) {
         TextBuffer buffer = textBufferOver(dst, size);
         return digitalLinkWrite(buffer, list, base.data());
     };
     EXPECT_EQ(TextResult(EPC_ERR_NO_ROOM, "/01/09506000134352/10/L?91="), textResult(write, 28));
-    EXPECT_EQ(1, list.elements[0].consumed);
-    EXPECT_EQ(1, list.elements[1].consumed);
-    EXPECT_EQ(0, list.elements[2].consumed);
+    EXPECT_TRUE(list.elements[0].isConsumed);
+    EXPECT_TRUE(list.elements[1].isConsumed);
+    EXPECT_FALSE(list.elements[2].isConsumed);
     EXPECT_EQ(TextResult(EPC_OK, "/01/09506000134352/10/L?91=S"), textResult(write));
-    EXPECT_EQ(1, list.elements[2].consumed);
+    EXPECT_TRUE(list.elements[2].isConsumed);
 }
 
 TEST(DigitalLinkWriter, ChoosesNoRowWithoutOneKey) {
@@ -116,14 +116,14 @@ TEST(DigitalLinkWriter, ChoosesNoRowWithoutOneKey) {
     aiListClear(list);
     const DigitalLinkKeyChain* row = nullptr;
     EXPECT_STATUS(EPC_ERR_NO_PRIMARY_KEY, digitalLinkChooseKey(list, row));
-    aiListAdd(list, "417", 0, 0, 0);
+    aiListAdd(list, *aiFind("417"), 0, 0, KEY_PASS);
     EXPECT_STATUS(EPC_OK, digitalLinkChooseKey(list, row));
     const DigitalLinkKeyChain* const without = row;
     EXPECT_TRUE(qualifiersOf(*row).empty());
-    aiListAdd(list, "7040", 0, 0, 0);
+    aiListAdd(list, *aiFind("7040"), 0, 0, KEY_PASS);
     EXPECT_STATUS(EPC_OK, digitalLinkChooseKey(list, row));
     EXPECT_EQ(without + 1, row);
-    aiListAdd(list, "01", 0, 0, 0);
+    aiListAdd(list, *aiFind("01"), 0, 0, KEY_PASS);
     EXPECT_STATUS(EPC_ERR_KEY_CONFLICT, digitalLinkChooseKey(list, row));
     EXPECT_EQ(without + 1, row);
 }
@@ -136,11 +136,14 @@ TEST(ElementStringWriter, WritesPassByPass) {
         const char* code;
         std::uint32_t offset;
         std::uint32_t length;
-        std::uint32_t pass;
-    } elements[] = {{"91", 0, 1, 2},  {"3103", 1, 1, 0}, {"01", 2, 1, 1},
-                    {"240", 3, 2, 0}, {"10", 5, 0, 2},   {"21", 5, 1, 3}};
+        AiPass pass;
+    } elements[] = {{"91", 0, 1, DATA_PASS},
+                    {"3103", 1, 1, KEY_PASS},
+                    {"01", 2, 1, DATE_PASS},
+                    {"240", 3, 2, KEY_PASS},
+                    {"10", 5, 0, DATA_PASS}};
     for (const auto& element : elements) {
-        aiListAdd(list, element.code, element.offset, element.length, element.pass);
+        aiListAdd(list, *aiFind(element.code), element.offset, element.length, element.pass);
     }
     const auto write = [&](std::int32_t size, char* dst) {
         TextBuffer buffer = textBufferOver(dst, size);

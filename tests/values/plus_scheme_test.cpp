@@ -364,14 +364,6 @@ TEST(PlusScheme, HasARowForEachSchemeOfItsKind) {
     AiList list;
     aiListClear(list);
     EXPECT_STATUS(EPC_ERR_BAD_FORMAT, plusDecodeAiList(none, text, list, EPC_SCHEME_ITIP_212));
-    ASSERT_STATUS(EPC_OK, aiListAdd(list, "00", 0, 18, 0));
-    ASSERT_STATUS(EPC_OK, aiListAdd(list, "14", 0, 1, 0));
-    std::uint8_t bytes[16];
-    BitBuffer out = bitBufferForWriting(bytes, sizeof bytes);
-    EXPECT_STATUS(EPC_ERR_UNKNOWN_AI,
-                  plusEncodeAiList(out, list, "106141412345678908", ValueForm::PLAIN, 0,
-                                   *plusSchemeFind("sscc+"), AI_ENC_AUTO));
-    EXPECT_EQ(bitsOf("249/8 1 0/3" + SSCC_BITS).size(), static_cast<std::size_t>(out.position));
 }
 
 } // namespace
