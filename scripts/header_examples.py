@@ -3,7 +3,7 @@
 
     header_examples.py include/rosetag/rosetag.h examples.c
 
-An example is the indented block behind a line that begins with "Example". Its lines are C. What
+An example is the indented block after a line that begins with "Example". Its lines are C. What
 they state becomes a check:
 
     epc_hexToEpcUri("30", sizeof uri, uri);              the call gives EPC_OK
@@ -58,7 +58,7 @@ FUNCTION = re.compile(r"\b((?:epc|tid)_\w+)\(")
 EXPORT = re.compile(r"^(?:ROSETAG_EXPORT|static inline) .*?\b((?:epc|tid)_\w+)\(", re.MULTILINE)
 LIKE = re.compile(r" \* Like ((?:epc|tid)_\w+),")
 CALL = re.compile(r"(?P<call>(?:epc|tid)_\w+\(.*\));(?:\s*// gives (?P<status>\w+))?", re.DOTALL)
-CLAIM = re.compile(r"// (?P<expression>.+) is (?P<value>.+)")
+CLAIM = re.compile(r"// (?P<expression>.+?) is (?P<value>.+)")
 TRAILING_COMMENT = re.compile(r"\s*//[^\"]*$")
 
 

@@ -3,7 +3,7 @@
  * Rosetag for C++20: the functions of rosetag.h with C++ types, and nothing else.
  *
  * A function has the name of its C twin without the prefix. It takes texts as std::string_view and
- * binary values as std::span, whole bytes or words, and gives a Result:
+ * binary values as std::span of whole bytes or words, and returns a Result:
  *
  *     if (const auto uri = rosetag::hexToEpcUri("3074257BF7194E4000001A85")) {
  *         std::cout << *uri;
@@ -11,13 +11,18 @@
  *         std::cerr << uri.name() << ": " << uri.message();
  *     }
  *
- * The twins that end in Enc are the last argument of the others. A text goes to the library as a
- * copy on the stack: one of more than MAX_TEXT_LENGTH characters is EPC_ERR_TOO_LONG, and one that
- * holds a NUL EPC_ERR_BAD_CHARACTER, without a call. All else stands in rosetag.h. Nothing is
- * thrown but what std::string and std::vector throw when memory is short.
+ * There are no functions ending in Enc: the encoding is an argument with a default. A text is
+ * copied to the stack to end it with a NUL. One of more than MAX_TEXT_LENGTH characters is refused
+ * with EPC_ERR_TOO_LONG, one that contains a NUL with EPC_ERR_BAD_CHARACTER, without a call.
+ * Everything else is as rosetag.h says. The only exceptions are those of std::string and
+ * std::vector when memory runs out.
  */
 #ifndef ROSETAG_ROSETAG_HPP
 #define ROSETAG_ROSETAG_HPP
+
+#if __cplusplus < 201709L && (!defined(_MSVC_LANG) || _MSVC_LANG < 201709L)
+#error "rosetag.hpp needs C++20 (-std=c++20). Older C++ can use rosetag.h."
+#else
 
 #include "rosetag/rosetag.h"
 
@@ -31,10 +36,10 @@
 
 namespace rosetag {
 
-/** The longest text that is taken: longer than any that the library gives. */
+/** The longest text accepted: longer than any that the library writes. */
 inline constexpr std::size_t MAX_TEXT_LENGTH = 8191;
 
-/** What a call gives: a value, or the status that tells why there is none. */
+/** The result of a call: a value, or the status that says why there is none. */
 template <typename Value>
 struct Result {
     EpcStatus status = EPC_OK;
@@ -53,7 +58,7 @@ struct Result {
     std::string_view name() const {
         return epc_statusName(status);
     }
-    /** What the status says of the input. */
+    /** What the status says about the input. */
     std::string_view message() const {
         return epc_statusText(status);
     }
@@ -64,34 +69,33 @@ using Words = std::vector<std::uint16_t>;
 using BytesView = std::span<const std::uint8_t>;
 using WordsView = std::span<const std::uint16_t>;
 
-/** An AI and its value, as they stand in an element string. */
+/** An AI and its value, as in an element string. */
 struct Ai {
     std::string code;
     std::string value;
 };
 
-/** The +AIDC bits of an AI value in bytes, words or hexadecimal digits, and how many bits they are.
- */
+/** The +AIDC bits of an AI value as bytes, words or hexadecimal digits, and their number. */
 template <typename Form>
 struct AiBits {
     Form data;
     std::int32_t bits = 0;
 };
 
-/** What a GS1 text does not tell of the binary value that it becomes. */
+/** What a binary value needs beyond the GS1 text it is made from. */
 struct Target {
     EpcScheme scheme = EPC_SCHEME_SGTIN_96;
     std::int32_t filter = 0;
-    std::int32_t gcpLength = 0; ///< 6 to 12; a plus scheme does not look at it.
+    std::int32_t gcpLength = 0; ///< 6 to 12; ignored by the plus schemes.
     std::int32_t encoding = AI_ENC_AUTO;
 };
 
 namespace detail {
 
-// The bytes of the largest value that a text becomes: 20 AIs of 656 bits take fewer.
+// More bytes than the largest value made from a text has: 20 AIs of 656 bits each.
 inline constexpr std::size_t MAX_BYTES = 2048;
 
-// Calls call with a copy of the text that ends in a NUL.
+// Calls call with a NUL-terminated copy of the text.
 template <typename Call>
 auto withText(std::string_view text, Call call) -> decltype(call("")) {
     if (text.size() > MAX_TEXT_LENGTH) {
@@ -105,7 +109,7 @@ auto withText(std::string_view text, Call call) -> decltype(call("")) {
     return call(copy);
 }
 
-// Calls call with the number of bits and the first element.
+// Calls call with the number of bits and a pointer to the first element.
 template <typename Element, typename Call>
 auto withBits(std::span<const Element> data, Call call) -> decltype(call(0, data.data())) {
     constexpr std::size_t mostBytes = std::numeric_limits<std::int32_t>::max() / 8;
@@ -115,7 +119,7 @@ auto withBits(std::span<const Element> data, Call call) -> decltype(call(0, data
     return call(static_cast<std::int32_t>(data.size_bytes() * 8), data.data());
 }
 
-// Each of these hands a C function room for its output, which stands behind all other arguments.
+// Each of these calls a C function with room for its output, which comes after its other arguments.
 
 template <std::size_t size, typename Function, typename... Arguments>
 Result<std::string> getText(Function* function, Arguments... arguments) {
@@ -358,7 +362,7 @@ inline Result<std::vector<Ai>> barcodeStringToAIs(std::string_view text, char se
     return detail::textToAis(epc_barcodeStringToAIs, text, static_cast<unsigned char>(separator));
 }
 
-/** The encoding of target is not looked at. */
+/** Ignores the encoding of target. */
 inline Result<std::string> barcodeStringToEpcTagUri(std::string_view text, const Target& target) {
     return detail::textToText<EPC_URI_SIZE>(epc_barcodeStringToEpcTagUri, text, target.scheme,
                                             target.filter, target.gcpLength);
@@ -400,7 +404,7 @@ inline Result<std::string> gs1ElementStringToDigitalLink(std::string_view text) 
     return detail::textToText<EPC_DIGITAL_LINK_SIZE>(epc_gs1ElementStringToDigitalLink, text);
 }
 
-/** The encoding of target is not looked at. */
+/** Ignores the encoding of target. */
 inline Result<std::string> gs1ElementStringToEpcTagUri(std::string_view text,
                                                        const Target& target) {
     return detail::textToText<EPC_URI_SIZE>(epc_gs1ElementStringToEpcTagUri, text, target.scheme,
@@ -418,7 +422,7 @@ enum class AiCode { WITHOUT, WITH };
 
 namespace detail {
 
-// unitsOf: how many elements of Form hold so many bits.
+// unitsOf: the number of elements of Form that hold a number of bits.
 template <typename Form, std::size_t capacity, typename Function, typename UnitsOf>
 Result<AiBits<Form>> putAiValue(Function* function, std::string_view ai, std::string_view value,
                                 AiCode code, std::int32_t encoding, UnitsOf unitsOf) {
@@ -515,7 +519,7 @@ inline Result<Ai> plusAidcWordsToAI(WordsView words) {
 
 /* ---- TID ---- */
 
-/** tid_binaryDecode. The record holds all that the other functions of the TID give. */
+/** tid_binaryDecode. The record holds everything that the other TID functions write. */
 inline Result<TidRecord> tidDecode(BytesView binary) {
     return detail::withBits(binary, [](std::int32_t bits, const std::uint8_t* first) {
         Result<TidRecord> tid;
@@ -535,4 +539,5 @@ inline Result<TidRecord> tidDecode(WordsView words) {
 
 } // namespace rosetag
 
+#endif
 #endif

@@ -4,6 +4,7 @@ compiler that is installed and with all warnings as errors.
 usage: check_header.py INCLUDE_DIR
 """
 
+import re
 import shutil
 import subprocess
 import sys
@@ -16,10 +17,12 @@ WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Wsign-conversion
 # header, language, standards, further warnings
 ROWS = [
     ("rosetag.h", "c", ["c99", "c11", "c17"], ["-Wstrict-prototypes", "-Wmissing-prototypes"]),
-    ("rosetag.h", "c++", ["c++17", "c++20"], ["-Wold-style-cast", "-Wzero-as-null-pointer-constant"]),
-    ("rosetag.hpp", "c++", ["c++20"], ["-Wold-style-cast", "-Wzero-as-null-pointer-constant"]),
+    ("rosetag.h", "c++", ["c++17", "c++20", "c++2b"], ["-Wold-style-cast", "-Wzero-as-null-pointer-constant"]),
+    ("rosetag.hpp", "c++", ["c++20", "c++2b"], ["-Wold-style-cast", "-Wzero-as-null-pointer-constant"]),
     ("rosetag.hpp", "c++", ["c++20"], ["-fno-exceptions", "-fno-rtti"]),
 ]
+COMMENT = re.compile(r"^/\*\*\n((?: \*.*\n)+?) \*/\n"
+                     r"(?:ROSETAG_EXPORT|static inline) .*?\b((?:epc|tid)_\w+)\(", re.MULTILINE)
 COMPILERS = {"c": ["gcc", "clang"], "c++": ["g++", "clang++"]}
 
 
@@ -39,6 +42,30 @@ class Header(unittest.TestCase):
                     with self.subTest(header=header, compiler=compiler, standard=standard):
                         result = compile_text(compiler, language, [f"-std={standard}", *flags], text)
                         self.assertEqual(result.returncode, 0, result.stderr)
+
+    def test_asks_for_cpp20(self):
+        for compiler in filter(shutil.which, COMPILERS["c++"]):
+            with self.subTest(compiler=compiler):
+                result = compile_text(compiler, "c++", ["-std=c++17"],
+                                      "#include <rosetag/rosetag.hpp>\n")
+                errors = [line for line in result.stderr.splitlines() if " error: " in line]
+                self.assertEqual(len(errors), 1, result.stderr)
+                self.assertIn("needs C++20", errors[0])
+
+    # A reader who goes from top to bottom meets nothing that is explained further down, and who
+    # follows a "Like" has arrived.
+    def test_refers_to_what_stands_above(self):
+        with open(f"{INCLUDE}/rosetag/rosetag.h", encoding="ascii") as file:
+            comments = COMMENT.findall(file.read())
+        self.assertEqual(len(comments), 78)
+        above = {}
+        for comment, function in comments:
+            prose = comment.split(" * Example")[0]
+            for other in re.findall(r"\b(?:epc|tid)_\w+", prose):
+                self.assertIn(other, above, f"{function} refers to {other}")
+            like = re.match(r" \* Like (\w+),", prose)
+            self.assertFalse(like and above[like[1]], f"{function}: its like is like another")
+            above[function] = bool(like)
 
     def test_would_notice_a_warning(self):
         result = compile_text("gcc", "c", ["-std=c99"],
