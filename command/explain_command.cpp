@@ -34,7 +34,7 @@ Failure failureOfBits(const std::string& hex) {
                          : formsOf({ValueForm::HEX, hex, {}}, std::nullopt, forms);
 }
 
-std::string explanationJson(std::string_view value, const Explanation& explanation) {
+std::string explanationJson(std::string_view value, const WalkedBits& explanation) {
     Json object;
     object["value"] = value;
     object["subject"] = explanation.subject;
@@ -56,7 +56,7 @@ int explainValue(Output& output, const Arguments& arguments, const std::string& 
     if (const Failure failure = hexOf(prepareValue(value, {}), hex); isFailure(failure)) {
         return complainOfFailure(output, value, failure);
     }
-    const Explanation explanation = hexIsTid(hex) ? explainTid(hex) : explainEpc(hex);
+    const WalkedBits explanation = hexIsTid(hex) ? explainTid(hex) : explainEpc(hex);
     outputWrite(output, arguments.isJson ? explanationJson(value, explanation)
                                          : humanExplanation(explanation));
     const Failure failure = failureOfBits(hex);

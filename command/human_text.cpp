@@ -51,7 +51,7 @@ std::string fitsText(const Forms& forms) {
 }
 
 // The bits of a field with a blank between their groups, in lines that fit their column.
-std::vector<std::string> rawLines(std::string_view bits, const std::vector<int>& groups) {
+std::vector<std::string> rawLines(std::string_view bits, std::span<const int> groups) {
     std::vector<std::string> lines(1);
     std::size_t group = 0;
     while (!bits.empty()) {
@@ -132,7 +132,7 @@ std::string humanSentence(const Result& result) {
     return sentence + ".\n";
 }
 
-std::string humanExplanation(const Explanation& explanation) {
+std::string humanExplanation(const WalkedBits& explanation) {
     const Walk& walk = explanation.walk;
     std::size_t nameWidth = 0;
     for (const ExplainedField& field : walk.fields) {

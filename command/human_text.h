@@ -18,7 +18,7 @@ std::string humanForms(const Result& result, bool raw);
 std::string humanSentence(const Result& result);
 
 // The fields of a value in columns.
-std::string humanExplanation(const Explanation& explanation);
+std::string humanExplanation(const WalkedBits& explanation);
 
 // Text with blanks behind it up to a width, counted in characters.
 std::string padded(std::string_view text, std::size_t width);

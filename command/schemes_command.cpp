@@ -10,16 +10,12 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-std::string_view reachText(SchemeReach reach) {
-    switch (reach) {
-    case SchemeReach::URI:
-        return "EPC URIs";
-    case SchemeReach::URI_GS1:
-        return "EPC URIs, element string, barcode string, Digital Link";
-    case SchemeReach::GS1_DATA:
-        break;
+std::string_view reachText(const SchemeInfo& entry) {
+    if (entry.isPlus) {
+        return "element string, barcode string, Digital Link, with further AIs";
     }
-    return "element string, barcode string, Digital Link, with further AIs";
+    return entry.hasGs1Texts ? "EPC URIs, element string, barcode string, Digital Link"
+                             : "EPC URIs";
 }
 
 std::string headerText(const SchemeEntry& entry) {
@@ -37,9 +33,9 @@ std::string filterText(const SchemeEntry& entry) {
 std::string schemeJson(const SchemeEntry& entry) {
     Json object = {{"number", entry.scheme}, {"name", entry.name}, {"header", headerText(entry)}};
     object["filterLimit"] = entry.filterLimit;
-    object["uri"] = entry.reach != SchemeReach::GS1_DATA;
-    object["gs1"] = entry.reach != SchemeReach::URI;
-    object["furtherAis"] = entry.reach == SchemeReach::GS1_DATA;
+    object["uri"] = entry.hasUris;
+    object["gs1"] = entry.hasGs1Texts;
+    object["furtherAis"] = entry.isPlus;
     return object.dump() + '\n';
 }
 
@@ -54,11 +50,11 @@ int schemesCommand(Output& output, const Arguments& arguments) {
     if (!arguments.isJson) {
         outputWrite(output, row("number", "scheme", "header", "filter", "converts to and from"));
     }
-    for (const SchemeEntry& entry : schemeEntries()) {
+    for (const SchemeEntry& entry : schemes()) {
         outputWrite(output, arguments.isJson
                                 ? schemeJson(entry)
                                 : row(std::to_string(entry.scheme), entry.name, headerText(entry),
-                                      filterText(entry), reachText(entry.reach)));
+                                      filterText(entry), reachText(entry)));
     }
     return EXIT_STATUS_GOOD;
 }

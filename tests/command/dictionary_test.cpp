@@ -44,7 +44,7 @@ bool filterIsTaken(const SchemeEntry& entry, int filter) {
 }
 
 TEST(SchemeDictionary, HasTheNamesLimitsAndReachOfTheLibrary) {
-    for (const SchemeEntry& entry : schemeEntries()) {
+    for (const SchemeEntry& entry : schemes()) {
         SCOPED_TRACE(entry.name);
         EpcScheme scheme = -1;
         ASSERT_STATUS(EPC_OK, epc_tagSchemeNameToEnum(std::string(entry.name).c_str(), &scheme));
@@ -61,8 +61,8 @@ TEST(SchemeDictionary, HasTheNamesLimitsAndReachOfTheLibrary) {
                        return hexExport(header.c_str(), size, dst);
                    }) != EPC_ERR_NOT_SUPPORTED;
         };
-        EXPECT_EQ(entry.reach != SchemeReach::GS1_DATA, isSupported(epc_hexToEpcTagUri));
-        EXPECT_EQ(entry.reach != SchemeReach::URI, isSupported(epc_hexToGs1ElementString));
+        EXPECT_EQ(entry.hasUris, isSupported(epc_hexToEpcTagUri));
+        EXPECT_EQ(entry.hasGs1Texts, isSupported(epc_hexToGs1ElementString));
     }
 }
 

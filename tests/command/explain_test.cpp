@@ -60,7 +60,7 @@ std::string uriEscaped(const std::string& text) {
 }
 
 // The tag URI that the fields of a plain scheme make up.
-std::string explainedUri(const Explanation& explanation) {
+std::string explainedUri(const WalkedBits& explanation) {
     const std::set<std::string> notInUri = {"header", "partition", "unused", "reserved",
                                             "behind the value"};
     std::string uri(TAG_URI_PREFIX);
@@ -78,7 +78,7 @@ std::string explainedUri(const Explanation& explanation) {
 // True if the library reads the value. In either case the explanation must agree.
 bool checkAgainstLibrary(const std::string& hex) {
     SCOPED_TRACE(hex);
-    const Explanation explanation = explainEpc(hex);
+    const WalkedBits explanation = explainEpc(hex);
     Forms forms;
     const Failure failure = formsOf({ValueForm::HEX, hex, {}}, std::nullopt, forms);
     EXPECT_EQ(!isFailure(failure), explanation.walk.isGood)
@@ -234,7 +234,7 @@ TEST(Explain, AgreesWithTheLibraryOnTids) {
             TidRecord record;
             const EpcStatus status = tid_binaryDecode(static_cast<std::int32_t>(8 * bytes.size()),
                                                       bytes.data(), &record);
-            const Explanation explanation = explainTid(hex);
+            const WalkedBits explanation = explainTid(hex);
             ASSERT_EQ(status == EPC_OK, explanation.walk.isGood) << explainFailure(explanation);
             ASSERT_TRUE(i > 0 || status == EPC_OK);
             if (status == EPC_OK) {

@@ -54,7 +54,7 @@ void walkNumberBehindOne(Walk& walk, const LayoutField& field) {
 
 void walkChars7(Walk& walk, const LayoutField& field, std::size_t count) {
     const std::string_view bits = walkTake(walk, std::string(field.name), 7 * count);
-    walk.fields.back().groups = {7};
+    walk.fields.back().groups = groupsOf(7);
     std::string text;
     bool hasEnded = false;
     for (std::size_t i = 0; i < bits.size(); i += 7) {
@@ -87,7 +87,7 @@ bool isHashRefused(char character, HashRule rule, std::size_t position) {
 // Six bits a character, up to a zero that must come behind most characters at the latest.
 void walkChars6(Walk& walk, const LayoutField& field, std::size_t most, HashRule rule) {
     walkTake(walk, std::string(field.name), 0);
-    walk.fields.back().groups = {6};
+    walk.fields.back().groups = groupsOf(6);
     std::string text;
     while (walkExtend(walk, 6)) {
         const std::string_view bits = walkLastBits(walk);
@@ -114,7 +114,7 @@ void walkChars6(Walk& walk, const LayoutField& field, std::size_t most, HashRule
 void walkCode(Walk& walk, const LayoutField& field, std::size_t charBits) {
     constexpr std::string_view alphabet = "ABCDEFGHJKLMNPQRSTUVWXYZ0123456789";
     walkTake(walk, std::string(field.name), 0);
-    walk.fields.back().groups = {static_cast<int>(charBits)};
+    walk.fields.back().groups = groupsOf(static_cast<std::size_t>(charBits));
     std::string code;
     for (int i = 0; i < 6 && walkExtend(walk, charBits); ++i) {
         const std::string_view bits = walkLastBits(walk);
@@ -264,8 +264,8 @@ const SchemeEntry* walkHeader(Walk& walk) {
 
 } // namespace
 
-Explanation explainEpc(std::string_view hexDigits) {
-    Explanation explanation{"", {bitsOfHex(hexDigits), 0, {}, true}};
+WalkedBits explainEpc(std::string_view hexDigits) {
+    WalkedBits explanation{"", {bitsOfHex(hexDigits), 0, {}, true}};
     Walk& walk = explanation.walk;
     const SchemeEntry* const scheme = walkHeader(walk);
     if (scheme == nullptr) {
@@ -283,7 +283,7 @@ Explanation explainEpc(std::string_view hexDigits) {
     return explanation;
 }
 
-std::string explainFailure(const Explanation& explanation) {
+std::string explainFailure(const WalkedBits& explanation) {
     const Walk& walk = explanation.walk;
     if (walk.isGood || walk.fields.empty()) {
         return {};

@@ -11,17 +11,17 @@
 
 namespace rosetag {
 
-struct Explanation {
+struct WalkedBits {
     std::string subject; // the scheme's name, "TID", or empty where the header says nothing
     Walk walk;
 };
 
-Explanation explainEpc(std::string_view hexDigits);
-Explanation explainTid(std::string_view hexDigits);
+WalkedBits explainEpc(std::string_view hexDigits);
+WalkedBits explainTid(std::string_view hexDigits);
 
 // The field at which an explanation failed, in words: "bits 11 to 13 (partition): ...". Empty
 // where it did not.
-std::string explainFailure(const Explanation& explanation);
+std::string explainFailure(const WalkedBits& explanation);
 
 } // namespace rosetag
 

@@ -35,13 +35,13 @@ std::string charactersOf(std::string_view bits, std::size_t width, std::string_v
 void walkCharacters(Walk& walk, const AiSubject& subject, std::size_t count, std::size_t width,
                     std::string_view alphabet) {
     const std::string_view bits = walkTake(walk, fieldName(subject, "text"), count * width);
-    walk.fields.back().groups = {static_cast<int>(width)};
+    walk.fields.back().groups = groupsOf(static_cast<std::size_t>(width));
     meanValue(walk, subject, charactersOf(bits, width, alphabet));
 }
 
 void walkIso646(Walk& walk, const AiSubject& subject, std::size_t count) {
     const std::string_view bits = walkTake(walk, fieldName(subject, "text"), count * 7);
-    walk.fields.back().groups = {7};
+    walk.fields.back().groups = groupsOf(7);
     std::string text;
     for (std::size_t i = 0; i < bits.size(); i += 7) {
         const auto character = static_cast<char>(numberOfBits(bits.substr(i, 7)));
@@ -57,7 +57,7 @@ void walkIso646(Walk& walk, const AiSubject& subject, std::size_t count) {
 
 void walkCode40(Walk& walk, const AiSubject& subject, std::size_t count) {
     const std::string_view bits = walkTake(walk, fieldName(subject, "text"), (count + 2) / 3 * 16);
-    walk.fields.back().groups = {16};
+    walk.fields.back().groups = groupsOf(16);
     std::string text;
     for (std::size_t i = 0; i < bits.size(); i += 16) {
         const std::uint64_t group = numberOfBits(bits.substr(i, 16));

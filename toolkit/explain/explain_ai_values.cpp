@@ -13,7 +13,7 @@ constexpr std::size_t mostAis = 20;
 
 void walkDigits(Walk& walk, const AiSubject& subject, std::size_t count) {
     walkTake(walk, fieldName(subject, "digits"), 0);
-    walk.fields.back().groups = {4};
+    walk.fields.back().groups = groupsOf(4);
     std::string digits;
     while (digits.size() < count && walkExtend(walk, 4)) {
         const std::string_view bits = walkLastBits(walk);
@@ -31,7 +31,7 @@ void walkDigitsThenText(Walk& walk, const AiSubject& subject, int maxLength) {
     constexpr std::uint64_t switchCode = 14;
     constexpr std::uint64_t endCode = 15;
     walkTake(walk, fieldName(subject, "digits"), 0);
-    walk.fields.back().groups = {4};
+    walk.fields.back().groups = groupsOf(4);
     std::string digits;
     std::uint64_t code = 0;
     while (walkExtend(walk, 4)) {
@@ -97,7 +97,7 @@ bool extendTime(Walk& walk, std::string& text, std::size_t fields) {
 
 void walkDate(Walk& walk, const AiSubject& subject, std::size_t timeFields) {
     walkTake(walk, fieldName(subject, timeFields == 0 ? "date" : "date, time"), 0);
-    walk.fields.back().groups = {7, 4, 5, 5, 6, 6};
+    walk.fields.back().groups = groupsOfDate;
     std::string text;
     if (extendDate(walk, text) && (timeFields == 0 || extendTime(walk, text, timeFields))) {
         meanValue(walk, subject, text);
@@ -127,7 +127,7 @@ void walkDateTimeVar(Walk& walk, const AiSubject& subject) {
 
 void walkLetters(Walk& walk, const AiSubject& subject) {
     walkTake(walk, fieldName(subject, "letters"), 0);
-    walk.fields.back().groups = {6};
+    walk.fields.back().groups = groupsOf(6);
     std::string letters;
     while (letters.size() < 2 && walkExtend(walk, 6)) {
         const std::string_view bits = walkLastBits(walk);
@@ -199,7 +199,7 @@ void walkPart(Walk& walk, const AiSubject& subject, const AiPart& part) {
 // few bits behind it for an SSCC is filling.
 std::string walkAiCode(Walk& walk) {
     walkTake(walk, "AI code", 0);
-    walk.fields.back().groups = {4};
+    walk.fields.back().groups = groupsOf(4);
     std::string code;
     std::size_t length = 2;
     while (code.size() < length && walkExtend(walk, 4)) {

@@ -20,7 +20,7 @@ void walkSerial(Walk& walk, std::string_view name, const TidState& state) {
         return;
     }
     const std::string_view bits = walkTake(walk, std::string(name), (state.serialization + 2) * 16);
-    walk.fields.back().groups = {16};
+    walk.fields.back().groups = groupsOf(16);
     walkMean(walk, hexOfBits(bits), hexOfBits(bits));
 }
 
@@ -84,8 +84,8 @@ bool isPresent(const Walk& walk, const TidSegment& segment) {
 
 } // namespace
 
-Explanation explainTid(std::string_view hexDigits) {
-    Explanation explanation{"TID", {bitsOfHex(hexDigits), 0, {}, true}};
+WalkedBits explainTid(std::string_view hexDigits) {
+    WalkedBits explanation{"TID", {bitsOfHex(hexDigits), 0, {}, true}};
     Walk& walk = explanation.walk;
     for (const TidSegment& segment : tidLayout()) {
         if (!isPresent(walk, segment)) {

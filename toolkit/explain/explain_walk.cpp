@@ -12,7 +12,14 @@ constexpr std::string_view characterSet82 = "!\"%&'()*+,-./0123456789:;<=>?"
                                             "ABCDEFGHIJKLMNOPQRSTUVWXYZ_abcdefghijklmnopqrstuvwxyz";
 constexpr std::string_view characterSet39 = "#-/0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 
+constexpr std::array<int, 5> groupWidths = {4, 6, 7, 8, 16};
+
 } // namespace
+
+std::span<const int> groupsOf(std::size_t width) {
+    const auto* const found = std::find(groupWidths.begin(), groupWidths.end(), width);
+    return {found, found == groupWidths.end() ? 0U : 1U};
+}
 
 std::string bitsOfHex(std::string_view hexDigits) {
     std::string bits;

@@ -5,6 +5,9 @@
 #ifndef ROSETAG_TOOLKIT_EXPLAIN_EXPLAIN_WALK_H
 #define ROSETAG_TOOLKIT_EXPLAIN_EXPLAIN_WALK_H
 
+#include <rosetag/toolkit.hpp>
+
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -12,16 +15,9 @@
 
 namespace rosetag {
 
-struct ExplainedField {
-    std::size_t first = 0;
-    std::size_t width = 0;
-    std::string name;
-    std::string meaning;     // in words
-    std::string value;       // what the field adds to a text form; may be empty
-    std::string ai;          // the AI whose value that is part of, or empty
-    std::vector<int> groups; // how the bits are set apart when shown, over and over; empty: not
-    bool isGood = true;
-};
+// How the bits of a field are set apart.
+inline constexpr std::array<int, 6> groupsOfDate = {7, 4, 5, 5, 6, 6};
+std::span<const int> groupsOf(std::size_t width);
 
 struct Walk {
     std::string bits; // characters 0 and 1

@@ -5,6 +5,8 @@
 #ifndef ROSETAG_TOOLKIT_RECOGNISE_BARCODE_TEXT_H
 #define ROSETAG_TOOLKIT_RECOGNISE_BARCODE_TEXT_H
 
+#include <rosetag/toolkit.hpp>
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,11 +15,6 @@ namespace rosetag {
 
 inline constexpr char GROUP_SEPARATOR = 29;
 inline constexpr std::string_view GROUP_SEPARATOR_SPELLED = "{GS}";
-
-struct AiValue {
-    std::string ai;
-    std::string value;
-};
 
 bool holdsGroupSeparator(std::string_view text);
 

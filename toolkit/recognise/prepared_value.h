@@ -8,11 +8,6 @@
 
 namespace rosetag {
 
-struct ReadOptions {
-    bool asBarcode = false; // a value without a mark is a barcode string
-    bool strict = false;    // links stay as they are
-};
-
 struct PreparedValue {
     ValueForm form = ValueForm::UNKNOWN;
     std::string text;

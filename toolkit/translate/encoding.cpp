@@ -129,7 +129,7 @@ std::string encodeUsageError(const EncodeRequest& request, ValueForm form) {
     if (request.filter.has_value() && scheme.filterLimit == 0) {
         return "--filter: " + std::string(scheme.name) + " has no filter";
     }
-    if (valueFormIsGs1(form) && scheme.reach == SchemeReach::URI_GS1 &&
+    if (valueFormIsGs1(form) && scheme.hasUris && scheme.hasGs1Texts &&
         !request.gcpLength.has_value()) {
         return std::string(valueFormName(form)) + " for " + std::string(scheme.name) + ' ' +
                std::string(gcpLengthMissing);

@@ -148,7 +148,7 @@ Failure failureOfBits(EpcStatus status, const std::string& digits) {
     if (status == EPC_ERR_TOO_LONG) {
         return failureOfHex(digits);
     }
-    const Explanation explanation = explainEpc(digits);
+    const WalkedBits explanation = explainEpc(digits);
     std::string message = explainFailure(explanation);
     if (message.empty()) {
         message = statusMeaning(status, {StatusSource::BITS});
@@ -217,7 +217,7 @@ Failure failureOfAiBits(EpcStatus status, const std::string& code, const std::st
     if (!code.empty() && aiEntryOf(code) == nullptr) {
         return {status, "GS1 has assigned no AI " + textForMessage(code)};
     }
-    Explanation explanation{"", {bitsOfHex(hexDigits), 0, {}, true}};
+    WalkedBits explanation{"", {bitsOfHex(hexDigits), 0, {}, true}};
     if (code.empty()) {
         walkDataSection(explanation.walk, 0);
     } else {

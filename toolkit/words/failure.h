@@ -8,19 +8,12 @@
 #include "recognise/value_form.h"
 #include "words/scheme_dictionary.h"
 
+#include <rosetag/toolkit.hpp>
+
 #include <string>
 #include <string_view>
 
 namespace rosetag {
-
-struct Failure {
-    EpcStatus status = EPC_OK; // EPC_OK: there is none
-    std::string message;
-};
-
-inline bool isFailure(const Failure& failure) {
-    return failure.status != EPC_OK;
-}
 
 // All of these give no failure for EPC_OK.
 

@@ -6,52 +6,50 @@ namespace rosetag {
 
 namespace {
 
-using enum SchemeReach;
-
 // clang-format off
 constexpr SchemeEntry entries[] = {
-    // scheme                  name         family    header  limit  reach
-    {EPC_SCHEME_SGTIN_96,     "sgtin-96",  "sgtin",   0x30,    8,    URI_GS1},
-    {EPC_SCHEME_SGTIN_198,    "sgtin-198", "sgtin",   0x36,    8,    URI_GS1},
-    {EPC_SCHEME_SSCC_96,      "sscc-96",   "sscc",    0x31,    8,    URI_GS1},
-    {EPC_SCHEME_SGLN_96,      "sgln-96",   "sgln",    0x32,    8,    URI_GS1},
-    {EPC_SCHEME_SGLN_195,     "sgln-195",  "sgln",    0x39,    8,    URI_GS1},
-    {EPC_SCHEME_GRAI_96,      "grai-96",   "grai",    0x33,    8,    URI_GS1},
-    {EPC_SCHEME_GRAI_170,     "grai-170",  "grai",    0x37,    8,    URI_GS1},
-    {EPC_SCHEME_GIAI_96,      "giai-96",   "giai",    0x34,    8,    URI_GS1},
-    {EPC_SCHEME_GIAI_202,     "giai-202",  "giai",    0x38,    8,    URI_GS1},
-    {EPC_SCHEME_GSRN_96,      "gsrn-96",   "gsrn",    0x2D,    8,    URI_GS1},
-    {EPC_SCHEME_GSRNP_96,     "gsrnp-96",  "gsrnp",   0x2E,    8,    URI_GS1},
-    {EPC_SCHEME_GDTI_96,      "gdti-96",   "gdti",    0x2C,    8,    URI_GS1},
-    {EPC_SCHEME_GDTI_113,     "gdti-113",  "gdti",    0x3A,    8,    URI_GS1},
-    {EPC_SCHEME_GDTI_174,     "gdti-174",  "gdti",    0x3E,    8,    URI_GS1},
-    {EPC_SCHEME_CPI_96,       "cpi-96",    "cpi",     0x3C,    8,    URI_GS1},
-    {EPC_SCHEME_CPI_VAR,      "cpi-var",   "cpi",     0x3D,    8,    URI_GS1},
-    {EPC_SCHEME_SGCN_96,      "sgcn-96",   "sgcn",    0x3F,    8,    URI_GS1},
-    {EPC_SCHEME_GID_96,       "gid-96",    "gid",     0x35,    0,    URI},
-    {EPC_SCHEME_USDOD_96,     "usdod-96",  "usdod",   0x2F,   16,    URI},
-    {EPC_SCHEME_ADI_VAR,      "adi-var",   "adi",     0x3B,   64,    URI},
-    {EPC_SCHEME_ITIP_110,     "itip-110",  "itip",    0x40,    8,    URI_GS1},
-    {EPC_SCHEME_ITIP_212,     "itip-212",  "itip",    0x41,    8,    URI_GS1},
-    {EPC_SCHEME_CPI_PLUS,     "cpi+",      "cpi",     0xF0,    8,    GS1_DATA},
-    {EPC_SCHEME_GRAI_PLUS,    "grai+",     "grai",    0xF1,    8,    GS1_DATA},
-    {EPC_SCHEME_SGLN_PLUS,    "sgln+",     "sgln",    0xF2,    8,    GS1_DATA},
-    {EPC_SCHEME_ITIP_PLUS,    "itip+",     "itip",    0xF3,    8,    GS1_DATA},
-    {EPC_SCHEME_GSRN_PLUS,    "gsrn+",     "gsrn",    0xF4,    8,    GS1_DATA},
-    {EPC_SCHEME_GSRNP_PLUS,   "gsrnp+",    "gsrnp",   0xF5,    8,    GS1_DATA},
-    {EPC_SCHEME_GDTI_PLUS,    "gdti+",     "gdti",    0xF6,    8,    GS1_DATA},
-    {EPC_SCHEME_SGTIN_PLUS,   "sgtin+",    "sgtin",   0xF7,    8,    GS1_DATA},
-    {EPC_SCHEME_SGCN_PLUS,    "sgcn+",     "sgcn",    0xF8,    8,    GS1_DATA},
-    {EPC_SCHEME_SSCC_PLUS,    "sscc+",     "sscc",    0xF9,    8,    GS1_DATA},
-    {EPC_SCHEME_GIAI_PLUS,    "giai+",     "giai",    0xFA,    8,    GS1_DATA},
-    {EPC_SCHEME_DSGTIN_PLUS,  "dsgtin+",   "dsgtin",  0xFB,    8,    GS1_DATA},
+    // scheme                  name         family    header  limit  URIs   GS1    plus
+    {EPC_SCHEME_SGTIN_96,     "sgtin-96",  "sgtin",   0x30,    8,    true,  true,  false},
+    {EPC_SCHEME_SGTIN_198,    "sgtin-198", "sgtin",   0x36,    8,    true,  true,  false},
+    {EPC_SCHEME_SSCC_96,      "sscc-96",   "sscc",    0x31,    8,    true,  true,  false},
+    {EPC_SCHEME_SGLN_96,      "sgln-96",   "sgln",    0x32,    8,    true,  true,  false},
+    {EPC_SCHEME_SGLN_195,     "sgln-195",  "sgln",    0x39,    8,    true,  true,  false},
+    {EPC_SCHEME_GRAI_96,      "grai-96",   "grai",    0x33,    8,    true,  true,  false},
+    {EPC_SCHEME_GRAI_170,     "grai-170",  "grai",    0x37,    8,    true,  true,  false},
+    {EPC_SCHEME_GIAI_96,      "giai-96",   "giai",    0x34,    8,    true,  true,  false},
+    {EPC_SCHEME_GIAI_202,     "giai-202",  "giai",    0x38,    8,    true,  true,  false},
+    {EPC_SCHEME_GSRN_96,      "gsrn-96",   "gsrn",    0x2D,    8,    true,  true,  false},
+    {EPC_SCHEME_GSRNP_96,     "gsrnp-96",  "gsrnp",   0x2E,    8,    true,  true,  false},
+    {EPC_SCHEME_GDTI_96,      "gdti-96",   "gdti",    0x2C,    8,    true,  true,  false},
+    {EPC_SCHEME_GDTI_113,     "gdti-113",  "gdti",    0x3A,    8,    true,  true,  false},
+    {EPC_SCHEME_GDTI_174,     "gdti-174",  "gdti",    0x3E,    8,    true,  true,  false},
+    {EPC_SCHEME_CPI_96,       "cpi-96",    "cpi",     0x3C,    8,    true,  true,  false},
+    {EPC_SCHEME_CPI_VAR,      "cpi-var",   "cpi",     0x3D,    8,    true,  true,  false},
+    {EPC_SCHEME_SGCN_96,      "sgcn-96",   "sgcn",    0x3F,    8,    true,  true,  false},
+    {EPC_SCHEME_GID_96,       "gid-96",    "gid",     0x35,    0,    true,  false, false},
+    {EPC_SCHEME_USDOD_96,     "usdod-96",  "usdod",   0x2F,   16,    true,  false, false},
+    {EPC_SCHEME_ADI_VAR,      "adi-var",   "adi",     0x3B,   64,    true,  false, false},
+    {EPC_SCHEME_ITIP_110,     "itip-110",  "itip",    0x40,    8,    true,  true,  false},
+    {EPC_SCHEME_ITIP_212,     "itip-212",  "itip",    0x41,    8,    true,  true,  false},
+    {EPC_SCHEME_CPI_PLUS,     "cpi+",      "cpi",     0xF0,    8,    false, true,  true},
+    {EPC_SCHEME_GRAI_PLUS,    "grai+",     "grai",    0xF1,    8,    false, true,  true},
+    {EPC_SCHEME_SGLN_PLUS,    "sgln+",     "sgln",    0xF2,    8,    false, true,  true},
+    {EPC_SCHEME_ITIP_PLUS,    "itip+",     "itip",    0xF3,    8,    false, true,  true},
+    {EPC_SCHEME_GSRN_PLUS,    "gsrn+",     "gsrn",    0xF4,    8,    false, true,  true},
+    {EPC_SCHEME_GSRNP_PLUS,   "gsrnp+",    "gsrnp",   0xF5,    8,    false, true,  true},
+    {EPC_SCHEME_GDTI_PLUS,    "gdti+",     "gdti",    0xF6,    8,    false, true,  true},
+    {EPC_SCHEME_SGTIN_PLUS,   "sgtin+",    "sgtin",   0xF7,    8,    false, true,  true},
+    {EPC_SCHEME_SGCN_PLUS,    "sgcn+",     "sgcn",    0xF8,    8,    false, true,  true},
+    {EPC_SCHEME_SSCC_PLUS,    "sscc+",     "sscc",    0xF9,    8,    false, true,  true},
+    {EPC_SCHEME_GIAI_PLUS,    "giai+",     "giai",    0xFA,    8,    false, true,  true},
+    {EPC_SCHEME_DSGTIN_PLUS,  "dsgtin+",   "dsgtin",  0xFB,    8,    false, true,  true},
 };
 // clang-format on
 static_assert(std::size(entries) == EPC_SCHEME_COUNT);
 
 } // namespace
 
-std::span<const SchemeEntry> schemeEntries() {
+std::span<const SchemeInfo> schemes() {
     return entries;
 }
 

@@ -7,7 +7,7 @@
 #ifndef ROSETAG_TOOLKIT_WORDS_SCHEME_DICTIONARY_H
 #define ROSETAG_TOOLKIT_WORDS_SCHEME_DICTIONARY_H
 
-#include <rosetag/rosetag.h>
+#include <rosetag/toolkit.hpp>
 
 #include <cstdint>
 #include <optional>
@@ -18,32 +18,15 @@
 
 namespace rosetag {
 
-// What a value of a scheme can be converted to and from.
-enum class SchemeReach {
-    URI,      // EPC URIs alone
-    URI_GS1,  // EPC URIs and the GS1 texts
-    GS1_DATA, // the GS1 texts with any further AIs, but no EPC URI
-};
+using SchemeEntry = SchemeInfo;
 
-struct SchemeEntry {
-    EpcScheme scheme;
-    std::string_view name;
-    std::string_view family; // the word of the pure identity URI
-    std::uint8_t header;
-    int filterLimit; // filters lie below it; 0: the scheme has none
-    SchemeReach reach;
-};
-
-std::span<const SchemeEntry> schemeEntries();
-
-const SchemeEntry* schemeByName(std::string_view name);
 const SchemeEntry* schemeByHeader(std::uint8_t header);
 
 // The plain schemes of a family, the shortest value first.
 std::vector<const SchemeEntry*> plainSchemesOfFamily(std::string_view family);
 
 inline bool schemeIsPlus(const SchemeEntry& entry) {
-    return entry.reach == SchemeReach::GS1_DATA;
+    return entry.isPlus;
 }
 
 // Width of the filter field and where it begins. A plus scheme has one bit in front of it.

@@ -1,0 +1,587 @@
+/**
+ * @file
+ * Rosetag's toolkit: whatever a value is, in all its forms, with its bits explained.
+ *
+ * The library of rosetag.h converts one form into another and has to be told which. The toolkit
+ * finds out what it was given, takes it the way people have it (with blanks, with a host, with a
+ * scanner's prefix), gives every form that it has, and says in words what is wrong with it:
+ *
+ *     const std::string value = "3074257BF7194E4000001A85";
+    const rosetag::Translation item = rosetag::translate(value);
+ *     std::cout << item.elementString;           // (01)80614141123458(21)6789
+ *     std::cout << rosetag::toJson(item, value); // all of it as a JSON object
+ *
+ * What follows holds for every function.
+ *
+ * Values. A value is any run of bytes; whatever it holds, the answer is a result or a failure. One
+ * of more than MAX_VALUE_LENGTH bytes is EPC_ERR_TOO_LONG. A value is read in place; a result keeps
+ * no view of it.
+ *
+ * Failures are values. Every result has a member failure. Its status is EPC_OK where the value was
+ * read; otherwise it says what is wrong, where, and what to do about it. After a failure the other
+ * members hold what was found out before it.
+ *
+ * Positions and lengths count bytes from 0 in the value as it was given, blanks, host and all.
+ * Positions of bits count from 0 at the first bit of the value.
+ *
+ * Notes say what a result does not show: what was left out, padded or taken off, and what looks
+ * wrong although it could be read. They have a kind for programs and a sentence for people.
+ *
+ * Options. Where a failure or a note goes away with another option, its member option names that
+ * one in lower case with underscores, as the members of ReadOptions and EncodeOptions are called
+ * here: "gcp_length". Sentences say it in words, so that each face can add its own spelling.
+ *
+ * Reuse. Each function exists twice: one returns its result, the other fills one that the caller
+ * has. The second clears it first and keeps its memory, so that a loop over many values allocates
+ * nothing once the strings have grown.
+ *
+ * The functions have no state, write nothing, read no file, clock, locale or environment, and start
+ * no threads; any number of threads may call them at the same time, each with its own result.
+ * They throw nothing themselves; std::string and std::vector do when memory runs out.
+ *
+ * JSON. Each result can be had as an object on one line. A key that has nothing to say is left out.
+ * Bytes that are not UTF-8 stand as U+FFFD. The keys are documented with each result; later
+ * versions may add some.
+ *
+ * Sources: GS1 General Specifications; GS1 Digital Link Standard: URI Syntax; EPC Tag Data
+ * Standard; EPC UHF Gen2 Air Interface Protocol.
+ */
+#ifndef ROSETAG_TOOLKIT_HPP
+#define ROSETAG_TOOLKIT_HPP
+
+#include "rosetag/rosetag.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace rosetag {
+
+/** The longest value that is looked at, in bytes. */
+inline constexpr std::size_t MAX_VALUE_LENGTH = std::size_t{1} << 20;
+
+/** The version of the toolkit that the program runs with, for example "1.0.0". */
+std::string_view version();
+
+/**
+ * A list that keeps its elements when it is cleared, with the memory that they hold. add() gives an
+ * element as it was left the last time.
+ */
+template <typename Element>
+class Rows {
+public:
+    Element& add() {
+        if (used == elements.size()) {
+            elements.emplace_back();
+        }
+        return elements[used++];
+    }
+    void clear() {
+        used = 0;
+    }
+    void removeLast() {
+        --used;
+    }
+    std::size_t size() const {
+        return used;
+    }
+    bool empty() const {
+        return used == 0;
+    }
+    Element& operator[](std::size_t index) {
+        return elements[index];
+    }
+    const Element& operator[](std::size_t index) const {
+        return elements[index];
+    }
+    Element& back() {
+        return elements[used - 1];
+    }
+    const Element& back() const {
+        return elements[used - 1];
+    }
+    Element* begin() {
+        return elements.data();
+    }
+    Element* end() {
+        return elements.data() + used;
+    }
+    const Element* begin() const {
+        return elements.data();
+    }
+    const Element* end() const {
+        return elements.data() + used;
+    }
+
+private:
+    std::vector<Element> elements;
+    std::size_t used = 0;
+};
+
+/*
+ * ---- Forms ----
+ */
+
+/** What a value can be given as, and what can be asked of it. */
+enum class Form : std::uint8_t {
+    HEX,            ///< The bits of a tag value as hexadecimal digits.
+    TAG_URI,        ///< urn:epc:tag:...
+    PURE_IDENTITY,  ///< urn:epc:id:...
+    ELEMENT_STRING, ///< (01)...(21)...
+    BARCODE_STRING, ///< What a scanner delivers.
+    DIGITAL_LINK,   ///< Path and query of a GS1 Digital Link; when given, also with its host.
+    GTIN,           ///< 14 digits; when given, also 8, 12 or 13.
+    AIS,            ///< The AIs and their values. Only asked for.
+    SERIAL,         ///< What tells one object from the others of its key. Only asked for.
+    FITS_SCHEMES,   ///< The schemes that can hold an identity. Only asked for.
+    TID,            ///< The TID memory of a tag in hex. Only given.
+    UNKNOWN,        ///< Nothing that is known here. Only given.
+};
+
+/** A set of forms: Form::TAG_URI | Form::HEX. */
+class FormSet {
+public:
+    constexpr FormSet() = default;
+    constexpr FormSet(Form form) : bits(1U << static_cast<unsigned>(form)) {} // NOLINT: meant
+    constexpr bool has(Form form) const {
+        return (bits >> static_cast<unsigned>(form) & 1U) != 0;
+    }
+    constexpr bool hasAny(FormSet others) const {
+        return (bits & others.bits) != 0;
+    }
+    friend constexpr FormSet operator|(FormSet one, FormSet other) {
+        one.bits |= other.bits;
+        return one;
+    }
+    friend constexpr bool operator==(FormSet one, FormSet other) = default;
+
+private:
+    std::uint32_t bits = 0;
+};
+
+constexpr FormSet operator|(Form one, Form other) {
+    return FormSet(one) | FormSet(other);
+}
+
+/** Every form that can be asked for. */
+inline constexpr FormSet ALL_FORMS =
+    Form::HEX | Form::TAG_URI | Form::PURE_IDENTITY | Form::ELEMENT_STRING | Form::BARCODE_STRING |
+    Form::DIGITAL_LINK | Form::GTIN | Form::AIS | Form::SERIAL | Form::FITS_SCHEMES;
+
+/** The word of a form, which is its JSON key and its column name too: "tag_uri". */
+std::string_view formWord(Form form);
+
+/** The form that a word names, Form::UNKNOWN for none. "-" is taken for "_". */
+Form formByWord(std::string_view word);
+
+/** A form in words, with its article: "an EPC tag URI". */
+std::string_view formName(Form form);
+
+/*
+ * ---- Schemes and AIs ----
+ */
+
+/** What is known of a tag scheme. */
+struct SchemeInfo {
+    EpcScheme scheme;        ///< EPC_SCHEME_SGTIN_96 and so on.
+    std::string_view name;   ///< "sgtin-96"
+    std::string_view family; ///< The word of the pure identity URI: "sgtin".
+    std::uint8_t header;     ///< The first eight bits of a value.
+    int filterLimit;         ///< Filters are below it; 0: the scheme has no filter.
+    bool hasUris;            ///< It converts to and from EPC URIs.
+    bool hasGs1Texts;        ///< It converts to and from the GS1 texts.
+    bool isPlus;             ///< It can hold further AIs, and no URI.
+};
+
+/** All schemes in the order of EpcScheme: element n has the scheme n. */
+std::span<const SchemeInfo> schemes();
+
+/** The scheme with exactly this name, or null. */
+const SchemeInfo* schemeByName(std::string_view name);
+
+/** The short title of an AI, "SERIAL" for "21"; empty for a code that GS1 has not assigned. */
+std::string_view aiTitle(std::string_view code);
+
+/** An AI, its value as in an element string, and its title. */
+struct AiValue {
+    std::string ai{};
+    std::string value{};
+    std::string_view title{};
+};
+
+/*
+ * ---- Failures and notes ----
+ */
+
+/** Why there is no result. failureText puts it into a sentence. */
+struct Failure {
+    EpcStatus status = EPC_OK; ///< EPC_OK: there is none.
+    std::string message{};     ///< What is wrong and which rule says so, in words.
+    std::string remedy{};      ///< What to do about it; may be empty.
+    std::size_t position = 0;  ///< Where in the value as given.
+    std::size_t length = 0;    ///< 0: between two bytes, or at the end.
+    std::string culprit{};     ///< The bytes that stand there; may be empty.
+    std::string_view option{}; ///< The option that helps; may be empty.
+    bool isOfOptions = false;  ///< Not the value is at fault, but the options.
+};
+
+inline bool isFailure(const Failure& failure) {
+    return failure.status != EPC_OK;
+}
+
+/** A failure on one line: place, culprit, message and remedy. Control characters are spelled. */
+std::string failureText(const Failure& failure);
+
+/** How much a note or a finding matters. */
+enum class Severity : std::uint8_t {
+    NOTE,    ///< What was done to the value on the way.
+    WARNING, ///< It was read, and looks wrong.
+    ERROR,   ///< It breaks a rule.
+};
+
+/** "note", "warning", "error". */
+std::string_view severityWord(Severity severity);
+
+/** What a note is about. */
+enum class NoteKind : std::uint8_t {
+    BLANKS,          ///< Blanks around the value were taken off.
+    LEFT_OUT,        ///< Parts of a link that are no AI were left out.
+    PADDED,          ///< A GTIN was padded to 14 digits.
+    SEVERAL_KEYS,    ///< A link could begin at several places.
+    NEEDS_GCP_LENGTH ///< With gcp_length there would be a pure identity URI.
+};
+
+/** The word of a kind: "left_out". */
+std::string_view noteWord(NoteKind kind);
+
+struct Note {
+    NoteKind kind = NoteKind::BLANKS;
+    Severity severity = Severity::NOTE;
+    std::string text;         ///< A sentence without a full stop.
+    std::size_t position = 0; ///< What it is about, in the value as given.
+    std::size_t length = 0;
+    std::string_view option; ///< The option that it names; may be empty.
+};
+
+/*
+ * ---- Recognising ----
+ */
+
+/** How a value is to be read. */
+struct ReadOptions {
+    bool asBarcode = false;       ///< Digits without any mark are a barcode string, not hex.
+    bool strict = false;          ///< Links are taken as they are: nothing is left out or padded.
+    std::optional<int> gcpLength; ///< Digits of the GS1 company prefix, 6 to 12.
+};
+
+/** What a value is. */
+struct Recognition {
+    Failure failure;
+    Form form = Form::UNKNOWN;
+    std::string text; ///< The value as the library takes it, in the syntax of its form.
+    Rows<Note> notes;
+};
+
+/**
+ * Says what a value is by its look; whether it can be read is not looked at.
+ *
+ *     value    the value.
+ *     options  how to read it.
+ *     result   receives form, text and notes.
+ *
+ * EPC_ERR_TOO_LONG       more than MAX_VALUE_LENGTH bytes
+ * EPC_ERR_BAD_CHARACTER  a NUL, or a character that is no hexadecimal digit in hex
+ * EPC_ERR_BAD_FORMAT     nothing that is known; position is where it stopped making sense
+ *
+ * Example:
+ *
+ *     rosetag::recognise("https://example.com/01/9506000134352").form
+ *     // is Form::DIGITAL_LINK; text is "/01/09506000134352"
+ *
+ * JSON: value, form, text, notes; after a failure value, form and the keys of a failure.
+ */
+void recognise(std::string_view value, const ReadOptions& options, Recognition& result);
+Recognition recognise(std::string_view value, const ReadOptions& options = {});
+
+/*
+ * ---- Translating ----
+ */
+
+/** A value in its forms. One that it does not have, or that was not asked for, is empty. */
+struct Translation {
+    Failure failure;
+    Form form = Form::UNKNOWN;          ///< What was given.
+    const SchemeInfo* scheme = nullptr; ///< Of a tag value; null where there is none.
+    std::optional<int> filter;          ///< Of a tag value whose scheme has one.
+    int bits = 0;                       ///< The length of a tag value as hex, 8 bits a byte.
+    std::string hex;
+    std::string tagUri;
+    std::string pureIdentity;
+    std::string elementString;
+    std::string barcodeString; ///< With character 29, GS, after values of variable length.
+    std::string digitalLink;
+    std::string gtin;
+    std::string serial;
+    Rows<AiValue> ais;
+    Rows<const SchemeInfo*> fitsSchemes;
+    Rows<Note> notes;
+    FormSet asked;
+    std::string scratch; ///< Room for the work.
+};
+
+/** The text of a form that is one text; empty for AIS and FITS_SCHEMES. */
+std::string_view formText(const Translation& translation, Form form);
+
+/** The value of an AI of a translation that was asked for Form::AIS; empty if it is not there. */
+std::string_view aiValueOf(const Translation& translation, std::string_view ai);
+
+/**
+ * Translates a value into the forms that it has.
+ *
+ *     value    the value in any form.
+ *     options  how to read it. gcpLength gives GS1 texts their pure identity URI.
+ *     wanted   the forms to compute; no other costs anything.
+ *     result   receives them, and form, scheme, filter, bits and notes in any case.
+ *
+ * EPC_OK                 the value was read. A form that it does not have is empty.
+ * the statuses of recognise
+ * EPC_ERR_...            as the functions of rosetag.h say of that form
+ *
+ * Example:
+ *
+ *     rosetag::Translation item; // outside of the loop
+ *     rosetag::translate("(01)80614141123458(21)6789", {}, rosetag::Form::DIGITAL_LINK, item);
+ *     // item.digitalLink is "/01/80614141123458/21/6789"
+ *
+ * JSON: value, form, scheme, filter, bits, each form that was asked for by its word, ais as an
+ * array of objects with ai, title and value, fits_schemes as an array of names, notes.
+ */
+void translate(std::string_view value, const ReadOptions& options, FormSet wanted,
+               Translation& result);
+Translation translate(std::string_view value, const ReadOptions& options = {},
+                      FormSet wanted = ALL_FORMS);
+
+/** A sentence that says what was given: "an EPC value in hex, scheme sgtin-96". */
+std::string describe(const Translation& translation);
+
+/*
+ * ---- Encoding ----
+ */
+
+/** What a text does not tell of the tag value that it becomes. */
+struct EncodeOptions {
+    ReadOptions read;                   ///< gcpLength counts here too.
+    const SchemeInfo* scheme = nullptr; ///< Null: the value is a tag value and keeps its own.
+    std::optional<int> filter;          ///< None: that of a tag value, otherwise 0.
+    int encoding = AI_ENC_AUTO;         ///< AI_ENC_...: of the texts of a plus scheme.
+};
+
+/**
+ * Makes a tag value.
+ *
+ *     value    the value in any form.
+ *     options  the scheme and what else it needs.
+ *     wanted   the forms of the tag value to compute; hex is always among them.
+ *     result   receives them, and form, scheme, filter, bits and notes in any case. form is what
+ * was given.
+ *
+ * the statuses of recognise
+ * EPC_ERR_UNKNOWN_SCHEME   the options name no scheme, and the value does not say one
+ * EPC_ERR_BAD_PARTITION    the options do not say the length of the company prefix
+ * EPC_ERR_SCHEME_MISMATCH  a tag URI is of another scheme than the options name
+ * EPC_ERR_FILTER_FIELD     a tag URI has another filter than the options name
+ * EPC_ERR_CHECK_DIGIT      a check digit is wrong
+ * EPC_ERR_...              as the functions of rosetag.h say of that form
+ *
+ * The first two have isOfOptions set.
+ *
+ * Example:
+ *
+ *     rosetag::EncodeOptions options;
+ *     options.scheme = rosetag::schemeByName("sgtin-96");
+ *     options.filter = 3;
+ *     options.read.gcpLength = 7;
+ *     rosetag::encode("(01)80614141123458(21)6789", options).hex
+ *     // is "3074257BF7194E4000001A85"
+ *
+ * JSON: as of translate.
+ */
+void encode(std::string_view value, const EncodeOptions& options, FormSet wanted,
+            Translation& result);
+Translation encode(std::string_view value, const EncodeOptions& options,
+                   FormSet wanted = Form::HEX);
+
+/** Appends hexadecimal digits as 16-bit words of four digits, a blank between them. */
+void appendWords(std::string& text, std::string_view hex);
+
+/** Appends hexadecimal digits as the characters 0 and 1, filled up to whole bytes. */
+void appendBits(std::string& text, std::string_view hex);
+
+/*
+ * ---- Explaining ----
+ */
+
+/** A field of a tag value, of an AI value or of a TID. */
+struct ExplainedField {
+    std::size_t first = 0;       ///< The first bit.
+    std::size_t width = 0;       ///< In bits; 0 where the bits ended.
+    std::string name;            ///< "company prefix"
+    std::string meaning;         ///< In words; what is wrong where isGood is false.
+    std::string value;           ///< What the field adds to a text form; may be empty.
+    std::string ai;              ///< The AI whose value that is part of; may be empty.
+    std::span<const int> groups; ///< How its bits are set apart, over and over; empty: not at all.
+    bool isGood = true;
+};
+
+/** The bits of a value field by field. Where a field is wrong it is the last. */
+struct Explanation {
+    Failure failure;
+    Form form = Form::UNKNOWN;          ///< What was given.
+    const SchemeInfo* scheme = nullptr; ///< Null for a TID, an AI value and an unknown header.
+    std::string hex;
+    std::string bits; ///< The characters 0 and 1, whole bytes.
+    Rows<ExplainedField> fields;
+    Rows<Note> notes;
+};
+
+/**
+ * Explains the bits of a tag value (hex or tag URI) or of a TID field by field.
+ *
+ *     value    the value.
+ *     options  how to read it.
+ *     result   receives the fields as far as they make sense.
+ *
+ * EPC_ERR_BAD_FORMAT     the value has no bits before it is encoded for a scheme
+ * the statuses of recognise and translate
+ *
+ * Example:
+ *
+ *     rosetag::explain("3074257BF7194E4000001A85").fields[3]
+ *     // has the name "company prefix", the bits 14 to 37 and the meaning "0614141"
+ *
+ * JSON: value, form, scheme, hex, fields as an array of objects with first, width, name, bits,
+ * meaning, value, ai and good, notes.
+ */
+void explain(std::string_view value, const ReadOptions& options, Explanation& result);
+Explanation explain(std::string_view value, const ReadOptions& options = {});
+
+/*
+ * ---- Single AI values ----
+ */
+
+/** The value of an AI, in text and in bits. */
+struct AiTranslation {
+    Failure failure;
+    AiValue ai;
+    std::string hex;
+    int bits = 0; ///< 0: not known.
+};
+
+/**
+ * Makes the bits of a value as the plus schemes carry it.
+ *
+ *     ai        the code of the AI.
+ *     value     its value, as in an element string. Failures have their position in it.
+ *     withCode  the bits begin with the digits of the code, four bits each.
+ *     encoding  AI_ENC_...: how texts are encoded.
+ *
+ * EPC_ERR_UNKNOWN_AI  GS1 has not assigned the AI
+ * EPC_ERR_...         as epc_AIToHexEnc says
+ *
+ * Example:
+ *
+ *     rosetag::encodeAi("21", "ABCG").hex // is "64001086", of 32 bits
+ *
+ * JSON: ai, title, value, hex, bits.
+ */
+AiTranslation encodeAi(std::string_view ai, std::string_view value, bool withCode = false,
+                       int encoding = AI_ENC_AUTO);
+
+/**
+ * Reads the bits of a value.
+ *
+ *     hex  the bits. Failures have their position in it.
+ *     ai   the code of the AI; empty: the bits begin with it.
+ *
+ * EPC_ERR_UNKNOWN_AI  GS1 has not assigned the AI
+ * EPC_ERR_...         as epc_hexValueToAI and epc_plusAidcHexToAI say
+ *
+ * Example:
+ *
+ *     rosetag::decodeAi("2164001086").ai.value // is "ABCG"
+ *
+ * JSON: ai, title, value, hex.
+ */
+AiTranslation decodeAi(std::string_view hex, std::string_view ai = {});
+
+/*
+ * ---- TID ----
+ */
+
+/** What the TID memory of a tag says. */
+struct Tid {
+    Failure failure;
+    std::string hex;
+    TidRecord record{};
+};
+
+/** The members of TidRecord::mdid. */
+inline constexpr unsigned TID_XTID_MASK = 0x800;
+inline constexpr unsigned TID_SECURITY_MASK = 0x400;
+inline constexpr unsigned TID_FILE_MASK = 0x200;
+inline constexpr unsigned TID_DESIGNER_MASK = 0x1FF;
+
+/**
+ * Reads the TID memory of a tag.
+ *
+ *     hex     the memory from its first word on, in hex.
+ *     result  receives the record.
+ *
+ * EPC_ERR_...  as tid_binaryDecode says
+ *
+ * Example:
+ *
+ *     rosetag::tid("E2003412").record.tmid // is 0x412
+ *
+ * JSON: value, mdid, tmid, xtid, serial_bits, serial, and the other members of TidRecord in lower
+ * case with underscores.
+ */
+void tid(std::string_view hex, Tid& result);
+Tid tid(std::string_view hex);
+
+/*
+ * ---- JSON ----
+ */
+
+/**
+ * Appends a result as a JSON object without a line end.
+ *
+ *     value  the value that it is the result of, as it was given.
+ *     line   the number of its line, as the first key, line; 0: none.
+ *
+ * The keys of a failure are status, message, remedy, position, length and culprit; those of a note
+ * are kind, severity, text, position and length.
+ */
+void appendJson(std::string& json, const Recognition& result, std::string_view value);
+void appendJson(std::string& json, const Translation& result, std::string_view value,
+                std::uint64_t line = 0);
+void appendJson(std::string& json, const Explanation& result, std::string_view value);
+void appendJson(std::string& json, const AiTranslation& result);
+void appendJson(std::string& json, const Tid& result, std::string_view value);
+void appendJson(std::string& json, const SchemeInfo& scheme);
+
+/** The same as a string of its own, from the arguments after the first. */
+template <typename... Arguments>
+std::string toJson(const Arguments&... arguments) {
+    std::string json;
+    appendJson(json, arguments...);
+    return json;
+}
+
+} // namespace rosetag
+
+#endif

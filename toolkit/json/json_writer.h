@@ -1,0 +1,40 @@
+/*
+ * Writes JSON into a string, with no white space. Commas come by themselves; that every object and
+ * array is ended is up to the caller.
+ *
+ * Source: RFC 8259.
+ */
+#ifndef ROSETAG_TOOLKIT_JSON_JSON_WRITER_H
+#define ROSETAG_TOOLKIT_JSON_JSON_WRITER_H
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace rosetag {
+
+struct JsonWriter {
+    std::string& text;
+    bool needsComma = false; // before the next key or element
+};
+
+void jsonBegin(JsonWriter& json, char bracket);
+void jsonEnd(JsonWriter& json, char bracket);
+
+// Begins a member. key needs no escapes.
+void jsonKey(JsonWriter& json, std::string_view key);
+
+// Values. Bytes that are not UTF-8 stand as U+FFFD.
+void jsonText(JsonWriter& json, std::string_view text);
+void jsonNumber(JsonWriter& json, std::uint64_t number);
+void jsonBool(JsonWriter& json, bool value);
+
+// Members, and a member that is left out where the text is empty.
+void jsonMember(JsonWriter& json, std::string_view key, std::string_view text);
+void jsonMemberIfAny(JsonWriter& json, std::string_view key, std::string_view text);
+void jsonMember(JsonWriter& json, std::string_view key, std::uint64_t number);
+void jsonMemberBool(JsonWriter& json, std::string_view key, bool value);
+
+} // namespace rosetag
+
+#endif

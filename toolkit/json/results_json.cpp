@@ -1,0 +1,251 @@
+/*
+ * The results of the toolkit as JSON objects.
+ */
+#include "json/json_writer.h"
+
+#include <rosetag/toolkit.hpp>
+
+#include <array>
+
+namespace rosetag {
+
+namespace {
+
+constexpr std::array<Form, 8> textForms = {
+    Form::TAG_URI,      Form::PURE_IDENTITY, Form::ELEMENT_STRING, Form::BARCODE_STRING,
+    Form::DIGITAL_LINK, Form::HEX,           Form::GTIN,           Form::SERIAL,
+};
+
+void putFailure(JsonWriter& json, const Failure& failure) {
+    jsonMember(json, "status", epc_statusName(failure.status));
+    jsonMember(json, "message", failure.message);
+    jsonMemberIfAny(json, "remedy", failure.remedy);
+    jsonMember(json, "position", failure.position);
+    jsonMember(json, "length", failure.length);
+    jsonMemberIfAny(json, "culprit", failure.culprit);
+    jsonMemberIfAny(json, "option", failure.option);
+}
+
+void putNotes(JsonWriter& json, const Rows<Note>& notes) {
+    if (notes.empty()) {
+        return;
+    }
+    jsonKey(json, "notes");
+    jsonBegin(json, '[');
+    for (const Note& note : notes) {
+        jsonBegin(json, '{');
+        jsonMember(json, "kind", noteWord(note.kind));
+        jsonMember(json, "severity", severityWord(note.severity));
+        jsonMember(json, "text", note.text);
+        jsonMember(json, "position", note.position);
+        jsonMember(json, "length", note.length);
+        jsonMemberIfAny(json, "option", note.option);
+        jsonEnd(json, '}');
+    }
+    jsonEnd(json, ']');
+}
+
+void putAi(JsonWriter& json, const AiValue& ai) {
+    jsonMember(json, "ai", ai.ai);
+    jsonMember(json, "title", ai.title);
+    jsonMember(json, "value", ai.value);
+}
+
+void putAis(JsonWriter& json, const Rows<AiValue>& ais) {
+    if (ais.empty()) {
+        return;
+    }
+    jsonKey(json, formWord(Form::AIS));
+    jsonBegin(json, '[');
+    for (const AiValue& ai : ais) {
+        jsonBegin(json, '{');
+        putAi(json, ai);
+        jsonEnd(json, '}');
+    }
+    jsonEnd(json, ']');
+}
+
+void putSchemeNames(JsonWriter& json, const Rows<const SchemeInfo*>& schemes) {
+    if (schemes.empty()) {
+        return;
+    }
+    jsonKey(json, formWord(Form::FITS_SCHEMES));
+    jsonBegin(json, '[');
+    for (const SchemeInfo* scheme : schemes) {
+        jsonText(json, scheme->name);
+    }
+    jsonEnd(json, ']');
+}
+
+void putForms(JsonWriter& json, const Translation& result) {
+    if (result.scheme != nullptr) {
+        jsonMember(json, "scheme", result.scheme->name);
+    }
+    if (result.filter.has_value()) {
+        jsonMember(json, "filter", static_cast<std::uint64_t>(*result.filter));
+    }
+    for (const Form form : textForms) {
+        if (result.asked.has(form)) {
+            jsonMemberIfAny(json, formWord(form), formText(result, form));
+        }
+    }
+    if (result.bits != 0) {
+        jsonMember(json, "bits", static_cast<std::uint64_t>(result.bits));
+    }
+    putAis(json, result.ais);
+    putSchemeNames(json, result.fitsSchemes);
+}
+
+void putField(JsonWriter& json, const Explanation& result, const ExplainedField& field) {
+    jsonBegin(json, '{');
+    jsonMember(json, "first", field.first);
+    jsonMember(json, "width", field.width);
+    jsonMember(json, "name", field.name);
+    jsonMember(json, "bits", std::string_view(result.bits).substr(field.first, field.width));
+    jsonMember(json, "meaning", field.meaning);
+    jsonMemberIfAny(json, "value", field.value);
+    jsonMemberIfAny(json, "ai", field.ai);
+    jsonMemberBool(json, "good", field.isGood);
+    jsonEnd(json, '}');
+}
+
+void putBlocks(JsonWriter& json, std::string_view key, const TidBlockInfo& block) {
+    jsonKey(json, key);
+    jsonBegin(json, '{');
+    jsonMember(json, "max_block_size", block.maxBlockSize);
+    jsonMemberBool(json, "variable_size", block.variableSize != 0);
+    jsonMember(json, "epc_address_offset", block.epcAddressOffset);
+    jsonMemberBool(json, "no_epc_alignment", block.noEpcAlignment != 0);
+    jsonMember(json, "user_address_offset", block.userAddressOffset);
+    jsonMemberBool(json, "no_user_alignment", block.noUserAlignment != 0);
+    jsonEnd(json, '}');
+}
+
+void putOptionalCommands(JsonWriter& json, const TidRecord& record) {
+    jsonKey(json, "optional_commands");
+    jsonBegin(json, '{');
+    jsonMember(json, "max_epc_size", record.maxEpcSize);
+    jsonMemberBool(json, "recom_support", record.recomSupport != 0);
+    jsonMemberBool(json, "access_support", record.accessSupport != 0);
+    jsonMemberBool(json, "separate_lockbits", record.separateLockbits != 0);
+    jsonMemberBool(json, "auto_umi_support", record.autoUmiSupport != 0);
+    jsonMemberBool(json, "pjm_support", record.pjmSupport != 0);
+    jsonMemberBool(json, "block_write_supported", record.blockWriteSupported != 0);
+    jsonMemberBool(json, "block_erase_supported", record.blockEraseSupported != 0);
+    jsonMemberBool(json, "block_perma_lock_supported", record.blockPermaLockSupported != 0);
+    jsonEnd(json, '}');
+}
+
+void putTid(JsonWriter& json, const TidRecord& record) {
+    jsonMember(json, "mdid", record.mdid);
+    jsonMember(json, "tmid", record.tmid);
+    jsonMemberBool(json, "xtid", (record.mdid & TID_XTID_MASK) != 0);
+    jsonMember(json, "serial_bits", record.serialBits);
+    jsonMember(json, "serial", record.serial);
+    if (record.hasOptionalCommands != 0) {
+        putOptionalCommands(json, record);
+    }
+    putBlocks(json, "block_erase", record.blockErase);
+    putBlocks(json, "block_write", record.blockWrite);
+    jsonMember(json, "user_memory_size", record.userMemorySize);
+    jsonMember(json, "block_perma_lock_block_size", record.blockPermaLockBlockSize);
+}
+
+} // namespace
+
+void appendJson(std::string& text, const Recognition& result, std::string_view value) {
+    JsonWriter json{text};
+    jsonBegin(json, '{');
+    jsonMember(json, "value", value);
+    jsonMember(json, "form", formWord(result.form));
+    if (isFailure(result.failure)) {
+        putFailure(json, result.failure);
+    } else {
+        jsonMember(json, "text", result.text);
+    }
+    putNotes(json, result.notes);
+    jsonEnd(json, '}');
+}
+
+void appendJson(std::string& text, const Translation& result, std::string_view value,
+                std::uint64_t line) {
+    JsonWriter json{text};
+    jsonBegin(json, '{');
+    if (line != 0) {
+        jsonMember(json, "line", line);
+    }
+    jsonMember(json, "value", value);
+    jsonMember(json, "form", formWord(result.form));
+    if (isFailure(result.failure)) {
+        putFailure(json, result.failure);
+    } else {
+        putForms(json, result);
+    }
+    putNotes(json, result.notes);
+    jsonEnd(json, '}');
+}
+
+void appendJson(std::string& text, const Explanation& result, std::string_view value) {
+    JsonWriter json{text};
+    jsonBegin(json, '{');
+    jsonMember(json, "value", value);
+    jsonMember(json, "form", formWord(result.form));
+    if (result.scheme != nullptr) {
+        jsonMember(json, "scheme", result.scheme->name);
+    }
+    jsonMemberIfAny(json, "hex", result.hex);
+    jsonKey(json, "fields");
+    jsonBegin(json, '[');
+    for (const ExplainedField& field : result.fields) {
+        putField(json, result, field);
+    }
+    jsonEnd(json, ']');
+    if (isFailure(result.failure)) {
+        putFailure(json, result.failure);
+    }
+    putNotes(json, result.notes);
+    jsonEnd(json, '}');
+}
+
+void appendJson(std::string& text, const AiTranslation& result) {
+    JsonWriter json{text};
+    jsonBegin(json, '{');
+    putAi(json, result.ai);
+    jsonMemberIfAny(json, "hex", result.hex);
+    if (isFailure(result.failure)) {
+        putFailure(json, result.failure);
+    } else if (result.bits != 0) {
+        jsonMember(json, "bits", static_cast<std::uint64_t>(result.bits));
+    }
+    jsonEnd(json, '}');
+}
+
+void appendJson(std::string& text, const Tid& result, std::string_view value) {
+    JsonWriter json{text};
+    jsonBegin(json, '{');
+    jsonMember(json, "value", value);
+    if (isFailure(result.failure)) {
+        putFailure(json, result.failure);
+    } else {
+        putTid(json, result.record);
+    }
+    jsonEnd(json, '}');
+}
+
+void appendJson(std::string& text, const SchemeInfo& scheme) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    const std::array<char, 4> header = {'0', 'x', digits[scheme.header >> 4],
+                                        digits[scheme.header & 15]};
+    JsonWriter json{text};
+    jsonBegin(json, '{');
+    jsonMember(json, "number", static_cast<std::uint64_t>(scheme.scheme));
+    jsonMember(json, "name", scheme.name);
+    jsonMember(json, "header", std::string_view(header.data(), header.size()));
+    jsonMember(json, "filter_limit", static_cast<std::uint64_t>(scheme.filterLimit));
+    jsonMemberBool(json, "uri", scheme.hasUris);
+    jsonMemberBool(json, "gs1", scheme.hasGs1Texts);
+    jsonMemberBool(json, "further_ais", scheme.isPlus);
+    jsonEnd(json, '}');
+}
+
+} // namespace rosetag
