@@ -1,6 +1,6 @@
 /*
- * The field of a CAGE code (five characters) or DoDAAC code (six characters): six characters of
- * equal width, a code of five behind a space. In text the code stands bare.
+ * A CAGE code (five characters) or DoDAAC code (six characters) in six characters of equal width: a
+ * code of five follows a space. The space does not appear in text.
  *
  * Source: EPC Tag Data Standard, sections 14.3 and 14.4 ("CAGE code or DoDAAC" methods).
  */

@@ -1,7 +1,7 @@
 /*
- * Fields that hold a string of packed characters: 7-bit characters of character set 82 in a field
- * of fixed length, filled up with zeros, and 6-bit characters of character set 39 up to a
- * terminator of zero. In URI text they are percent-escaped.
+ * Fields that hold a string: 7-bit characters of character set 82 in a field of fixed length,
+ * padded with zeros, and 6-bit characters of character set 39 with a zero after the last. URI text
+ * has percent escapes for some of them.
  *
  * Source: EPC Tag Data Standard, sections 14.3 and 14.4 (encoding and decoding methods) and
  * appendix G (6-bit characters).
@@ -21,7 +21,7 @@ constexpr std::int32_t CHAR6_BITS = 6;
 // Where "#" is allowed in a string of 6-bit characters.
 enum class HashRule : std::uint8_t { HASH_ANYWHERE, HASH_NEVER, HASH_FIRST_ONLY };
 
-// What a field of 6-bit characters takes.
+// What a field of 6-bit characters accepts.
 struct Chars6Rule {
     std::int32_t maxChars;
     bool allowEmpty;
@@ -36,12 +36,12 @@ constexpr std::uint64_t char6ToBits(char character) {
     return static_cast<unsigned char>(character) & 0x3F;
 }
 
-// 1 to maxChars characters in a field of maxChars positions. The writer leaves unread what does not
+// 1 to maxChars characters in a field of maxChars positions. The writer does not read what does not
 // fit.
 EpcStatus fieldReadChars7(BitBuffer& bits, TextBuffer& text, std::int32_t maxChars);
 EpcStatus fieldWriteChars7(TextCursor& cursor, BitBuffer& bits, std::int32_t maxChars);
 
-// The writer ends at the end of the text or behind the terminator, which may stand escaped.
+// The writer ends at the end of the text or after the terminator, which may be escaped.
 EpcStatus fieldReadChars6(BitBuffer& bits, TextBuffer& text, const Chars6Rule& rule);
 EpcStatus fieldWriteChars6(TextCursor& cursor, BitBuffer& bits, const Chars6Rule& rule,
                            char terminator);

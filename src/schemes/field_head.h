@@ -1,5 +1,5 @@
 /*
- * The header and the filter value, with which a plain scheme begins.
+ * The header and the filter value that begin a plain scheme.
  *
  * Source: EPC Tag Data Standard, sections 10 (filter values) and 14 (EPC binary encoding).
  */

@@ -6,7 +6,7 @@ namespace rosetag {
 
 namespace {
 
-// A number with the count of digits that it has in text.
+// A number and the number of digits that it has in text.
 struct DigitRun {
     std::uint64_t value;
     std::int32_t digits;
@@ -25,8 +25,7 @@ EpcStatus putCompanyPrefix(TextBuffer& text, std::uint64_t companyPrefix, const 
     return textBufferPutChar(text, '.');
 }
 
-// Reads the three fields and appends the first two. The reference is read before anything is
-// appended.
+// Reads all three fields and then appends company prefix and ".".
 EpcStatus readBothParts(BitBuffer& bits, TextBuffer& text, const PartitionTable& table,
                         const PartitionRow*& row, std::uint64_t& reference) {
     EPC_TRY(readRow(bits, table, row));
@@ -50,7 +49,7 @@ EpcStatus findRow(const PartitionTable& table, const DigitRun& companyPrefix,
     return EPC_OK;
 }
 
-// Both texts are read before the row is looked for.
+// Reads both texts, then looks for the row.
 EpcStatus readBothTexts(TextCursor& cursor, LeadingZeros referenceZeros,
                         const PartitionTable& table, DigitRun& companyPrefix, DigitRun& reference,
                         const PartitionRow*& row) {

@@ -15,7 +15,7 @@
 
 namespace rosetag {
 
-// Which of the two URIs a body is written for: the filter stands in a tag URI alone.
+// Which of the two URIs a body is written for: only a tag URI has a filter.
 enum class UriForm : std::uint8_t { PURE_IDENTITY, TAG };
 
 struct AiRows;

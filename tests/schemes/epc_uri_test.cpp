@@ -1,4 +1,4 @@
-// The URI readers and writers where the text or the bits are no clean value of a scheme.
+// The URI readers and writers where the text or the bits are not a clean value of a scheme.
 #include "rosetag/rosetag.h"
 #include "support/bits_notation.h"
 #include "support/status.h"
@@ -12,7 +12,7 @@ using Bytes = std::vector<std::uint8_t>;
 
 constexpr std::int32_t UNTOUCHED = -7;
 
-// A reader that stops leaves what it has written so far: out tells it bit by bit.
+// A reader that stops leaves what it has written so far, which is compared bit by bit.
 struct Written {
     EpcStatus status;
     std::string bits; // of all of out
@@ -52,7 +52,7 @@ void expectRefused(EpcStatus status, const std::string& leftover, const Written&
 #define DIGITS_20 "11111111111111111111"
 
 struct RefusedUri {
-    const char* uri; // behind "urn:epc:tag:" unless it begins with "="
+    const char* uri; // after "urn:epc:tag:" unless it begins with "="
     EpcStatus status;
     const char* written;
 };
@@ -225,7 +225,7 @@ constexpr const char* looseUris[][2] = {
 struct RefusedBits {
     const char* bits;
     EpcStatus status;
-    const char* text; // behind "urn:epc:tag:"
+    const char* text; // after "urn:epc:tag:"
 };
 
 constexpr RefusedBits refusedBits[] = {
@@ -263,7 +263,7 @@ constexpr RefusedBits refusedBits[] = {
     {"0x2E/8 3/3 5/3 1/24 2/34 0/23",      EPC_ERR_TRUNCATED,      "gsrnp-96:3.0000001.0000000002"},
     {"0x38/8 3/3 5/3 1/24 `A`/7 0/64 0/64 0/26 1/3", EPC_ERR_OUT_OF_RANGE, "giai-202:3.0000001.A"},
     {"0x38/8 3/3 0/3 1/40 `A`/7 0/64 0/55 1/22",     EPC_ERR_OUT_OF_RANGE, "giai-202:3.000000000001.A"},
-    // digits behind a leading 1
+    // digits after a leading 1
     {"0x3A/8 3/3 5/3 1/24 2/17 0/58",      EPC_ERR_OUT_OF_RANGE,   "gdti-113:3.0000001.00002."},
     {"0x3A/8 3/3 5/3 1/24 2/17 1/58",      EPC_ERR_OUT_OF_RANGE,   "gdti-113:3.0000001.00002."},
     {"0x3A/8 3/3 5/3 1/24 2/17 9/58",      EPC_ERR_OUT_OF_RANGE,   "gdti-113:3.0000001.00002."},
@@ -296,7 +296,8 @@ constexpr RefusedBits refusedBits[] = {
     {"0x3B/8 3/6 0/6 0/64",                EPC_ERR_BAD_CHARACTER,  "adi-var:3."},
 };
 
-// What is read although it is not written: bits behind a layout, and values beyond a writer's.
+// What is read although it is not written: bits after the last field, and values that no writer
+// accepts.
 constexpr const char* looseBits[][2] = {
     {"0x30/8 " SGTIN_KEY "6789/38 0xFFFF/16",           SGTIN "6789"},
     {"0x36/8 " SGTIN_KEY "`A`/7 0/64 0/64 0/5 0x3FF/10", SGTIN_198 "A"},
@@ -334,7 +335,7 @@ TEST(EpcUri, RefusesPureIdentityUris) {
     }
 }
 
-// A word has at most 255 characters. Which end comes first decides.
+// A word has at most 255 characters; whichever end comes first decides.
 TEST(EpcUri, BoundsTheSchemeWord) {
     struct Row {
         std::size_t length;
@@ -383,7 +384,7 @@ TEST(EpcUri, IgnoresTheFilterOfAGid) {
     }
 }
 
-// All digits that fit a dst too small, and no words at all.
+// A dst that is too small receives the digits that fit; an array of words receives none.
 TEST(EpcUri, CutsHexButNotWords) {
     const char* const uri = SGTIN "6789";
     const std::string hex = "3074257BF7194E4000001A85";
@@ -403,7 +404,7 @@ TEST(EpcUri, CutsHexButNotWords) {
               std::vector<std::uint16_t>(std::begin(words), std::end(words)));
 }
 
-// The header comes before the test of the filter; the layout fits 25 bytes, the padding does not.
+// The header is written before the filter is tested; the fields fit 25 bytes, the padding does not.
 TEST(EpcUri, NeedsRoomForHeaderAndPadding) {
     EXPECT_STATUS(EPC_ERR_NO_ROOM, epc_epcUriToBinary("urn:epc:id:giai:0614141.1",
                                                       EPC_SCHEME_GIAI_96, 8, 0, nullptr, nullptr));

@@ -66,7 +66,7 @@ void expectEncodes(const ModelValue& value) {
               }));
 }
 
-// The exact bits, without their padding: no bit behind a layout is asked for.
+// The exact bits, without padding: no bit after the last field is needed.
 void expectDecodes(const ModelValue& value) {
     const std::string hex = hexFromBytes(paddedBytes(value.bits));
     expectInAllForms({EPC_OK, value.tagUri}, tagUriExport, size32(value.bits.size()), hex);
@@ -131,7 +131,7 @@ TEST(SchemeLayout, HoldsPublishedValues) {
     }
 }
 
-// With too little room, or too few bits, what stands in the output is the beginning of the whole.
+// With too little room or too few bits, the output is the beginning of the whole.
 
 TEST(SchemeLayout, LeavesTheBeginningOfAUri) {
     Picker picker = Picker::random(22);

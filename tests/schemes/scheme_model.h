@@ -1,7 +1,7 @@
 /*
- * The plain layouts once more, slow and obvious: every field is text on the one side and a text of
- * '0' and '1' on the other, and a picker chooses its value. What the library makes of the one must
- * be the other.
+ * A second description of the plain schemes, slow and obvious: every field is text on one side and
+ * a string of '0' and '1' on the other, and a picker chooses its value. The library must turn
+ * either into the other.
  */
 #ifndef ROSETAG_TESTS_SCHEMES_SCHEME_MODEL_H
 #define ROSETAG_TESTS_SCHEMES_SCHEME_MODEL_H

@@ -1,4 +1,4 @@
-// Names, numbers and headers of the schemes, and the way from a header to a slot.
+// Names, numbers and headers of the schemes, and how a header leads to a slot.
 #include "schemes/tag_scheme.h"
 
 #include "schemes/scheme_model.h"
@@ -100,7 +100,7 @@ TEST(TagScheme, NamesABinaryValue) {
     EXPECT_EQ(TextResult(EPC_ERR_TOO_LONG, "untouched"), nameOfHex("30" + std::string(123, 'F')));
 }
 
-// The way from a header to a slot, in the three forms of a binary value.
+// From a header to a slot, in the three forms of a binary value.
 
 struct TextExportRow {
     const char* text;   // of 3074257BF7194E4000001A85
@@ -132,7 +132,7 @@ TEST(TagScheme, LeadsFromTheHeaderToTheSlot) {
     }
 }
 
-// What fails before the way begins leaves dst alone; a dst too small for a prefix is found first.
+// A value that cannot be converted leaves dst alone; a dst too small for the prefix comes next.
 TEST(TagScheme, ConvertsFirst) {
     const std::vector<std::uint16_t> words(32);
     for (const TextExportRow& row : textExports) {
