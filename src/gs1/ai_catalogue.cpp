@@ -1,53 +1,12 @@
 #include "gs1/ai_catalogue.h"
 
-#include "gs1/ai_prefix.h"
 #include "gs1/ai_table.h"
 
 #include <algorithm>
-#include <array>
 
 namespace rosetag {
 
 namespace {
-
-// Where the definitions of the codes with the same two leading digits stand.
-struct AiBlock {
-    std::uint8_t codeDigits; // 0: no AI begins with these digits
-    std::uint16_t firstSlot;
-};
-
-// Slots that the digits after the two leading ones tell apart.
-constexpr std::uint16_t blockSize(std::uint8_t codeDigits) {
-    constexpr std::uint16_t sizes[] = {0, 0, 1, 10, 100};
-    return sizes[codeDigits];
-}
-
-constexpr std::array<AiBlock, 101> aiBlocksMake() {
-    std::array<AiBlock, 101> blocks{};
-    for (std::size_t prefix = 0; prefix < aiPrefixes.size(); ++prefix) {
-        const std::uint8_t codeDigits = aiPrefixes[prefix].codeDigits;
-        blocks[prefix].codeDigits = codeDigits;
-        blocks[prefix + 1].firstSlot =
-            static_cast<std::uint16_t>(blocks[prefix].firstSlot + blockSize(codeDigits));
-    }
-    return blocks;
-}
-
-// By the two leading digits, and a last one at the end of the slots.
-constexpr std::array<AiBlock, 101> aiBlocks = aiBlocksMake();
-
-constexpr std::size_t digitAt(std::string_view code, std::size_t place) {
-    return static_cast<std::size_t>(code[place] - '0');
-}
-
-// The slot of a code of digits, whose length is that of its block.
-constexpr std::size_t slotOf(std::string_view code) {
-    std::size_t number = 0;
-    for (std::size_t place = 2; place < code.size(); ++place) {
-        number = number * 10 + digitAt(code, place);
-    }
-    return aiBlocks[digitAt(code, 0) * 10 + digitAt(code, 1)].firstSlot + number;
-}
 
 constexpr bool hasItsPrefix(const AiTableRow& row) {
     const std::string_view code = aiFirstCode(row);
@@ -70,8 +29,6 @@ constexpr AiDefinition definitionOf(std::string_view code, const AiTableRow& row
     return definition;
 }
 
-using AiCatalogue = std::array<AiDefinition, aiBlocks.back().firstSlot>;
-
 // Each code of a row becomes a definition.
 constexpr AiCatalogue aiCatalogueMake() {
     AiCatalogue catalogue{};
@@ -81,14 +38,17 @@ constexpr AiCatalogue aiCatalogueMake() {
         char& lastDigit = *(std::copy(first.begin(), first.end(), code) - 1);
         for (; lastDigit <= aiLastCode(row).back(); ++lastDigit) {
             const std::string_view view = {code, first.size()};
-            catalogue[slotOf(view)] = definitionOf(view, row);
+            catalogue[aiSlotOf(view)] = definitionOf(view, row);
         }
     }
     return catalogue;
 }
 
-// Slots of codes that are not assigned are empty: of no component.
+} // namespace
+
 constexpr AiCatalogue aiCatalogue = aiCatalogueMake();
+
+namespace {
 
 constexpr std::ptrdiff_t codesInTable() {
     std::ptrdiff_t count = 0;
@@ -121,7 +81,7 @@ const AiDefinition* aiFind(std::string_view code) {
         !std::all_of(code.begin(), code.end(), charIsDigit)) {
         return nullptr;
     }
-    return definitionAt(slotOf(code));
+    return definitionAt(aiSlotOf(code));
 }
 
 std::int32_t aiCodeLength(char first, char second) {
@@ -139,7 +99,7 @@ EpcStatus aiReadCode(TextCursor& cursor, const AiDefinition*& ai) {
     for (std::size_t i = 2; i < length; ++i) {
         EPC_TRY(readCodeDigit(cursor, code[i]));
     }
-    ai = definitionAt(slotOf({code, length}));
+    ai = definitionAt(aiSlotOf({code, length}));
     return EPC_OK;
 }
 

@@ -5,8 +5,10 @@
 #define ROSETAG_GS1_AI_CATALOGUE_H
 
 #include "core/text_cursor.h"
+#include "gs1/ai_prefix.h"
 #include "gs1/ai_shape.h"
 
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
@@ -31,6 +33,44 @@ inline std::string_view aiCodeView(const char (&code)[AI_CODE_SIZE]) {
 inline bool aiCodesAreEqual(const char (&one)[AI_CODE_SIZE], const char (&other)[AI_CODE_SIZE]) {
     return std::memcmp(one, other, AI_CODE_SIZE - 1) == 0;
 }
+
+// Where the definitions of the codes with the same two leading digits stand.
+struct AiBlock {
+    std::uint8_t codeDigits; // 0: no AI begins with these digits
+    std::uint16_t firstSlot;
+};
+
+constexpr std::array<AiBlock, 101> aiBlocksMake() {
+    // Slots that the digits after the two leading ones tell apart.
+    constexpr std::uint16_t blockSizes[] = {0, 0, 1, 10, 100};
+    std::array<AiBlock, 101> blocks{};
+    for (std::size_t prefix = 0; prefix < aiPrefixes.size(); ++prefix) {
+        const std::uint8_t codeDigits = aiPrefixes[prefix].codeDigits;
+        blocks[prefix].codeDigits = codeDigits;
+        blocks[prefix + 1].firstSlot =
+            static_cast<std::uint16_t>(blocks[prefix].firstSlot + blockSizes[codeDigits]);
+    }
+    return blocks;
+}
+
+// By the two leading digits, and a last one at the end of the slots.
+inline constexpr std::array<AiBlock, 101> aiBlocks = aiBlocksMake();
+
+// The slot of a code of digits, whose length is that of its block.
+constexpr std::size_t aiSlotOf(std::string_view code) {
+    const auto digitAt = [code](std::size_t place) {
+        return static_cast<std::size_t>(code[place] - '0');
+    };
+    std::size_t number = 0;
+    for (std::size_t place = 2; place < code.size(); ++place) {
+        number = number * 10 + digitAt(place);
+    }
+    return aiBlocks[digitAt(0) * 10 + digitAt(1)].firstSlot + number;
+}
+
+// By aiSlotOf. The slot of a code that is not assigned is empty: of no component.
+using AiCatalogue = std::array<AiDefinition, aiBlocks.back().firstSlot>;
+extern const AiCatalogue aiCatalogue;
 
 // The definition of exactly this code, or null.
 const AiDefinition* aiFind(std::string_view code);

@@ -1,5 +1,6 @@
 #include "values/date_kinds.h"
 
+#include <algorithm>
 #include <iterator>
 
 namespace rosetag {
@@ -117,15 +118,6 @@ EpcStatus aiDecodeTime(BitBuffer& bits, TextBuffer& text, std::uint64_t count) {
     return EPC_OK;
 }
 
-const DateKeyRow* dateKeyFind(const AiDefinition& ai) {
-    for (const DateKeyRow& row : dateKeyTable) {
-        if (aiCodesAreEqual(row.ai, ai.code)) {
-            return &row;
-        }
-    }
-    return nullptr;
-}
-
 } // namespace
 
 EpcStatus aiEncodeDate(TextCursor& cursor, BitBuffer& out, const AiEncodeField&) {
@@ -147,26 +139,27 @@ EpcStatus aiEncodeDateCoded(TextCursor& cursor, BitBuffer& out, const AiEncodeFi
     }
     AiDate date{};
     EPC_TRY(aiParseDate(cursor, date));
-    const DateKeyRow* const key = dateKeyFind(field.ai);
-    if (key == nullptr) {
+    const auto* const key = std::find(dateKeyAis.begin(), dateKeyAis.end(), &field.ai);
+    if (key == dateKeyAis.end()) {
         return EPC_ERR_BAD_FORMAT;
     }
-    EPC_TRY(bitBufferWrite(out, key->dateCode, DATE_CODE_BITS));
+    const auto dateCode = static_cast<std::uint64_t>(key - dateKeyAis.begin());
+    EPC_TRY(bitBufferWrite(out, dateCode, DATE_CODE_BITS));
     return putDate(out, date);
 }
 
 EpcStatus aiDecodeDateCoded(BitBuffer& bits, TextBuffer& text, const AiComponent&) {
-    const DateKeyRow* key = nullptr;
-    return aiDecodeDateWithKey(bits, text, key);
+    const AiDefinition* ai = nullptr;
+    return aiDecodeDateWithAi(bits, text, ai);
 }
 
-EpcStatus aiDecodeDateWithKey(BitBuffer& bits, TextBuffer& text, const DateKeyRow*& key) {
+EpcStatus aiDecodeDateWithAi(BitBuffer& bits, TextBuffer& text, const AiDefinition*& ai) {
     std::uint64_t dateCode = 0;
     EPC_TRY(bitBufferRead(bits, DATE_CODE_BITS, dateCode));
-    if (dateCode >= dateKeyTable.size()) {
+    if (dateCode >= dateKeyAis.size()) {
         return EPC_ERR_BAD_FORMAT;
     }
-    key = dateKeyTable.data() + dateCode;
+    ai = dateKeyAis[static_cast<std::size_t>(dateCode)];
     return decodeDate(bits, text);
 }
 

@@ -49,7 +49,7 @@ constexpr std::int32_t DATE_CODE_BITS = 4;
 
 struct DateKeyRow {
     std::uint32_t dateCode;
-    char ai[AI_CODE_SIZE];
+    std::string_view ai;
 };
 
 // In order of priority: the first one of a list is the date of its key. The date code is the index.
@@ -68,6 +68,15 @@ inline constexpr std::array<DateKeyRow, 7> dateKeyTable = {{
 }};
 // clang-format on
 
+// The AIs of the rows.
+inline constexpr auto dateKeyAis = [] {
+    std::array<const AiDefinition*, dateKeyTable.size()> ais{};
+    for (const DateKeyRow& row : dateKeyTable) {
+        ais[row.dateCode] = &aiCatalogue[aiSlotOf(row.ai)];
+    }
+    return ais;
+}();
+
 // YYMMDD.
 EpcStatus aiEncodeDate(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeDate(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
@@ -75,7 +84,7 @@ EpcStatus aiDecodeDate(BitBuffer& bits, TextBuffer& text, const AiComponent& com
 // YYMMDD after the date code of its AI. The last decoder also tells which AI that is.
 EpcStatus aiEncodeDateCoded(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeDateCoded(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
-EpcStatus aiDecodeDateWithKey(BitBuffer& bits, TextBuffer& text, const DateKeyRow*& key);
+EpcStatus aiDecodeDateWithAi(BitBuffer& bits, TextBuffer& text, const AiDefinition*& ai);
 
 // YYMMDDHHMM.
 EpcStatus aiEncodeDateTime(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);

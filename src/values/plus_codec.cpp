@@ -1,18 +1,57 @@
 #include "values/plus_codec.h"
 
+#include "gs1/ai_table.h"
 #include "gs1/percent_decoding.h"
 #include "values/ai_code_bits.h"
 #include "values/ai_value.h"
+#include "values/date_kinds.h"
 
 #include <algorithm>
+#include <span>
 
 namespace rosetag {
 
 namespace {
 
-constexpr std::int32_t HEADER_BITS = 8;
 constexpr std::int32_t TOGGLE_BITS = 1;
 constexpr std::int32_t FILTER_BITS = 3;
+
+// The fields of a plus scheme between filter and data section.
+struct PlusKey {
+    const AiDefinition* ais[MAX_KEY_AIS]; // null after the last one
+    bool hasDate;
+};
+
+constexpr PlusKey plusKeyOf(const SchemeRow& row) {
+    PlusKey key = {{}, schemeHasCodedDate(row)};
+    const auto codes = schemeKeyAis(row);
+    for (std::size_t i = 0; i < codes.size() && !codes[i].empty(); ++i) {
+        key.ais[i] = &aiCatalogue[aiSlotOf(codes[i])];
+    }
+    return key;
+}
+
+// Empty for the plain schemes.
+constexpr SchemeArray<PlusKey> plusKeys = [] {
+    SchemeArray<PlusKey> keys{};
+    for (const SchemeRow& row : schemeRows) {
+        keys.rows[row.scheme] = plusKeyOf(row);
+    }
+    return keys;
+}();
+
+static_assert(std::all_of(schemeRows.begin(), schemeRows.end(), [](const SchemeRow& row) {
+    const SchemeField& first = row.fields[0];
+    const SchemeField& second = row.fields[1];
+    return !schemeIsPlus(row) || (first.kind == FieldKind::TOGGLE && first.width == TOGGLE_BITS &&
+                                  second.kind == FieldKind::FILTER && second.width == FILTER_BITS);
+}));
+static_assert(std::all_of(schemeRows.begin(), schemeRows.end(), [](const SchemeRow& row) {
+    const auto codes = schemeKeyAis(row);
+    return std::all_of(codes.begin(), codes.end(), [](std::string_view code) {
+        return code.empty() || aiTableFind(code) != nullptr;
+    });
+}));
 
 struct PlusEncoder {
     BitBuffer& out;
@@ -24,42 +63,37 @@ struct PlusEncoder {
 // The elements that do not go to the data section.
 struct PlusHead {
     const AiElement* date;              // null in a scheme without one
-    const AiElement* keys[MAX_KEY_AIS]; // null behind the last
+    const AiElement* keys[MAX_KEY_AIS]; // null after the last one
 };
 
-// Marks the first element of this AI and gives it, or null. No AI is asked for twice.
-const AiElement* consume(AiList& list, const char (&code)[AI_CODE_SIZE]) {
-    AiElement* const end = list.elements + list.count;
-    AiElement* const found = std::find_if(list.elements, end, [&](const AiElement& element) {
-        return aiCodesAreEqual(element.ai->code, code);
-    });
-    if (found == end) {
-        return nullptr;
-    }
-    found->isConsumed = true;
-    return found;
-}
-
-// The order of the date's row decides, not that of the list.
-const AiElement* consumeDate(AiList& list, std::span<const DateKeyRow> dateKeys) {
-    for (const DateKeyRow& key : dateKeys) {
-        if (const AiElement* const date = consume(list, key.ai); date != nullptr) {
-            return date;
+// Marks the first element of this AI and returns it, or null. No AI is asked for twice.
+const AiElement* consume(AiList& list, const AiDefinition* ai) {
+    for (AiElement& element : std::span(list.elements, list.count)) {
+        if (element.ai == ai) {
+            element.isConsumed = true;
+            return &element;
         }
     }
     return nullptr;
 }
 
-EpcStatus consumeHead(AiList& list, const PlusSchemeRow& row, PlusHead& head) {
-    const auto keyAis = keyAisOf(row);
-    for (std::size_t i = 0; i < keyAis.size(); ++i) {
-        head.keys[i] = consume(list, keyAis[i]);
+EpcStatus consumeHead(AiList& list, const PlusKey& key, PlusHead& head) {
+    for (std::size_t i = 0; i < MAX_KEY_AIS && key.ais[i] != nullptr; ++i) {
+        head.keys[i] = consume(list, key.ais[i]);
         if (head.keys[i] == nullptr) {
             return EPC_ERR_NO_PRIMARY_KEY;
         }
     }
-    head.date = consumeDate(list, row.dateKeys);
-    return head.date == nullptr && !row.dateKeys.empty() ? EPC_ERR_NO_PRIMARY_KEY : EPC_OK;
+    if (!key.hasDate) {
+        return EPC_OK;
+    }
+    for (const AiDefinition* const ai : dateKeyAis) {
+        head.date = consume(list, ai);
+        if (head.date != nullptr) {
+            return EPC_OK;
+        }
+    }
+    return EPC_ERR_NO_PRIMARY_KEY;
 }
 
 bool hasData(const AiList& list) {
@@ -113,19 +147,9 @@ EpcStatus getElement(BitBuffer& bits, TextBuffer& text, AiList& list, const AiDe
 }
 
 EpcStatus getDate(BitBuffer& bits, TextBuffer& text, AiList& list) {
-    const DateKeyRow* key = nullptr;
-    EPC_TRY(aiDecodeDateWithKey(bits, text, key));
     const AiDefinition* ai = nullptr;
-    EPC_TRY(aiDefinitionOf(aiCodeView(key->ai), ai));
-    const auto length = static_cast<std::uint32_t>(textBufferLength(text));
-    return aiListAdd(list, *ai, 0, length, DATE_PASS);
-}
-
-EpcStatus getKeyElement(BitBuffer& bits, TextBuffer& text, AiList& list,
-                        const char (&code)[AI_CODE_SIZE]) {
-    const AiDefinition* ai = nullptr;
-    EPC_TRY(aiDefinitionOf(aiCodeView(code), ai));
-    return getElement(bits, text, list, *ai, KEY_PASS);
+    EPC_TRY(aiDecodeDateWithAi(bits, text, ai));
+    return aiListAdd(list, *ai, 0, static_cast<std::uint32_t>(textBufferLength(text)), DATE_PASS);
 }
 
 // There is neither a count nor an end mark: the section ends with the bits, or with zeros that are
@@ -147,15 +171,15 @@ EpcStatus getDataSection(BitBuffer& bits, TextBuffer& text, AiList& list) {
 } // namespace
 
 EpcStatus plusEncodeAiList(BitBuffer& out, AiList& list, const char* baseText, ValueForm form,
-                           std::int32_t filter, const PlusSchemeRow& row, std::int32_t encoding) {
-    EPC_TRY(bitBufferWrite(out, row.header, HEADER_BITS));
+                           const EncodeArguments& arguments) {
+    EPC_TRY(bitBufferWrite(out, arguments.info.header, TAG_HEADER_BITS));
     PlusHead head{};
-    EPC_TRY(consumeHead(list, row, head));
+    EPC_TRY(consumeHead(list, plusKeys[arguments.info.scheme], head));
     EPC_TRY(bitBufferWrite(out, hasData(list) ? 1 : 0, TOGGLE_BITS));
-    EPC_TRY(bitBufferWrite(out, static_cast<std::uint64_t>(filter), FILTER_BITS));
-    const PlusEncoder encoder = {out, baseText, form, encoding};
+    EPC_TRY(bitBufferWrite(out, static_cast<std::uint64_t>(arguments.filter), FILTER_BITS));
+    const PlusEncoder encoder = {out, baseText, form, arguments.encoding};
     if (head.date != nullptr) {
-        EPC_TRY(putValue(encoder, *head.date, row.dateKind));
+        EPC_TRY(putValue(encoder, *head.date, AI_KIND_DATE_CODED));
     }
     for (const AiElement* const key : head.keys) {
         if (key != nullptr) {
@@ -165,22 +189,23 @@ EpcStatus plusEncodeAiList(BitBuffer& out, AiList& list, const char* baseText, V
     return putDataSection(encoder, list);
 }
 
-EpcStatus plusDecodeAiList(BitBuffer& bits, TextBuffer& text, AiList& list, EpcScheme scheme) {
-    const PlusSchemeRow* const row = plusSchemeByNumber(scheme);
-    if (row == nullptr) {
-        return EPC_ERR_BAD_FORMAT;
-    }
+EpcStatus plusDecodeAiList(BitBuffer& bits, EpcScheme scheme, PlusValues& out) {
+    TextBuffer text = textBufferOver(out.baseText);
+    aiListClear(out.list);
     std::uint64_t toggle = 0;
     EPC_TRY(bitBufferRead(bits, TOGGLE_BITS, toggle));
-    std::uint64_t filter = 0; // stands in no text
+    std::uint64_t filter = 0; // none of the texts has it
     EPC_TRY(bitBufferRead(bits, FILTER_BITS, filter));
-    if (!row->dateKeys.empty()) {
-        EPC_TRY(getDate(bits, text, list));
+    const PlusKey& key = plusKeys[scheme];
+    if (key.hasDate) {
+        EPC_TRY(getDate(bits, text, out.list));
     }
-    for (const auto& code : keyAisOf(*row)) {
-        EPC_TRY(getKeyElement(bits, text, list, code));
+    for (const AiDefinition* const ai : key.ais) {
+        if (ai != nullptr) {
+            EPC_TRY(getElement(bits, text, out.list, *ai, KEY_PASS));
+        }
     }
-    return toggle == 1 ? getDataSection(bits, text, list) : EPC_OK;
+    return toggle == 1 ? getDataSection(bits, text, out.list) : EPC_OK;
 }
 
 } // namespace rosetag

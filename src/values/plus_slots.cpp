@@ -8,84 +8,63 @@ namespace rosetag {
 
 namespace {
 
-// Parses the text by parse and encodes the list.
-// parse: EpcStatus(AiList& list)
-template <typename Parse>
-EpcStatus encodeFrame(const TextCursor& cursor, BitBuffer& bits, const EncodeArguments& arguments,
-                      ValueForm form, Parse parse) {
-    if (arguments.filter < 0) {
-        return EPC_ERR_FILTER_LIMIT;
-    }
-    const PlusSchemeRow* const row = plusSchemeFind(arguments.info.name);
-    if (row == nullptr) {
-        return EPC_ERR_NO_KEY_FOR_SCHEME;
-    }
-    AiList list;
-    aiListClear(list);
-    EPC_TRY(parse(list));
-    return plusEncodeAiList(bits, list, cursor.begin, form, arguments.filter, *row,
-                            arguments.encoding);
-}
-
-// Decodes the bits and hands the list to write.
-// write: EpcStatus(AiList& list, const char* baseText)
-template <typename Write>
-EpcStatus decodeFrame(BitBuffer& bits, EpcScheme scheme, Write write) {
-    AiList list;
-    aiListClear(list);
-    char values[PLUS_VALUES_SIZE];
-    TextBuffer text = textBufferOver(values);
-    EPC_TRY(plusDecodeAiList(bits, text, list, scheme));
-    return write(list, values);
+// Whoever calls a slot has tested the filter against the limit of the scheme.
+EpcStatus checkFilter(const EncodeArguments& arguments) {
+    return arguments.filter < 0 ? EPC_ERR_FILTER_LIMIT : EPC_OK;
 }
 
 } // namespace
 
 EpcStatus plusBinaryToElementString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme) {
-    return decodeFrame(bits, scheme, [&text](AiList& list, const char* baseText) {
-        return elementStringWrite(text, list, baseText);
-    });
+    PlusValues values;
+    EPC_TRY(plusDecodeAiList(bits, scheme, values));
+    return elementStringWrite(text, values.list, values.baseText);
 }
 
 EpcStatus plusBinaryToBarcodeString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme) {
-    return decodeFrame(bits, scheme, [&text](AiList& list, const char* baseText) {
-        return barcodeStringWrite(text, list, baseText);
-    });
+    PlusValues values;
+    EPC_TRY(plusDecodeAiList(bits, scheme, values));
+    return barcodeStringWrite(text, values.list, values.baseText);
 }
 
 EpcStatus plusBinaryToDigitalLink(BitBuffer& bits, TextBuffer& text, EpcScheme scheme) {
-    return decodeFrame(bits, scheme, [&text](AiList& list, const char* baseText) {
-        return digitalLinkWrite(text, list, baseText);
-    });
+    PlusValues values;
+    EPC_TRY(plusDecodeAiList(bits, scheme, values));
+    return digitalLinkWrite(text, values.list, values.baseText);
 }
 
 EpcStatus plusBinaryToAIs(BitBuffer& bits, const AiRows& rows, EpcScheme scheme) {
-    return decodeFrame(bits, scheme, [&rows](AiList& list, const char* baseText) {
-        return aiListCopyOut(list, baseText, rows);
-    });
+    PlusValues values;
+    EPC_TRY(plusDecodeAiList(bits, scheme, values));
+    return aiListCopyOut(values.list, values.baseText, rows);
 }
 
 EpcStatus plusElementStringToBinary(TextCursor& cursor, BitBuffer& bits,
                                     const EncodeArguments& arguments) {
-    return encodeFrame(cursor, bits, arguments, ValueForm::PLAIN, [&cursor](AiList& list) {
-        return aiTextParse(list, cursor, ELEMENT_STRING_SYNTAX, 0);
-    });
+    EPC_TRY(checkFilter(arguments));
+    AiList list;
+    aiListClear(list);
+    EPC_TRY(aiTextParse(list, cursor, ELEMENT_STRING_SYNTAX, 0));
+    return plusEncodeAiList(bits, list, cursor.begin, ValueForm::PLAIN, arguments);
 }
 
 EpcStatus plusBarcodeStringToBinary(TextCursor& cursor, BitBuffer& bits,
                                     const EncodeArguments& arguments) {
-    return encodeFrame(cursor, bits, arguments, ValueForm::PLAIN, [&cursor](AiList& list) {
-        return aiTextParse(list, cursor, BARCODE_STRING_SYNTAX, 0);
-    });
+    EPC_TRY(checkFilter(arguments));
+    AiList list;
+    aiListClear(list);
+    EPC_TRY(aiTextParse(list, cursor, BARCODE_STRING_SYNTAX, 0));
+    return plusEncodeAiList(bits, list, cursor.begin, ValueForm::PLAIN, arguments);
 }
 
 EpcStatus plusDigitalLinkToBinary(TextCursor& cursor, BitBuffer& bits,
                                   const EncodeArguments& arguments) {
-    return encodeFrame(cursor, bits, arguments, ValueForm::PERCENT_ENCODED,
-                       [&cursor](AiList& list) -> EpcStatus {
-                           EPC_TRY(digitalLinkSkipHost(cursor));
-                           return digitalLinkParse(list, cursor);
-                       });
+    EPC_TRY(checkFilter(arguments));
+    AiList list;
+    aiListClear(list);
+    EPC_TRY(digitalLinkSkipHost(cursor));
+    EPC_TRY(digitalLinkParse(list, cursor));
+    return plusEncodeAiList(bits, list, cursor.begin, ValueForm::PERCENT_ENCODED, arguments);
 }
 
 } // namespace rosetag

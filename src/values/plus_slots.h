@@ -1,6 +1,7 @@
 /*
- * The slots between binary and the GS1 texts that all plus schemes share: an AI list on the one
- * side, the bits of the key and of the data section on the other.
+ * The operations between binary and the GS1 texts that all plus schemes share. They meet in a list
+ * of AIs: the parsers and writers of texts are on one side of it, the codec of the bits on the
+ * other.
  */
 #ifndef ROSETAG_VALUES_PLUS_SLOTS_H
 #define ROSETAG_VALUES_PLUS_SLOTS_H

@@ -1,18 +1,13 @@
 // The twelve plus schemes: which AIs go where in the bits, where the data section ends, and what
 // stands after each failure.
-#include "gs1/ai_list.h"
-#include "schemes/tag_scheme.h"
 #include "support/ai_result.h"
 #include "support/status.h"
-#include "values/plus_codec.h"
 #include "values/value_bits.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
-
-using namespace rosetag;
 
 namespace {
 
@@ -341,29 +336,6 @@ TEST(PlusScheme, WritesItsTextsInOrder) {
     EXPECT_EQ(TextResult(EPC_ERR_KEY_CONFLICT, ""),
               decode(epc_binaryToDigitalLink,
                      bitsOf("247/8 1 0/3" + GTIN_BITS + SERIAL_XY_BITS + "0/4 0/4" + SSCC_BITS)));
-}
-
-TEST(PlusScheme, HasARowForEachSchemeOfItsKind) {
-    std::size_t rows = 0;
-    for (const TagSchemeOps& tagScheme : tagSchemeTable) {
-        const TagSchemeInfo& info = tagScheme.info;
-        const PlusSchemeRow* const row = plusSchemeFind(info.name);
-        EXPECT_EQ(info.plus == 1, row != nullptr) << info.name;
-        EXPECT_EQ(row, plusSchemeByNumber(info.scheme)) << info.name;
-        if (row != nullptr) {
-            EXPECT_EQ(info.scheme, tagSchemeByHeader[row->header]) << info.name;
-            ++rows;
-        }
-    }
-    EXPECT_EQ(12U, rows);
-    EXPECT_EQ(nullptr, plusSchemeByNumber(EPC_SCHEME_COUNT));
-    // What no frame hands on.
-    BitBuffer none = bitBufferForReading(nullptr, 0);
-    char storage[4];
-    TextBuffer text = textBufferOver(storage);
-    AiList list;
-    aiListClear(list);
-    EXPECT_STATUS(EPC_ERR_BAD_FORMAT, plusDecodeAiList(none, text, list, EPC_SCHEME_ITIP_212));
 }
 
 } // namespace
