@@ -1,169 +1,145 @@
 #include "core/long_decimal.h"
 
-#include "core/text_cursor.h"
-
 #include <algorithm>
+#include <bit>
 
 namespace rosetag {
 
 namespace {
 
-// A long number, lowest limb first. 10 limbs take 320 bits: 75 hexadecimal digits have 300, 90
-// decimal digits 299. Limbs of half a machine word keep every product and carry within 64 bits.
-constexpr std::size_t LIMBS = 10;
-using LongNumber = std::array<std::uint32_t, LIMBS>;
+constexpr std::int32_t LIMB_BITS = 32;
+constexpr std::size_t LIMBS = (aiDigitBits(MAX_LONG_DIGITS) + LIMB_BITS - 1) / LIMB_BITS;
 
-constexpr std::int32_t DECIMAL_CHUNK_DIGITS = 9; // 10^9 is the largest power of ten in a limb
-constexpr std::uint32_t DECIMAL_CHUNK = 1000000000;
+// Lowest limb first. Limbs of half a machine word keep every product and carry within 64 bits.
+struct LongNumber {
+    std::array<std::uint32_t, LIMBS + 2> limbs; // the last two stay 0
+    std::size_t count;                          // of the limbs in use: 0 from there on
+};
 
-constexpr std::array<std::int32_t, MAX_LONG_HEX_DIGITS> hexToDecimalDigitsMake() {
-    std::array<std::int32_t, MAX_LONG_HEX_DIGITS> digits{};
-    for (std::size_t n = 1; n < digits.size(); ++n) {
-        digits[n] = static_cast<std::int32_t>(n * 12041199827ULL / 10000000000ULL) + 1;
-    }
-    for (const unsigned n : {19U, 24U, 29U, 34U, 39U, 44U, 48U, 53U, 58U, 63U, 68U, 73U}) {
-        ++digits[n];
-    }
-    return digits;
-}
-
-// Room that a number of n hexadecimal digits is given: the decimal digits of 16^n - 1, and one more
-// in the rows of which the table says so.
-constexpr std::array<std::int32_t, MAX_LONG_HEX_DIGITS> hexToDecimalDigits =
-    hexToDecimalDigitsMake();
-static_assert(hexToDecimalDigits[1] == 2 && hexToDecimalDigits[5] == 7 &&
-              hexToDecimalDigits[19] == 24 && hexToDecimalDigits[74] == 90);
-
-constexpr std::array<std::int32_t, MAX_LONG_DIGITS + 1> decimalToHexDigitsMake() {
-    std::array<std::int32_t, MAX_LONG_DIGITS + 1> digits{};
-    std::transform(aiDigitBitsTable.begin(), aiDigitBitsTable.end(), digits.begin(),
-                   [](std::int32_t bits) { return (bits + 3) / 4; });
-    return digits;
-}
-
-// The hexadecimal digits of 10^n - 1.
-constexpr std::array<std::int32_t, MAX_LONG_DIGITS + 1> decimalToHexDigits =
-    decimalToHexDigitsMake();
-static_assert(decimalToHexDigits[0] == 0 && decimalToHexDigits[6] == 5 &&
-              decimalToHexDigits[90] == MAX_LONG_HEX_DIGITS);
+constexpr std::int32_t CHUNK_DIGITS = 9; // 10^9 is the largest power of ten in a limb
+constexpr std::uint32_t CHUNK = powersOfTen[CHUNK_DIGITS];
 
 void multiplyAdd(LongNumber& number, std::uint32_t factor, std::uint32_t summand) {
     std::uint64_t carry = summand;
-    for (std::uint32_t& limb : number) {
-        carry += std::uint64_t{limb} * factor;
-        limb = static_cast<std::uint32_t>(carry & 0xFFFFFFFF);
-        carry >>= 32;
+    for (std::size_t i = 0; i < number.count; ++i) {
+        carry += std::uint64_t{number.limbs[i]} * factor;
+        number.limbs[i] = static_cast<std::uint32_t>(carry & 0xFFFFFFFF);
+        carry >>= LIMB_BITS;
+    }
+    if (carry != 0) {
+        number.limbs[number.count++] = static_cast<std::uint32_t>(carry);
     }
 }
 
-// Divides and gives the remainder.
-std::uint32_t divide(LongNumber& number, std::uint32_t divisor) {
-    std::uint64_t remainder = 0;
-    for (auto limb = number.rbegin(); limb != number.rend(); ++limb) {
-        const std::uint64_t dividend = remainder << 32 | *limb;
-        *limb = static_cast<std::uint32_t>(dividend / divisor);
-        remainder = dividend % divisor;
+void dropLeadingZeros(LongNumber& number) {
+    while (number.count > 0 && number.limbs[number.count - 1] == 0) {
+        --number.count;
     }
+}
+
+// Divides by 10^9 and gives the remainder.
+std::uint32_t takeChunk(LongNumber& number) {
+    std::uint64_t remainder = 0;
+    for (std::size_t i = number.count; i-- > 0;) {
+        const std::uint64_t dividend = remainder << LIMB_BITS | number.limbs[i];
+        number.limbs[i] = static_cast<std::uint32_t>(dividend / CHUNK);
+        remainder = dividend % CHUNK;
+    }
+    dropLeadingZeros(number);
     return static_cast<std::uint32_t>(remainder);
 }
 
-LongNumber longNumberFromDecimal(std::string_view digits) {
+LongNumber longNumberOf(std::string_view digits) {
     LongNumber number{};
-    std::uint32_t chunk = 0;
-    std::uint32_t scale = 1;
-    for (const char digit : digits) {
-        chunk = chunk * 10 + static_cast<std::uint32_t>(digit - '0');
-        scale *= 10;
-        if (scale == DECIMAL_CHUNK) {
-            multiplyAdd(number, scale, chunk);
-            chunk = 0;
-            scale = 1;
+    while (!digits.empty()) {
+        const std::size_t count = std::min<std::size_t>(digits.size(), CHUNK_DIGITS);
+        std::uint32_t chunk = 0;
+        for (std::size_t i = 0; i < count; ++i) {
+            chunk = chunk * 10 + static_cast<std::uint32_t>(digits[i] - '0');
         }
-    }
-    multiplyAdd(number, scale, chunk);
-    return number;
-}
-
-LongNumber longNumberFromHex(std::string_view hex) {
-    LongNumber number{};
-    std::size_t shift = 0;
-    for (auto digit = hex.rbegin(); digit != hex.rend(); ++digit, shift += 4) {
-        number[shift / 32] |= static_cast<std::uint32_t>(hexDigitValue(*digit)) << shift % 32;
+        multiplyAdd(number, static_cast<std::uint32_t>(powersOfTen[count]), chunk);
+        digits.remove_prefix(count);
     }
     return number;
 }
 
-// The longest text that either conversion gives: 2^300 - 1 has 91 decimal digits.
-struct LongDigits {
-    std::array<char, 10 * DECIMAL_CHUNK_DIGITS + DECIMAL_CHUNK_DIGITS> characters;
-    std::size_t first; // the characters before it are not part of the number
-};
-
-std::string_view withoutLeadingZeros(const LongDigits& digits) {
-    const auto first = std::find_if(digits.characters.begin() + static_cast<long>(digits.first),
-                                    digits.characters.end(), [](char c) { return c != '0'; });
-    return {first, digits.characters.end()};
+std::int32_t bitWidthOf(const LongNumber& number) {
+    if (number.count == 0) {
+        return 0;
+    }
+    return static_cast<std::int32_t>(number.count) * LIMB_BITS -
+           std::countl_zero(number.limbs[number.count - 1]);
 }
 
-LongDigits decimalDigits(LongNumber number) {
-    LongDigits digits;
-    digits.first = digits.characters.size();
-    while (digits.first != 0) {
-        std::uint32_t chunk = divide(number, DECIMAL_CHUNK);
-        for (std::int32_t i = 0; i < DECIMAL_CHUNK_DIGITS; ++i, chunk /= 10) {
-            digits.characters[--digits.first] = static_cast<char>('0' + chunk % 10);
+// 64 bits of the number, from the bit of weight 2^lowest up.
+std::uint64_t bitsOf(const LongNumber& number, std::int32_t lowest) {
+    const std::uint32_t* const limbs = number.limbs.data() + lowest / LIMB_BITS;
+    const std::uint64_t bits = std::uint64_t{limbs[1]} << LIMB_BITS | limbs[0];
+    const std::int32_t shift = lowest % LIMB_BITS;
+    return shift == 0 ? bits : std::uint64_t{limbs[2]} << (64 - shift) | bits >> shift;
+}
+
+EpcStatus readLongNumber(BitBuffer& buffer, std::int32_t bitCount, LongNumber& number) {
+    if (bitBufferLeft(buffer) < bitCount) {
+        return EPC_ERR_TRUNCATED;
+    }
+    number.count = static_cast<std::size_t>((bitCount + LIMB_BITS - 1) / LIMB_BITS);
+    for (std::size_t i = number.count; i-- > 0;) {
+        const std::int32_t width = bitCount - static_cast<std::int32_t>(i) * LIMB_BITS;
+        std::uint64_t limb = 0;
+        EPC_TRY(bitBufferRead(buffer, width, limb));
+        number.limbs[i] = static_cast<std::uint32_t>(limb);
+        bitCount -= width;
+    }
+    dropLeadingZeros(number);
+    return EPC_OK;
+}
+
+using LongDigits = std::array<char, (LIMBS + 1) * CHUNK_DIGITS>;
+
+// Writes the digits, without leading zeros, up to the end of the storage.
+std::string_view digitsOf(LongNumber number, LongDigits& storage) {
+    char* first = storage.end();
+    while (number.count > 0) {
+        std::uint32_t chunk = takeChunk(number);
+        for (std::int32_t i = 0; i < CHUNK_DIGITS; ++i, chunk /= 10) {
+            *--first = static_cast<char>('0' + chunk % 10);
         }
     }
-    return digits;
-}
-
-LongDigits hexDigits(const LongNumber& number) {
-    LongDigits digits;
-    digits.first = digits.characters.size();
-    for (const std::uint32_t limb : number) {
-        for (std::uint32_t shift = 0; shift < 32; shift += 4) {
-            digits.characters[--digits.first] = "0123456789ABCDEF"[limb >> shift & 0xF];
-        }
-    }
-    return digits;
-}
-
-void copyOut(std::string_view digits, char* out, std::int32_t& outCount) {
-    *std::copy(digits.begin(), digits.end(), out) = '\0';
-    outCount = static_cast<std::int32_t>(digits.size());
+    return {std::find_if(first, storage.end(), [](char digit) { return digit != '0'; }),
+            storage.end()};
 }
 
 } // namespace
 
-EpcStatus hexToDecimal(std::string_view hex, std::int32_t capacity, char* out,
-                       std::int32_t& outCount) {
-    if (hex.size() > static_cast<std::size_t>(MAX_LONG_HEX_DIGITS)) {
-        return EPC_ERR_TOO_LONG;
+EpcStatus bitBufferPutLongDecimal(BitBuffer& buffer, std::string_view digits,
+                                  std::int32_t bitCount) {
+    const LongNumber number = longNumberOf(digits);
+    // What does not fit depends on where the blocks begin: at a whole hexadecimal digit.
+    std::int32_t left = std::min((bitWidthOf(number) + 3) / 4 * 4, bitCount);
+    EPC_TRY(bitBufferWrite(buffer, 0, bitCount - left));
+    while (left > 0) {
+        const std::int32_t width = std::min(left, 64);
+        left -= width;
+        EPC_TRY(bitBufferWrite(buffer, bitsOf(number, left), width));
     }
-    if (hex.size() < hexToDecimalDigits.size() && hexToDecimalDigits[hex.size()] > capacity - 1) {
-        return EPC_ERR_NO_ROOM;
-    }
-    const LongDigits digits = decimalDigits(longNumberFromHex(hex));
-    const std::string_view number = withoutLeadingZeros(digits);
-    // 75 digits are a number of 90 or 91 decimal digits: only its value tells.
-    if (static_cast<std::int32_t>(number.size()) > capacity - 1) {
-        return EPC_ERR_NO_ROOM;
-    }
-    copyOut(number, out, outCount);
     return EPC_OK;
 }
 
-EpcStatus decimalToHex(std::string_view digits, std::int32_t capacity, char* out,
-                       std::int32_t& outCount) {
-    if (digits.size() > static_cast<std::size_t>(MAX_LONG_DIGITS)) {
-        return EPC_ERR_TOO_LONG;
-    }
-    if (decimalToHexDigits[digits.size()] > capacity - 1) {
+EpcStatus bitBufferGetLongDecimal(TextBuffer& text, BitBuffer& buffer, std::int32_t bitCount,
+                                  std::int32_t width) {
+    LongNumber number{};
+    EPC_TRY(readLongNumber(buffer, bitCount, number));
+    LongDigits storage;
+    const std::string_view digits = digitsOf(number, storage);
+    const auto count = static_cast<std::int32_t>(digits.size());
+    if (count > MAX_LONG_DIGITS) {
         return EPC_ERR_NO_ROOM;
     }
-    const LongDigits hex = hexDigits(longNumberFromDecimal(digits));
-    copyOut(withoutLeadingZeros(hex), out, outCount);
-    return EPC_OK;
+    if (count < width) {
+        EPC_TRY(textBufferPutPadded(text, 0, width - count));
+    }
+    return textBufferPutString(text, digits);
 }
 
 } // namespace rosetag

@@ -1,11 +1,12 @@
 /*
- * Numbers of up to 90 decimal digits, beyond any machine integer, as decimal and as hexadecimal
- * text, and the widths that such numbers take.
+ * Decimal numbers by their count of digits, 1 to 90: the bits that they take, and those of more
+ * digits than a machine integer holds in a bit field.
  */
 #ifndef ROSETAG_CORE_LONG_DECIMAL_H
 #define ROSETAG_CORE_LONG_DECIMAL_H
 
-#include "core/status.h"
+#include "core/bit_buffer.h"
+#include "core/text_buffer.h"
 
 #include <array>
 #include <cstdint>
@@ -14,7 +15,6 @@
 namespace rosetag {
 
 constexpr std::int32_t MAX_LONG_DIGITS = 90;
-constexpr std::int32_t MAX_LONG_HEX_DIGITS = 75;
 
 constexpr std::array<std::uint64_t, 20> powersOfTenMake() {
     std::array<std::uint64_t, 20> powers{1};
@@ -47,15 +47,16 @@ constexpr std::int32_t aiDigitBits(std::int32_t digits) {
     return aiDigitBitsTable[static_cast<std::size_t>(digits)];
 }
 
-// Both write the number without leading zeros, and the number zero as the empty text. They do not
-// look whether the characters are digits, and tell the length of what they wrote.
-//
-// Too many digits are EPC_ERR_TOO_LONG. A capacity below what a number of so many digits may need
-// is EPC_ERR_NO_ROOM, even if this one would fit.
-EpcStatus hexToDecimal(std::string_view hex, std::int32_t capacity, char* out,
-                       std::int32_t& outCount);
-EpcStatus decimalToHex(std::string_view digits, std::int32_t capacity, char* out,
-                       std::int32_t& outCount);
+// Writes the number of up to MAX_LONG_DIGITS digits in exactly bitCount bits, which hold it. Out of
+// room, what fitted stays: zeros in front, then 64 bits at a time.
+EpcStatus bitBufferPutLongDecimal(BitBuffer& buffer, std::string_view digits,
+                                  std::int32_t bitCount);
+
+// Reads bitCount bits, no more than MAX_LONG_DIGITS digits take, and appends them as decimal
+// digits, zero-padded to width; a longer number is not cut. More than MAX_LONG_DIGITS digits are
+// EPC_ERR_NO_ROOM.
+EpcStatus bitBufferGetLongDecimal(TextBuffer& text, BitBuffer& buffer, std::int32_t bitCount,
+                                  std::int32_t width);
 
 } // namespace rosetag
 

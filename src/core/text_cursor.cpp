@@ -64,13 +64,30 @@ DigitGroup readDigitGroup(const char* characters) {
     return {(bytes * 10000 + (bytes >> 32)) & 0xFFFFFFFF, count};
 }
 
+// Copies up to where isDone tells, percent escapes resolved.
+template <typename IsDone>
+EpcStatus readEscaped(TextCursor& cursor, std::int32_t capacity, char* out, std::int32_t& outCount,
+                      IsDone isDone) {
+    std::int32_t count = 0;
+    while (!isDone()) {
+        if (count >= capacity - 1) {
+            return EPC_ERR_TOO_LONG;
+        }
+        EPC_TRY(textCursorReadEscapedChar(cursor, out[count]));
+        ++count;
+    }
+    out[count] = '\0';
+    outCount = count;
+    return EPC_OK;
+}
+
 } // namespace
 
 EpcStatus textCursorReadUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
                               std::string_view& out) {
     const char* const first = cursor.current;
-    // Behind the end of the span, where digits may have led, only a NUL is an end: what is left is
-    // then below 0, and as a size beyond any capacity.
+    // Beyond the span, where digits may have led, only a NUL is an end: what is left is then below
+    // 0, and as a size beyond any capacity.
     const auto left = static_cast<std::size_t>(textCursorLeft(cursor));
     const char* const last = first + std::min(left, static_cast<std::size_t>(capacity - 1));
     const char* current = first;
@@ -78,7 +95,7 @@ EpcStatus textCursorReadUntil(TextCursor& cursor, char delimiter, std::int32_t c
         ++current;
     }
     cursor.current = current;
-    // The character behind the span counts as a delimiter, so that this is looked at first.
+    // The character after the span counts as a delimiter, so that this is looked at first.
     if (*current != delimiter) {
         return textCursorAtEnd(cursor) ? EPC_ERR_TRUNCATED : EPC_ERR_TOO_LONG;
     }
@@ -106,36 +123,16 @@ EpcStatus textCursorReadEscape(TextCursor& cursor, char& out) {
 
 EpcStatus textCursorReadEscapedUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
                                      char* out, std::int32_t& outCount) {
-    std::int32_t count = 0;
-    while (*cursor.current != delimiter) {
-        if (count >= capacity - 1) {
-            return EPC_ERR_TOO_LONG;
-        }
-        EPC_TRY(textCursorReadEscapedChar(cursor, out[count]));
-        ++count;
-    }
-    out[count] = '\0';
-    outCount = count;
-    return EPC_OK;
+    return readEscaped(cursor, capacity, out, outCount,
+                       [&] { return *cursor.current == delimiter; });
 }
 
-EpcStatus textCursorReadEscapedUntilAny(TextCursor& cursor, std::string_view stops,
-                                        std::int32_t capacity, char* out, std::int32_t& outCount) {
-    std::int32_t count = 0;
-    while (!textCursorAtEnd(cursor) && stops.find(*cursor.current) == std::string_view::npos) {
-        if (count >= capacity - 1) {
-            return EPC_ERR_TOO_LONG;
-        }
-        EPC_TRY(textCursorReadEscapedChar(cursor, out[count]));
-        ++count;
-    }
-    out[count] = '\0';
-    outCount = count;
-    return EPC_OK;
+EpcStatus textCursorReadEscapedToEnd(TextCursor& cursor, std::int32_t capacity, char* out,
+                                     std::int32_t& outCount) {
+    return readEscaped(cursor, capacity, out, outCount, [&] { return textCursorAtEnd(cursor); });
 }
 
-EpcStatus textCursorReadDigits(TextCursor& cursor, LeadingZeros leadingZeros,
-                               std::int32_t maxDigits, char* out, std::int32_t* outCount,
+EpcStatus textCursorReadDigits(TextCursor& cursor, std::int32_t maxDigits, std::string_view& out,
                                std::int32_t stopAfter) {
     const DigitLimit limit = digitLimit(maxDigits, stopAfter);
     const char* const digits = cursor.current;
@@ -143,11 +140,8 @@ EpcStatus textCursorReadDigits(TextCursor& cursor, LeadingZeros leadingZeros,
     while (count < limit.most && charIsDigit(digits[count])) {
         ++count;
     }
-    EPC_TRY(endDigitRun(cursor, leadingZeros, limit, count));
-    *std::copy(digits, digits + count, out) = '\0';
-    if (outCount != nullptr) {
-        *outCount = count;
-    }
+    EPC_TRY(endDigitRun(cursor, LeadingZeros::ALLOW, limit, count));
+    out = {digits, static_cast<std::size_t>(count)};
     return EPC_OK;
 }
 

@@ -118,17 +118,16 @@ inline EpcStatus textCursorReadEscapedChar(TextCursor& cursor, char& out) {
 EpcStatus textCursorReadEscapedUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
                                      char* out, std::int32_t& outCount);
 
-// Copies up to any raw character of stops or to the end, percent escapes resolved.
-EpcStatus textCursorReadEscapedUntilAny(TextCursor& cursor, std::string_view stops,
-                                        std::int32_t capacity, char* out, std::int32_t& outCount);
+// The same up to the end.
+EpcStatus textCursorReadEscapedToEnd(TextCursor& cursor, std::int32_t capacity, char* out,
+                                     std::int32_t& outCount);
 
-// Reads a run of digits, which may be empty, as text: out takes maxDigits and a NUL. A further
-// digit is EPC_ERR_OUT_OF_RANGE. stopAfter ends the run at that many digits; 0 sets no end.
-EpcStatus textCursorReadDigits(TextCursor& cursor, LeadingZeros leadingZeros,
-                               std::int32_t maxDigits, char* out, std::int32_t* outCount,
-                               std::int32_t stopAfter);
+// Takes a run of up to maxDigits digits, which may be empty. A further digit is
+// EPC_ERR_OUT_OF_RANGE. stopAfter ends the run at that many digits; 0 sets no end.
+EpcStatus textCursorReadDigits(TextCursor& cursor, std::int32_t maxDigits, std::string_view& out,
+                               std::int32_t stopAfter = 0);
 
-// The same as a number of up to 19 digits. An empty run is the number 0.
+// Reads such a run as a number of up to 19 digits. An empty run is the number 0.
 EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
                                std::uint64_t& outValue, std::int32_t* outCount = nullptr,
                                std::int32_t stopAfter = 0);

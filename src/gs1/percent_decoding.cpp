@@ -11,7 +11,7 @@ EpcStatus percentDecode(std::string_view raw, std::int32_t capacity, char* out,
         raw.size() >= static_cast<std::size_t>(capacity)) {
         TextCursor cursor = textCursorOver(raw);
         std::int32_t count = 0;
-        EPC_TRY(textCursorReadEscapedUntilAny(cursor, {}, capacity, out, count));
+        EPC_TRY(textCursorReadEscapedToEnd(cursor, capacity, out, count));
         text = {out, static_cast<std::size_t>(count)};
     }
     decoded = {text.data(), std::min(text.find('\0'), text.size())};

@@ -1,9 +1,7 @@
 #include "values/number_kinds.h"
 
 #include "core/field_run.h"
-#include "core/hex_words.h"
 #include "core/long_decimal.h"
-#include "core/long_field.h"
 #include "values/length_indicator.h"
 
 namespace rosetag {
@@ -13,39 +11,18 @@ namespace {
 // A run of one digit more than a number may have is still read, and refused as a number.
 constexpr std::int32_t MAX_READ_DIGITS = MAX_LONG_DIGITS + 1;
 
-EpcStatus putLongNumber(BitBuffer& out, std::string_view digits, std::int32_t bitWidth) {
-    char hex[MAX_LONG_HEX_DIGITS + 1];
-    std::int32_t hexCount = 0;
-    EPC_TRY(decimalToHex(digits, sizeof hex, hex, hexCount));
-    std::uint8_t hexBytes[(MAX_LONG_HEX_DIGITS + 1) / 2];
-    EPC_TRY(hexToBytes({hex, static_cast<std::size_t>(hexCount)}, hexBytes));
-    return bitBufferPutHexBytes(out, hexCount, hexBytes, bitWidth) == 0 ? EPC_OK : EPC_ERR_NO_ROOM;
-}
-
-// Reads digitCount digits, or all where it is 0, as the text that a long number is made of.
-EpcStatus readLongDigits(TextCursor& cursor, std::int32_t digitCount,
-                         char (&digits)[MAX_READ_DIGITS + 1], std::string_view& out) {
-    std::int32_t count = 0;
-    EPC_TRY(textCursorReadDigits(cursor, LeadingZeros::ALLOW, MAX_READ_DIGITS, digits, &count,
-                                 digitCount));
-    out = {digits, static_cast<std::size_t>(count)};
-    return EPC_OK;
-}
-
 EpcStatus encodeLongNumeric(TextCursor& cursor, BitBuffer& out, const AiComponent& component) {
-    char storage[MAX_READ_DIGITS + 1];
     std::string_view digits;
-    EPC_TRY(readLongDigits(cursor, component.digitCount, storage, digits));
+    EPC_TRY(textCursorReadDigits(cursor, MAX_READ_DIGITS, digits, component.digitCount));
     if (digits.size() < component.digitCount) {
         return EPC_ERR_BAD_CHARACTER;
     }
-    return putLongNumber(out, digits, component.bitWidth);
+    return bitBufferPutLongDecimal(out, digits, component.bitWidth);
 }
 
 EpcStatus encodeLongInteger(TextCursor& cursor, BitBuffer& out) {
-    char storage[MAX_READ_DIGITS + 1];
     std::string_view digits;
-    EPC_TRY(readLongDigits(cursor, 0, storage, digits));
+    EPC_TRY(textCursorReadDigits(cursor, MAX_READ_DIGITS, digits));
     if (!textCursorAtEnd(cursor)) {
         return EPC_ERR_BAD_CHARACTER;
     }
@@ -53,7 +30,7 @@ EpcStatus encodeLongInteger(TextCursor& cursor, BitBuffer& out) {
     if (count > MAX_LONG_DIGITS) {
         return EPC_ERR_TOO_LONG;
     }
-    return putLongNumber(out, digits, aiDigitBits(count));
+    return bitBufferPutLongDecimal(out, digits, aiDigitBits(count));
 }
 
 } // namespace
@@ -79,7 +56,7 @@ EpcStatus aiEncodeNumeric(TextCursor& cursor, BitBuffer& out, const AiEncodeFiel
 
 EpcStatus aiDecodeNumeric(BitBuffer& bits, TextBuffer& text, const AiComponent& component) {
     if (component.bitWidth > 64) {
-        return bitBufferGetPaddedDecimal(text, bits, component.bitWidth, component.digitCount);
+        return bitBufferGetLongDecimal(text, bits, component.bitWidth, component.digitCount);
     }
     std::uint64_t number = 0;
     EPC_TRY(bitBufferRead(bits, component.bitWidth, number));
@@ -150,7 +127,7 @@ EpcStatus aiDecodeInteger(BitBuffer& bits, TextBuffer& text, std::int32_t digitC
     }
     const std::int32_t bitWidth = aiDigitBits(digitCount);
     if (digitCount > MAX_NUMBER_DIGITS) {
-        return bitBufferGetPaddedDecimal(text, bits, bitWidth, digitCount);
+        return bitBufferGetLongDecimal(text, bits, bitWidth, digitCount);
     }
     std::uint64_t number = 0;
     EPC_TRY(bitBufferRead(bits, bitWidth, number));

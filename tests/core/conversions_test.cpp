@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
 #include <string>
 #include <vector>
 
@@ -35,84 +34,98 @@ std::string convertBase(const std::string& digits, int from, int to) {
     return number;
 }
 
-using Conversion = EpcStatus (*)(std::string_view, std::int32_t, char*, std::int32_t&);
-
-struct Direction {
-    const char* name;
-    Conversion convert;
-    int from, to;
-    std::size_t mostDigits;
-    std::string_view alphabet;
-    std::set<std::size_t> roomier; // counts of digits for which one more than needed is asked for
-};
-
-const Direction directions[] = {
-    {"hexToDecimal",
-     hexToDecimal,
-     16,
-     10,
-     75,
-     "0123456789ABCDEF",
-     {19, 24, 29, 34, 39, 44, 48, 53, 58, 63, 68, 73}},
-    {"decimalToHex", decimalToHex, 10, 16, 90, "0123456789", {}},
-};
-
-// Converts into exactly capacity bytes before an unreadable page.
-void expectConversion(const Direction& way, const std::string& digits, std::size_t capacity,
-                      EpcStatus status) {
-    SCOPED_TRACE(testing::Message() << way.name << " " << digits << " capacity " << capacity);
-    GuardedArea area;
-    char* out = area.place<char>(capacity, GuardedArea::Side::BEFORE_PAGE);
-    std::int32_t count = -7;
-    ASSERT_STATUS(status, way.convert(digits, static_cast<std::int32_t>(capacity), out, count));
-    if (status != EPC_OK) {
-        ASSERT_EQ(-7, count);
-        ASSERT_TRUE(area.isUntouchedAround(out, 0));
-        return;
-    }
-    const std::string expected = convertBase(digits, way.from, way.to);
-    ASSERT_STREQ(expected.c_str(), out);
-    ASSERT_EQ(static_cast<std::int32_t>(expected.size()), count);
-    ASSERT_TRUE(area.isUntouchedAround(out, capacity));
+std::string decimalOfBits(const std::string& bits, std::size_t width) {
+    std::string digits = convertBase(bits, 2, 10);
+    digits.insert(0, digits.size() < width ? width - digits.size() : 0, '0');
+    return digits;
 }
 
-TEST(LongDecimal, EveryCountOfDigitsInTheRoomThatItAsksFor) {
+// Every count of digits, in as many bits as it takes and in more, after bits that stay as they are.
+TEST(LongDecimal, IsWrittenAndReadInEveryWidth) {
     Random random(6);
-    for (const Direction& way : directions) {
-        for (std::size_t n = 0; n <= way.mostDigits; ++n) {
-            const std::string largest(n, way.alphabet.back());
-            std::size_t room = convertBase(largest, way.from, way.to).size() + 1;
-            room += way.roomier.count(n);
-            // 75 hexadecimal digits may be a number of 90 or 91 decimal digits: its value tells.
-            const bool roomByValue = way.from == 16 && n == 75;
-            for (const std::string& digits :
-                 {largest, std::string(n, '0'), (std::string(n, '0') + "1").substr(1),
-                  random.text(n, way.alphabet), random.text(n, way.alphabet)}) {
-                ASSERT_NO_FATAL_FAILURE(expectConversion(way, digits, room, EPC_OK));
-                ASSERT_NO_FATAL_FAILURE(expectConversion(way, digits, room + 5, EPC_OK));
-                if (!roomByValue) {
-                    ASSERT_NO_FATAL_FAILURE(
-                        expectConversion(way, digits, room - 1, EPC_ERR_NO_ROOM));
-                }
-            }
-        }
-        for (const std::size_t n : {way.mostDigits + 1, std::size_t{200}}) {
-            expectConversion(way, std::string(n, '0'), 100, EPC_ERR_TOO_LONG);
+    constexpr std::int32_t offset = 5;
+    for (std::size_t n = 0; n <= MAX_LONG_DIGITS; ++n) {
+        for (const std::string& digits :
+             {std::string(n, '9'), std::string(n, '0'), (std::string(n, '0') + "1").substr(1),
+              random.digits(n), random.digits(n)}) {
+            const std::int32_t bitCount =
+                aiDigitBits(static_cast<std::int32_t>(n)) + (n > 70 ? 0 : random.between(0, 70));
+            SCOPED_TRACE(testing::Message() << digits << " in " << bitCount << " bits");
+            const auto width = static_cast<std::size_t>(bitCount);
+            std::string bits = convertBase(digits, 10, 2);
+            bits.insert(0, width - bits.size(), '0');
+            std::vector<std::uint8_t> bytes(50, 0xFF);
+            BitBuffer out{bytes.data(), 400, offset};
+            ASSERT_STATUS(EPC_OK, bitBufferPutLongDecimal(out, digits, bitCount));
+            ASSERT_EQ(std::string(offset, '1') + bits + std::string(395 - width, '1'),
+                      bitsFromBytes(bytes));
+            ASSERT_EQ(offset + bitCount, out.position);
+
+            BitBuffer in{bytes.data(), offset + bitCount, offset};
+            char storage[MAX_LONG_DIGITS + 1];
+            TextBuffer text = textBufferOver(storage, static_cast<std::int32_t>(n + 1));
+            const auto digitCount = static_cast<std::int32_t>(n);
+            ASSERT_STATUS(EPC_OK, bitBufferGetLongDecimal(text, in, bitCount, digitCount));
+            ASSERT_EQ(digits, storage);
+            ASSERT_EQ(out.position, in.position);
         }
     }
 }
 
-TEST(LongDecimal, SeventyFiveHexadecimalDigits) {
-    const std::string ninetyNines = convertBase(std::string(90, '9'), 10, 16);
-    ASSERT_EQ(75U, ninetyNines.size());
-    const std::string tenToTheNinety = convertBase("1" + std::string(90, '0'), 10, 16);
-    expectConversion(directions[0], ninetyNines, 91, EPC_OK);
-    expectConversion(directions[0], ninetyNines, 90, EPC_ERR_NO_ROOM);
-    expectConversion(directions[0], tenToTheNinety, 91, EPC_ERR_NO_ROOM);
-    expectConversion(directions[0], tenToTheNinety, 92, EPC_OK);
-    expectConversion(directions[0], std::string(74, '0') + "A", 3, EPC_OK);
-    expectConversion(directions[0], std::string(74, '0') + "A", 2, EPC_ERR_NO_ROOM);
-    expectConversion(directions[0], "ff", 4, EPC_OK);
+// Zeros in front are one block; the rest, in whole hexadecimal digits, is blocks of 64 bits.
+TEST(LongDecimal, LeavesTheBlocksThatFit) {
+    const std::string digits = "12345678901234567890123456789012345678901234567890"; // 164 bits
+    const std::string bits = convertBase(digits, 10, 2);
+    ASSERT_EQ(164U, bits.size());
+    const struct {
+        std::int32_t capacity;
+        std::size_t written;
+    } rows[] = {{0, 0}, {2, 0}, {3, 3}, {66, 3}, {67, 67}, {130, 67}, {131, 131}, {166, 131}};
+    for (const auto& row : rows) {
+        std::vector<std::uint8_t> bytes(22);
+        BitBuffer out{bytes.data(), row.capacity, 0};
+        EXPECT_STATUS(EPC_ERR_NO_ROOM, bitBufferPutLongDecimal(out, digits, 167)) << row.capacity;
+        const std::string whole = "000" + bits;
+        EXPECT_EQ(whole.substr(0, row.written) + std::string(176 - row.written, '0'),
+                  bitsFromBytes(bytes))
+            << row.capacity;
+    }
+}
+
+TEST(LongDecimal, IsPaddedAndNotCut) {
+    const struct {
+        const char* name;
+        std::string bits;
+        std::int32_t width, capacity;
+        EpcStatus status;
+        std::string text;
+    } rows[] = {
+        {"zero is its padding", "0000000", 3, 20, EPC_OK, ">000"},
+        {"zero of width 0", "0000000", 0, 20, EPC_OK, ">"},
+        {"wider", "11111111", 5, 20, EPC_OK, ">00255"},
+        {"narrower", "11111111", 2, 20, EPC_OK, ">255"},
+        {"fits exactly", "11111111", 3, 5, EPC_OK, ">255"},
+        {"padding without room", "11111111", 5, 3, EPC_ERR_NO_ROOM, ">"},
+        {"digits without room", "11111111", 5, 6, EPC_ERR_NO_ROOM, ">00"},
+        {"the widest of 90 digits", std::string(298, '1'), 0, 100, EPC_OK,
+         '>' + decimalOfBits(std::string(298, '1'), 0)},
+        {"91 digits", std::string(299, '1'), 0, 100, EPC_ERR_NO_ROOM, ">"},
+    };
+    for (const auto& row : rows) {
+        const std::vector<std::uint8_t> bytes = bytesFromBits(row.bits);
+        const auto bitCount = static_cast<std::int32_t>(row.bits.size());
+        GuardedArea area;
+        char* storage = area.place<char>(static_cast<std::size_t>(row.capacity),
+                                         GuardedArea::Side::BEFORE_PAGE);
+        TextBuffer text = textBufferOver(storage, row.capacity);
+        EXPECT_STATUS(EPC_OK, textBufferPutChar(text, '>'));
+        BitBuffer buffer = bitBufferForReading(bytes.data(), bitCount);
+        EXPECT_STATUS(row.status, bitBufferGetLongDecimal(text, buffer, bitCount, row.width))
+            << row.name;
+        EXPECT_EQ(row.text, storage) << row.name;
+        EXPECT_STATUS(EPC_ERR_TRUNCATED, bitBufferGetLongDecimal(text, buffer, 1, row.width))
+            << row.name;
+    }
 }
 
 TEST(LongDecimal, DigitBitsAreTheLengthOfTheLargestNumber) {

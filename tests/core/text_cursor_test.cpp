@@ -45,10 +45,9 @@ EpcStatus escapedUntil(TextCursor& cursor, Output& out) {
     return textCursorReadEscapedUntil(cursor, delimiter, capacity, out.lay(capacity), out.count);
 }
 
-template <std::int32_t capacity, char... stops>
-EpcStatus escapedUntilAny(TextCursor& cursor, Output& out) {
-    const char set[] = {stops..., '\0'};
-    return textCursorReadEscapedUntilAny(cursor, set, capacity, out.lay(capacity), out.count);
+template <std::int32_t capacity>
+EpcStatus escapedToEnd(TextCursor& cursor, Output& out) {
+    return textCursorReadEscapedToEnd(cursor, capacity, out.lay(capacity), out.count);
 }
 
 EpcStatus escapedChar(TextCursor& cursor, Output& out) {
@@ -60,10 +59,13 @@ EpcStatus escapedChar(TextCursor& cursor, Output& out) {
     return EPC_OK;
 }
 
-template <LeadingZeros leadingZeros, std::int32_t maxDigits, std::int32_t stopAfter = 0>
+template <std::int32_t maxDigits, std::int32_t stopAfter = 0>
 EpcStatus digits(TextCursor& cursor, Output& out) {
-    return textCursorReadDigits(cursor, leadingZeros, maxDigits, out.lay(maxDigits + 1), &out.count,
-                                stopAfter);
+    std::string_view text;
+    EPC_TRY(textCursorReadDigits(cursor, maxDigits, text, stopAfter));
+    out.count = static_cast<std::int32_t>(text.size());
+    *std::copy(text.begin(), text.end(), out.lay(out.count + 1)) = '\0';
+    return EPC_OK;
 }
 
 template <LeadingZeros leadingZeros, std::int32_t stopAfter = 0>
@@ -133,32 +135,23 @@ const Row rows[] = {
     {"escaped until, bad escape",      escapedUntil<'.', 5>,          "a%x1.",                WHOLE, EPC_ERR_BAD_CHARACTER,  "",          4},
     {"escaped until NUL",              escapedUntil<'\0', 5>,         "a%20b",                WHOLE, EPC_OK,                 "a b",       5},
     {"escaped until, an escaped NUL",  escapedUntil<'\0', 5>,         "a%00b",                WHOLE, EPC_OK,                 "a",         5, 3},
-    {"any, first stop",                escapedUntilAny<5, '/', '?'>,  "a%2Fb?/",              WHOLE, EPC_OK,                 "a/b",       5},
-    {"any, second stop",               escapedUntilAny<5, '/', '?'>,  "a/?",                  WHOLE, EPC_OK,                 "a",         1},
-    {"any, at once",                   escapedUntilAny<1, '/'>,       "/",                    WHOLE, EPC_OK,                 "",          0},
-    {"any, to the end",                escapedUntilAny<4, '/'>,       "abc",                  WHOLE, EPC_OK,                 "abc",       3},
-    {"any, to the end of the span",    escapedUntilAny<4, '/'>,       "abcde",                3,     EPC_OK,                 "abc",       3},
-    {"any, no stops",                  escapedUntilAny<4>,            "a/?",                  WHOLE, EPC_OK,                 "a/?",       3},
-    {"any, too long",                  escapedUntilAny<4, '/'>,       "abcd/",                WHOLE, EPC_ERR_TOO_LONG,       "",          3},
-    {"any, empty span",                escapedUntilAny<4, '/'>,       "abc",                  0,     EPC_OK,                 "",          0},
-    {"any, cut escape",                escapedUntilAny<4, '/'>,       "a%4",                  WHOLE, EPC_ERR_TRUNCATED,      "",          3},
-    {"any, escape cut by a stop",      escapedUntilAny<4, '/'>,       "a%4/",                 WHOLE, EPC_ERR_BAD_CHARACTER,  "",          4},
-    {"digits",                         digits<ZEROS, 6>,              "007a",                 WHOLE, EPC_OK,                 "007",       3},
-    {"digits, none",                   digits<ZEROS, 6>,              "a",                    WHOLE, EPC_OK,                 "",          0},
-    {"digits, none at the end",        digits<ZEROS, 6>,              "",                     WHOLE, EPC_OK,                 "",          0},
-    {"digits, most",                   digits<ZEROS, 3>,              "123",                  WHOLE, EPC_OK,                 "123",       3},
-    {"digits, one more",               digits<ZEROS, 3>,              "1234",                 WHOLE, EPC_ERR_OUT_OF_RANGE,   "",          3},
-    {"digits, none allowed",           digits<ZEROS, 0>,              "1",                    WHOLE, EPC_ERR_OUT_OF_RANGE,   "",          0},
-    {"digits, stop",                   digits<ZEROS, 6, 3>,           "12345",                WHOLE, EPC_OK,                 "123",       3},
-    {"digits, stop at the most",       digits<ZEROS, 3, 3>,           "12345",                WHOLE, EPC_OK,                 "123",       3},
-    {"digits, stop behind the most",   digits<ZEROS, 3, 4>,           "12345",                WHOLE, EPC_ERR_OUT_OF_RANGE,   "",          3},
-    {"digits, stop not reached",       digits<ZEROS, 6, 3>,           "12a",                  WHOLE, EPC_OK,                 "12",        2},
-    {"digits pass the span",           digits<ZEROS, 6>,              "1234",                 2,     EPC_OK,                 "1234",      4},
-    {"digits, a lone zero",            digits<NO_ZEROS, 6>,           "0a",                   WHOLE, EPC_OK,                 "0",         1},
-    {"digits, a leading zero",         digits<NO_ZEROS, 6>,           "01",                   WHOLE, EPC_ERR_BAD_FORMAT,     "",          1},
-    {"digits, zero within",            digits<NO_ZEROS, 6>,           "100",                  WHOLE, EPC_OK,                 "100",       3},
-    {"digits, leading zero, too many", digits<NO_ZEROS, 1>,           "01",                   WHOLE, EPC_ERR_OUT_OF_RANGE,   "",          1},
-    {"digits, zero, then stop",        digits<NO_ZEROS, 6, 1>,        "01",                   WHOLE, EPC_OK,                 "0",         1},
+    {"to the end, an escape",          escapedToEnd<5>,               "a%2Fb?",               WHOLE, EPC_OK,                 "a/b?",      6},
+    {"to the end",                     escapedToEnd<4>,               "abc",                  WHOLE, EPC_OK,                 "abc",       3},
+    {"to the end of the span",         escapedToEnd<4>,               "abcde",                3,     EPC_OK,                 "abc",       3},
+    {"to the end, too long",           escapedToEnd<4>,               "abcd",                 WHOLE, EPC_ERR_TOO_LONG,       "",          3},
+    {"to the end, empty span",         escapedToEnd<4>,               "abc",                  0,     EPC_OK,                 "",          0},
+    {"to the end, cut escape",         escapedToEnd<4>,               "a%4",                  WHOLE, EPC_ERR_TRUNCATED,      "",          3},
+    {"digits",                         digits<6>,                     "007a",                 WHOLE, EPC_OK,                 "007",       3},
+    {"digits, none",                   digits<6>,                     "a",                    WHOLE, EPC_OK,                 "",          0},
+    {"digits, none at the end",        digits<6>,                     "",                     WHOLE, EPC_OK,                 "",          0},
+    {"digits, most",                   digits<3>,                     "123",                  WHOLE, EPC_OK,                 "123",       3},
+    {"digits, one more",               digits<3>,                     "1234",                 WHOLE, EPC_ERR_OUT_OF_RANGE,   "",          3},
+    {"digits, none allowed",           digits<0>,                     "1",                    WHOLE, EPC_ERR_OUT_OF_RANGE,   "",          0},
+    {"digits, stop",                   digits<6, 3>,                  "12345",                WHOLE, EPC_OK,                 "123",       3},
+    {"digits, stop at the most",       digits<3, 3>,                  "12345",                WHOLE, EPC_OK,                 "123",       3},
+    {"digits, stop behind the most",   digits<3, 4>,                  "12345",                WHOLE, EPC_ERR_OUT_OF_RANGE,   "",          3},
+    {"digits, stop not reached",       digits<6, 3>,                  "12a",                  WHOLE, EPC_OK,                 "12",        2},
+    {"digits pass the span",           digits<6>,                     "1234",                 2,     EPC_OK,                 "1234",      4},
     {"number",                         number<ZEROS>,                 "0042.",                WHOLE, EPC_OK,                 "42",        4, 4},
     {"number, none",                   number<NO_ZEROS>,              "x",                    WHOLE, EPC_OK,                 "0",         0, 0},
     {"number, a lone zero",            number<NO_ZEROS>,              "0",                    WHOLE, EPC_OK,                 "0",         1},
