@@ -51,14 +51,17 @@ std::string explanationJson(std::string_view value, const WalkedBits& explanatio
     return object.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
-int explainValue(Output& output, const Arguments& arguments, const std::string& value) {
+int explainValue(Output& output, const Arguments& arguments, const std::string& value,
+                 bool& isFirst) {
     std::string hex;
     if (const Failure failure = hexOf(prepareValue(value, {}), hex); isFailure(failure)) {
         return complainOfFailure(output, value, failure);
     }
     const WalkedBits explanation = hexIsTid(hex) ? explainTid(hex) : explainEpc(hex);
+    outputWrite(output, isFirst || arguments.isJson ? "" : "\n");
     outputWrite(output, arguments.isJson ? explanationJson(value, explanation)
                                          : humanExplanation(explanation));
+    isFirst = false;
     const Failure failure = failureOfBits(hex);
     return isFailure(failure) ? complainOfFailure(output, value, failure) : EXIT_STATUS_GOOD;
 }
@@ -69,9 +72,7 @@ int explainCommand(Output& output, const Arguments& arguments) {
     int exitStatus = EXIT_STATUS_GOOD;
     bool isFirst = true;
     for (const std::string& value : arguments.values) {
-        outputWrite(output, isFirst || arguments.isJson ? "" : "\n");
-        isFirst = false;
-        exitStatus = std::max(exitStatus, explainValue(output, arguments, value));
+        exitStatus = std::max(exitStatus, explainValue(output, arguments, value, isFirst));
     }
     return exitStatus;
 }

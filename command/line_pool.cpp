@@ -3,6 +3,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <exception>
+#include <limits>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -11,138 +12,117 @@ namespace rosetag {
 
 namespace {
 
-enum class SlotState { FREE, READ, CONVERTED };
+constexpr std::uint64_t never = std::numeric_limits<std::uint64_t>::max();
 
-struct Slot {
-    SlotState state = SlotState::FREE;
-    LineWork work;
-};
-
-// A ring of blocks: the reader fills them, the workers take them as they come, the calling thread
-// delivers them in order. The counters count blocks from the beginning of the run.
+// Every thread does the same: it reads the next block, converts it, waits for its turn, delivers
+// it. Blocks are numbered from the beginning of the run.
 struct Pool {
-    explicit Pool(std::size_t slotCount) : slots(slotCount) {}
-
     std::mutex mutex;
     std::condition_variable changed;
-    std::vector<Slot> slots;
+    std::size_t mostBytes = 0; // no block is read while more than this is on its way
+    std::size_t bytes = 0;
+    bool isReading = false;
     std::uint64_t read = 0;
-    std::uint64_t taken = 0;
     std::uint64_t delivered = 0;
+    std::uint64_t end = never;          // this block and those after it are not delivered
     std::atomic<bool> hasEnded = false; // nothing more is read
-    bool isBroken = false;              // a block that was read will not be converted
-    std::exception_ptr failure;         // the first
+    std::exception_ptr failure;         // that of the first block
+    std::uint64_t failedBlock = never;
 };
 
-Slot& slotOf(Pool& pool, std::uint64_t number) {
-    return pool.slots[number % pool.slots.size()];
-}
-
-void end(Pool& pool, std::exception_ptr failure) {
+void endBefore(Pool& pool, std::uint64_t block, std::exception_ptr failure) {
     const std::lock_guard lock(pool.mutex);
     pool.hasEnded = true;
-    if (pool.failure == nullptr) {
+    pool.end = std::min(pool.end, block);
+    if (failure != nullptr && block < pool.failedBlock) {
         pool.failure = std::move(failure);
+        pool.failedBlock = block;
     }
     pool.changed.notify_all();
 }
 
-// Waits for a slot to read into, or gives null at the end of the run.
-Slot* freeSlot(Pool& pool) {
+// Reads the next block. False at the end of the run.
+bool readBlock(Pool& pool, LineSource& source, LineWork& work, std::uint64_t& block) {
     std::unique_lock lock(pool.mutex);
-    Slot& slot = slotOf(pool, pool.read);
-    pool.changed.wait(lock, [&] { return pool.hasEnded || slot.state == SlotState::FREE; });
-    return pool.hasEnded ? nullptr : &slot;
-}
-
-void markRead(Pool& pool, Slot& slot) {
-    const std::lock_guard lock(pool.mutex);
-    slot.state = SlotState::READ;
-    ++pool.read;
+    pool.changed.wait(
+        lock, [&] { return pool.hasEnded || (!pool.isReading && pool.bytes <= pool.mostBytes); });
+    if (pool.hasEnded) {
+        return false;
+    }
+    pool.isReading = true;
+    block = pool.read;
+    lock.unlock();
+    const bool isThere = lineSourceRead(source, work.block);
+    lock.lock();
+    pool.isReading = false;
+    if (isThere) {
+        ++pool.read;
+        pool.bytes += work.block.text.capacity;
+    } else {
+        pool.hasEnded = true;
+    }
     pool.changed.notify_all();
+    return isThere;
 }
 
-void readBlocks(Pool& pool, LineSource& source) {
-    try {
-        while (Slot* slot = freeSlot(pool)) {
-            if (!lineSourceRead(source, slot->work.block)) {
-                break;
-            }
-            markRead(pool, *slot);
-        }
-        end(pool, nullptr);
-    } catch (...) {
-        end(pool, std::current_exception());
-    }
-}
-
-// Waits for a block to convert, or gives null when there will be none.
-Slot* takeRead(Pool& pool) {
+// Delivers a block when those before it are. False if it is not wanted any more.
+bool deliverInTurn(Pool& pool, LineWork& work, std::uint64_t block, const LinePoolCalls& calls) {
     std::unique_lock lock(pool.mutex);
-    pool.changed.wait(lock, [&] { return pool.taken < pool.read || pool.hasEnded; });
-    return pool.taken < pool.read ? &slotOf(pool, pool.taken++) : nullptr;
-}
-
-void convertBlocks(Pool& pool, const LineRules& rules) {
-    try {
-        while (Slot* slot = takeRead(pool)) {
-            lineWorkRun(rules, slot->work);
-            const std::lock_guard lock(pool.mutex);
-            slot->state = SlotState::CONVERTED;
-            pool.changed.notify_all();
-        }
-    } catch (...) {
-        end(pool, std::current_exception());
-        const std::lock_guard lock(pool.mutex);
-        pool.isBroken = true;
-        pool.changed.notify_all();
+    pool.changed.wait(lock, [&] { return pool.delivered == block || block >= pool.end; });
+    if (block >= pool.end) {
+        return false;
     }
+    lock.unlock();
+    if (!calls.deliver(work)) {
+        endBefore(pool, block + 1, nullptr);
+    }
+    lock.lock();
+    ++pool.delivered;
+    pool.bytes -= work.block.text.capacity;
+    pool.changed.notify_all();
+    return true;
 }
 
-// Waits for the next block in order, or gives null when all are delivered.
-Slot* takeConverted(Pool& pool) {
-    std::unique_lock lock(pool.mutex);
-    Slot& slot = slotOf(pool, pool.delivered);
-    pool.changed.wait(lock, [&] {
-        return slot.state == SlotState::CONVERTED || pool.isBroken ||
-               (pool.hasEnded && pool.delivered == pool.read);
-    });
-    return slot.state == SlotState::CONVERTED ? &slot : nullptr;
-}
-
-void deliverBlocks(Pool& pool, const Deliver& deliver) {
+void work(Pool& pool, LineSource& source, const LineRules& rules, const LinePoolCalls& calls,
+          LineWork* first) {
+    LineWork own;
+    LineWork& work = first == nullptr ? own : *first;
+    std::uint64_t block = 0;
     try {
-        while (Slot* slot = takeConverted(pool)) {
-            if (!deliver(slot->work)) {
-                break;
+        while (first != nullptr || readBlock(pool, source, work, block)) {
+            first = nullptr;
+            lineWorkRun(rules, work);
+            if (!deliverInTurn(pool, work, block, calls)) {
+                return;
             }
-            const std::lock_guard lock(pool.mutex);
-            slot->state = SlotState::FREE;
-            ++pool.delivered;
-            pool.changed.notify_all();
+            lineWorkTrim(work);
         }
-        end(pool, nullptr);
     } catch (...) {
-        end(pool, std::current_exception());
+        endBefore(pool, block, std::current_exception());
     }
 }
 
 } // namespace
 
 void linePoolRun(LineSource& source, const LineRules& rules, LineWork first, unsigned threads,
-                 const Deliver& deliver) {
-    Pool pool(std::size_t{2} * threads + 2);
-    pool.slots.front().work = std::move(first);
-    markRead(pool, pool.slots.front());
-    source.isGivenUp = &pool.hasEnded;
-    std::vector<std::jthread> workers;
-    workers.reserve(threads + 1);
-    workers.emplace_back([&] { readBlocks(pool, source); });
-    for (unsigned i = 0; i < threads; ++i) {
-        workers.emplace_back([&] { convertBlocks(pool, rules); });
+                 const LinePoolCalls& calls) {
+    Pool pool;
+    // Blocks of ordinary lines never wait; one with a very long line goes alone.
+    pool.mostBytes = threads * 2 * LINE_BLOCK_SIZE;
+    pool.read = 1;
+    pool.bytes = first.block.text.capacity;
+    std::vector<std::jthread> others;
+    others.reserve(threads);
+    source.isGivenUp = threads > 1 ? &pool.hasEnded : nullptr;
+    try {
+        while (others.size() + 1 < threads) {
+            others.emplace_back([&] { work(pool, source, rules, calls, nullptr); });
+        }
+    } catch (const std::exception& error) {
+        calls.onFewerThreads(static_cast<unsigned>(others.size()) + 1, error.what());
     }
-    deliverBlocks(pool, deliver);
-    workers.clear();
+    work(pool, source, rules, calls, &first);
+    others.clear();
     source.isGivenUp = nullptr;
     if (pool.failure != nullptr) {
         std::rethrow_exception(pool.failure);

@@ -5,6 +5,7 @@
 #include "system.h"
 
 #include <cerrno>
+#include <optional>
 
 #include <unistd.h>
 
@@ -32,12 +33,12 @@ void addTally(LineTally& total, LineTally& tally) {
 
 void deliver(Sink& sink, LineWork& work) {
     addTally(sink.total, work.tally);
+    // Errors first: should the output fail, each of its empty lines is accounted for.
+    outputWrite(sink.errors, work.errors);
     outputWrite(sink.output, textAreaView(work.out));
     if (sink.isUnbuffered) {
+        outputFlush(sink.errors);
         outputFlush(sink.output);
-    }
-    if (!work.errors.empty()) {
-        outputWrite(sink.errors, work.errors);
     }
     if (!work.tally.usageError.empty()) {
         throw UsageError(work.tally.usageError);
@@ -45,7 +46,20 @@ void deliver(Sink& sink, LineWork& work) {
     progressUpdate(sink.progress, sink.total.lines, sink.total.failures, work.block.bytesRead);
 }
 
-Output openErrors(const std::string& fileName) {
+bool isSameFile(int a, int b) {
+    const std::optional<FileIdentity> identity = fileIdentity(a);
+    return identity.has_value() && identity == fileIdentity(b);
+}
+
+void throwIfInputIsOutput(const LineSource& source, int descriptor, const std::string& name) {
+    if (isSameFile(source.descriptor, descriptor)) {
+        throw UsageError(source.name + " would be overwritten while it is read: " + name +
+                         " is the same file");
+    }
+}
+
+// Opens the file for lines that fail. It is emptied when it is known to be none of the others.
+Output openErrors(const std::string& fileName, const LineSource& source) {
     if (fileName.empty()) {
         return {-1, {}, {}};
     }
@@ -53,7 +67,26 @@ Output openErrors(const std::string& fileName) {
     if (descriptor < 0) {
         throw ioError(fileName, errno);
     }
+    throwIfInputIsOutput(source, descriptor, fileName);
+    if (isSameFile(STDOUT_FILENO, descriptor)) {
+        throw UsageError("--errors: " + fileName +
+                         " is also standard output; results and failures need a file each");
+    }
+    if (!emptyFile(descriptor)) {
+        throw ioError(fileName, errno);
+    }
     return {descriptor, fileName, {}};
+}
+
+// A run that fails keeps the errors that it found.
+void closeErrorsAfterFailure(Output& errors) {
+    try {
+        if (errors.descriptor >= 0) {
+            outputClose(errors);
+        }
+    } catch (const IoError& error) {
+        warn(error.what());
+    }
 }
 
 // The header of a table goes on with the names of the new columns; fields get a header of their
@@ -82,14 +115,6 @@ std::string headerText(const LineFormat& format, const ColumnChoice& choice, std
     return header + '\n';
 }
 
-void runOnThisThread(LineSource& source, const LineRules& rules, LineWork& work, Sink& sink) {
-    do {
-        lineWorkRun(rules, work);
-        deliver(sink, work);
-    } while (!(rules.stopsAtFailure && sink.total.failures > 0) &&
-             lineSourceRead(source, work.block));
-}
-
 std::string summary(const LineTally& total, bool hasStopped) {
     std::string text = groupedDigits(total.lines) + (total.lines == 1 ? " line, " : " lines, ") +
                        groupedDigits(total.lines - total.blanks - total.failures) + " converted, " +
@@ -113,13 +138,19 @@ void runAll(LineSource& source, LineRules& rules, const RunOptions& options, Sin
     }
     const std::string header = lineHeader(rules.format, options.column, first.block);
     outputWrite(sink.output, headerText(rules.format, options.column, header));
-    if (options.jobs <= 1) {
-        return runOnThisThread(source, rules, first, sink);
-    }
-    linePoolRun(source, rules, std::move(first), options.jobs, [&](LineWork& work) {
-        deliver(sink, work);
-        return !(rules.stopsAtFailure && sink.total.failures > 0);
-    });
+    const LinePoolCalls calls = {
+        .deliver =
+            [&](LineWork& work) {
+                deliver(sink, work);
+                return !(rules.stopsAtFailure && sink.total.failures > 0);
+            },
+        .onFewerThreads =
+            [&](unsigned started, const std::string& reason) {
+                warn("--jobs: only " + std::to_string(started) + " of " +
+                     std::to_string(options.jobs) + " threads could be started: " + reason);
+            },
+    };
+    linePoolRun(source, rules, std::move(first), options.jobs, calls);
 }
 
 } // namespace
@@ -132,8 +163,9 @@ int lineRun(Output& output, LineRules& rules, const RunOptions& options) {
     }
     rules.writesErrors = !options.errorsFile.empty();
     rules.format.hasStatusColumn = rules.format.hasStatusColumn && !rules.writesErrors;
+    throwIfInputIsOutput(source, STDOUT_FILENO, "standard output");
     Sink sink{output,
-              openErrors(options.errorsFile),
+              openErrors(options.errorsFile, source),
               progressStart(!options.isQuiet, source.totalBytes),
               {},
               options.isUnbuffered};
@@ -142,7 +174,7 @@ int lineRun(Output& output, LineRules& rules, const RunOptions& options) {
         outputFlush(output);
     } catch (...) {
         progressEnd(sink.progress);
-        outputFlush(sink.errors);
+        closeErrorsAfterFailure(sink.errors);
         throw;
     }
     progressEnd(sink.progress);

@@ -16,7 +16,6 @@ struct RunOptions {
     unsigned jobs = 1;
     bool isUnbuffered = false;
     bool isQuiet = false;
-    bool isWanted = false; // an option that only a run has was given
 };
 
 // Gives the exit status. Throws UsageError and IoError.

@@ -13,7 +13,6 @@ namespace rosetag {
 
 namespace {
 
-constexpr std::size_t blockSize = std::size_t{256} << 10;
 constexpr std::size_t keptOfOverlong = 200;
 
 // Waits until something can be read. False if nobody wants it any more.
@@ -50,8 +49,8 @@ void skipLine(LineSource& source, LineBlock& block) {
     block.text.size = keptOfOverlong;
     textAreaAppend(block.text, "\n");
     TextArea rest;
-    textAreaReserve(rest, blockSize);
-    while (const std::size_t count = readSome(source, rest.data.get(), blockSize)) {
+    textAreaReserve(rest, LINE_BLOCK_SIZE);
+    while (const std::size_t count = readSome(source, rest.data.get(), LINE_BLOCK_SIZE)) {
         const void* const end = std::memchr(rest.data.get(), '\n', count);
         if (end != nullptr) {
             const auto behind =
@@ -81,9 +80,9 @@ void fillBlock(LineSource& source, LineBlock& block) {
         return;
     }
     while (text.size <= LONGEST_LINE) {
-        textAreaReserve(text, blockSize + 1);
+        textAreaReserve(text, LINE_BLOCK_SIZE + 1);
         const std::size_t before = text.size;
-        const std::size_t count = readSome(source, text.data.get() + before, blockSize);
+        const std::size_t count = readSome(source, text.data.get() + before, LINE_BLOCK_SIZE);
         text.size += count;
         if (count == 0) {
             source.hasEnded = true;
@@ -119,6 +118,14 @@ void textAreaAppend(TextArea& area, std::string_view text) {
     }
 }
 
+void textAreaClear(TextArea& area) {
+    constexpr std::size_t mostKept = 4 * LINE_BLOCK_SIZE;
+    if (area.capacity > mostKept) {
+        area = {};
+    }
+    area.size = 0;
+}
+
 LineSource lineSourceOpen(const std::string& fileName) {
     LineSource source{.descriptor = STDIN_FILENO, .name = "standard input", .carry = {}};
     if (!fileName.empty()) {
@@ -139,7 +146,7 @@ void lineSourceClose(LineSource& source) {
 }
 
 bool lineSourceRead(LineSource& source, LineBlock& block) {
-    block.text.size = 0;
+    textAreaClear(block.text);
     block.isOverlong = false;
     block.firstLine = source.nextLine;
     std::swap(block.text, source.carry);

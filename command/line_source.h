@@ -21,20 +21,26 @@ struct TextArea {
     std::size_t capacity = 0;
 };
 
-// Makes room for more characters behind those that are there.
+// Makes room for more characters after those that are there.
 void textAreaReserve(TextArea& area, std::size_t more);
 void textAreaAppend(TextArea& area, std::string_view text);
+
+// Empties the area, and gives its memory back where ordinary lines don't need so much.
+void textAreaClear(TextArea& area);
 
 inline std::string_view textAreaView(const TextArea& area) {
     return {area.data.get(), area.size};
 }
 
 struct LineBlock {
-    TextArea text; // lines, each with its "\n"; one more character can be written behind them
+    TextArea text; // lines, each with its "\n"; one more character can be written after them
     std::uint64_t firstLine = 1;
     std::uint64_t bytesRead = 0; // of the whole input, this block included
     bool isOverlong = false;     // the beginning of one line that is longer than any may be
 };
+
+// So much is read at a time.
+inline constexpr std::size_t LINE_BLOCK_SIZE = std::size_t{256} << 10;
 
 // A line may have so many characters. Of a longer one the beginning is kept.
 inline constexpr std::size_t LONGEST_LINE = std::size_t{16} << 20;

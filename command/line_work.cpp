@@ -168,10 +168,17 @@ HexExport hexExportOf(std::string_view fieldName) {
     return road == hexRoads.end() ? nullptr : road->call;
 }
 
-void lineWorkRun(const LineRules& rules, LineWork& work) {
-    work.out.size = 0;
+void lineWorkTrim(LineWork& work) {
+    textAreaClear(work.block.text);
+    textAreaClear(work.out);
+    if (work.errors.capacity() > LINE_BLOCK_SIZE) {
+        work.errors = {};
+    }
     work.errors.clear();
     work.tally = {};
+}
+
+void lineWorkRun(const LineRules& rules, LineWork& work) {
     LineTask task{rules, work, work.block.firstLine, {}};
     const std::string_view text = textAreaView(work.block.text);
     const bool holdsNul = text.find('\0') != std::string_view::npos;

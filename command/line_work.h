@@ -51,6 +51,9 @@ struct LineRules {
 // The export for a field, or null where a value has to be looked at more closely.
 HexExport hexExportOf(std::string_view fieldName);
 
+// Empties a work that is done, and gives back memory that ordinary lines don't need.
+void lineWorkTrim(LineWork& work);
+
 // Fills out, errors and tally from the block. A run that stops at a failure has it as its last
 // line.
 void lineWorkRun(const LineRules& rules, LineWork& work);

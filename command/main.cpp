@@ -37,22 +37,33 @@ int run(Output& output, int argc, char** argv) {
     return *exitStatus;
 }
 
+// Says why the command ends, after what it has written so far.
+int endWith(Output& output, int exitStatus, std::string_view reason) {
+    try {
+        outputFlush(output);
+    } catch (const IoError& error) {
+        warn(error.what());
+        exitStatus = EXIT_STATUS_IO;
+    }
+    warn(reason);
+    return exitStatus;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     prepareStandardStreams();
+    returnLargeMemory();
     Output output = standardOutput();
     try {
         return run(output, argc, argv);
     } catch (const UsageError& error) {
-        complain(output, error.what());
-        complain(output, "rosetag --help tells how the command is used");
-        return EXIT_STATUS_USAGE;
+        const int exitStatus = endWith(output, EXIT_STATUS_USAGE, error.what());
+        warn("rosetag --help tells how the command is used");
+        return exitStatus;
     } catch (const IoError& error) {
-        complain(output, error.what());
-        return EXIT_STATUS_IO;
+        return endWith(output, EXIT_STATUS_IO, error.what());
     } catch (const std::exception& error) {
-        complain(output, std::string("stopped: ") + error.what());
-        return EXIT_STATUS_IO;
+        return endWith(output, EXIT_STATUS_IO, std::string("stopped: ") + error.what());
     }
 }

@@ -47,26 +47,39 @@ void outputClose(Output& output) {
     }
 }
 
-void writeAll(int descriptor, const std::string& name, const std::string& text) {
-    for (std::size_t done = 0; done < text.size();) {
+void writeAll(int descriptor, const std::string& name, std::string_view text) {
+    std::size_t done = 0;
+    const auto fail = [&](int errorNumber) {
+        const std::size_t lineEnd = text.substr(0, done).rfind('\n');
+        const std::size_t whole = lineEnd == std::string_view::npos ? 0 : lineEnd + 1;
+        takeBack(descriptor, done - whole);
+        throw ioError(name, errorNumber);
+    };
+    while (done < text.size()) {
         const ssize_t written = write(descriptor, text.data() + done, text.size() - done);
-        if (written >= 0) {
+        if (written > 0) {
             done += static_cast<std::size_t>(written);
+        } else if (written == 0) {
+            fail(ENOSPC); // some devices say nothing else when they are full
         } else if (errno == EAGAIN) {
             waitUntilWritable(descriptor);
         } else if (errno != EINTR) {
-            throw ioError(name, errno);
+            fail(errno);
         }
     }
 }
 
-void complain(Output& output, std::string_view text) {
-    outputFlush(output);
+void warn(std::string_view text) {
     try {
         writeAll(STDERR_FILENO, "standard error", "rosetag: " + std::string(text) + '\n');
     } catch (const IoError&) {
         // Nobody can be told of a standard error that is closed.
     }
+}
+
+void complain(Output& output, std::string_view text) {
+    outputFlush(output);
+    warn(text);
 }
 
 } // namespace rosetag

@@ -1,5 +1,5 @@
 /*
- * Writing to a file descriptor, buffered, with every failure seen; and the exit statuses.
+ * Buffered writing to a file descriptor that reports every failure; and the exit statuses.
  */
 #ifndef ROSETAG_COMMAND_OUTPUT_H
 #define ROSETAG_COMMAND_OUTPUT_H
@@ -25,7 +25,7 @@ struct IoError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// "NAME: No space left on device", with what the system says of the error number.
+// "NAME: No space left on device", with the system's text for the error number.
 IoError ioError(const std::string& name, int errorNumber);
 
 struct Output {
@@ -41,10 +41,14 @@ void outputWrite(Output& output, std::string_view text);
 void outputFlush(Output& output);
 void outputClose(Output& output);
 
-// Writes all of a text at once, past any buffer.
-void writeAll(int descriptor, const std::string& name, const std::string& text);
+// Writes all of a text at once, past any buffer. On failure a regular file ends with the last line
+// that went out whole.
+void writeAll(int descriptor, const std::string& name, std::string_view text);
 
-// A line on standard error, behind what standard output was given so far.
+// A line on standard error.
+void warn(std::string_view text);
+
+// The same, after what standard output was given so far.
 void complain(Output& output, std::string_view text);
 
 } // namespace rosetag

@@ -4,13 +4,26 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 #ifdef _WIN32
 
 #include <io.h>
+#include <windows.h>
+
+namespace rosetag {
 
 namespace {
 
 constexpr int OPEN_FLAGS = O_BINARY | O_NOINHERIT;
+
+using FileStatus = struct _stat64;
+
+bool regularFile(int descriptor, FileStatus& status) {
+    return _fstat64(descriptor, &status) == 0 && (status.st_mode & S_IFMT) == S_IFREG;
+}
 
 } // namespace
 
@@ -20,10 +33,15 @@ void prepareStandardStreams() {
     }
 }
 
-std::uint64_t sizeOfFile(int descriptor) {
-    struct _stat64 status = {};
-    const bool isFile = _fstat64(descriptor, &status) == 0 && (status.st_mode & S_IFREG) != 0;
-    return isFile ? static_cast<std::uint64_t>(status.st_size) : 0;
+std::optional<FileIdentity> fileIdentity(int descriptor) {
+    FileStatus status = {};
+    BY_HANDLE_FILE_INFORMATION file = {};
+    const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(descriptor));
+    if (!regularFile(descriptor, status) || !GetFileInformationByHandle(handle, &file)) {
+        return std::nullopt;
+    }
+    return FileIdentity{file.dwVolumeSerialNumber,
+                        std::uint64_t{file.nFileIndexHigh} << 32 | file.nFileIndexLow};
 }
 
 bool waitUntilReadable(int, int) {
@@ -44,21 +62,41 @@ namespace {
 
 constexpr int OPEN_FLAGS = O_CLOEXEC;
 
+using FileStatus = struct stat;
+
+bool regularFile(int descriptor, FileStatus& status) {
+    return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
 bool waitFor(int descriptor, short event, int milliseconds) {
     pollfd waiting{descriptor, event, 0};
     return poll(&waiting, 1, milliseconds) > 0;
+}
+
+// Takes the place of a stream that is closed. It is opened the wrong way round, so that reading and
+// writing still fail.
+void occupyIfClosed(int descriptor) {
+    if (fcntl(descriptor, F_GETFD) < 0) {
+        // Those below are taken: the system gives the lowest that is free.
+        static_cast<void>(open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY));
+    }
 }
 
 } // namespace
 
 void prepareStandardStreams() {
     std::signal(SIGPIPE, SIG_IGN);
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        occupyIfClosed(descriptor);
+    }
 }
 
-std::uint64_t sizeOfFile(int descriptor) {
-    struct stat status = {};
-    const bool isFile = fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
-    return isFile ? static_cast<std::uint64_t>(status.st_size) : 0;
+std::optional<FileIdentity> fileIdentity(int descriptor) {
+    FileStatus status = {};
+    if (!regularFile(descriptor, status)) {
+        return std::nullopt;
+    }
+    return FileIdentity{status.st_dev, status.st_ino};
 }
 
 bool waitUntilReadable(int descriptor, int milliseconds) {
@@ -71,12 +109,44 @@ void waitUntilWritable(int descriptor) {
 
 #endif
 
+void returnLargeMemory() {
+#ifdef __GLIBC__
+    // Otherwise the first large piece that is freed raises the limit, and each thread keeps its
+    // own.
+    constexpr int largest = 2 << 20;
+    mallopt(M_MMAP_THRESHOLD, largest);
+#endif
+}
+
 int openForReading(const std::string& fileName) {
     return open(fileName.c_str(), O_RDONLY | OPEN_FLAGS);
 }
 
 int openForWriting(const std::string& fileName) {
-    return open(fileName.c_str(), O_WRONLY | O_CREAT | O_TRUNC | OPEN_FLAGS, 0666);
+    return open(fileName.c_str(), O_WRONLY | O_CREAT | OPEN_FLAGS, 0666);
+}
+
+bool emptyFile(int descriptor) {
+    FileStatus status = {};
+    return !regularFile(descriptor, status) || ftruncate(descriptor, 0) == 0;
+}
+
+void takeBack(int descriptor, std::uint64_t count) {
+    FileStatus status = {};
+    if (!regularFile(descriptor, status)) {
+        return;
+    }
+    const off_t end = lseek(descriptor, 0, SEEK_CUR);
+    // A file that others write to as well is left as it is.
+    if (end == status.st_size && static_cast<std::uint64_t>(end) >= count &&
+        ftruncate(descriptor, end - static_cast<off_t>(count)) == 0) {
+        lseek(descriptor, 0, SEEK_END);
+    }
+}
+
+std::uint64_t sizeOfFile(int descriptor) {
+    FileStatus status = {};
+    return regularFile(descriptor, status) ? static_cast<std::uint64_t>(status.st_size) : 0;
 }
 
 bool isTerminal(int descriptor) {

@@ -1,4 +1,4 @@
-"""What a long run does to its memory and to a terminal.
+"""Long runs: their memory, the borders of the blocks that they are read in, and a terminal.
 
 usage: check_runs.py ROSETAG
 """
@@ -6,6 +6,7 @@ import os
 import pty
 import subprocess
 import sys
+import tempfile
 import time
 import unittest
 
@@ -13,19 +14,21 @@ ROSETAG = os.path.abspath(sys.argv[1])
 LINE = b"3074257BF7194E4000001A85\n"
 URI = b"urn:epc:tag:sgtin-96:3.0614141.812345.6789\n"
 
+BLOCK = 256 << 10  # so much is read at a time
 
-def peak_of_run(lines, options):
+
+def peak_of_run(lines, options, line=LINE, exit_status=0):
     """The most memory, in KiB, that a run over so many lines has."""
     child = subprocess.Popen([ROSETAG, "decode", "--quiet", *options], stdin=subprocess.PIPE,
                              stdout=subprocess.DEVNULL)
-    for _ in range(lines // 1000):
-        child.stdin.write(LINE * 1000)
+    for _ in range(max(lines // 1000, 1)):
+        child.stdin.write(line * min(lines, 1000))
     child.stdin.flush()
     # What the system tells at the end of a child counts this interpreter in.
     with open(f"/proc/{child.pid}/status", encoding="ascii") as status:
         peak = next(int(line.split()[1]) for line in status if line.startswith("VmHWM:"))
     child.communicate()
-    assert child.returncode == 0
+    assert child.returncode == exit_status
     return peak
 
 
@@ -33,8 +36,29 @@ class Runs(unittest.TestCase):
     def test_memory_does_not_grow_with_the_lines(self):
         for options in ([], ["--jobs", "2"], ["--json"]):
             with self.subTest(options=options):
-                few, many = (peak_of_run(lines, options) for lines in (50_000, 500_000))
+                few, many = (peak_of_run(lines, options) for lines in (50_000, 300_000))
                 self.assertLess(many, few + 2000)
+
+    def test_memory_does_not_grow_with_long_lines_times_jobs(self):
+        line = b"3" * (15 << 20) + b"\n"
+        one, four = (peak_of_run(8, ["--jobs", jobs], line, 1) for jobs in ("1", "4"))
+        self.assertLess(four, one + 32_000)
+
+    # A line stands across the end of a block at each of its characters, and ends at it.
+    def test_borders_of_blocks(self):
+        text = b"(8004)0614141" + b"A" * 23 + b"(21)XY(3103)000189(17)240229(10)" + b"L" * 20
+        with tempfile.TemporaryDirectory() as folder:
+            for offset in range(-3, len(text) + 4):
+                name = os.path.join(folder, "lines")
+                junk = BLOCK - offset - 1
+                with open(name, "wb") as file:
+                    file.write(b"3" * junk + b"\n" + text + b"\n\n" + (text + b"\n") * 300 + b"\n")
+                expected = b"\tEPC_ERR_TOO_LONG\n" + text + b"\n\n" + (text + b"\n") * 300 + b"\n"
+                with self.subTest(offset=offset):
+                    out = subprocess.run([ROSETAG, "decode", "--to", "element-string", "--quiet",
+                                          "--input", name, "--jobs", "12"[offset % 2]],
+                                         stdout=subprocess.PIPE, check=False).stdout
+                    self.assertEqual(out, expected)
 
     def run_on_terminal(self, *options):
         """Standard output, and what a terminal at standard error shows."""

@@ -1,9 +1,11 @@
-"""Runs the command lines of files of cases and compares what they write with what stands there.
+"""Runs the command lines of files of cases and compares what they write, byte for byte, with what
+stands there.
 
 A case is a line that begins with "$ " and is given to the shell, then the lines that it writes to
 standard output, those that it writes to standard error with "! " in front, and "? N" for an exit
-status other than 0. Empty lines at the end of a case do not count; lines that begin with "#"
-between cases are comments.
+status other than 0. Empty lines at the end of a case do not count: an empty line of output there is
+written as a lone \\n. An output without an end of its last line has \\c there. Lines that begin
+with "#" between cases are comments.
 
 usage: run_cases.py ROSETAG FILE...
 """
@@ -35,7 +37,10 @@ def read_cases(path):
 
 
 def joined(lines):
-    return "\n".join(lines).rstrip("\n")
+    while lines and lines[-1] == "":
+        lines = lines[:-1]
+    text = "".join(("" if line == "\\n" else line) + "\n" for line in lines)
+    return text.removesuffix("\\c\n").encode()
 
 
 def run(case, rosetag, folder):
@@ -45,11 +50,15 @@ def run(case, rosetag, folder):
                             stdin=subprocess.DEVNULL, capture_output=True, timeout=60, check=False)
     expected = {"standard output": joined(case["out"]), "standard error": joined(case["err"]),
                 "exit status": case["status"]}
-    actual = {"standard output": result.stdout.decode("utf-8", "replace").rstrip("\n"),
-              "standard error": result.stderr.decode("utf-8", "replace").rstrip("\n"),
+    actual = {"standard output": result.stdout, "standard error": result.stderr,
               "exit status": result.returncode}
-    return [f"{case['place']}: $ {case['command']}\n  {name}\n--- expected\n{expected[name]}\n"
-            f"--- actual\n{actual[name]}\n" for name in expected if expected[name] != actual[name]]
+    return [f"{case['place']}: $ {case['command']}\n  {name}\n--- expected\n{shown(expected[name])}\n"
+            f"--- actual\n{shown(actual[name])}\n"
+            for name in expected if expected[name] != actual[name]]
+
+
+def shown(what):
+    return what.decode("utf-8", "backslashreplace") if isinstance(what, bytes) else what
 
 
 def main():
