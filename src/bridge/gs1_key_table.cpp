@@ -44,22 +44,50 @@ static_assert(holdsForKeys(extraFieldsAreConsistent));
 static_assert(holdsForKeys(keyValueTakesLongestPrefix));
 static_assert(holdsForKeys(nameIsUnique));
 
-const Gs1KeyDefinition* findFirst(std::string_view Gs1KeyDefinition::*field,
-                                  std::string_view wanted) {
-    const auto* const row =
-        std::find_if(std::begin(gs1KeyTable), std::end(gs1KeyTable),
-                     [=](const Gs1KeyDefinition& key) { return key.*field == wanted; });
-    return row != std::end(gs1KeyTable) ? row : nullptr;
+// Any characters; those of a code are digits.
+constexpr std::size_t codeNumber(std::string_view code) {
+    std::size_t number = 0;
+    for (const char character : code) {
+        number = number * 10 + static_cast<std::size_t>(character & 0xF);
+    }
+    return number;
 }
+
+// A table in which each AI of a key has a place of its own: its number modulo the size.
+struct KeyPlaces {
+    static constexpr std::size_t MOST = 64;
+    std::size_t size;
+    const Gs1KeyDefinition* keys[MOST];
+};
+
+// False if two AIs get the same place. Of two keys with one AI the first row counts.
+constexpr bool fillPlaces(KeyPlaces& places) {
+    for (const Gs1KeyDefinition& key : gs1KeyTable) {
+        const Gs1KeyDefinition*& place = places.keys[codeNumber(key.primaryAi) % places.size];
+        if (place != nullptr && place->primaryAi != key.primaryAi) {
+            return false;
+        }
+        place = place != nullptr ? place : &key;
+    }
+    return true;
+}
+
+constexpr KeyPlaces keyPlacesMake() {
+    KeyPlaces places{};
+    do {
+        places = {places.size + 1, {}};
+    } while (places.size < KeyPlaces::MOST && !fillPlaces(places));
+    return places;
+}
+
+constexpr KeyPlaces keyPlaces = keyPlacesMake();
+static_assert(keyPlaces.size < KeyPlaces::MOST);
 
 } // namespace
 
-const Gs1KeyDefinition* gs1KeyFindByName(std::string_view familyName) {
-    return findFirst(&Gs1KeyDefinition::familyName, familyName);
-}
-
 const Gs1KeyDefinition* gs1KeyFindByAi(std::string_view code) {
-    return findFirst(&Gs1KeyDefinition::primaryAi, code);
+    const Gs1KeyDefinition* const key = keyPlaces.keys[codeNumber(code) % keyPlaces.size];
+    return key != nullptr && key->primaryAi == code ? key : nullptr;
 }
 
 } // namespace rosetag

@@ -4,7 +4,7 @@
  *
  *     first field "." second field ["." extra fields] ["." tail]
  *
- * The first field is the GS1 company prefix, the second the reference behind it.
+ * The first field is the GS1 company prefix, the second the reference that follows it.
  *
  * Source: EPC Tag Data Standard, section 7 (correspondence between EPCs and GS1 keys).
  */
@@ -31,33 +31,32 @@ struct Gs1KeyDefinition {
     std::string_view secondaryAi; // holds the tail, where that has an AI of its own; else empty
     KeyDigitArrangement digitArrangement;
     std::uint8_t hasCheckDigit;     // 1: a check digit closes the first two fields
-    std::uint8_t hasTail;           // 1: the body has further fields behind the second
+    std::uint8_t hasTail;           // 1: the body has further fields after the second
     std::uint8_t tailIsSecondaryAi; // 0: the tail continues the value of primaryAi
     std::int32_t keyValueLength;    // of the primaryAi value, check digit included; 0: not fixed
-    std::int32_t tailMaxLength;     // of the variable field; nothing tests it
     std::int32_t extraFieldCount;   // fields of fixed length between the second field and the tail
     std::int32_t extraFieldLengths[2];
 };
 
 // clang-format off
 inline constexpr Gs1KeyDefinition gs1KeyTable[] = {
-    //                    secon-                           check  tail  in own  value   tail  extra fields
-    // family   primary   dary    digits                   digit         AI     length  max   count, lengths
-    {"sgtin",   "01",     "21",   KEY_DIGITS_FIRST_MOVES,  1,     1,    1,      14,     20,   0, {}},
-    {"sscc",    "00",     "",     KEY_DIGITS_FIRST_MOVES,  1,     0,    0,      18,      0,   0, {}},
-    {"sgln",    "414",    "254",  KEY_DIGITS_AS_IS,        1,     1,    1,      13,     20,   0, {}},
-    {"grai",    "8003",   "",     KEY_DIGITS_ZERO_FILL,    1,     1,    0,      14,     16,   0, {}},
-    {"giai",    "8004",   "",     KEY_DIGITS_AS_IS,        0,     0,    0,       0,     30,   0, {}},
-    {"gsrn",    "8018",   "",     KEY_DIGITS_AS_IS,        1,     0,    0,      18,      0,   0, {}},
-    {"gsrnp",   "8017",   "",     KEY_DIGITS_AS_IS,        1,     0,    0,      18,      0,   0, {}},
-    {"gdti",    "253",    "",     KEY_DIGITS_AS_IS,        1,     1,    0,      13,     17,   0, {}},
-    {"cpi",     "8010",   "8011", KEY_DIGITS_AS_IS,        0,     1,    1,       0,     30,   0, {}},
-    {"sgcn",    "255",    "",     KEY_DIGITS_AS_IS,        1,     1,    0,      13,     12,   0, {}},
-    {"ginc",    "401",    "",     KEY_DIGITS_AS_IS,        0,     0,    0,       0,     30,   0, {}},
-    {"gsin",    "402",    "",     KEY_DIGITS_AS_IS,        1,     0,    0,       0,      0,   0, {}},
-    {"itip",    "8006",   "21",   KEY_DIGITS_FIRST_MOVES,  1,     1,    1,      14,      0,   2, {2, 2}},
-    {"upui",    "01",     "235",  KEY_DIGITS_FIRST_MOVES,  1,     1,    1,      14,     28,   0, {}},
-    {"pgln",    "417",    "",     KEY_DIGITS_AS_IS,        1,     0,    0,      13,      0,   0, {}},
+    //                    secon-                           check  tail  in own  value   extra fields
+    // family   primary   dary    digits                   digit         AI     length  count, lengths
+    {"sgtin",   "01",     "21",   KEY_DIGITS_FIRST_MOVES,  1,     1,    1,      14,   0, {}},
+    {"sscc",    "00",     "",     KEY_DIGITS_FIRST_MOVES,  1,     0,    0,      18,   0, {}},
+    {"sgln",    "414",    "254",  KEY_DIGITS_AS_IS,        1,     1,    1,      13,   0, {}},
+    {"grai",    "8003",   "",     KEY_DIGITS_ZERO_FILL,    1,     1,    0,      14,   0, {}},
+    {"giai",    "8004",   "",     KEY_DIGITS_AS_IS,        0,     0,    0,       0,   0, {}},
+    {"gsrn",    "8018",   "",     KEY_DIGITS_AS_IS,        1,     0,    0,      18,   0, {}},
+    {"gsrnp",   "8017",   "",     KEY_DIGITS_AS_IS,        1,     0,    0,      18,   0, {}},
+    {"gdti",    "253",    "",     KEY_DIGITS_AS_IS,        1,     1,    0,      13,   0, {}},
+    {"cpi",     "8010",   "8011", KEY_DIGITS_AS_IS,        0,     1,    1,       0,   0, {}},
+    {"sgcn",    "255",    "",     KEY_DIGITS_AS_IS,        1,     1,    0,      13,   0, {}},
+    {"ginc",    "401",    "",     KEY_DIGITS_AS_IS,        0,     0,    0,       0,   0, {}},
+    {"gsin",    "402",    "",     KEY_DIGITS_AS_IS,        1,     0,    0,       0,   0, {}},
+    {"itip",    "8006",   "21",   KEY_DIGITS_FIRST_MOVES,  1,     1,    1,      14,   2, {2, 2}},
+    {"upui",    "01",     "235",  KEY_DIGITS_FIRST_MOVES,  1,     1,    1,      14,   0, {}},
+    {"pgln",    "417",    "",     KEY_DIGITS_AS_IS,        1,     0,    0,      13,   0, {}},
 };
 // clang-format on
 
@@ -66,7 +65,12 @@ constexpr bool holdsForKeys(bool (*holds)(const Gs1KeyDefinition& key)) {
 }
 
 // The row of exactly this family word, or null.
-const Gs1KeyDefinition* gs1KeyFindByName(std::string_view familyName);
+constexpr const Gs1KeyDefinition* gs1KeyFindByName(std::string_view familyName) {
+    const auto* const row =
+        std::find_if(std::begin(gs1KeyTable), std::end(gs1KeyTable),
+                     [=](const Gs1KeyDefinition& key) { return key.familyName == familyName; });
+    return row != std::end(gs1KeyTable) ? row : nullptr;
+}
 
 // The first row whose key stands in exactly this AI, or null. AI 01 is always the key sgtin.
 const Gs1KeyDefinition* gs1KeyFindByAi(std::string_view code);

@@ -13,7 +13,7 @@ constexpr std::int32_t FIELD_SIZE = 256;
 
 // A field of the body, percent escapes resolved.
 struct IdentityField {
-    std::string_view text; // of the URI itself where no escape stands in it, else of storage
+    std::string_view text; // of the URI itself if it has no escape, else of storage
     char storage[FIELD_SIZE];
 };
 
@@ -30,7 +30,7 @@ EpcStatus readField(TextCursor& cursor, char delimiter, IdentityField& field) {
     }
     std::int32_t count = 0;
     EPC_TRY(textCursorReadEscapedUntil(cursor, delimiter, FIELD_SIZE, field.storage, count));
-    field.text = field.storage; // up to its first NUL, which may come of an escape
+    field.text = field.storage; // up to its first NUL, which may come from an escape
     return EPC_OK;
 }
 
@@ -88,33 +88,26 @@ EpcStatus readTail(TextCursor& cursor, IdentityField& tail) {
     return readField(cursor, '\0', tail);
 }
 
-EpcStatus putSecondaryAiCode(TextBuffer& dst, const Gs1KeyDefinition& key) {
-    if (key.keyValueLength == 0) {
-        EPC_TRY(textBufferPutChar(dst, GROUP_SEPARATOR));
-    }
-    return textBufferPutString(dst, key.secondaryAi);
-}
-
 } // namespace
 
-EpcStatus identityToAiList(TextCursor& cursor, TextBuffer& values, AiList& list,
-                           const Gs1KeyDefinition& key) {
+EpcStatus identityToAIs(TextCursor& cursor, const Gs1KeyDefinition& key, IdentityAIs& ais) {
+    TextBuffer values = textBufferOver(ais.values);
     const auto length = [&values] { return static_cast<std::uint32_t>(textBufferLength(values)); };
+    aiListClear(ais.list);
     KeyFields fields;
     EPC_TRY(readKeyFields(cursor, key, fields));
-    const std::uint32_t keyOffset = length();
     EPC_TRY(putKeyValue(cursor, values, key, fields));
-    const std::uint32_t tailOffset = length();
+    const std::uint32_t tail = length();
     if (key.hasTail != 0) {
-        IdentityField tail;
-        EPC_TRY(readTail(cursor, tail));
-        EPC_TRY(textBufferPutString(values, tail.text));
+        IdentityField field;
+        EPC_TRY(readTail(cursor, field));
+        EPC_TRY(textBufferPutString(values, field.text));
     }
     if (key.tailIsSecondaryAi == 0) {
-        return aiListAdd(list, *aiFind(key.primaryAi), keyOffset, length() - keyOffset, KEY_PASS);
+        return aiListAdd(ais.list, *aiFind(key.primaryAi), 0, length(), KEY_PASS);
     }
-    EPC_TRY(aiListAdd(list, *aiFind(key.primaryAi), keyOffset, tailOffset - keyOffset, KEY_PASS));
-    return aiListAdd(list, *aiFind(key.secondaryAi), tailOffset, length() - tailOffset, KEY_PASS);
+    EPC_TRY(aiListAdd(ais.list, *aiFind(key.primaryAi), 0, tail, KEY_PASS));
+    return aiListAdd(ais.list, *aiFind(key.secondaryAi), tail, length() - tail, KEY_PASS);
 }
 
 EpcStatus identityToBarcodeString(TextCursor& cursor, TextBuffer& dst,
@@ -129,22 +122,48 @@ EpcStatus identityToBarcodeString(TextCursor& cursor, TextBuffer& dst,
     IdentityField tail;
     EPC_TRY(readTail(cursor, tail));
     if (key.tailIsSecondaryAi != 0) {
-        EPC_TRY(putSecondaryAiCode(dst, key));
+        if (key.keyValueLength == 0) {
+            EPC_TRY(textBufferPutChar(dst, GROUP_SEPARATOR));
+        }
+        EPC_TRY(textBufferPutString(dst, key.secondaryAi));
     }
     return textBufferPutString(dst, tail.text);
 }
 
 EpcStatus identityToElementString(TextCursor& cursor, TextBuffer& dst,
                                   const Gs1KeyDefinition& key) {
-    return identityListFrame(cursor, key, [&dst](const AiList& list, const char* values) {
-        return elementStringWrite(dst, list, values);
-    });
+    IdentityAIs ais;
+    EPC_TRY(identityToAIs(cursor, key, ais));
+    return elementStringWrite(dst, ais.list, ais.values);
 }
 
 EpcStatus identityToDigitalLink(TextCursor& cursor, TextBuffer& dst, const Gs1KeyDefinition& key) {
-    return identityListFrame(cursor, key, [&dst](AiList& list, const char* values) {
-        return digitalLinkWrite(dst, list, values);
-    });
+    IdentityAIs ais;
+    EPC_TRY(identityToAIs(cursor, key, ais));
+    return digitalLinkWrite(dst, ais.list, ais.values);
+}
+
+EpcStatus tagUriToGs1Text(TextCursor& cursor, TextBuffer& dst, IdentityToText write) {
+    const TagSchemeOps* row = nullptr;
+    EPC_TRY(tagUriReadScheme(cursor, row));
+    if (row->key == nullptr) {
+        return EPC_ERR_NO_KEY_DEFINITION;
+    }
+    std::uint32_t filter = 0;
+    EPC_TRY(tagUriReadFilter(cursor, row->info, filter));
+    return write(cursor, dst, *row->key);
+}
+
+EpcStatus pureIdentityUriToGs1Text(TextCursor& cursor, TextBuffer& dst, IdentityToText write) {
+    std::string_view word;
+    EPC_TRY(textCursorExpect(cursor, PURE_IDENTITY_URI_PREFIX));
+    EPC_TRY(textCursorReadUntil(cursor, ':', SCHEME_WORD_SIZE, word));
+    const Gs1KeyDefinition* const key = gs1KeyFindByName(word);
+    if (key == nullptr) {
+        return EPC_ERR_NO_KEY_DEFINITION;
+    }
+    EPC_TRY(textCursorExpect(cursor, ':'));
+    return write(cursor, dst, *key);
 }
 
 } // namespace rosetag

@@ -1,7 +1,7 @@
 /*
  * From the URI of an EPC to GS1 data: the digits of the body are arranged into the value of the
- * key's AI, the check digit is computed, the tail goes to its place. That a field holds digits, and
- * how many, is not looked at.
+ * key's AI, the check digit is computed, the tail goes to its place. Whether a field holds digits,
+ * and how many, is not checked.
  *
  * Source: EPC Tag Data Standard, section 7 (correspondence between EPCs and GS1 keys).
  */
@@ -15,26 +15,25 @@
 
 namespace rosetag {
 
-// The values of the AIs of an identity: the base text of its list.
-constexpr std::int32_t IDENTITY_VALUES_SIZE = 1024;
+// The AIs of an identity, and the text that their values are slices of.
+struct IdentityAIs {
+    char values[1024];
+    AiList list;
+};
 
-// All read the body under the cursor up to its end, and append. values and list are empty.
-EpcStatus identityToAiList(TextCursor& cursor, TextBuffer& values, AiList& list,
-                           const Gs1KeyDefinition& key);
+// All read the body at the cursor, up to its end.
+EpcStatus identityToAIs(TextCursor& cursor, const Gs1KeyDefinition& key, IdentityAIs& ais);
 EpcStatus identityToBarcodeString(TextCursor& cursor, TextBuffer& dst, const Gs1KeyDefinition& key);
 EpcStatus identityToElementString(TextCursor& cursor, TextBuffer& dst, const Gs1KeyDefinition& key);
 EpcStatus identityToDigitalLink(TextCursor& cursor, TextBuffer& dst, const Gs1KeyDefinition& key);
 
-// work: EpcStatus(AiList& list, const char* values), on the list of the body under the cursor
-template <typename Work>
-EpcStatus identityListFrame(TextCursor& cursor, const Gs1KeyDefinition& key, Work work) {
-    char storage[IDENTITY_VALUES_SIZE];
-    TextBuffer values = textBufferOver(storage);
-    AiList list;
-    aiListClear(list);
-    EPC_TRY(identityToAiList(cursor, values, list, key));
-    return work(list, storage);
-}
+// One of the three texts.
+using IdentityToText = EpcStatus (*)(TextCursor& cursor, TextBuffer& dst,
+                                     const Gs1KeyDefinition& key);
+
+// A whole URI to one of them. The filter of a tag URI is checked and dropped: no GS1 text has one.
+EpcStatus tagUriToGs1Text(TextCursor& cursor, TextBuffer& dst, IdentityToText write);
+EpcStatus pureIdentityUriToGs1Text(TextCursor& cursor, TextBuffer& dst, IdentityToText write);
 
 } // namespace rosetag
 

@@ -12,95 +12,98 @@ namespace {
 // Holds the URI or the element string between two steps of a chain.
 constexpr std::int32_t STEP_TEXT_SIZE = 256;
 
-// work: EpcStatus(TextCursor& body, const Gs1KeyDefinition& key), on the body of the pure identity
-// URI of a binary value. What stands before the body there is known: the family's word.
-template <typename Work>
-EpcStatus identityFrame(BitBuffer& bits, EpcScheme scheme, Work work) {
-    const TagSchemeOps& row = tagSchemeTable[scheme];
-    char storage[STEP_TEXT_SIZE];
-    TextBuffer body = textBufferOver(storage);
-    EPC_TRY(row.binaryToUriBody(bits, body, UriForm::PURE_IDENTITY));
-    const Gs1KeyDefinition* const key = gs1KeyFindByName(row.info.familyWord);
-    if (key == nullptr) {
-        return EPC_ERR_NO_KEY_DEFINITION;
-    }
-    TextCursor cursor = textCursorOver(textBufferView(body));
-    return work(cursor, *key);
+// The body of the pure identity URI of a binary value. What precedes it there is known: the word of
+// the family.
+EpcStatus readBody(const TagSchemeOps& row, BitBuffer& bits, char (&storage)[STEP_TEXT_SIZE],
+                   TextCursor& body) {
+    TextBuffer text = textBufferOver(storage);
+    EPC_TRY(row.binaryToUriBody(bits, text, UriForm::PURE_IDENTITY));
+    body = textCursorOver(textBufferView(text));
+    return EPC_OK;
 }
 
-// A GS1 text to binary through the body of a tag URI. The whole URI must fit the local text,
-// although what stands before the body is neither written nor read.
-EpcStatus gs1TextToBits(std::string_view text, AiBrackets brackets, BitBuffer& bits,
-                        const EncodeArguments& arguments) {
-    const TagUriArguments uri = {arguments.info.scheme, arguments.filter, arguments.gcpLength};
+// The characters of a tag URI before its body.
+std::int32_t tagUriHeadLength(const TagSchemeInfo& info, std::int32_t filter) {
+    const std::int32_t filterDigits = decimalDigitCount(static_cast<std::uint64_t>(filter));
+    return static_cast<std::int32_t>(TAG_URI_PREFIX.size() + info.name.size()) + 1 + filterDigits +
+           1;
+}
+
+// A GS1 text to binary through the body of a tag URI. The whole URI must fit the local text, even
+// though its head is never written there.
+EpcStatus aiTextToBits(const TagSchemeOps& row, std::string_view text, AiBrackets brackets,
+                       BitBuffer& bits, const EncodeArguments& arguments) {
     AiKeyScan found;
-    EPC_TRY(aiTextFindKeyOfScheme(text, brackets, uri, found));
+    EPC_TRY(gcpLengthCheck(arguments.gcpLength));
+    EPC_TRY(aiScanForKey(text, brackets, found));
+    EPC_TRY(gs1KeyCheckScheme(*found.key, row, arguments.filter));
     char storage[STEP_TEXT_SIZE];
-    TextBuffer body = textBufferOver(storage, STEP_TEXT_SIZE - tagUriHeadLength(uri));
+    TextBuffer body =
+        textBufferOver(storage, STEP_TEXT_SIZE - tagUriHeadLength(row.info, arguments.filter));
     EPC_TRY(aiTextToUriBody(text, brackets, arguments.gcpLength, found, body));
     TextCursor cursor = textCursorOver(textBufferView(body));
-    return epcUriBodyToBits(cursor, static_cast<std::uint32_t>(arguments.filter),
-                            tagSchemeTable[uri.scheme], bits);
+    return epcUriBodyToBits(cursor, static_cast<std::uint32_t>(arguments.filter), row, bits);
 }
 
-// All text under the cursor is consumed.
-EpcStatus aiTextToBits(TextCursor& cursor, AiBrackets brackets, BitBuffer& bits,
-                       const EncodeArguments& arguments) {
-    const std::string_view text(cursor.current, static_cast<std::size_t>(textCursorLeft(cursor)));
-    EPC_TRY(gs1TextToBits(text, brackets, bits, arguments));
+// Consumes all text from the cursor on.
+std::string_view takeRest(TextCursor& cursor) {
+    const char* const start = cursor.current;
     cursor.current = textCursorEnd(cursor);
-    return EPC_OK;
+    return {start, cursor.current};
 }
 
 } // namespace
 
-EpcStatus plainBinaryToElementString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme) {
-    return identityFrame(bits, scheme, [&text](TextCursor& body, const Gs1KeyDefinition& key) {
-        return identityToElementString(body, text, key);
-    });
+EpcStatus plainBinaryToElementString(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text) {
+    char storage[STEP_TEXT_SIZE];
+    TextCursor body;
+    EPC_TRY(readBody(row, bits, storage, body));
+    return identityToElementString(body, text, *row.key);
 }
 
-EpcStatus plainBinaryToBarcodeString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme) {
-    return identityFrame(bits, scheme, [&text](TextCursor& body, const Gs1KeyDefinition& key) {
-        return identityToBarcodeString(body, text, key);
-    });
+EpcStatus plainBinaryToBarcodeString(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text) {
+    char storage[STEP_TEXT_SIZE];
+    TextCursor body;
+    EPC_TRY(readBody(row, bits, storage, body));
+    return identityToBarcodeString(body, text, *row.key);
 }
 
-// The element string is parsed in full: a value that breaks its AI's syntax is refused here alone.
-EpcStatus plainBinaryToDigitalLink(BitBuffer& bits, TextBuffer& text, EpcScheme scheme) {
+// The element string is parsed in full: a value that breaks the syntax of its AI is only refused
+// here.
+EpcStatus plainBinaryToDigitalLink(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text) {
     char storage[STEP_TEXT_SIZE];
     TextBuffer elementString = textBufferOver(storage);
-    EPC_TRY(plainBinaryToElementString(bits, elementString, scheme));
+    EPC_TRY(plainBinaryToElementString(row, bits, elementString));
     TextCursor cursor = textCursorOver(textBufferView(elementString));
     return elementStringToDigitalLink(cursor, text);
 }
 
-EpcStatus plainBinaryToAIs(BitBuffer& bits, const AiRows& rows, EpcScheme scheme) {
-    return identityFrame(bits, scheme, [&rows](TextCursor& body, const Gs1KeyDefinition& key) {
-        return identityListFrame(body, key, [&rows](const AiList& list, const char* values) {
-            return aiListCopyOut(list, values, rows);
-        });
-    });
+EpcStatus plainBinaryToAIs(const TagSchemeOps& row, BitBuffer& bits, const AiRows& rows) {
+    char storage[STEP_TEXT_SIZE];
+    TextCursor body;
+    EPC_TRY(readBody(row, bits, storage, body));
+    IdentityAIs ais;
+    EPC_TRY(identityToAIs(body, *row.key, ais));
+    return aiListCopyOut(ais.list, ais.values, rows);
 }
 
-EpcStatus plainElementStringToBinary(TextCursor& cursor, BitBuffer& bits,
+EpcStatus plainElementStringToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
                                      const EncodeArguments& arguments) {
-    return aiTextToBits(cursor, AI_BRACKETED, bits, arguments);
+    return aiTextToBits(row, takeRest(cursor), AI_BRACKETED, bits, arguments);
 }
 
-EpcStatus plainBarcodeStringToBinary(TextCursor& cursor, BitBuffer& bits,
+EpcStatus plainBarcodeStringToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
                                      const EncodeArguments& arguments) {
-    return aiTextToBits(cursor, AI_BARE, bits, arguments);
+    return aiTextToBits(row, takeRest(cursor), AI_BARE, bits, arguments);
 }
 
-EpcStatus plainDigitalLinkToBinary(TextCursor& cursor, BitBuffer& bits,
+EpcStatus plainDigitalLinkToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
                                    const EncodeArguments& arguments) {
     char storage[STEP_TEXT_SIZE];
     TextBuffer elementString = textBufferOver(storage);
     EPC_TRY(digitalLinkToElementString(cursor, elementString));
-    EPC_TRY(gs1TextToBits(textBufferView(elementString), AI_BRACKETED, bits, arguments));
-    cursor.current = textCursorEnd(cursor);
-    return EPC_OK;
+    takeRest(cursor);
+    return aiTextToBits(row, textBufferView(elementString), AI_BRACKETED, bits, arguments);
 }
 
 } // namespace rosetag

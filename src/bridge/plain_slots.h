@@ -10,15 +10,15 @@
 
 namespace rosetag {
 
-EpcStatus plainBinaryToElementString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
-EpcStatus plainBinaryToBarcodeString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
-EpcStatus plainBinaryToDigitalLink(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
-EpcStatus plainBinaryToAIs(BitBuffer& bits, const AiRows& rows, EpcScheme scheme);
-EpcStatus plainElementStringToBinary(TextCursor& cursor, BitBuffer& bits,
+EpcStatus plainBinaryToElementString(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text);
+EpcStatus plainBinaryToBarcodeString(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text);
+EpcStatus plainBinaryToDigitalLink(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text);
+EpcStatus plainBinaryToAIs(const TagSchemeOps& row, BitBuffer& bits, const AiRows& rows);
+EpcStatus plainElementStringToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
                                      const EncodeArguments& arguments);
-EpcStatus plainBarcodeStringToBinary(TextCursor& cursor, BitBuffer& bits,
+EpcStatus plainBarcodeStringToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
                                      const EncodeArguments& arguments);
-EpcStatus plainDigitalLinkToBinary(TextCursor& cursor, BitBuffer& bits,
+EpcStatus plainDigitalLinkToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
                                    const EncodeArguments& arguments);
 
 } // namespace rosetag

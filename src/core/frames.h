@@ -1,22 +1,33 @@
 /*
- * The frames of the exports: how a binary value crosses the boundary as hexadecimal text or as
- * words. Each frame stands once, as a function that takes the work to be done on bytes; an export
- * names its frame and its work.
+ * How a value crosses the boundary of the library. A frame turns the caller's form of it into a
+ * bit buffer or a cursor, or back, and leaves the rest to a work: a function that also takes the
+ * further arguments of the frame, unchanged.
  */
 #ifndef ROSETAG_CORE_FRAMES_H
 #define ROSETAG_CORE_FRAMES_H
 
+#include "core/bit_buffer.h"
 #include "core/hex_words.h"
 #include "core/text_buffer.h"
+#include "core/text_cursor.h"
 
 #include <cstdint>
 #include <string_view>
 
 namespace rosetag {
 
-// work: EpcStatus(std::int32_t bits, const std::uint8_t* binary)
-template <typename Work>
-EpcStatus hexInputFrame(const char* hex, Work work) {
+// ---- Binary values in ----
+// work: EpcStatus(BitBuffer& bits, arguments...)
+
+template <typename Work, typename... Arguments>
+EpcStatus binaryInputFrame(std::int32_t bits, const std::uint8_t* binary, Work work,
+                           const Arguments&... arguments) {
+    BitBuffer buffer = bitBufferForReading(binary, bits);
+    return work(buffer, arguments...);
+}
+
+template <typename Work, typename... Arguments>
+EpcStatus hexInputFrame(const char* hex, Work work, const Arguments&... arguments) {
     const std::string_view digits = hex;
     const std::size_t byteCount = (digits.size() + 1) / 2;
     if (byteCount > static_cast<std::size_t>(MAX_BINARY_BYTES)) {
@@ -24,35 +35,52 @@ EpcStatus hexInputFrame(const char* hex, Work work) {
     }
     std::uint8_t binary[MAX_BINARY_BYTES];
     EPC_TRY(hexToBytes(digits, binary));
-    return work(static_cast<std::int32_t>(byteCount * 8), binary);
+    BitBuffer buffer = bitBufferForReading(binary, static_cast<std::int32_t>(byteCount * 8));
+    return work(buffer, arguments...);
 }
 
-// work: EpcStatus(std::int32_t bits, const std::uint8_t* binary)
-template <typename Work>
-EpcStatus wordInputFrame(std::int32_t bits, const std::uint16_t* words, Work work) {
+template <typename Work, typename... Arguments>
+EpcStatus wordInputFrame(std::int32_t bits, const std::uint16_t* words, Work work,
+                         const Arguments&... arguments) {
     const auto wordCount = static_cast<std::uint32_t>((std::int64_t{bits} + 15) / 16);
     std::uint8_t binary[MAX_BINARY_BYTES];
     EPC_TRY(wordsToBytes(words, wordCount, binary));
-    return work(bits, binary);
+    BitBuffer buffer = bitBufferForReading(binary, bits);
+    return work(buffer, arguments...);
 }
 
-// work: EpcStatus(std::int32_t maxBytes, std::uint8_t* out, std::int32_t* outBytes)
-template <typename Work>
-EpcStatus hexOutputFrame(std::int32_t dstSize, char* dst, Work work) {
+// ---- Binary values out ----
+// work: EpcStatus(BitBuffer& bits, arguments...), on an empty buffer
+
+// For values of whole bytes.
+template <typename Work, typename... Arguments>
+EpcStatus binaryOutputFrame(std::int32_t maxBytes, std::uint8_t* out, std::int32_t* outBytes,
+                            Work work, const Arguments&... arguments) {
+    BitBuffer bits = bitBufferForWriting(out, maxBytes);
+    EPC_TRY(work(bits, arguments...));
+    if (outBytes != nullptr) {
+        *outBytes = bits.position / 8;
+    }
+    return EPC_OK;
+}
+
+template <typename Work, typename... Arguments>
+EpcStatus hexOutputFrame(std::int32_t dstSize, char* dst, Work work,
+                         const Arguments&... arguments) {
     std::uint8_t binary[MAX_BINARY_BYTES];
-    std::int32_t byteCount = 0;
-    EPC_TRY(work(MAX_BINARY_BYTES, binary, &byteCount));
+    BitBuffer bits = bitBufferForWriting(binary, MAX_BINARY_BYTES);
+    EPC_TRY(work(bits, arguments...));
     TextBuffer text = textBufferOver(dst, dstSize);
-    return textBufferPutHex(text, binary, byteCount);
+    return textBufferPutHex(text, binary, (bits.position + 7) / 8);
 }
 
-// work: EpcStatus(std::int32_t maxBytes, std::uint8_t* out, std::int32_t* outBytes)
-template <typename Work>
+template <typename Work, typename... Arguments>
 EpcStatus wordOutputFrame(std::int32_t maxWords, std::uint16_t* outWords,
-                          std::int32_t* outWordCount, Work work) {
+                          std::int32_t* outWordCount, Work work, const Arguments&... arguments) {
     std::uint8_t binary[MAX_BINARY_BYTES];
-    std::int32_t byteCount = 0;
-    EPC_TRY(work(MAX_BINARY_BYTES, binary, &byteCount));
+    BitBuffer bits = bitBufferForWriting(binary, MAX_BINARY_BYTES);
+    EPC_TRY(work(bits, arguments...));
+    const std::int32_t byteCount = (bits.position + 7) / 8;
     const std::int32_t wordCount = (byteCount + 1) / 2;
     if (wordCount > maxWords) {
         return EPC_ERR_NO_ROOM;
@@ -62,6 +90,17 @@ EpcStatus wordOutputFrame(std::int32_t maxWords, std::uint16_t* outWords,
         *outWordCount = wordCount;
     }
     return EPC_OK;
+}
+
+// ---- Text to text ----
+// work: EpcStatus(TextCursor& cursor, TextBuffer& out, arguments...)
+
+template <typename Work, typename... Arguments>
+EpcStatus textToTextFrame(const char* text, std::int32_t dstSize, char* dst, Work work,
+                          const Arguments&... arguments) {
+    TextCursor cursor = textCursorOver(text);
+    TextBuffer out = textBufferOver(dst, dstSize);
+    return work(cursor, out, arguments...);
 }
 
 } // namespace rosetag

@@ -20,6 +20,14 @@ EpcStatus parseLink(AiList& list, TextCursor& cursor, TextBuffer& flat) {
     return digitalLinkDecodeValues(list, cursor.begin, flat);
 }
 
+EpcStatus parseToRows(std::string_view text, const AiSyntax& syntax, const AiRows& rows) {
+    TextCursor cursor = textCursorOver(text);
+    AiList list;
+    aiListClear(list);
+    EPC_TRY(aiTextParse(list, cursor, syntax, 0));
+    return aiListCopyOut(list, text.data(), rows);
+}
+
 } // namespace
 
 EpcStatus digitalLinkToElementString(TextCursor& cursor, TextBuffer& dst) {
@@ -30,7 +38,18 @@ EpcStatus digitalLinkToElementString(TextCursor& cursor, TextBuffer& dst) {
     return elementStringWrite(dst, list, values);
 }
 
-EpcStatus digitalLinkToAIs(TextCursor& cursor, const AiRows& rows) {
+EpcStatus elementStringToAIs(std::string_view text, const AiRows& rows) {
+    return parseToRows(text, ELEMENT_STRING_SYNTAX, rows);
+}
+
+EpcStatus barcodeStringToAIs(std::string_view text, char separator, const AiRows& rows) {
+    char buffer[BARCODE_BUFFER_SIZE];
+    EPC_TRY(barcodeStringNormalise(text, buffer, text));
+    return parseToRows(text, {0, 0, separator, false}, rows);
+}
+
+EpcStatus digitalLinkToAIs(std::string_view text, const AiRows& rows) {
+    TextCursor cursor = textCursorOver(text);
     AiList list;
     char values[LINK_VALUES_SIZE];
     TextBuffer flat = textBufferOver(values);

@@ -13,8 +13,10 @@ namespace rosetag {
 // A whole link, path and query, to a bracketed element string; dst is empty.
 EpcStatus digitalLinkToElementString(TextCursor& cursor, TextBuffer& dst);
 
-// A whole link to AI rows.
-EpcStatus digitalLinkToAIs(TextCursor& cursor, const AiRows& rows);
+// A whole text to AI rows.
+EpcStatus elementStringToAIs(std::string_view text, const AiRows& rows);
+EpcStatus barcodeStringToAIs(std::string_view text, char separator, const AiRows& rows);
+EpcStatus digitalLinkToAIs(std::string_view text, const AiRows& rows);
 
 // A bracketed element string to a link; dst is empty.
 EpcStatus elementStringToDigitalLink(TextCursor& cursor, TextBuffer& dst);

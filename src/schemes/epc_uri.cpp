@@ -2,19 +2,24 @@
 
 namespace rosetag {
 
-namespace {
-
-// Up to the ":", which stays unread.
-EpcStatus readSchemeWord(TextCursor& cursor, std::string_view& word) {
-    return textCursorReadUntil(cursor, ':', SCHEME_WORD_SIZE, word);
+EpcStatus bitsToEpcUri(BitBuffer& bits, std::int32_t dstSize, char* dst, UriForm form) {
+    const bool isTagUri = form == UriForm::TAG;
+    TextBuffer text = textBufferOver(dst, dstSize);
+    EPC_TRY(textBufferPutString(text, isTagUri ? TAG_URI_PREFIX : PURE_IDENTITY_URI_PREFIX));
+    const TagSchemeOps* row = nullptr;
+    EPC_TRY(tagSchemeReadHeader(bits, row));
+    if (row->binaryToUriBody == nullptr) {
+        return EPC_ERR_NOT_SUPPORTED;
+    }
+    EPC_TRY(textBufferPutString(text, isTagUri ? row->info.name : row->info.familyWord));
+    EPC_TRY(textBufferPutChar(text, ':'));
+    return row->binaryToUriBody(bits, text, form);
 }
-
-} // namespace
 
 EpcStatus tagUriReadScheme(TextCursor& cursor, const TagSchemeOps*& row) {
     std::string_view word;
     EPC_TRY(textCursorExpect(cursor, TAG_URI_PREFIX));
-    EPC_TRY(readSchemeWord(cursor, word));
+    EPC_TRY(textCursorReadUntil(cursor, ':', SCHEME_WORD_SIZE, word));
     row = tagSchemeFindByName(word);
     return row != nullptr ? EPC_OK : EPC_ERR_UNKNOWN_SCHEME;
 }
@@ -44,7 +49,8 @@ EpcStatus epcUriBodyToBits(TextCursor& cursor, std::uint32_t filter, const TagSc
     return textCursorAtEnd(cursor) ? EPC_OK : EPC_ERR_BAD_FORMAT;
 }
 
-EpcStatus tagUriToBits(TextCursor& cursor, BitBuffer& bits) {
+EpcStatus tagUriToBits(BitBuffer& bits, std::string_view text) {
+    TextCursor cursor = textCursorOver(text);
     const TagSchemeOps* row = nullptr;
     std::uint32_t filter = 0;
     EPC_TRY(tagUriReadScheme(cursor, row));
@@ -52,15 +58,16 @@ EpcStatus tagUriToBits(TextCursor& cursor, BitBuffer& bits) {
     return epcUriBodyToBits(cursor, filter, *row, bits);
 }
 
-EpcStatus pureIdentityUriToBits(TextCursor& cursor, EpcScheme scheme, std::int32_t filter,
-                                BitBuffer& bits) {
+EpcStatus pureIdentityUriToBits(BitBuffer& bits, std::string_view text, EpcScheme scheme,
+                                std::int32_t filter) {
+    TextCursor cursor = textCursorOver(text);
     EPC_TRY(textCursorExpect(cursor, PURE_IDENTITY_URI_PREFIX));
     if (!tagSchemeIsKnown(scheme)) {
         return EPC_ERR_UNKNOWN_SCHEME;
     }
     const TagSchemeOps& row = tagSchemeTable[scheme];
     std::string_view word;
-    EPC_TRY(readSchemeWord(cursor, word));
+    EPC_TRY(textCursorReadUntil(cursor, ':', SCHEME_WORD_SIZE, word));
     if (word != row.info.familyWord) {
         return EPC_ERR_SCHEME_MISMATCH;
     }

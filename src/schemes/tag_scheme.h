@@ -24,23 +24,27 @@ struct AiRows;
 struct EncodeArguments {
     std::int32_t filter;
     std::int32_t gcpLength; // used by the plain schemes only
-    const TagSchemeInfo& info;
-    std::int32_t encoding; // used by the plus schemes only
+    std::int32_t encoding;  // used by the plus schemes only
 };
 
-// Binary slots start after the header, which has been read.
+struct Gs1KeyDefinition;
+struct TagSchemeOps;
+
+// The slots of a row. All but the bodies of URIs are given their own row, so that nobody looks for
+// it again. Binary slots start after the header.
 using BinaryToUriBody = EpcStatus (*)(BitBuffer& bits, TextBuffer& text, UriForm form);
-using BinaryToText = EpcStatus (*)(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
-using BinaryToAIs = EpcStatus (*)(BitBuffer& bits, const AiRows& rows, EpcScheme scheme);
+using BinaryToText = EpcStatus (*)(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text);
+using BinaryToAIs = EpcStatus (*)(const TagSchemeOps& row, BitBuffer& bits, const AiRows& rows);
 
 // Text slots write from position 0 on, header included, and leave the cursor after what they
 // consumed. The cursor of a URI body starts after the filter, that of a GS1 text at its beginning.
 using UriBodyToBinary = EpcStatus (*)(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
-using TextToBinary = EpcStatus (*)(TextCursor& cursor, BitBuffer& bits,
+using TextToBinary = EpcStatus (*)(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
                                    const EncodeArguments& arguments);
 
 struct TagSchemeOps {
     const TagSchemeInfo& info;
+    const Gs1KeyDefinition* key; // of the family, or null if it has none
     BinaryToUriBody binaryToUriBody = nullptr;
     UriBodyToBinary uriBodyToBinary = nullptr;
     BinaryToText binaryToElementString = nullptr;
@@ -67,6 +71,15 @@ inline bool tagSchemeIsKnown(EpcScheme scheme) {
 
 // Reads the header and finds its row. EPC_ERR_TRUNCATED below eight bits, EPC_ERR_UNKNOWN_HEADER.
 EpcStatus tagSchemeReadHeader(BitBuffer& bits, const TagSchemeOps*& row);
+
+// The number of the scheme with exactly this name; outScheme may be null.
+EpcStatus tagSchemeNameToNumber(std::string_view name, EpcScheme* outScheme);
+
+// Copies the name of a scheme. A dst that cannot hold it stays as it is.
+EpcStatus tagSchemeCopyName(const TagSchemeInfo& info, std::int32_t dstSize, char* dst);
+
+// The name of the scheme of a binary value, copied the same way.
+EpcStatus bitsToSchemeName(BitBuffer& bits, std::int32_t dstSize, char* dst);
 
 } // namespace rosetag
 

@@ -1,3 +1,4 @@
+#include "bridge/gs1_key_table.h"
 #include "bridge/plain_slots.h"
 #include "schemes/scheme_codec.h"
 #include "schemes/tag_scheme.h"
@@ -12,7 +13,10 @@ namespace {
 template <EpcScheme scheme>
 constexpr TagSchemeOps opsOfScheme() {
     constexpr SchemeRow row = schemeRows[scheme];
-    TagSchemeOps ops = {.info = tagSchemeInfos[scheme]};
+    TagSchemeOps ops = {
+        .info = tagSchemeInfos[scheme],
+        .key = gs1KeyFindByName(row.familyWord),
+    };
     if constexpr (schemeIsPlus(row)) {
         ops.binaryToElementString = plusBinaryToElementString;
         ops.binaryToAIs = plusBinaryToAIs;
@@ -26,6 +30,7 @@ constexpr TagSchemeOps opsOfScheme() {
         ops.binaryToUriBody = schemeReadBody<scheme>;
         ops.uriBodyToBinary = schemeWriteBody<scheme>;
         if constexpr (schemeHasGs1Key(row)) {
+            static_assert(gs1KeyFindByName(row.familyWord) != nullptr);
             ops.binaryToElementString = plainBinaryToElementString;
             ops.binaryToAIs = plainBinaryToAIs;
             ops.elementStringToBinary = plainElementStringToBinary;

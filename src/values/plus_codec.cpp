@@ -170,11 +170,11 @@ EpcStatus getDataSection(BitBuffer& bits, TextBuffer& text, AiList& list) {
 
 } // namespace
 
-EpcStatus plusEncodeAiList(BitBuffer& out, AiList& list, const char* baseText, ValueForm form,
-                           const EncodeArguments& arguments) {
-    EPC_TRY(bitBufferWrite(out, arguments.info.header, TAG_HEADER_BITS));
+EpcStatus plusEncodeAiList(const TagSchemeOps& row, BitBuffer& out, AiList& list,
+                           const char* baseText, ValueForm form, const EncodeArguments& arguments) {
+    EPC_TRY(bitBufferWrite(out, row.info.header, TAG_HEADER_BITS));
     PlusHead head{};
-    EPC_TRY(consumeHead(list, plusKeys[arguments.info.scheme], head));
+    EPC_TRY(consumeHead(list, plusKeys[row.info.scheme], head));
     EPC_TRY(bitBufferWrite(out, hasData(list) ? 1 : 0, TOGGLE_BITS));
     EPC_TRY(bitBufferWrite(out, static_cast<std::uint64_t>(arguments.filter), FILTER_BITS));
     const PlusEncoder encoder = {out, baseText, form, arguments.encoding};
@@ -189,14 +189,14 @@ EpcStatus plusEncodeAiList(BitBuffer& out, AiList& list, const char* baseText, V
     return putDataSection(encoder, list);
 }
 
-EpcStatus plusDecodeAiList(BitBuffer& bits, EpcScheme scheme, PlusValues& out) {
+EpcStatus plusDecodeAiList(const TagSchemeOps& row, BitBuffer& bits, PlusValues& out) {
     TextBuffer text = textBufferOver(out.baseText);
     aiListClear(out.list);
     std::uint64_t toggle = 0;
     EPC_TRY(bitBufferRead(bits, TOGGLE_BITS, toggle));
     std::uint64_t filter = 0; // none of the texts has it
     EPC_TRY(bitBufferRead(bits, FILTER_BITS, filter));
-    const PlusKey& key = plusKeys[scheme];
+    const PlusKey& key = plusKeys[row.info.scheme];
     if (key.hasDate) {
         EPC_TRY(getDate(bits, text, out.list));
     }

@@ -25,8 +25,8 @@ enum class ValueForm : std::uint8_t { PLAIN, PERCENT_ENCODED };
 
 // Writes header and all AIs of the list into out at position 0, and marks those of the key and the
 // date as consumed. EPC_ERR_NO_PRIMARY_KEY if one of these is not on the list.
-EpcStatus plusEncodeAiList(BitBuffer& out, AiList& list, const char* baseText, ValueForm form,
-                           const EncodeArguments& arguments);
+EpcStatus plusEncodeAiList(const TagSchemeOps& row, BitBuffer& out, AiList& list,
+                           const char* baseText, ValueForm form, const EncodeArguments& arguments);
 
 // A list and its base text.
 struct PlusValues {
@@ -35,7 +35,7 @@ struct PlusValues {
 };
 
 // Reads the fields after the header.
-EpcStatus plusDecodeAiList(BitBuffer& bits, EpcScheme scheme, PlusValues& out);
+EpcStatus plusDecodeAiList(const TagSchemeOps& row, BitBuffer& bits, PlusValues& out);
 
 } // namespace rosetag
 

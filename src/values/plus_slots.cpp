@@ -15,56 +15,56 @@ EpcStatus checkFilter(const EncodeArguments& arguments) {
 
 } // namespace
 
-EpcStatus plusBinaryToElementString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme) {
+EpcStatus plusBinaryToElementString(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text) {
     PlusValues values;
-    EPC_TRY(plusDecodeAiList(bits, scheme, values));
+    EPC_TRY(plusDecodeAiList(row, bits, values));
     return elementStringWrite(text, values.list, values.baseText);
 }
 
-EpcStatus plusBinaryToBarcodeString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme) {
+EpcStatus plusBinaryToBarcodeString(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text) {
     PlusValues values;
-    EPC_TRY(plusDecodeAiList(bits, scheme, values));
+    EPC_TRY(plusDecodeAiList(row, bits, values));
     return barcodeStringWrite(text, values.list, values.baseText);
 }
 
-EpcStatus plusBinaryToDigitalLink(BitBuffer& bits, TextBuffer& text, EpcScheme scheme) {
+EpcStatus plusBinaryToDigitalLink(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text) {
     PlusValues values;
-    EPC_TRY(plusDecodeAiList(bits, scheme, values));
+    EPC_TRY(plusDecodeAiList(row, bits, values));
     return digitalLinkWrite(text, values.list, values.baseText);
 }
 
-EpcStatus plusBinaryToAIs(BitBuffer& bits, const AiRows& rows, EpcScheme scheme) {
+EpcStatus plusBinaryToAIs(const TagSchemeOps& row, BitBuffer& bits, const AiRows& rows) {
     PlusValues values;
-    EPC_TRY(plusDecodeAiList(bits, scheme, values));
+    EPC_TRY(plusDecodeAiList(row, bits, values));
     return aiListCopyOut(values.list, values.baseText, rows);
 }
 
-EpcStatus plusElementStringToBinary(TextCursor& cursor, BitBuffer& bits,
+EpcStatus plusElementStringToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
                                     const EncodeArguments& arguments) {
     EPC_TRY(checkFilter(arguments));
     AiList list;
     aiListClear(list);
     EPC_TRY(aiTextParse(list, cursor, ELEMENT_STRING_SYNTAX, 0));
-    return plusEncodeAiList(bits, list, cursor.begin, ValueForm::PLAIN, arguments);
+    return plusEncodeAiList(row, bits, list, cursor.begin, ValueForm::PLAIN, arguments);
 }
 
-EpcStatus plusBarcodeStringToBinary(TextCursor& cursor, BitBuffer& bits,
+EpcStatus plusBarcodeStringToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
                                     const EncodeArguments& arguments) {
     EPC_TRY(checkFilter(arguments));
     AiList list;
     aiListClear(list);
     EPC_TRY(aiTextParse(list, cursor, BARCODE_STRING_SYNTAX, 0));
-    return plusEncodeAiList(bits, list, cursor.begin, ValueForm::PLAIN, arguments);
+    return plusEncodeAiList(row, bits, list, cursor.begin, ValueForm::PLAIN, arguments);
 }
 
-EpcStatus plusDigitalLinkToBinary(TextCursor& cursor, BitBuffer& bits,
+EpcStatus plusDigitalLinkToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
                                   const EncodeArguments& arguments) {
     EPC_TRY(checkFilter(arguments));
     AiList list;
     aiListClear(list);
     EPC_TRY(digitalLinkSkipHost(cursor));
     EPC_TRY(digitalLinkParse(list, cursor));
-    return plusEncodeAiList(bits, list, cursor.begin, ValueForm::PERCENT_ENCODED, arguments);
+    return plusEncodeAiList(row, bits, list, cursor.begin, ValueForm::PERCENT_ENCODED, arguments);
 }
 
 } // namespace rosetag

@@ -10,15 +10,15 @@
 
 namespace rosetag {
 
-EpcStatus plusBinaryToElementString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
-EpcStatus plusBinaryToBarcodeString(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
-EpcStatus plusBinaryToDigitalLink(BitBuffer& bits, TextBuffer& text, EpcScheme scheme);
-EpcStatus plusBinaryToAIs(BitBuffer& bits, const AiRows& rows, EpcScheme scheme);
-EpcStatus plusElementStringToBinary(TextCursor& cursor, BitBuffer& bits,
+EpcStatus plusBinaryToElementString(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text);
+EpcStatus plusBinaryToBarcodeString(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text);
+EpcStatus plusBinaryToDigitalLink(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text);
+EpcStatus plusBinaryToAIs(const TagSchemeOps& row, BitBuffer& bits, const AiRows& rows);
+EpcStatus plusElementStringToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
                                     const EncodeArguments& arguments);
-EpcStatus plusBarcodeStringToBinary(TextCursor& cursor, BitBuffer& bits,
+EpcStatus plusBarcodeStringToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
                                     const EncodeArguments& arguments);
-EpcStatus plusDigitalLinkToBinary(TextCursor& cursor, BitBuffer& bits,
+EpcStatus plusDigitalLinkToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
                                   const EncodeArguments& arguments);
 
 } // namespace rosetag

@@ -1,0 +1,59 @@
+#include "values/ai_conversions.h"
+
+#include "values/ai_code_bits.h"
+
+#include <algorithm>
+
+namespace rosetag {
+
+namespace {
+
+// A component that another one follows gets exactly its own characters; the last one gets all that
+// is left.
+EpcStatus putComponents(BitBuffer& bits, const AiDefinition& ai, std::string_view value,
+                        std::int32_t encoding) {
+    TextCursor cursor = textCursorOver(value);
+    if (ai.componentCount > 1) {
+        const std::size_t length = std::min<std::size_t>(ai.components[0].digitCount, value.size());
+        TextCursor first = textCursorOver({value.data(), length});
+        EPC_TRY(aiValueEncode(first, bits, ai, 0, AI_KIND_NONE, encoding));
+        cursor.current += length;
+    }
+    const auto last = static_cast<std::uint8_t>(ai.componentCount - 1);
+    return aiValueEncode(cursor, bits, ai, last, AI_KIND_NONE, encoding);
+}
+
+} // namespace
+
+EpcStatus aiValueToBits(BitBuffer& bits, const AiDefinition& ai, const AiValueRequest& request,
+                        std::int32_t* outBits) {
+    if (request.withCode != 0) {
+        EPC_TRY(aiCodePut(bits, ai));
+    }
+    EPC_TRY(putComponents(bits, ai, request.value, request.encoding));
+    if (outBits != nullptr) {
+        *outBits = bits.position;
+    }
+    return EPC_OK;
+}
+
+EpcStatus bitsToAiValue(BitBuffer& bits, const char* ai, std::int32_t dstSize, char* dst) {
+    TextBuffer text = textBufferOver(dst, dstSize);
+    const AiDefinition* definition = nullptr;
+    EPC_TRY(aiDefinitionOf(ai, definition));
+    return aiValueDecodeAll(bits, text, *definition);
+}
+
+EpcStatus bitsToAiAndValue(BitBuffer& bits, char* aiOut, std::int32_t dstSize, char* dst) {
+    TextBuffer text = textBufferOver(dst, dstSize);
+    std::fill(aiOut + 2, aiOut + AI_CODE_SIZE, '\0');
+    EPC_TRY(aiCodeGetPrefix(bits, aiOut));
+    if (aiCodeIsPadding({aiOut, 2}, bitBufferLeft(bits))) {
+        return EPC_ERR_TRUNCATED;
+    }
+    const AiDefinition* ai = nullptr;
+    EPC_TRY(aiCodeGetRest(bits, aiOut, ai));
+    return aiValueDecodeAll(bits, text, *ai);
+}
+
+} // namespace rosetag
