@@ -7,8 +7,6 @@
 #ifndef ROSETAG_GS1_AI_SHAPE_H
 #define ROSETAG_GS1_AI_SHAPE_H
 
-#include "core/long_decimal.h"
-
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -41,7 +39,6 @@ enum AiCheckKind : std::uint8_t {
 struct AiComponent {
     AiKind kind;
     std::uint8_t digitCount;          // characters of a fixed-length component; 0: variable
-    std::uint8_t bitWidth;            // of a component whose field has a fixed width, else 0
     std::uint8_t lengthIndicatorBits; // 0: the bits hold no length
     std::uint8_t maxLength;           // of a variable component; 0: no limit is given
     AiCheckKind checkKind;
@@ -52,18 +49,13 @@ constexpr std::size_t AI_MAX_COMPONENTS = 2;
 // The components by name, for the rows of the table of AIs.
 namespace ai_shapes {
 
-constexpr AiComponent fixed(AiKind kind, std::int32_t digitCount, std::int32_t bitWidth) {
-    return {kind,
-            static_cast<std::uint8_t>(digitCount),
-            static_cast<std::uint8_t>(bitWidth),
-            0,
-            0,
-            AI_CHECK_NONE};
+constexpr AiComponent fixed(AiKind kind, std::uint8_t digitCount) {
+    return {kind, digitCount, 0, 0, AI_CHECK_NONE};
 }
 
 constexpr AiComponent variable(AiKind kind, std::uint8_t maxLength) {
     const auto lengthIndicatorBits = static_cast<std::uint8_t>(std::bit_width(maxLength));
-    return {kind, 0, 0, lengthIndicatorBits, maxLength, AI_CHECK_NONE};
+    return {kind, 0, lengthIndicatorBits, maxLength, AI_CHECK_NONE};
 }
 
 constexpr AiComponent checked(AiComponent component, AiCheckKind checkKind = AI_CHECK_DIGIT) {
@@ -72,13 +64,13 @@ constexpr AiComponent checked(AiComponent component, AiCheckKind checkKind = AI_
 }
 
 // One number, in as many bits as its digits need.
-constexpr AiComponent numeric(std::int32_t digitCount) {
-    return fixed(AI_KIND_NUMERIC, digitCount, aiDigitBits(digitCount));
+constexpr AiComponent numeric(std::uint8_t digitCount) {
+    return fixed(AI_KIND_NUMERIC, digitCount);
 }
 
 // Four bits a digit.
-constexpr AiComponent digits(std::int32_t digitCount) {
-    return fixed(AI_KIND_DIGITS, digitCount, 4 * digitCount);
+constexpr AiComponent digits(std::uint8_t digitCount) {
+    return fixed(AI_KIND_DIGITS, digitCount);
 }
 
 constexpr AiComponent varNumeric(std::uint8_t maxLength) {
@@ -93,13 +85,13 @@ constexpr AiComponent digitsThenText(std::uint8_t maxLength) {
     return variable(AI_KIND_DIGITS_THEN_TEXT, maxLength);
 }
 
-inline constexpr AiComponent flag = fixed(AI_KIND_FLAG, 1, 1);
-inline constexpr AiComponent letters = fixed(AI_KIND_LETTERS, 2, 2 * 6);
-inline constexpr AiComponent date = fixed(AI_KIND_DATE, 6, 7 + 4 + 5);
-inline constexpr AiComponent dateTime = fixed(AI_KIND_DATE_TIME, 10, 7 + 4 + 5 + 5 + 6);
+inline constexpr AiComponent flag = fixed(AI_KIND_FLAG, 1);
+inline constexpr AiComponent letters = fixed(AI_KIND_LETTERS, 2);
+inline constexpr AiComponent date = fixed(AI_KIND_DATE, 6);
+inline constexpr AiComponent dateTime = fixed(AI_KIND_DATE_TIME, 10);
 inline constexpr AiComponent dateRange = variable(AI_KIND_DATE_RANGE, 0);
 inline constexpr AiComponent dateTimeVar = variable(AI_KIND_DATE_TIME_VAR, 0);
-inline constexpr AiComponent sign = {AI_KIND_SIGN, 0, 1, 0, 1, AI_CHECK_NONE};
+inline constexpr AiComponent sign = {AI_KIND_SIGN, 0, 0, 1, AI_CHECK_NONE};
 
 } // namespace ai_shapes
 

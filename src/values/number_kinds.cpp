@@ -17,7 +17,7 @@ EpcStatus encodeLongNumeric(TextCursor& cursor, BitBuffer& out, const AiComponen
     if (digits.size() < component.digitCount) {
         return EPC_ERR_BAD_CHARACTER;
     }
-    return bitBufferPutLongDecimal(out, digits, component.bitWidth);
+    return bitBufferPutLongDecimal(out, digits, aiDigitBits(component.digitCount));
 }
 
 EpcStatus encodeLongInteger(TextCursor& cursor, BitBuffer& out) {
@@ -51,16 +51,11 @@ EpcStatus aiEncodeNumeric(TextCursor& cursor, BitBuffer& out, const AiEncodeFiel
     if (count < component.digitCount) {
         return EPC_ERR_BAD_CHARACTER;
     }
-    return bitBufferWrite(out, number, component.bitWidth);
+    return bitBufferWrite(out, number, aiDigitBits(component.digitCount));
 }
 
 EpcStatus aiDecodeNumeric(BitBuffer& bits, TextBuffer& text, const AiComponent& component) {
-    if (component.bitWidth > 64) {
-        return bitBufferGetLongDecimal(text, bits, component.bitWidth, component.digitCount);
-    }
-    std::uint64_t number = 0;
-    EPC_TRY(bitBufferRead(bits, component.bitWidth, number));
-    return textBufferPutPadded(text, number, component.digitCount);
+    return aiDecodeInteger(bits, text, component.digitCount);
 }
 
 EpcStatus aiEncodeDigits(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field) {
