@@ -41,7 +41,7 @@ EpcStatus bitsToAiValue(BitBuffer& bits, const char* ai, std::int32_t dstSize, c
     TextBuffer text = textBufferOver(dst, dstSize);
     const AiDefinition* definition = nullptr;
     EPC_TRY(aiDefinitionOf(ai, definition));
-    return aiValueDecodeAll(bits, text, *definition);
+    return aiValueDecode(bits, text, *definition);
 }
 
 EpcStatus bitsToAiAndValue(BitBuffer& bits, char* aiOut, std::int32_t dstSize, char* dst) {
@@ -53,7 +53,7 @@ EpcStatus bitsToAiAndValue(BitBuffer& bits, char* aiOut, std::int32_t dstSize, c
     }
     const AiDefinition* ai = nullptr;
     EPC_TRY(aiCodeGetRest(bits, aiOut, ai));
-    return aiValueDecodeAll(bits, text, *ai);
+    return aiValueDecode(bits, text, *ai);
 }
 
 } // namespace rosetag

@@ -1,9 +1,13 @@
 #include "values/ai_value.h"
 
+#include "gs1/ai_table.h"
 #include "values/date_kinds.h"
 #include "values/number_kinds.h"
 #include "values/small_kinds.h"
 #include "values/text_kinds.h"
+
+#include <algorithm>
+#include <iterator>
 
 namespace rosetag {
 
@@ -20,7 +24,7 @@ struct KindRow {
 constexpr KindRow kindTable[] = {
     // kind                    encode                  decode
     {AI_KIND_NUMERIC,          aiEncodeNumeric,        aiDecodeNumeric},
-    {AI_KIND_DATE_CODED,       aiEncodeDateCoded,      aiDecodeDateCoded},
+    {AI_KIND_DATE_CODED,       aiEncodeDateCoded,      nullptr}, // for kindOverride alone
     {AI_KIND_DIGITS,           aiEncodeDigits,         aiDecodeDigits},
     {AI_KIND_DIGITS_THEN_TEXT, aiEncodeDigitsThenText, aiDecodeDigitsThenText},
     {AI_KIND_TEXT,             aiEncodeText,           aiDecodeText},
@@ -47,39 +51,40 @@ static_assert(
     }(),
     "the rows stand in the order of the kinds");
 
-const KindRow* kindFind(AiKind kind) {
-    if (kind < AI_KIND_NUMERIC || kind > AI_KIND_SIGN) {
-        return nullptr;
-    }
-    return &kindTable[kind - AI_KIND_NUMERIC];
+constexpr const KindRow& kindRow(AiKind kind) {
+    return kindTable[kind - AI_KIND_NUMERIC];
 }
+
+constexpr bool bitFormIsComplete(const AiComponent& component) {
+    if (component.kind == AI_KIND_NONE) {
+        return true;
+    }
+    const bool isText =
+        component.kind == AI_KIND_TEXT || component.kind == AI_KIND_DIGITS_THEN_TEXT;
+    const bool isDigits = component.kind == AI_KIND_NUMERIC || component.kind == AI_KIND_DIGITS;
+    const bool hasLength = isText || component.kind == AI_KIND_VAR_NUMERIC;
+    return kindRow(component.kind).decode != nullptr &&
+           hasLength == (component.lengthIndicatorBits != 0) &&
+           (!isDigits || component.digitCount != 0);
+}
+
+static_assert(std::all_of(aiTable.begin(), aiTable.end(), [](const AiTableRow& row) {
+    return std::all_of(std::begin(row.components), std::end(row.components), bitFormIsComplete);
+}));
 
 } // namespace
 
 EpcStatus aiValueEncode(TextCursor& cursor, BitBuffer& out, const AiDefinition& ai,
                         std::uint8_t componentIndex, AiKind kindOverride, std::int32_t encoding) {
     const AiComponent& component = ai.components[componentIndex];
-    const KindRow* const row =
-        kindFind(kindOverride != AI_KIND_NONE ? kindOverride : component.kind);
-    if (row == nullptr) {
-        return EPC_ERR_BAD_FORMAT;
-    }
-    return row->encode(cursor, out, {ai, component, encoding});
+    const AiKind kind = kindOverride != AI_KIND_NONE ? kindOverride : component.kind;
+    return kindRow(kind).encode(cursor, out, {ai, component, encoding});
 }
 
-EpcStatus aiValueDecode(BitBuffer& bits, TextBuffer& text, const AiDefinition& ai,
-                        std::uint8_t componentIndex) {
-    const AiComponent& component = ai.components[componentIndex];
-    const KindRow* const row = kindFind(component.kind);
-    if (row == nullptr) {
-        return EPC_ERR_BAD_FORMAT;
-    }
-    return row->decode(bits, text, component);
-}
-
-EpcStatus aiValueDecodeAll(BitBuffer& bits, TextBuffer& text, const AiDefinition& ai) {
+EpcStatus aiValueDecode(BitBuffer& bits, TextBuffer& text, const AiDefinition& ai) {
     for (std::uint8_t i = 0; i < ai.componentCount; ++i) {
-        EPC_TRY(aiValueDecode(bits, text, ai, i));
+        const AiComponent& component = ai.components[i];
+        EPC_TRY(kindRow(component.kind).decode(bits, text, component));
     }
     return EPC_OK;
 }

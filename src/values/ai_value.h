@@ -1,5 +1,5 @@
 /*
- * One component of an AI value in +AIDC bits. The kind of the component says how it stands there.
+ * AI values in +AIDC bits. The kind of each component determines its bit form.
  *
  * Source: EPC Tag Data Standard, sections 14.5 and 15.3.
  */
@@ -19,17 +19,14 @@ inline EpcStatus aiDefinitionOf(std::string_view code, const AiDefinition*& ai) 
     return ai != nullptr ? EPC_OK : EPC_ERR_UNKNOWN_AI;
 }
 
-// Writes the component whose characters stand under the cursor. kindOverride takes the place of the
-// component's kind unless it is AI_KIND_NONE; encoding is AI_ENC_AUTO or an indicator to force.
+// Writes the component whose characters are under the cursor. kindOverride replaces the kind of the
+// component unless it is AI_KIND_NONE; encoding is AI_ENC_AUTO or the encoding to force.
 EpcStatus aiValueEncode(TextCursor& cursor, BitBuffer& out, const AiDefinition& ai,
                         std::uint8_t componentIndex, AiKind kindOverride, std::int32_t encoding);
 
-// Reads a component and appends it to the text.
-EpcStatus aiValueDecode(BitBuffer& bits, TextBuffer& text, const AiDefinition& ai,
-                        std::uint8_t componentIndex);
-
-// Reads all components, back to back: the value as it stands in an element string.
-EpcStatus aiValueDecodeAll(BitBuffer& bits, TextBuffer& text, const AiDefinition& ai);
+// Reads all components, which follow each other without a gap: the value as it stands in an element
+// string. It is appended to the text.
+EpcStatus aiValueDecode(BitBuffer& bits, TextBuffer& text, const AiDefinition& ai);
 
 } // namespace rosetag
 

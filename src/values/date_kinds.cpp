@@ -140,20 +140,12 @@ EpcStatus aiEncodeDateCoded(TextCursor& cursor, BitBuffer& out, const AiEncodeFi
     AiDate date{};
     EPC_TRY(aiParseDate(cursor, date));
     const auto* const key = std::find(dateKeyAis.begin(), dateKeyAis.end(), &field.ai);
-    if (key == dateKeyAis.end()) {
-        return EPC_ERR_BAD_FORMAT;
-    }
     const auto dateCode = static_cast<std::uint64_t>(key - dateKeyAis.begin());
     EPC_TRY(bitBufferWrite(out, dateCode, DATE_CODE_BITS));
     return putDate(out, date);
 }
 
-EpcStatus aiDecodeDateCoded(BitBuffer& bits, TextBuffer& text, const AiComponent&) {
-    const AiDefinition* ai = nullptr;
-    return aiDecodeDateWithAi(bits, text, ai);
-}
-
-EpcStatus aiDecodeDateWithAi(BitBuffer& bits, TextBuffer& text, const AiDefinition*& ai) {
+EpcStatus aiDecodeDateCoded(BitBuffer& bits, TextBuffer& text, const AiDefinition*& ai) {
     std::uint64_t dateCode = 0;
     EPC_TRY(bitBufferRead(bits, DATE_CODE_BITS, dateCode));
     if (dateCode >= dateKeyAis.size()) {

@@ -81,10 +81,9 @@ inline constexpr auto dateKeyAis = [] {
 EpcStatus aiEncodeDate(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeDate(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 
-// YYMMDD after the date code of its AI. The last decoder also tells which AI that is.
+// YYMMDD after the date code of the AI, which is one of dateKeyAis. The decoder tells which one.
 EpcStatus aiEncodeDateCoded(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
-EpcStatus aiDecodeDateCoded(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
-EpcStatus aiDecodeDateWithAi(BitBuffer& bits, TextBuffer& text, const AiDefinition*& ai);
+EpcStatus aiDecodeDateCoded(BitBuffer& bits, TextBuffer& text, const AiDefinition*& ai);
 
 // YYMMDDHHMM.
 EpcStatus aiEncodeDateTime(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);

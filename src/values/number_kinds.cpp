@@ -2,7 +2,6 @@
 
 #include "core/field_run.h"
 #include "core/long_decimal.h"
-#include "values/length_indicator.h"
 
 namespace rosetag {
 
@@ -76,9 +75,6 @@ EpcStatus aiEncodeDigits(TextCursor& cursor, BitBuffer& out, const AiEncodeField
 }
 
 EpcStatus aiDecodeDigits(BitBuffer& bits, TextBuffer& text, const AiComponent& component) {
-    if (component.digitCount == 0) {
-        return EPC_ERR_BAD_FORMAT;
-    }
     return fieldRunGet<DIGIT_BITS>(
         bits, component.digitCount, [&text](std::uint32_t digit) -> EpcStatus {
             if (digit > 9) {
@@ -89,18 +85,18 @@ EpcStatus aiDecodeDigits(BitBuffer& bits, TextBuffer& text, const AiComponent& c
 }
 
 EpcStatus aiEncodeVarNumeric(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field) {
-    const std::ptrdiff_t length = textCursorLeft(cursor);
-    if (!lengthIndicatorHolds(field.component, length)) {
+    const auto length = static_cast<std::uint64_t>(textCursorLeft(cursor));
+    if (!fitsBits(length, field.component.lengthIndicatorBits)) {
         return EPC_ERR_TOO_LONG;
     }
-    EPC_TRY(lengthIndicatorPut(out, field.component, length));
+    EPC_TRY(bitBufferWrite(out, length, field.component.lengthIndicatorBits));
     return aiEncodeInteger(cursor, out);
 }
 
 EpcStatus aiDecodeVarNumeric(BitBuffer& bits, TextBuffer& text, const AiComponent& component) {
-    std::int32_t digitCount = 0;
-    EPC_TRY(lengthIndicatorGet(bits, component, digitCount));
-    return aiDecodeInteger(bits, text, digitCount);
+    std::uint64_t digitCount = 0;
+    EPC_TRY(bitBufferRead(bits, component.lengthIndicatorBits, digitCount));
+    return aiDecodeInteger(bits, text, static_cast<std::int32_t>(digitCount));
 }
 
 EpcStatus aiEncodeInteger(TextCursor& cursor, BitBuffer& out) {

@@ -141,14 +141,14 @@ EpcStatus putDataSection(const PlusEncoder& encoder, const AiList& list) {
 EpcStatus getElement(BitBuffer& bits, TextBuffer& text, AiList& list, const AiDefinition& ai,
                      AiPass pass) {
     const auto offset = static_cast<std::uint32_t>(textBufferLength(text));
-    EPC_TRY(aiValueDecodeAll(bits, text, ai));
+    EPC_TRY(aiValueDecode(bits, text, ai));
     const auto end = static_cast<std::uint32_t>(textBufferLength(text));
     return aiListAdd(list, ai, offset, end - offset, pass);
 }
 
 EpcStatus getDate(BitBuffer& bits, TextBuffer& text, AiList& list) {
     const AiDefinition* ai = nullptr;
-    EPC_TRY(aiDecodeDateWithAi(bits, text, ai));
+    EPC_TRY(aiDecodeDateCoded(bits, text, ai));
     return aiListAdd(list, *ai, 0, static_cast<std::uint32_t>(textBufferLength(text)), DATE_PASS);
 }
 

@@ -1,7 +1,6 @@
 #include "values/text_kinds.h"
 
 #include "core/field_run.h"
-#include "values/length_indicator.h"
 #include "values/text_encoding.h"
 
 namespace rosetag {
@@ -22,23 +21,25 @@ EpcStatus aiEncodeText(TextCursor& cursor, BitBuffer& out, const AiEncodeField& 
     std::int32_t chosen = 0;
     EPC_TRY(aiChooseEncoding(cursor, chosen));
     const std::ptrdiff_t count = textCursorLeft(cursor);
-    if (!lengthIndicatorHolds(field.component, count)) {
+    if (!fitsBits(static_cast<std::uint64_t>(count), field.component.lengthIndicatorBits)) {
         return EPC_ERR_TOO_LONG;
     }
     const std::int32_t encoding = field.encoding == AI_ENC_AUTO ? chosen : field.encoding;
     constexpr std::uint64_t indicatorMask = (1U << ENCODING_INDICATOR_BITS) - 1;
     EPC_TRY(bitBufferWrite(out, static_cast<std::uint64_t>(encoding) & indicatorMask,
                            ENCODING_INDICATOR_BITS));
-    EPC_TRY(lengthIndicatorPut(out, field.component, count));
+    EPC_TRY(bitBufferWrite(out, static_cast<std::uint64_t>(count),
+                           field.component.lengthIndicatorBits));
     return aiEncodePayload(cursor, out, encoding);
 }
 
 EpcStatus aiDecodeText(BitBuffer& bits, TextBuffer& text, const AiComponent& component) {
     std::uint64_t encoding = 0;
     EPC_TRY(bitBufferRead(bits, ENCODING_INDICATOR_BITS, encoding));
-    std::int32_t count = 0;
-    EPC_TRY(lengthIndicatorGet(bits, component, count));
-    return aiDecodePayload(bits, text, static_cast<std::int32_t>(encoding), count);
+    std::uint64_t count = 0;
+    EPC_TRY(bitBufferRead(bits, component.lengthIndicatorBits, count));
+    return aiDecodePayload(bits, text, static_cast<std::int32_t>(encoding),
+                           static_cast<std::int32_t>(count));
 }
 
 EpcStatus aiEncodeDigitsThenText(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field) {

@@ -1,14 +1,10 @@
 // Each kind of component: its bits in both directions, and what stands after each failure.
-#include "values/ai_value.h"
-
 #include "support/status.h"
 #include "values/value_bits.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
-
-using namespace rosetag;
 
 namespace {
 
@@ -176,7 +172,7 @@ TEST(AiValue, IsRefusedByItsEncoder) {
     // A digit is looked at before its room is.
     EXPECT_EQ(BitsResult(EPC_ERR_BAD_FORMAT, bitsOf("`9506`/4")),
               encodeValue("01", "9506X001343520", AI_ENC_AUTO, 0, 2));
-    // Digits behind the last component are not looked at.
+    // Digits after the last component are not looked at.
     EXPECT_EQ(encodeValue("01", "09506000134352"), encodeValue("01", "09506000134352X"));
     EXPECT_EQ(encodeValue("8006", "095060001343520412"),
               encodeValue("8006", "0950600013435204121"));
@@ -246,51 +242,6 @@ TEST(AiValue, KnowsTheCalendar) {
             EXPECT_STATUS(EPC_ERR_BAD_FORMAT, encodeValue("17", day32).status) << day32;
         }
     }
-}
-
-// What no AI of the catalogue has.
-TEST(AiValue, RefusesComponentsThatCannotBe) {
-    const AiDefinition* const date = aiFind("17");
-    ASSERT_NE(nullptr, date);
-    std::uint8_t bytes[16] = {0xFF, 0xFF};
-    const auto encode = [&](const AiDefinition& ai, std::string_view value, AiKind kindOverride) {
-        TextCursor cursor = textCursorOver(value);
-        BitBuffer out = bitBufferForWriting(bytes, sizeof bytes);
-        return aiValueEncode(cursor, out, ai, 0, kindOverride, AI_ENC_AUTO);
-    };
-    const auto decode = [&](const AiDefinition& ai) {
-        BitBuffer bits = bitBufferForReading(bytes, sizeof bytes * 8);
-        char storage[32];
-        TextBuffer text = textBufferOver(storage);
-        const EpcStatus status = aiValueDecode(bits, text, ai, 0);
-        return TextResult(status, storage);
-    };
-    const AiComponent refused[] = {
-        {AI_KIND_NONE, 0, 0, 0, 0, AI_CHECK_NONE},
-        {AiKind{1}, 0, 0, 0, 0, AI_CHECK_NONE},
-        {AiKind{15}, 0, 0, 0, 0, AI_CHECK_NONE},
-        {AI_KIND_TEXT, 0, 0, 0, 2, AI_CHECK_NONE}, // these two without a length
-        {AI_KIND_VAR_NUMERIC, 0, 0, 0, 2, AI_CHECK_NONE},
-    };
-    for (const AiComponent& component : refused) {
-        const AiDefinition ai = {"99", 1, {component, {}}};
-        EXPECT_STATUS(EPC_ERR_BAD_FORMAT, encode(ai, "1", AI_KIND_NONE)) << component.kind;
-        EXPECT_STATUS(EPC_ERR_BAD_FORMAT, decode(ai).status) << component.kind;
-    }
-    EXPECT_STATUS(EPC_ERR_BAD_FORMAT,
-                  decode({"99", 1, {{AI_KIND_DIGITS, 0, 0, 0, 0, AI_CHECK_NONE}, {}}}).status);
-    EXPECT_STATUS(EPC_ERR_BAD_FORMAT, encode(*date, "240229", AiKind{15}));
-
-    // The coded date is asked for by a caller, and by the code of an AI that has one.
-    AiDefinition coded = *date;
-    coded.components[0].kind = AI_KIND_DATE_CODED;
-    EXPECT_STATUS(EPC_OK, encode(*date, "240229", AI_KIND_DATE_CODED));
-    EXPECT_EQ(bitsOf("4/4 24/7 2/4 29/5"), bitsFromBytes(bytes, 20));
-    EXPECT_EQ(TextResult(EPC_OK, "240229"), decode(coded));
-    bytes[0] = 0x70;
-    EXPECT_EQ(TextResult(EPC_ERR_BAD_FORMAT, ""), decode(coded));
-    EXPECT_STATUS(EPC_ERR_BAD_FORMAT, encode(*aiFind("12"), "240229", AI_KIND_DATE_CODED));
-    EXPECT_STATUS(EPC_ERR_TOO_LONG, encode(*date, "2402290", AI_KIND_DATE_CODED));
 }
 
 } // namespace
