@@ -22,33 +22,35 @@ constexpr std::uint32_t CHAR_CLASS_AI39 = 0x08;
 // Percent-escaped in Digital Link values.
 constexpr std::uint32_t CHAR_CLASS_LINK_ESCAPE = 0x10;
 
-constexpr std::array<std::uint32_t, 128> charClassTableMake() {
-    struct Members {
-        std::uint32_t charClass;
-        std::string_view characters;
-    };
-    constexpr Members members[] = {
-        {CHAR_CLASS_URI_ESCAPE, " \"#%&()/<>?"},
-        {CHAR_CLASS_AI82, "!\"%&'()*+,-./0123456789:;<=>?ABCDEFGHIJKLMNOPQRSTUVWXYZ_"
-                          "abcdefghijklmnopqrstuvwxyz"},
-        {CHAR_CLASS_AI39, "#-/0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"},
-        {CHAR_CLASS_LINK_ESCAPE, "!#%&'()*+,/:;<=>?"},
-    };
-    std::array<std::uint32_t, 128> table{};
-    for (const Members& row : members) {
+struct CharClassRow {
+    std::uint32_t charClass;
+    std::string_view characters;
+};
+
+inline constexpr CharClassRow charClassRows[] = {
+    // clang-format off
+    {CHAR_CLASS_URI_ESCAPE,  " \"#%&()/<>?"},
+    {CHAR_CLASS_AI82,        "!\"%&'()*+,-./0123456789:;<=>?ABCDEFGHIJKLMNOPQRSTUVWXYZ_abcdefghijklmnopqrstuvwxyz"},
+    {CHAR_CLASS_AI39,        "#-/0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"},
+    {CHAR_CLASS_LINK_ESCAPE, "!#%&'()*+,/:;<=>?"},
+    // clang-format on
+};
+
+// The classes of each character, by its code.
+inline constexpr std::array<std::uint8_t, 256> charClassTable = [] {
+    std::array<std::uint8_t, 256> table{};
+    for (const CharClassRow& row : charClassRows) {
         for (const char character : row.characters) {
-            table[static_cast<unsigned char>(character)] |= row.charClass;
+            table[static_cast<unsigned char>(character)] |=
+                static_cast<std::uint8_t>(row.charClass);
         }
     }
     return table;
-}
-
-inline constexpr std::array<std::uint32_t, 128> charClassTable = charClassTableMake();
+}();
 
 // True if the character is of any of the classes.
 constexpr bool charIsOfClass(char character, std::uint32_t classes) {
-    const auto code = static_cast<unsigned char>(character);
-    return code < charClassTable.size() && (charClassTable[code] & classes) != 0;
+    return (charClassTable[static_cast<unsigned char>(character)] & classes) != 0;
 }
 
 constexpr bool charIsDigit(char character) {

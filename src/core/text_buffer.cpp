@@ -1,5 +1,6 @@
 #include "core/text_buffer.h"
 
+#include "core/char_scan.h"
 #include "core/long_decimal.h"
 
 #include <algorithm>
@@ -11,7 +12,7 @@ namespace rosetag {
 
 namespace {
 
-// The two digits of each number below base * base, one pair behind the other.
+// The two digits of each number below base * base, one pair after the other.
 template <std::size_t base>
 constexpr std::array<char, 2 * base * base> digitPairsMake() {
     std::array<char, 2 * base * base> pairs{};
@@ -59,8 +60,7 @@ EpcStatus putEscapedRange(TextBuffer& buffer, const char* base, std::uint32_t st
     }
     const char* const last = base + end;
     for (const char* first = base + start; first < last; ++first) {
-        const char* const escaped = std::find_if(
-            first, last, [escapedClass](char c) { return charIsOfClass(c, escapedClass); });
+        const char* const escaped = findEscaped(first, last, escapedClass);
         EPC_TRY(putFitting(buffer, {first, escaped}));
         if (escaped == last) {
             return EPC_OK;

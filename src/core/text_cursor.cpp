@@ -1,7 +1,8 @@
 #include "core/text_cursor.h"
 
+#include "core/char_scan.h"
+
 #include <algorithm>
-#include <bit>
 
 namespace rosetag {
 
@@ -30,35 +31,21 @@ EpcStatus endDigitRun(TextCursor& cursor, LeadingZeros leadingZeros, DigitLimit 
     return isCut ? EPC_ERR_OUT_OF_RANGE : EPC_OK;
 }
 
-constexpr std::int32_t GROUP_DIGITS = 8;
-
-// Eight characters, the first in the lowest byte. Written out, so that compilers make one load of
-// it.
-std::uint64_t loadFirstLowest(const char* characters) {
-    const auto byte = [characters](int i) {
-        return std::uint64_t{static_cast<unsigned char>(characters[i])} << (8 * i);
-    };
-    return byte(0) | byte(1) | byte(2) | byte(3) | byte(4) | byte(5) | byte(6) | byte(7);
-}
-
 struct DigitGroup {
     std::uint64_t value;
     std::int32_t count; // of digits before the first other character
 };
 
-// Up to eight digits at once: a byte of the group is a digit if what is left of it without the bits
-// of '0' is below 10, and then neighbours join to numbers below 100, 10^4 and 10^8. Halves the time
+// Up to eight digits at once: neighbours join to numbers below 100, 10^4 and 10^8. Halves the time
 // of a number of seven digits.
 DigitGroup readDigitGroup(const char* characters) {
-    std::uint64_t bytes = loadFirstLowest(characters) ^ 0x3030303030303030;
-    const std::uint64_t above9 = (bytes & 0x7F7F7F7F7F7F7F7F) + 0x7676767676767676;
-    const std::uint64_t others = (above9 | bytes) & 0x8080808080808080;
-    const std::int32_t count = std::countr_zero(others) / 8;
+    std::uint64_t bytes = loadCharacters(characters);
+    const auto count = static_cast<std::int32_t>(countBeforeMark(markNonDigits(bytes)));
     if (count == 0) {
         return {0, 0};
     }
     const std::int32_t rest = 64 - 8 * count;
-    bytes = (bytes & ~std::uint64_t{0} >> rest) << rest;
+    bytes = ((bytes ^ inEveryByte('0')) & ~std::uint64_t{0} >> rest) << rest;
     bytes = (bytes * 10 + (bytes >> 8)) & 0x00FF00FF00FF00FF;
     bytes = (bytes * 100 + (bytes >> 16)) & 0x0000FFFF0000FFFF;
     return {(bytes * 10000 + (bytes >> 32)) & 0xFFFFFFFF, count};
@@ -151,7 +138,7 @@ EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
     const DigitLimit limit = digitLimit(MAX_NUMBER_DIGITS, stopAfter);
     const char* const digits = cursor.current;
     DigitGroup group = {0, 0};
-    if (limit.most >= GROUP_DIGITS && textCursorLeft(cursor) >= GROUP_DIGITS) {
+    if (limit.most >= SCAN_WIDTH && textCursorLeft(cursor) >= SCAN_WIDTH) {
         group = readDigitGroup(digits);
     }
     auto [value, count] = group;
@@ -167,11 +154,12 @@ EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
 }
 
 std::uint32_t textCursorCountTo(const TextCursor& cursor, char stop) {
-    TextCursor ahead = cursor;
-    while (!textCursorAtEnd(ahead) && *ahead.current != stop) {
-        ++ahead.current;
+    const char* const last = textCursorEnd(cursor);
+    if (cursor.current > last) { // beyond the span, where digits may have led
+        const char* const end = cursor.current + std::strlen(cursor.current);
+        return static_cast<std::uint32_t>(std::find(cursor.current, end, stop) - cursor.current);
     }
-    return static_cast<std::uint32_t>(ahead.current - cursor.current);
+    return static_cast<std::uint32_t>(findStop(cursor.current, last, stop) - cursor.current);
 }
 
 EpcStatus textCursorSlice(TextCursor& cursor, const TextCursor& source, std::uint32_t count) {
