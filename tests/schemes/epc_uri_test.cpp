@@ -149,6 +149,9 @@ constexpr RefusedUri refusedUris[] = {
     {"cpi-var:3.06141.A.1",                     EPC_ERR_BAD_PARTITION,  "0x3D/8 3/3"},
     {"adi-var:3.CAGEY.#.1",                     EPC_ERR_BAD_CHARACTER,  "0x3B/8 3/6 32/6 `CAGEY`/6"},
     {"adi-var:3.CAGEY." A20 "AAAAAAAAAAAAA.1",  EPC_ERR_OUT_OF_RANGE,   "0x3B/8 3/6 32/6 `CAGEY`/6 `" A20 "AAAAAAAAAAAAA`/6"},
+    {"adi-var:3.CAGEY." A20 "AAAAAAAAAAAA#",    EPC_ERR_BAD_CHARACTER,  "0x3B/8 3/6 32/6 `CAGEY`/6 `" A20 "AAAAAAAAAAAA`/6"},
+    {"adi-var:3.CAGEY." A20 "AAAAAAAAAAAA%",    EPC_ERR_TRUNCATED,      "0x3B/8 3/6 32/6 `CAGEY`/6 `" A20 "AAAAAAAAAAAA`/6"},
+    {"adi-var:3.CAGEY." A20 "AAAAAAAAAAAAA#",   EPC_ERR_OUT_OF_RANGE,   "0x3B/8 3/6 32/6 `CAGEY`/6 `" A20 "AAAAAAAAAAAAA`/6"},
     {"adi-var:3.CAGEY.PN.",                     EPC_ERR_TRUNCATED,      "0x3B/8 3/6 32/6 `CAGEY`/6 `PN`/6 0/6"},
     {"adi-var:3.CAGEY.PN",                      EPC_ERR_TRUNCATED,      "0x3B/8 3/6 32/6 `CAGEY`/6 `PN`/6 0/6"},
     {"adi-var:3.CAGEY.PN.A%23",                 EPC_ERR_BAD_CHARACTER,  "0x3B/8 3/6 32/6 `CAGEY`/6 `PN`/6 0/6 `A`/6"},
@@ -161,6 +164,10 @@ constexpr RefusedUri refusedUris[] = {
     {"usdod-96:3.W81X9CC.1",                    EPC_ERR_TOO_LONG,       "0x2F/8 3/4"},
     {"usdod-96:3.W81X9CC",                      EPC_ERR_TOO_LONG,       "0x2F/8 3/4"},
     {"usdod-96:3.W81X9C",                       EPC_ERR_TRUNCATED,      "0x2F/8 3/4"},
+    {"usdod-96:3.IAGEYCC.1",                    EPC_ERR_TOO_LONG,       "0x2F/8 3/4"},
+    {"usdod-96:3.IAGEY",                        EPC_ERR_TRUNCATED,      "0x2F/8 3/4"},
+    {"usdod-96:3.IAG",                          EPC_ERR_TRUNCATED,      "0x2F/8 3/4"},
+    {"usdod-96:3.IAG.1",                        EPC_ERR_BAD_FORMAT,     "0x2F/8 3/4"},
     {"usdod-96:3.CAGEI.1",                      EPC_ERR_BAD_FORMAT,     "0x2F/8 3/4 32/8 `CAGE`/8"},
     {"usdod-96:3.W8OX9C.1",                     EPC_ERR_BAD_FORMAT,     "0x2F/8 3/4 `W8`/8"},
     {"usdod-96:3.w81x9c.1",                     EPC_ERR_BAD_FORMAT,     "0x2F/8 3/4"},
@@ -286,11 +293,16 @@ constexpr RefusedBits refusedBits[] = {
     {"0x3B/8 3/6 32/6 `CAGEY`/6 0/6 0/6",  EPC_ERR_TRUNCATED,      "adi-var:3.CAGEY.."},
     {"0x3B/8 3/6 32/6 `CAGEY`/6 0/6 `##`/6", EPC_ERR_BAD_CHARACTER, "adi-var:3.CAGEY..%23"},
     {"0x3B/8 3/6 32/6 `CAGEY`/6 0/6 `" A20 "AAAAAAAAAAA`/6 0/6", EPC_ERR_TRUNCATED, "adi-var:3.CAGEY.." A20 "AAAAAAAAAAA"},
+    {"0x3B/8 3/6 32/6 `CAGEY`/6 `" A20 "AAAAAAAAAAAA#`/6", EPC_ERR_BAD_CHARACTER, "adi-var:3.CAGEY." A20 "AAAAAAAAAAAA"},
+    {"0x3B/8 3/6 32/6 `CAGEY`/6 `A`/6 27/5", EPC_ERR_TRUNCATED,    "adi-var:3.CAGEY.A"},
     // CAGE and DoDAAC codes
     {"0x2F/8 3/4 0/48 1/36",               EPC_ERR_BAD_CHARACTER,  "usdod-96:3."},
     {"0x2F/8 3/4 `W`/8 32/8 `1X9C`/8 1/36", EPC_ERR_BAD_CHARACTER, "usdod-96:3.W"},
     {"0x2F/8 3/4 `W8IX9C`/8 1/36",         EPC_ERR_BAD_CHARACTER,  "usdod-96:3.W8"},
     {"0x2F/8 3/4 `W8`/8 0xC1/8 `X9C`/8 1/36", EPC_ERR_BAD_CHARACTER, "usdod-96:3.W8"},
+    {"0x2F/8 3/4 `W8I`/8",                 EPC_ERR_BAD_CHARACTER,  "usdod-96:3.W8"},
+    {"0x2F/8 3/4 `W8`/8 0/7",              EPC_ERR_TRUNCATED,      "usdod-96:3.W8"},
+    {"0x3B/8 3/6 `W8`/6 0/5",              EPC_ERR_TRUNCATED,      "adi-var:3.W8"},
     {"0x3B/8 3/6 `W8O`/6 0/64",            EPC_ERR_BAD_CHARACTER,  "adi-var:3.W8"},
     {"0x3B/8 3/6 32/6 32/6 0/64",          EPC_ERR_BAD_CHARACTER,  "adi-var:3."},
     {"0x3B/8 3/6 0/6 0/64",                EPC_ERR_BAD_CHARACTER,  "adi-var:3."},
@@ -414,6 +426,56 @@ TEST(EpcUri, NeedsRoomForHeaderAndPadding) {
     EXPECT_STATUS(EPC_ERR_NO_ROOM, epc_epcTagUriToBinary(uri, 25, out, &outBytes));
     EXPECT_EQ(UNTOUCHED, outBytes);
     EXPECT_EQ(bitsOf("0x36/8 " SGTIN_KEY "`" A20 "`/7 0/2"), bitsFromBytes(out, 25 * 8));
+}
+
+// A character is looked at before its room is, the room of a leading space before all characters.
+TEST(EpcUri, LooksAtACharacterBeforeItsRoom) {
+    const struct {
+        const char* uri;
+        std::int32_t bytes;
+        EpcStatus status;
+        const char* written;
+    } written[] = {
+        {"urn:epc:tag:usdod-96:3.W81X9C.1", 4, EPC_ERR_NO_ROOM, "0x2F/8 3/4 `W8`/8 0/4"},
+        {"urn:epc:tag:usdod-96:3.W8IX9C.1", 4, EPC_ERR_BAD_FORMAT, "0x2F/8 3/4 `W8`/8 0/4"},
+        {"urn:epc:tag:usdod-96:3.I8IX9C.1", 2, EPC_ERR_BAD_FORMAT, "0x2F/8 3/4 0/4"},
+        {"urn:epc:tag:usdod-96:3.IAGEY.1", 2, EPC_ERR_NO_ROOM, "0x2F/8 3/4 0/4"},
+        {"urn:epc:tag:usdod-96:3.IAGEY", 2, EPC_ERR_TRUNCATED, "0x2F/8 3/4 0/4"},
+        {"urn:epc:tag:adi-var:3.CAGEY.PN", 7, EPC_ERR_NO_ROOM, "0x3B/8 3/6 32/6 `CAGEYP`/6"},
+        {"urn:epc:tag:adi-var:3.CAGEY.P#", 7, EPC_ERR_BAD_CHARACTER, "0x3B/8 3/6 32/6 `CAGEYP`/6"},
+        {"urn:epc:tag:adi-var:3.CAGEY." A20 "AAAAAAAAAAAAAA", 30, EPC_ERR_NO_ROOM,
+         "0x3B/8 3/6 32/6 `CAGEY`/6 `" A20 "AAAAAAAAAAA`/6 0/4"},
+    };
+    for (const auto& row : written) {
+        Bytes out(static_cast<std::size_t>(row.bytes), 0xFF);
+        EXPECT_STATUS(row.status, epc_epcTagUriToBinary(row.uri, row.bytes, out.data(), nullptr))
+            << row.uri;
+        EXPECT_EQ(bitsOf(row.written), bitsFromBytes(out)) << row.uri;
+    }
+    const struct {
+        const char* bits;
+        const char* text; // all that has room
+        EpcStatus status;
+    } read[] = {
+        {"0x2F/8 3/4 `W81X9C`/8 1/36", "urn:epc:tag:usdod-96:3.W8", EPC_ERR_NO_ROOM},
+        {"0x2F/8 3/4 `W8IX9C`/8 1/36", "urn:epc:tag:usdod-96:3.W8", EPC_ERR_BAD_CHARACTER},
+        {"0x2F/8 3/4 `W8`/8", "urn:epc:tag:usdod-96:3.W8", EPC_ERR_TRUNCATED},
+        {"0x3B/8 3/6 32/6 `CAGEYPN`/6", "urn:epc:tag:adi-var:3.CAGEY.P", EPC_ERR_NO_ROOM},
+        {"0x3B/8 3/6 32/6 `CAGEYP#`/6", "urn:epc:tag:adi-var:3.CAGEY.P", EPC_ERR_BAD_CHARACTER},
+        {"0x3B/8 3/6 32/6 `CAGEYP`/6", "urn:epc:tag:adi-var:3.CAGEY.P", EPC_ERR_TRUNCATED},
+    };
+    for (const auto& row : read) {
+        const std::string bits = bitsOf(row.bits);
+        const Bytes bytes = bytesFromBits(bits);
+        EXPECT_EQ(TextResult(row.status, row.text),
+                  textResult(
+                      [&](std::int32_t dstSize, char* dst) {
+                          return epc_binaryToEpcTagUri(static_cast<std::int32_t>(bits.size()),
+                                                       bytes.data(), dstSize, dst);
+                      },
+                      static_cast<std::int32_t>(std::string_view(row.text).size() + 1)))
+            << row.bits;
+    }
 }
 
 TextResult bitsToTagUri(const std::string& bits) {
