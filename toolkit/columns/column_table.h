@@ -1,0 +1,81 @@
+/*
+ * The table that a call on columns builds: a column for each output, filled row by row.
+ */
+#ifndef ROSETAG_TOOLKIT_COLUMNS_COLUMN_TABLE_H
+#define ROSETAG_TOOLKIT_COLUMNS_COLUMN_TABLE_H
+
+#include "columns/column_reader.h"
+#include "columns/column_writer.h"
+#include "columns/plain_rows.h"
+#include "rosetag/toolkit.hpp"
+
+#include <vector>
+
+namespace rosetag {
+
+// What a column of a result holds.
+enum class Output : std::uint8_t {
+    FORM,
+    BYTES,
+    SCHEME,
+    FILTER,
+    AI,
+    STATUS,
+    STATUS_NAME,
+    MESSAGE,
+    DESIGNER,
+    MODEL,
+    XTID,
+    SECURITY,
+    FILE_FLAG,
+    SERIAL,
+    SERIAL_BITS,
+};
+
+struct OutputColumn {
+    Output output = Output::FORM;
+    Form form = Form::UNKNOWN;
+    std::string_view ai;
+    PlainRowExport plainExport = nullptr; // of a form that plain rows have
+    ColumnWriter writer;
+};
+
+// The columns of a result while they are built.
+struct ColumnTable {
+    std::vector<OutputColumn> columns;
+    FormSet wanted;        // forms that the columns need
+    bool isPlain = true;   // all of them can be had from bytes by one export each
+    bool isLarge = false;  // texts have 64-bit offsets
+    bool hasMemory = true; // false once it ran out
+
+    ColumnTable() = default;
+    ColumnTable(const ColumnTable&) = delete;
+    ColumnTable& operator=(const ColumnTable&) = delete;
+    ~ColumnTable() {
+        for (OutputColumn& column : columns) {
+            columnWriterClose(column.writer);
+        }
+    }
+};
+
+// Finds the outputs and makes room for their columns. A code of RosetagColumnsResult.
+std::int32_t columnTableOpen(const char* const* outputs, std::int32_t outputCount, bool ofTid,
+                             const ColumnReader& reader, ColumnTable& table, char* error);
+
+// Hands the table on as an Arrow array.
+std::int32_t columnTableClose(ColumnTable& table, const char* const* outputs, std::int64_t rows,
+                              ArrowSchema& type, ArrowArray& array, char* error);
+
+// Each fills one row in all columns.
+void columnTablePutNulls(ColumnTable& table, std::int64_t row);
+void columnTablePut(ColumnTable& table, std::int64_t row, const Translation& result);
+void columnTablePut(ColumnTable& table, std::int64_t row, const Tid& result);
+
+// Fills a row whose value is plain. False where it is not, or where a form of it fails: then the
+// row has not begun.
+bool columnTablePutPlain(ColumnTable& table, std::int64_t row, std::string_view value,
+                         bool isBinary);
+
+} // namespace rosetag
+
+#endif
