@@ -49,7 +49,9 @@ void putDigits(TextBuffer& buffer, std::uint64_t value, std::int32_t width) {
 // As much of the text as there is room for.
 EpcStatus putFitting(TextBuffer& buffer, std::string_view text) {
     const auto room = static_cast<std::size_t>(textBufferRoom(buffer));
-    EPC_TRY(textBufferPutString(buffer, {text.data(), std::min(text.size(), room)}));
+    const std::size_t count = std::min(text.size(), room);
+    buffer.writePointer = std::copy_n(text.begin(), count, buffer.writePointer);
+    *buffer.writePointer = '\0';
     return text.size() > room ? EPC_ERR_NO_ROOM : EPC_OK;
 }
 

@@ -1,6 +1,7 @@
 #include "gs1/ai_catalogue.h"
 
 #include "gs1/ai_table.h"
+#include "gs1/digital_link_keys.h"
 
 #include <algorithm>
 
@@ -24,7 +25,12 @@ static_assert(std::all_of(aiTable.begin(), aiTable.end(), hasItsPrefix),
 constexpr AiDefinition definitionOf(std::string_view code, const AiTableRow& row) {
     const auto& [first, second] = row.components;
     const bool hasSecond = second.kind != AI_KIND_NONE;
-    AiDefinition definition = {{}, hasSecond ? std::uint8_t{2} : std::uint8_t{1}, {first, second}};
+    const DigitalLinkKeyChain* const link = digitalLinkKeyFind(code);
+    const std::ptrdiff_t linkKey = link == nullptr ? 0 : link - digitalLinkKeyChains + 1;
+    AiDefinition definition = {{},
+                               hasSecond ? std::uint8_t{2} : std::uint8_t{1},
+                               {first, second},
+                               static_cast<std::uint8_t>(linkKey)};
     std::copy(code.begin(), code.end(), definition.code);
     return definition;
 }
@@ -66,12 +72,10 @@ const AiDefinition* definitionAt(std::size_t slot) {
     return aiCatalogue[slot].componentCount != 0 ? &aiCatalogue[slot] : nullptr;
 }
 
-EpcStatus readCodeDigit(TextCursor& cursor, char& digit) {
-    if (textCursorAtEnd(cursor)) {
-        return EPC_ERR_TRUNCATED;
-    }
-    digit = *cursor.current++;
-    return charIsDigit(digit) ? EPC_OK : EPC_ERR_BAD_CHARACTER;
+// Of a character of a code that is not a digit.
+EpcStatus badCodeDigit(const TextCursor& cursor, const char* character) {
+    return character == textCursorEnd(cursor) || *character == '\0' ? EPC_ERR_TRUNCATED
+                                                                    : EPC_ERR_BAD_CHARACTER;
 }
 
 } // namespace
@@ -89,17 +93,26 @@ std::int32_t aiCodeLength(char first, char second) {
 }
 
 EpcStatus aiReadCode(TextCursor& cursor, const AiDefinition*& ai) {
-    char code[AI_CODE_SIZE - 1];
-    EPC_TRY(readCodeDigit(cursor, code[0]));
-    EPC_TRY(readCodeDigit(cursor, code[1]));
-    const std::size_t length = aiPrefixOf(code[0], code[1]).codeDigits;
-    if (length == 0) {
+    const char* const code = cursor.current;
+    if (!charIsDigit(code[0])) {
+        return badCodeDigit(cursor, code);
+    }
+    if (!charIsDigit(code[1])) {
+        return badCodeDigit(cursor, code + 1);
+    }
+    const AiBlock block = aiBlocks[static_cast<std::size_t>((code[0] - '0') * 10 + code[1] - '0')];
+    if (block.codeDigits == 0) {
         return EPC_ERR_UNKNOWN_AI;
     }
-    for (std::size_t i = 2; i < length; ++i) {
-        EPC_TRY(readCodeDigit(cursor, code[i]));
+    std::size_t number = 0;
+    for (std::size_t place = 2; place < block.codeDigits; ++place) {
+        if (!charIsDigit(code[place])) {
+            return badCodeDigit(cursor, code + place);
+        }
+        number = number * 10 + static_cast<std::size_t>(code[place] - '0');
     }
-    ai = definitionAt(aiSlotOf({code, length}));
+    cursor.current += block.codeDigits;
+    ai = definitionAt(block.firstSlot + number);
     return EPC_OK;
 }
 

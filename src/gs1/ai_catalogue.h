@@ -22,6 +22,7 @@ struct AiDefinition {
     char code[AI_CODE_SIZE]; // filled up with NULs
     std::uint8_t componentCount;
     AiComponent components[AI_MAX_COMPONENTS];
+    std::uint8_t linkKey; // 1 and the index of its first row among the keys of links, or 0
 };
 
 // The text of a code that is filled up with NULs.
@@ -79,8 +80,8 @@ const AiDefinition* aiFind(std::string_view code);
 // so.
 std::int32_t aiCodeLength(char first, char second);
 
-// Reads the code at the cursor. ai is null if the code is well formed but not assigned;
-// EPC_ERR_UNKNOWN_AI if no AI begins with its two leading digits.
+// Reads the code at the cursor, whose span is not followed by a digit. ai is null if the code is
+// well formed but not assigned; EPC_ERR_UNKNOWN_AI if no AI begins with its two leading digits.
 EpcStatus aiReadCode(TextCursor& cursor, const AiDefinition*& ai);
 
 } // namespace rosetag

@@ -45,6 +45,11 @@ EpcStatus skipFixed(TextCursor& cursor, std::uint32_t digitCount) {
 }
 
 EpcStatus skipFixedEscaped(TextCursor& cursor, std::uint32_t digitCount) {
+    const std::string_view plain = {cursor.current, digitCount};
+    if (digitCount <= textCursorLeft(cursor) && plain.find('%') == std::string_view::npos) {
+        cursor.current += digitCount;
+        return EPC_OK;
+    }
     for (std::uint32_t i = 0; i < digitCount; ++i) {
         EPC_TRY(skipEscapedChar(cursor));
     }

@@ -1,70 +1,16 @@
 #include "gs1/digital_link_keys.h"
 
-#include <algorithm>
-#include <iterator>
-
 namespace rosetag {
 
 namespace {
 
-constexpr std::uint8_t REQUIRED = 0;
-constexpr std::uint8_t OPTIONAL = 1;
-
-// Rows of one key stand next to each other; of rows that fit equally well the first one counts.
-constexpr DigitalLinkKeyChain digitalLinkKeyChains[] = {
-    // key, qualifiers
-    {"00", {}},
-    {"01", {{"22", OPTIONAL}, {"10", OPTIONAL}, {"21", OPTIONAL}}},
-    {"01", {{"235", REQUIRED}}},
-    {"253", {}},
-    {"255", {}},
-    {"401", {}},
-    {"402", {}},
-    {"414", {{"254", OPTIONAL}}},
-    {"414", {{"235", REQUIRED}}},
-    {"415", {}},
-    {"417", {}},
-    {"417", {{"7040", REQUIRED}}},
-    {"8003", {}},
-    {"8004", {}},
-    {"8004", {}},
-    {"8006", {{"22", OPTIONAL}, {"10", OPTIONAL}, {"21", OPTIONAL}}},
-    {"8010", {{"8011", OPTIONAL}}},
-    {"8013", {}},
-    {"8017", {{"8019", OPTIONAL}}},
-    {"8018", {{"8019", OPTIONAL}}},
-};
-static_assert(std::size(digitalLinkKeyChains) == 20);
-
-const DigitalLinkKeyChain* const endOfChains = std::end(digitalLinkKeyChains);
-
-// Of a row whose required qualifiers are not all on the list.
-constexpr std::int32_t NO_FIT = -1;
-// Of a row whose required qualifiers are: above any count of optional ones.
-constexpr std::int32_t REQUIREMENT_MET = 1 + std::size(digitalLinkKeyChains[0].qualifiers);
-
-// The first row whose key is this AI, or the end.
-const DigitalLinkKeyChain* findChain(const AiElement& element) {
-    return std::find_if(
-        std::begin(digitalLinkKeyChains), endOfChains,
-        [&](const DigitalLinkKeyChain& row) { return aiCodesAreEqual(row.key, element.ai->code); });
-}
-
-// The first row of the one key that is on the list.
-EpcStatus findKey(const AiList& list, const DigitalLinkKeyChain*& first) {
-    first = endOfChains;
-    for (std::uint8_t i = 0; i < list.count; ++i) {
-        const DigitalLinkKeyChain* const chain = findChain(list.elements[i]);
-        if (chain == endOfChains) {
-            continue;
-        }
-        if (first != endOfChains && first != chain) {
-            return EPC_ERR_KEY_CONFLICT;
-        }
-        first = chain;
-    }
-    return first == endOfChains ? EPC_ERR_NO_PRIMARY_KEY : EPC_OK;
-}
+static_assert(std::adjacent_find(std::begin(digitalLinkKeyChains), std::end(digitalLinkKeyChains),
+                                 [](const DigitalLinkKeyChain& row,
+                                    const DigitalLinkKeyChain& next) {
+                                     const bool isNew = std::string_view(row.key) != next.key;
+                                     return isNew != (next.rule == LinkQualifiers::OPTIONAL);
+                                 }) == std::end(digitalLinkKeyChains),
+              "one row of each key has optional qualifiers, and the others follow it");
 
 bool isOnList(const AiList& list, const char (&code)[AI_CODE_SIZE]) {
     return std::any_of(list.elements, list.elements + list.count, [&](const AiElement& element) {
@@ -72,38 +18,38 @@ bool isOnList(const AiList& list, const char (&code)[AI_CODE_SIZE]) {
     });
 }
 
-// The count of the row's optional qualifiers on the list, or one of the two marks above.
-std::int32_t scoreOf(const DigitalLinkKeyChain& row, const AiList& list) {
-    std::int32_t score = 0;
-    for (const DigitalLinkQualifier& qualifier : qualifiersOf(row)) {
-        if (isOnList(list, qualifier.ai)) {
-            score += qualifier.optional == OPTIONAL ? 1 : REQUIREMENT_MET;
-        } else if (qualifier.optional == REQUIRED) {
-            return NO_FIT;
-        }
-    }
-    return score;
+bool hasRequired(const DigitalLinkKeyChain& row, const AiList& list) {
+    const auto qualifiers = qualifiersOf(row);
+    return std::all_of(qualifiers.begin(), qualifiers.end(),
+                       [&](const auto& code) { return isOnList(list, code); });
 }
 
 } // namespace
 
 EpcStatus digitalLinkChooseKey(const AiList& list, const DigitalLinkKeyChain*& row) {
-    const DigitalLinkKeyChain* candidate = endOfChains;
-    EPC_TRY(findKey(list, candidate));
-    const char(&key)[AI_CODE_SIZE] = candidate->key;
-    const DigitalLinkKeyChain* best = nullptr;
-    for (std::int32_t bestScore = NO_FIT;
-         candidate != endOfChains && aiCodesAreEqual(candidate->key, key); ++candidate) {
-        const std::int32_t score = scoreOf(*candidate, list);
-        if (score > bestScore) {
-            bestScore = score;
-            best = candidate;
+    std::uint8_t key = 0;
+    for (std::uint8_t i = 0; i < list.count; ++i) {
+        const std::uint8_t candidate = list.elements[i].ai->linkKey;
+        if (candidate == 0 || candidate == key) {
+            continue;
         }
+        if (key != 0) {
+            return EPC_ERR_KEY_CONFLICT;
+        }
+        key = candidate;
     }
-    if (best == nullptr) {
+    if (key == 0) {
         return EPC_ERR_NO_PRIMARY_KEY;
     }
-    row = best;
+    const DigitalLinkKeyChain* const first = digitalLinkKeyChains + (key - 1);
+    const DigitalLinkKeyChain* required = first + 1;
+    while (required != std::end(digitalLinkKeyChains) &&
+           required->rule == LinkQualifiers::REQUIRED && !hasRequired(*required, list)) {
+        ++required;
+    }
+    const bool applies =
+        required != std::end(digitalLinkKeyChains) && required->rule == LinkQualifiers::REQUIRED;
+    row = applies ? required : first;
     return EPC_OK;
 }
 

@@ -1,6 +1,5 @@
 /*
- * Which AI of a list is the primary key of a Digital Link, and which others are qualifiers that
- * stand behind it in the path.
+ * The primary keys of Digital Links, and their qualifiers, which follow them in the path.
  *
  * Source: GS1 Digital Link Standard, URI syntax (primary keys and key qualifiers).
  */
@@ -15,20 +14,63 @@
 
 namespace rosetag {
 
-struct DigitalLinkQualifier {
-    char ai[AI_CODE_SIZE]; // empty behind the last one
-    std::uint8_t optional; // 1: may be absent; 0: the row applies only if it is present
+enum class LinkQualifiers : std::uint8_t {
+    OPTIONAL, // each may be absent
+    REQUIRED, // the row applies only if all are there, and then before the first row of its key
 };
 
 struct DigitalLinkKeyChain {
     char key[AI_CODE_SIZE];
-    DigitalLinkQualifier qualifiers[3]; // in the order in which they are written
+    LinkQualifiers rule;
+    char qualifiers[3]
+                   [AI_CODE_SIZE]; // in the order in which they are written; empty after the last
 };
 
-inline std::span<const DigitalLinkQualifier> qualifiersOf(const DigitalLinkKeyChain& row) {
-    const auto isEmpty = [](const DigitalLinkQualifier& entry) { return entry.ai[0] == '\0'; };
-    return {std::begin(row.qualifiers),
-            std::find_if(std::begin(row.qualifiers), std::end(row.qualifiers), isEmpty)};
+// The rows of a key follow each other, that of optional qualifiers first.
+inline constexpr DigitalLinkKeyChain digitalLinkKeyChains[] = {
+    // clang-format off
+    // key                             qualifiers
+    {"00",   LinkQualifiers::OPTIONAL, {}},
+    {"01",   LinkQualifiers::OPTIONAL, {"22", "10", "21"}},
+    {"01",   LinkQualifiers::REQUIRED, {"235"}},
+    {"253",  LinkQualifiers::OPTIONAL, {}},
+    {"255",  LinkQualifiers::OPTIONAL, {}},
+    {"401",  LinkQualifiers::OPTIONAL, {}},
+    {"402",  LinkQualifiers::OPTIONAL, {}},
+    {"414",  LinkQualifiers::OPTIONAL, {"254"}},
+    {"414",  LinkQualifiers::REQUIRED, {"235"}},
+    {"415",  LinkQualifiers::OPTIONAL, {}},
+    {"417",  LinkQualifiers::OPTIONAL, {}},
+    {"417",  LinkQualifiers::REQUIRED, {"7040"}},
+    {"8003", LinkQualifiers::OPTIONAL, {}},
+    {"8004", LinkQualifiers::OPTIONAL, {}},
+    {"8006", LinkQualifiers::OPTIONAL, {"22", "10", "21"}},
+    {"8010", LinkQualifiers::OPTIONAL, {"8011"}},
+    {"8013", LinkQualifiers::OPTIONAL, {}},
+    {"8017", LinkQualifiers::OPTIONAL, {"8019"}},
+    {"8018", LinkQualifiers::OPTIONAL, {"8019"}},
+    // clang-format on
+};
+
+// Without the empty ones.
+constexpr std::span<const char[AI_CODE_SIZE]> qualifiersOf(const DigitalLinkKeyChain& row) {
+    std::size_t count = 0;
+    while (count < std::size(row.qualifiers) && row.qualifiers[count][0] != '\0') {
+        ++count;
+    }
+    return {row.qualifiers, count};
+}
+
+// The first row of this key, or null.
+constexpr const DigitalLinkKeyChain* digitalLinkKeyFind(std::string_view code) {
+    const auto* const row =
+        std::find_if(std::begin(digitalLinkKeyChains), std::end(digitalLinkKeyChains),
+                     [&](const DigitalLinkKeyChain& candidate) { return candidate.key == code; });
+    return row == std::end(digitalLinkKeyChains) ? nullptr : row;
+}
+
+constexpr bool aiIsLinkKey(std::string_view code) {
+    return digitalLinkKeyFind(code) != nullptr;
 }
 
 // Chooses the row of the list's one key whose qualifiers fit best. EPC_ERR_NO_PRIMARY_KEY without a

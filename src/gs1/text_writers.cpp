@@ -2,6 +2,7 @@
 
 #include "gs1/digital_link_keys.h"
 
+#include <cstring>
 #include <span>
 
 namespace rosetag {
@@ -21,11 +22,21 @@ EpcStatus putPassByPass(const AiList& list, Put put) {
     return EPC_OK;
 }
 
-EpcStatus putElementStringElement(TextBuffer& dst, const AiElement& element, const char* baseText) {
-    EPC_TRY(textBufferPutChar(dst, '('));
-    EPC_TRY(textBufferPutString(dst, aiCodeView(element.ai->code)));
-    EPC_TRY(textBufferPutChar(dst, ')'));
-    return textBufferPutString(dst, aiElementValue(element, baseText));
+// Writes the code between two characters, each of the three whole or not at all.
+EpcStatus putCode(TextBuffer& dst, char before, const AiDefinition& ai, char after) {
+    const std::string_view code = aiCodeView(ai.code);
+    if (static_cast<std::size_t>(textBufferRoom(dst)) < code.size() + 2) {
+        EPC_TRY(textBufferPutChar(dst, before));
+        EPC_TRY(textBufferPutString(dst, code));
+        return textBufferPutChar(dst, after);
+    }
+    char* const out = dst.writePointer;
+    out[0] = before;
+    std::memcpy(out + 1, ai.code, AI_CODE_SIZE - 1); // what a short code fills up is overwritten
+    out[1 + code.size()] = after;
+    out[2 + code.size()] = '\0';
+    dst.writePointer += 2 + code.size();
+    return EPC_OK;
 }
 
 bool isVariable(const AiDefinition& ai) {
@@ -35,9 +46,7 @@ bool isVariable(const AiDefinition& ai) {
 
 EpcStatus putLinkElement(TextBuffer& dst, AiElement& element, const char* baseText,
                          char startDelimiter, char codeDelimiter) {
-    EPC_TRY(textBufferPutChar(dst, startDelimiter));
-    EPC_TRY(textBufferPutString(dst, aiCodeView(element.ai->code)));
-    EPC_TRY(textBufferPutChar(dst, codeDelimiter));
+    EPC_TRY(putCode(dst, startDelimiter, *element.ai, codeDelimiter));
     EPC_TRY(textBufferPutLinkEscapedRange(dst, baseText, element.valueOffset,
                                           element.valueOffset + element.valueLength));
     element.isConsumed = true;
@@ -70,8 +79,9 @@ EpcStatus putQuery(TextBuffer& dst, std::span<AiElement> elements, const char* b
 } // namespace
 
 EpcStatus elementStringWrite(TextBuffer& dst, const AiList& list, const char* baseText) {
-    return putPassByPass(list, [&](const AiElement& element) {
-        return putElementStringElement(dst, element, baseText);
+    return putPassByPass(list, [&](const AiElement& element) -> EpcStatus {
+        EPC_TRY(putCode(dst, '(', *element.ai, ')'));
+        return textBufferPutString(dst, aiElementValue(element, baseText));
     });
 }
 
@@ -92,8 +102,8 @@ EpcStatus digitalLinkWrite(TextBuffer& dst, AiList& list, const char* baseText) 
     EPC_TRY(digitalLinkChooseKey(list, row));
     const std::span elements(list.elements, list.count);
     EPC_TRY(putPathElements(dst, elements, baseText, row->key));
-    for (const DigitalLinkQualifier& qualifier : qualifiersOf(*row)) {
-        EPC_TRY(putPathElements(dst, elements, baseText, qualifier.ai));
+    for (const auto& qualifier : qualifiersOf(*row)) {
+        EPC_TRY(putPathElements(dst, elements, baseText, qualifier));
     }
     return putQuery(dst, elements, baseText);
 }
