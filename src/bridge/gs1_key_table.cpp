@@ -1,6 +1,7 @@
 #include "bridge/gs1_key_table.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace rosetag {
@@ -44,50 +45,36 @@ static_assert(holdsForKeys(extraFieldsAreConsistent));
 static_assert(holdsForKeys(keyValueTakesLongestPrefix));
 static_assert(holdsForKeys(nameIsUnique));
 
-// Any characters; those of a code are digits.
-constexpr std::size_t codeNumber(std::string_view code) {
-    std::size_t number = 0;
-    for (const char character : code) {
-        number = number * 10 + static_cast<std::size_t>(character & 0xF);
-    }
-    return number;
+// The first and the last digit tell the AIs of the keys apart.
+constexpr std::size_t placeOf(std::string_view code) {
+    return static_cast<std::size_t>((code.front() & 0xF) << 4 | (code.back() & 0xF));
 }
 
-// A table in which each AI of a key has a place of its own: its number modulo the size.
-struct KeyPlaces {
-    static constexpr std::size_t MOST = 64;
-    std::size_t size;
-    const Gs1KeyDefinition* keys[MOST];
-};
-
-// False if two AIs get the same place. Of two keys with one AI the first row counts.
-constexpr bool fillPlaces(KeyPlaces& places) {
-    for (const Gs1KeyDefinition& key : gs1KeyTable) {
-        const Gs1KeyDefinition*& place = places.keys[codeNumber(key.primaryAi) % places.size];
-        if (place != nullptr && place->primaryAi != key.primaryAi) {
-            return false;
-        }
-        place = place != nullptr ? place : &key;
-    }
-    return true;
-}
+using KeyPlaces = std::array<std::uint8_t, 256>;
 
 constexpr KeyPlaces keyPlacesMake() {
     KeyPlaces places{};
-    do {
-        places = {places.size + 1, {}};
-    } while (places.size < KeyPlaces::MOST && !fillPlaces(places));
+    for (std::size_t row = std::size(gs1KeyTable); row > 0; --row) {
+        places[placeOf(gs1KeyTable[row - 1].primaryAi)] = static_cast<std::uint8_t>(row);
+    }
     return places;
 }
 
+// The number of the row from 1 on, 0 where no key has its place. The first row of an AI counts.
 constexpr KeyPlaces keyPlaces = keyPlacesMake();
-static_assert(keyPlaces.size < KeyPlaces::MOST);
+
+static_assert(holdsForKeys([](const Gs1KeyDefinition& key) {
+                  return gs1KeyTable[keyPlaces[placeOf(key.primaryAi)] - 1].primaryAi ==
+                         key.primaryAi;
+              }),
+              "no two AIs have one place");
 
 } // namespace
 
 const Gs1KeyDefinition* gs1KeyFindByAi(std::string_view code) {
-    const Gs1KeyDefinition* const key = keyPlaces.keys[codeNumber(code) % keyPlaces.size];
-    return key != nullptr && key->primaryAi == code ? key : nullptr;
+    const std::size_t row = code.empty() ? 0 : keyPlaces[placeOf(code)];
+    const bool isFound = row != 0 && gs1KeyTable[row - 1].primaryAi == code;
+    return isFound ? &gs1KeyTable[row - 1] : nullptr;
 }
 
 } // namespace rosetag

@@ -1,9 +1,10 @@
-"""Checks the finished shared library as a file: what it offers, needs, holds and weighs.
+"""Checks the finished library as a file: what it offers, needs, holds and weighs.
 
-usage: check_library.py LIBRARY HEADER SYMBOLS SOVERSION
+usage: check_library.py LIBRARY ARCHIVE HEADER SYMBOLS SOVERSION
 
-SYMBOLS lists the exports, each with the release that it came in, in the form of Debian's symbols
-files. The names are held against the header: one that goes must go here too, and raises SOVERSION.
+LIBRARY is the shared library, ARCHIVE the static one. SYMBOLS lists the exports, each with the
+release that introduced it, in the format of Debian's symbols files. Its names are compared with the
+header: an export that is removed must be removed here too, and raises SOVERSION.
 """
 
 import re
@@ -11,12 +12,12 @@ import subprocess
 import sys
 import unittest
 
-LIBRARY, HEADER, SYMBOLS, SOVERSION = sys.argv[1:5]
+LIBRARY, ARCHIVE, HEADER, SYMBOLS, SOVERSION = sys.argv[1:6]
 
-# What the library may ask of the platform. No function here allocates, throws, prints or looks at
-# the locale or the environment.
+# What the library may ask of the platform: nothing that allocates, throws, prints or depends on the
+# locale or the environment.
 ALLOWED_UNDEFINED = {
-    # the C library's strings and memory, and the forms of them that a hardened build calls
+    # strings and memory of the C library, and what a hardened build calls in their place
     "memchr", "memcmp", "memcpy", "memmove", "memset", "strchr", "strlen", "strncmp",
     "__memcpy_chk", "__memmove_chk", "__memset_chk", "__stack_chk_fail",
     # what the linker puts into every shared library
@@ -53,6 +54,14 @@ class Library(unittest.TestCase):
         self.assertEqual(len(declared), EXPORT_COUNT)
         self.assertEqual(sorted(exported), sorted(declared))
 
+    def test_the_archive_defines_nothing_else_outside_its_namespace(self):
+        exported = declared_functions()
+        defined = [line.split()[-1] for line in lines_of("nm", "-g", "--defined-only", ARCHIVE)
+                   if len(line.split()) == 3]
+        others = {name for name in defined if not re.match(r"_ZN[KVRO]*7rosetag", name)}
+        self.assertEqual(sorted(others), sorted(exported))
+        self.assertGreater(len(defined), len(exported), "the archive has internals")
+
     def test_exports_what_releases_have_exported(self):
         with open(SYMBOLS, encoding="ascii") as file:
             head, *rows = file.read().splitlines()
@@ -60,7 +69,7 @@ class Library(unittest.TestCase):
         listed = [re.fullmatch(r" (\w+)@Base \d+\.\d+\.\d+", row)[1] for row in rows]
         self.assertEqual(listed, sorted(declared_functions()))
 
-    def test_asks_the_platform_for_nothing_unforeseen(self):
+    def test_asks_the_platform_for_nothing_else(self):
         undefined = {line.split()[-1].split("@")[0]
                      for line in lines_of("nm", "-D", "--undefined-only", LIBRARY)}
         self.assertEqual(undefined - ALLOWED_UNDEFINED, set())
@@ -73,7 +82,7 @@ class Library(unittest.TestCase):
         self.assertNotRegex(dynamic, r"\((TEXTREL|RPATH|RUNPATH)\)")
 
     def test_holds_no_mutable_data(self):
-        # The start-up files of the compiler bring a pointer and a flag along.
+        # A pointer and a flag come from the start-up files of the compiler.
         self.assertLessEqual(section_bytes(".data"), 8)
         self.assertLessEqual(section_bytes(".bss"), 8)
 

@@ -19,7 +19,7 @@ TAG_URI = "urn:epc:tag:sgtin-96:3.0614141.812345.6789"
 LABEL_HEX = "3034257BF7194E4000001A85"
 LABEL = ["]C10180614141123458216789", "7"]
 C_FLAGS = ["-std=c99", "-Wall", "-Wextra", "-Wpedantic", "-Werror"]
-SMOKE = os.path.join(SOURCE, "tests/c/smoke.c")
+DECODE = os.path.join(SOURCE, "examples/decode.c")
 
 
 class Consumers(unittest.TestCase):
@@ -63,6 +63,9 @@ class Consumers(unittest.TestCase):
         self.assertIn("libc.so", needed)
         self.assertNotIn("libstdc++", needed)
 
+    def expect_decodes(self, program):
+        self.assertEqual(self.run_command(program, HEX), TAG_URI)
+
     def compile_with_pkg_config(self, source, program):
         self.environment["PKG_CONFIG_PATH"] = os.path.join(self.library_dir(), "pkgconfig")
         flags = self.run_command("pkg-config", "--cflags", "--libs", "rosetag").split()
@@ -71,7 +74,7 @@ class Consumers(unittest.TestCase):
 
     def expect_examples_work(self):
         build = self.build(os.path.join(SOURCE, "examples"), f"-DCMAKE_PREFIX_PATH={self.prefix}")
-        self.assertEqual(self.run_command(os.path.join(build, "decode"), HEX), TAG_URI)
+        self.expect_decodes(os.path.join(build, "decode"))
         self.assertEqual(self.run_command(os.path.join(build, "label"), *LABEL), LABEL_HEX)
         self.expect_no_cxx_runtime(os.path.join(build, "decode"))
 
@@ -82,8 +85,8 @@ class Consumers(unittest.TestCase):
     def test_pkg_config(self):
         self.install(BUILD)
         self.environment["LD_LIBRARY_PATH"] = self.library_dir()
-        self.compile_with_pkg_config(SMOKE, self.path("smoke"))
-        self.run_command(self.path("smoke"))
+        self.compile_with_pkg_config(DECODE, self.path("decode"))
+        self.expect_decodes(self.path("decode"))
 
     def test_installed_files(self):
         self.environment["DESTDIR"] = self.path("root")
@@ -101,16 +104,16 @@ class Consumers(unittest.TestCase):
     def test_static(self):
         self.install(self.build(SOURCE, "-DBUILD_SHARED_LIBS=OFF", "-DROSETAG_BUILD_TESTS=OFF",
                                 "-DROSETAG_BUILD_TOOLS=OFF"))
-        self.compile_with_pkg_config(SMOKE, self.path("smoke"))
-        self.run_command(self.path("smoke"))
-        self.expect_no_cxx_runtime(self.path("smoke"))
+        self.compile_with_pkg_config(DECODE, self.path("decode"))
+        self.expect_decodes(self.path("decode"))
+        self.expect_no_cxx_runtime(self.path("decode"))
         shutil.rmtree(self.path("build"))
         self.expect_examples_work()
 
     def test_subproject(self):
         build = self.build(os.path.join(SOURCE, "tests/consumer/subproject"),
                            f"-DROSETAG_SOURCE_DIR={SOURCE}")
-        self.run_command(os.path.join(build, "smoke"))
+        self.expect_decodes(os.path.join(build, "decode"))
         self.run_command("cmake", "--install", build, "--prefix", self.prefix)
         self.assertFalse(os.path.exists(self.prefix), "the subproject installs something")
 
@@ -119,10 +122,10 @@ class Consumers(unittest.TestCase):
         include = os.path.join(SOURCE, "include")
         self.run_command("c++", "-std=c++20", f"-I{include}", f"-I{SOURCE}/src", "-fPIC", "-shared",
                          *sources, "-o", self.path("librosetag.so"))
-        self.run_command("cc", *C_FLAGS, f"-I{include}", SMOKE, "-o", self.path("smoke"),
+        self.run_command("cc", *C_FLAGS, f"-I{include}", DECODE, "-o", self.path("decode"),
                          f"-L{self.work}", "-lrosetag")
         self.environment["LD_LIBRARY_PATH"] = self.work
-        self.run_command(self.path("smoke"))
+        self.expect_decodes(self.path("decode"))
 
 
 if __name__ == "__main__":
