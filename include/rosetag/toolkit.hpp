@@ -271,11 +271,14 @@ struct Note {
  * ---- Recognising ----
  */
 
+struct GcpList;
+
 /** How a value is to be read. */
 struct ReadOptions {
     bool asBarcode = false;       ///< Digits without any mark are a barcode string, not hex.
     bool strict = false;          ///< Links are taken as they are: nothing is left out or padded.
     std::optional<int> gcpLength; ///< Digits of the GS1 company prefix, 6 to 12.
+    const GcpList* gcpList = nullptr; ///< Tells it where gcpLength is not given; may be null.
 };
 
 /** What a value is. */
@@ -554,6 +557,203 @@ void tid(std::string_view hex, Tid& result);
 Tid tid(std::string_view hex);
 
 /*
+ * ---- Checking ----
+ */
+
+/** What GS1 demands of a value. checkRuleWord gives the word of a rule: "check_digit". */
+enum class CheckRule : std::uint8_t {
+    // The text.
+    UNKNOWN_FORM,       ///< It is nothing that is known here.
+    TAG_VALUE,          ///< A tag value or an EPC URI cannot be read.
+    SYMBOLOGY,          ///< A scanner's identifier is not one of GS1 data.
+    BRACKETS,           ///< An element string has each AI between "(" and ")".
+    AI_CODE,            ///< An AI has two to four digits.
+    UNKNOWN_AI,         ///< GS1 has not assigned the AI.
+    NEWER_AI,           ///< The AI is newer than this version. A warning.
+    REPEATED_AI,        ///< An AI stands once. A warning where the values are the same.
+    TOO_MANY_AIS,       ///< More AIs than can be converted. A warning.
+    MISSING_SEPARATOR,  ///< A separator must end the value.
+    NEEDLESS_SEPARATOR, ///< A separator ends nothing. A warning.
+    // The value of an AI.
+    EMPTY_VALUE,
+    TOO_SHORT,
+    TOO_LONG,
+    SHORT_GTIN,        ///< A GTIN of 8, 12 or 13 digits where 14 belong. In links a warning.
+    DIGITS,            ///< Only digits may stand here.
+    CHARACTER_SET_82,  ///< Only the GS1 character set 82 may stand here.
+    CHARACTER_SET_39,  ///< Only the GS1 character set 39 may stand here.
+    BASE64URL,         ///< Only base64url may stand here.
+    CHECK_DIGIT,       ///< The check digit does not match.
+    CHECK_PAIR,        ///< The check character pair of a GMN does not match.
+    ONLY_DIGITS,       ///< At least one character is not a digit.
+    COMPANY_PREFIX,    ///< A GS1 company prefix begins here.
+    UNASSIGNED_PREFIX, ///< By the prefix list of the options no company prefix begins so.
+    DATE,              ///< The day exists.
+    TIME,              ///< The time exists.
+    COUNTRY_NUMBER,    ///< ISO 3166-1 has assigned the number.
+    COUNTRY_LETTERS,   ///< ISO 3166-1 has assigned the letters.
+    CURRENCY_NUMBER,   ///< ISO 4217 has assigned the number.
+    FLAG,              ///< 0 or 1.
+    ZERO,              ///< The digit 0.
+    NOT_ZERO,
+    LEADING_ZERO, ///< There is none.
+    MINUS,        ///< "-" or nothing.
+    PIECE_OF_TOTAL,
+    POSITION_OF_TOTAL,
+    PERCENT_ESCAPE, ///< Two hexadecimal digits follow each "%".
+    LATITUDE,
+    LONGITUDE,
+    WINDING, ///< 0, 1 or 9.
+    SEX,     ///< 0, 1, 2 or 9.
+    IBAN,
+    MEDIA_TYPE,
+    PACKAGE_TYPE,
+    // What stands together.
+    NEEDS,    ///< An AI stands beside another one. A warning: it may be in another symbol.
+    EXCLUDES, ///< An AI does not stand beside another one.
+    // Links.
+    LINK_KEY,       ///< The path has a key.
+    LINK_QUALIFIER, ///< Only qualifiers of the key follow it in the path.
+    LINK_ORDER,     ///< They follow in a fixed order.
+    LINK_QUERY,     ///< The AI may not stand in the query.
+    LINK_CHARACTER, ///< The character must be escaped.
+    LINK_ESCAPE,    ///< Two hexadecimal digits follow each "%".
+    LINK_NAME,      ///< Names in place of AIs are no longer part of the standard. A warning.
+    LINK_SEMICOLON, ///< Only "&" separates parameters. A warning.
+};
+inline constexpr std::size_t CHECK_RULE_COUNT = 54;
+
+/** What is known of a rule. */
+struct CheckRuleInfo {
+    CheckRule rule;
+    std::string_view word;     ///< "check_digit"
+    Severity severity;         ///< Of most findings; see the rule.
+    std::string_view sentence; ///< {ai}, {culprit} and {detail} stand for what is at hand.
+};
+
+/** All rules: element n is the rule with the number n. */
+std::span<const CheckRuleInfo> checkRules();
+
+/** The word of a rule: "check_digit". */
+std::string_view checkRuleWord(CheckRule rule);
+
+/** A place where a value breaks a rule. */
+struct Finding {
+    Severity severity = Severity::ERROR;
+    CheckRule rule = CheckRule::UNKNOWN_FORM;
+    std::string ai;           ///< Empty where the rule is about the text as a whole.
+    std::size_t position = 0; ///< In the value as given. All of a tag value is one place.
+    std::size_t length = 0;   ///< 0: between two bytes, or at the end.
+    std::string culprit; ///< What is wrong: the bytes there, with the escapes of a link resolved.
+    std::string message; ///< What the rule is and how to mend the value.
+};
+
+/**
+ * Finds everything in a value that is not as GS1 demands: after a fault it goes on as far as the
+ * text lets it. The AIs of tag values and EPC URIs are checked like those of texts. Blanks around
+ * the value are not looked at.
+ *
+ *     value     the value in any form.
+ *     options   how to read it. gcpList adds UNASSIGNED_PREFIX.
+ *     findings  receives what was found, in the order of the text, with what stands together last.
+ *               Empty if nothing was.
+ *
+ * A value without findings is not always one that translate can read; it says so itself.
+ *
+ * Example:
+ *
+ *     rosetag::check("(01)09506000134353(17)251301")
+ *     // finds CHECK_DIGIT at 17, and DATE at 24
+ *
+ * JSON: value, findings as an array of objects with severity, rule, ai, position, length, culprit
+ * and message.
+ */
+void check(std::string_view value, const ReadOptions& options, Rows<Finding>& findings);
+Rows<Finding> check(std::string_view value, const ReadOptions& options = {});
+
+/** True if any finding is an error. */
+bool hasError(const Rows<Finding>& findings);
+
+/** A finding on one line: place, culprit and message. Control characters are spelled. */
+std::string findingText(const Finding& finding);
+
+/*
+ * ---- Lists that the user has ----
+ */
+
+/** The digits that an entry of a prefix list begins with, and the length of the company prefix. */
+struct GcpListEntry {
+    std::uint64_t prefix;   ///< Its digits, filled up with zeros to twelve.
+    std::uint8_t digits;    ///< How many of them there are, 3 to 12.
+    std::uint8_t gcpLength; ///< 0: no company prefix begins so.
+};
+
+/** The list of the lengths of GS1 company prefixes, which GS1 publishes. */
+struct GcpList {
+    std::string date;                  ///< Of its edition, as the file says.
+    std::vector<GcpListEntry> entries; ///< Ascending.
+};
+
+/** What a prefix list says of some digits. */
+struct GcpAnswer {
+    enum class Kind : std::uint8_t {
+        LENGTH,     ///< Their company prefix has length digits.
+        NO_PREFIX,  ///< No company prefix begins so.
+        NOT_LISTED, ///< They are not in the list: its user must say the length.
+    };
+    Kind kind = Kind::NOT_LISTED;
+    int length = 0;
+};
+
+/** Looks up the digits that a company prefix begins with; the longest entry counts. */
+GcpAnswer gcpLengthOf(const GcpList& list, std::string_view digits);
+
+/** Where the company prefix begins in the value of an AI, to its end; empty if it has none. */
+std::string_view companyPrefixOnwards(std::string_view ai, std::string_view value);
+
+/** The model of a chip. */
+struct ChipModel {
+    std::uint16_t tmn; ///< The tag model number, 12 bits.
+    std::string name;
+    std::string url; ///< May be empty.
+};
+
+/** Who designed a chip. */
+struct ChipDesigner {
+    std::uint16_t mdid; ///< The mask designer identifier, 9 bits.
+    std::string name;
+    std::string url; ///< May be empty.
+    std::vector<ChipModel> chips;
+};
+
+/** The list of chip designers, which GS1 publishes. */
+struct DesignerList {
+    std::string version;                 ///< As the file says.
+    std::vector<ChipDesigner> designers; ///< Ascending by mdid.
+};
+
+/** The designer with this number, of which TID_DESIGNER_MASK counts; null if there is none. */
+const ChipDesigner* designerOf(const DesignerList& list, unsigned mdid);
+
+/** The model with this number, or null. */
+const ChipModel* chipOf(const ChipDesigner& designer, unsigned tmn);
+
+/**
+ * Reads a list from the text of its file: that of prefixes in XML or JSON, that of designers in
+ * JSON. Members that are not known are skipped.
+ *
+ *     text  the text of the file, UTF-8.
+ *     list  receives it. After a failure it is empty.
+ *
+ * EPC_ERR_BAD_FORMAT  the text is not as it should be; message names line and column, position and
+ *                     length are those of the text
+ *
+ * These two stand in a library of their own, rosetag::lists, which needs an XML and a JSON library.
+ */
+Failure readGcpList(std::string_view text, GcpList& list);
+Failure readDesignerList(std::string_view text, DesignerList& list);
+
+/*
  * ---- JSON ----
  */
 
@@ -573,6 +773,8 @@ void appendJson(std::string& json, const Explanation& result, std::string_view v
 void appendJson(std::string& json, const AiTranslation& result);
 void appendJson(std::string& json, const Tid& result, std::string_view value);
 void appendJson(std::string& json, const SchemeInfo& scheme);
+void appendJson(std::string& json, const Rows<Finding>& findings, std::string_view value,
+                std::uint64_t line = 0);
 
 /** The same as a string of its own, from the arguments after the first. */
 template <typename... Arguments>

@@ -1,0 +1,133 @@
+/*
+ * What is wrong with a value.
+ */
+#include "check/check_associations.h"
+#include "check/check_text.h"
+#include "check/check_value.h"
+#include "recognise/value_form.h"
+#include "json/json_writer.h"
+
+#include <algorithm>
+
+namespace rosetag {
+
+namespace {
+
+constexpr std::string_view blanks = " \t\r\n";
+
+// What cannot be read is one finding. It has the place of the failure, within the given one.
+void reportFailure(CheckRun& run, Place place, const Translation& translation) {
+    const Failure& failure = translation.failure;
+    const CheckRule rule =
+        translation.form == Form::UNKNOWN ? CheckRule::UNKNOWN_FORM : CheckRule::TAG_VALUE;
+    const bool hasPlace = failure.position + failure.length <= place.length;
+    const Place culprit = {place.position + failure.position, failure.length};
+    // One line: the rest shows what a value may look like.
+    std::string detail = failure.message.substr(0, failure.message.find('\n'));
+    if (!failure.remedy.empty()) {
+        detail += ": " + failure.remedy;
+    }
+    report(run, rule, {}, hasPlace ? culprit : place, detail);
+}
+
+// Of a value whose AIs do not stand in it as text: each has the place of the whole.
+void checkTranslated(CheckRun& run, Place place) {
+    Translation translation;
+    translate(run.value.substr(place.position, place.length), run.options, Form::AIS, translation);
+    if (isFailure(translation.failure)) {
+        reportFailure(run, place, translation);
+        return;
+    }
+    run.kind = TextKind::TAG_VALUE;
+    for (const AiValue& ai : translation.ais) {
+        const KnownAi known = knownAiOf(ai.ai);
+        checkAi(run, {ai.ai, known.rule, ai.value, place.position, place.length}, known,
+                {ai.value, place.position, nullptr, place.length});
+    }
+    checkAssociations(run);
+}
+
+bool isBefore(const Finding& one, const Finding& other) {
+    return one.position != other.position ? one.position < other.position : one.rule < other.rule;
+}
+
+void checkPlace(CheckRun& run, Place place) {
+    const std::string_view value = run.value.substr(place.position, place.length);
+    const std::size_t end = place.position + place.length;
+    switch (valueFormOf(value, run.options.asBarcode)) {
+    case ValueForm::ELEMENT_STRING:
+        checkElementString(run, place.position, end);
+        break;
+    case ValueForm::BARCODE:
+        checkBarcodeString(run, place.position, end);
+        break;
+    case ValueForm::LINK:
+        checkDigitalLink(run, place.position, end);
+        break;
+    default:
+        checkTranslated(run, place);
+        return;
+    }
+    std::sort(run.findings.begin(), run.findings.end(), isBefore);
+    checkAssociations(run);
+}
+
+} // namespace
+
+void check(std::string_view value, const ReadOptions& options, Rows<Finding>& findings) {
+    findings.clear();
+    CheckRun run = {value, options, findings};
+    const std::size_t first = std::min(value.find_first_not_of(blanks), value.size());
+    const std::size_t last = value.find_last_not_of(blanks);
+    const std::size_t end = last == value.npos ? first : last + 1;
+    if (value.size() > MAX_VALUE_LENGTH) {
+        report(run, CheckRule::UNKNOWN_FORM, {}, {0, value.size()},
+               "a value of more than " + std::to_string(MAX_VALUE_LENGTH) +
+                   " bytes is not looked at: give one value at a time");
+    } else if (first == end) {
+        report(run, CheckRule::UNKNOWN_FORM, {}, {end, 0}, "the value is empty: give one");
+    } else {
+        checkPlace(run, {first, end - first});
+    }
+}
+
+Rows<Finding> check(std::string_view value, const ReadOptions& options) {
+    Rows<Finding> findings;
+    check(value, options, findings);
+    return findings;
+}
+
+std::string findingText(const Finding& finding) {
+    std::string text = "at character " + std::to_string(finding.position + 1);
+    if (!finding.culprit.empty()) {
+        text += ", \"" + textForMessage(finding.culprit) + '"';
+    }
+    return text + ": " + finding.message;
+}
+
+void appendJson(std::string& text, const Rows<Finding>& findings, std::string_view value,
+                std::uint64_t line) {
+    JsonWriter json = {text};
+    jsonBegin(json, '{');
+    if (line != 0) {
+        jsonMember(json, "line", line);
+    }
+    jsonMember(json, "value", value);
+    jsonKey(json, "findings");
+    jsonBegin(json, '[');
+    for (const Finding& finding : findings) {
+        jsonBegin(json, '{');
+        jsonMember(json, "severity", severityWord(finding.severity));
+        jsonMember(json, "rule", checkRuleWord(finding.rule));
+        jsonMemberIfAny(json, "ai", finding.ai);
+        jsonMember(json, "position", finding.position);
+        jsonMember(json, "length", finding.length);
+        jsonMemberIfAny(json, "culprit", finding.culprit);
+        jsonMember(json, "message", finding.message);
+        jsonEnd(json, '}');
+    }
+    jsonEnd(json, ']');
+    jsonEnd(json, '}');
+}
+
+} // namespace rosetag

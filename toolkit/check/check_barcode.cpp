@@ -1,0 +1,175 @@
+#include "check/check_text.h"
+#include "check/check_value.h"
+#include "core/char_class.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace rosetag {
+
+namespace {
+
+constexpr std::size_t IDENTIFIER_SIZE = 3;
+
+enum class SymbolData : std::uint8_t { AIS, GTIN, LINK };
+
+struct Symbology {
+    std::string_view identifier;
+    SymbolData data;
+};
+
+// Source: GS1 General Specifications, section 5.1.2 (symbology identifiers); ISO/IEC 15424.
+//
+// clang-format off
+constexpr Symbology symbologies[] = {
+    {"]C1", SymbolData::AIS},  // GS1-128
+    {"]e0", SymbolData::AIS},  // GS1 DataBar
+    {"]d2", SymbolData::AIS},  // GS1 DataMatrix
+    {"]Q3", SymbolData::AIS},  // GS1 QR Code
+    {"]J1", SymbolData::AIS},  // GS1 DotCode
+    {"]E0", SymbolData::GTIN}, // EAN-13, UPC-A, UPC-E
+    {"]E1", SymbolData::GTIN}, // the same with an add-on symbol
+    {"]E2", SymbolData::GTIN},
+    {"]E3", SymbolData::GTIN},
+    {"]E4", SymbolData::GTIN}, // EAN-8
+    {"]I1", SymbolData::GTIN}, // ITF-14
+    {"]Q1", SymbolData::LINK}, // QR Code
+    {"]d1", SymbolData::LINK}, // Data Matrix
+};
+
+// How people write character 29, GS.
+constexpr std::string_view separators[] = {
+    "\x1d", "{GS}", "{gs}", "<GS>", "[GS]", "{FNC1}", "\\x1d", "\\x1D", "\\u001d", "\\u001D",
+};
+// clang-format on
+
+// The length of the separator at the front of the text, or 0.
+std::size_t separatorLength(std::string_view text) {
+    const auto* const separator =
+        std::find_if(std::begin(separators), std::end(separators),
+                     [&](std::string_view spelling) { return text.starts_with(spelling); });
+    return separator == std::end(separators) ? 0 : separator->size();
+}
+
+// Where the next separator begins, or the end.
+std::size_t findSeparator(std::string_view text, std::size_t position) {
+    constexpr std::string_view firstCharacters = "\x1d{<[\\";
+    position = text.find_first_of(firstCharacters, position);
+    while (position != text.npos && separatorLength(text.substr(position)) == 0) {
+        position = text.find_first_of(firstCharacters, position + 1);
+    }
+    return std::min(position, text.size());
+}
+
+// Of a symbol that holds nothing but a GTIN. Its digits are checked at the length that they have.
+void checkGtinAlone(CheckRun& run, std::size_t position, std::size_t end) {
+    static constexpr std::string_view code = "01";
+    const std::string_view digits = run.value.substr(position, end - position);
+    KnownAi known = knownAiOf(code);
+    if (digits.size() == 8 || digits.size() == 12 || digits.size() == 13) {
+        known.parts[0].least = known.parts[0].most = static_cast<std::uint8_t>(digits.size());
+    }
+    checkAi(run, {code, known.rule, digits, position, 0}, known, {digits, position});
+}
+
+// True if the text begins with an AI that GS1 has assigned.
+bool beginsWithAi(std::string_view text) {
+    return text.size() >= 2 &&
+           knownAiOf(text.substr(0, knownAiCodeLength(text[0], text[1]))).rule != nullptr;
+}
+
+// Characters that a value may have, or 0 if its length varies.
+std::size_t fixedLengthOf(const ValueParts& parts) {
+    std::size_t length = 0;
+    for (const ValuePart& part : parts) {
+        if (part.least != part.most || part.optional) {
+            return 0;
+        }
+        length += part.most;
+    }
+    return length;
+}
+
+// The end of a value that begins at position: at the next separator, or before that where its
+// length is known.
+std::size_t findValueEnd(CheckRun& run, std::string_view text, std::size_t position,
+                         std::string_view code, const KnownAi& known) {
+    const std::size_t separator = findSeparator(text, position);
+    const std::size_t predefined = predefinedValueLength(code);
+    if (predefined != 0) {
+        return std::min(position + predefined, separator);
+    }
+    const std::size_t fixed = fixedLengthOf(known.parts);
+    const std::size_t end = position + fixed;
+    if (fixed == 0 || separator <= end || !beginsWithAi(text.substr(end))) {
+        return separator;
+    }
+    report(run, CheckRule::MISSING_SEPARATOR, code, {end, 0}, describeParts(known.parts));
+    return end;
+}
+
+// Checks one AI and its value, and gives where the next begins. After a code that is not assigned
+// that is only known of the next separator.
+std::size_t checkElement(CheckRun& run, std::string_view text, std::size_t position) {
+    const std::size_t separator = findSeparator(text, position);
+    const std::size_t left = separator - position;
+    const std::size_t digits = left < 2 ? 0 : knownAiCodeLength(text[position], text[position + 1]);
+    const std::size_t codeLength = std::min(digits != 0 ? digits : 2, left);
+    KnownAi known;
+    if (!checkAiCode(run, position, codeLength, known)) {
+        return separator + separatorLength(text.substr(separator));
+    }
+    const std::size_t start = position + codeLength;
+    const std::string_view code = text.substr(position, codeLength);
+    const std::size_t end = findValueEnd(run, text, start, code, known);
+    const std::string_view value = text.substr(start, end - start);
+    checkAi(run, {code, known.rule, value, position, codeLength}, known, {value, start});
+    const std::size_t next = end + separatorLength(text.substr(end));
+    return predefinedValueLength(code) == 0 && next < text.size() ? next : end;
+}
+
+void checkAiRun(CheckRun& run, std::size_t position, std::size_t end) {
+    const std::string_view text = run.value.substr(0, end);
+    // A scanner may deliver the FNC1 that begins the symbol.
+    position += separatorLength(text.substr(position));
+    while (position < end) {
+        const std::size_t separator = separatorLength(text.substr(position));
+        if (separator != 0) {
+            report(run, CheckRule::NEEDLESS_SEPARATOR, {}, {position, separator},
+                   "a separator ends a value of variable length that another AI follows");
+            position += separator;
+            continue;
+        }
+        position = checkElement(run, text, position);
+    }
+}
+
+} // namespace
+
+void checkBarcodeString(CheckRun& run, std::size_t position, std::size_t end) {
+    run.kind = TextKind::BARCODE_STRING;
+    if (run.value[position] != ']') {
+        checkAiRun(run, position, end);
+        return;
+    }
+    const std::string_view identifier =
+        run.value.substr(position, std::min(IDENTIFIER_SIZE, end - position));
+    const auto* const symbology =
+        std::find_if(std::begin(symbologies), std::end(symbologies),
+                     [&](const Symbology& row) { return row.identifier == identifier; });
+    const std::size_t data = position + identifier.size();
+    const bool isKnown = symbology != std::end(symbologies);
+    if (!isKnown) {
+        report(run, CheckRule::SYMBOLOGY, {}, {position, identifier.size()},
+               "symbols of GS1 data are announced by ]C1, ]e0, ]d2, ]Q3 or ]J1");
+    }
+    if (!isKnown || symbology->data == SymbolData::AIS) {
+        checkAiRun(run, data, end);
+    } else if (symbology->data == SymbolData::GTIN) {
+        checkGtinAlone(run, data, end);
+    } else {
+        checkDigitalLink(run, data, end);
+    }
+}
+
+} // namespace rosetag

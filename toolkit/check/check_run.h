@@ -1,0 +1,77 @@
+/*
+ * One check under way: the value, the AIs that were met in it, and what was found. Nothing is
+ * allocated before something is found.
+ */
+#ifndef ROSETAG_TOOLKIT_CHECK_CHECK_RUN_H
+#define ROSETAG_TOOLKIT_CHECK_CHECK_RUN_H
+
+#include "check/ai_rule.h"
+
+#include <rosetag/toolkit.hpp>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace rosetag {
+
+// A slice of the value as it was given. The characters are those it stands for, which differ where
+// escapes were resolved: offsets then tells where each began, and where the last ended.
+struct CheckedText {
+    std::string_view characters;
+    std::size_t position;
+    const std::uint16_t* offsets = nullptr; // from position; null: each character is one byte
+    std::size_t wholeLength = 0;            // not 0: all characters are one place of this length
+};
+
+struct CheckedAi {
+    std::string_view code;
+    const AiRule* rule;
+    std::string_view value; // as it stands in the text
+    std::size_t position;   // of the code
+    std::size_t length;
+};
+
+enum class TextKind : std::uint8_t { ELEMENT_STRING, BARCODE_STRING, DIGITAL_LINK, TAG_VALUE };
+
+// AIs that are remembered. No symbol has so many.
+inline constexpr std::size_t MAX_CHECKED_AIS = 32;
+
+struct CheckRun {
+    std::string_view value;
+    const ReadOptions& options;
+    Rows<Finding>& findings;
+    TextKind kind = TextKind::ELEMENT_STRING;
+    std::size_t count = 0;
+    std::array<CheckedAi, MAX_CHECKED_AIS> ais{}; // the first count are filled
+};
+
+inline std::span<const CheckedAi> checkedAis(const CheckRun& run) {
+    return {run.ais.data(), run.count};
+}
+
+// The place of some characters of a text in the value.
+struct Place {
+    std::size_t position;
+    std::size_t length;
+};
+Place placeOf(const CheckedText& text, std::size_t at, std::size_t length);
+
+// Adds a finding. detail goes into the sentence of the rule; its culprit is what stands at the
+// place.
+Finding& report(CheckRun& run, CheckRule rule, std::string_view ai, Place place,
+                std::string_view detail = {});
+
+// The same about characters that do not stand in the value as they are.
+Finding& reportIn(CheckRun& run, CheckRule rule, std::string_view ai, const CheckedText& text,
+                  std::size_t at, std::size_t length, std::string_view detail = {});
+
+// Remembers an AI of the text, and reports it if it has been there before.
+void rememberAi(CheckRun& run, const CheckedAi& ai);
+
+} // namespace rosetag
+
+#endif

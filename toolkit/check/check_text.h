@@ -1,0 +1,22 @@
+/*
+ * The texts of AIs and values, read so that one fault does not hide the next: after a bad value the
+ * reader goes on at the next bracket or separator.
+ */
+#ifndef ROSETAG_TOOLKIT_CHECK_CHECK_TEXT_H
+#define ROSETAG_TOOLKIT_CHECK_CHECK_TEXT_H
+
+#include "check/check_run.h"
+
+namespace rosetag {
+
+// Each checks a part of the value, from position to end; it is not empty.
+void checkElementString(CheckRun& run, std::size_t position, std::size_t end);
+void checkBarcodeString(CheckRun& run, std::size_t position, std::size_t end);
+void checkDigitalLink(CheckRun& run, std::size_t position, std::size_t end);
+
+// The code of an AI that the reader has found. False, with a finding, if there is none such.
+bool checkAiCode(CheckRun& run, std::size_t position, std::size_t length, KnownAi& known);
+
+} // namespace rosetag
+
+#endif
