@@ -4,6 +4,7 @@
 #include "gs1/ai_catalogue.h"
 #include "gs1/ai_prefix.h"
 #include "gs1/ai_table.h"
+#include "gs1/digital_link_keys.h"
 
 #include <algorithm>
 #include <iterator>
@@ -277,6 +278,23 @@ constexpr LinkKey linkKeyRows[] = {
 };
 // clang-format on
 
+constexpr bool hasLinkKeyRow(const DigitalLinkKeyChain& chain) {
+    const auto qualifiers = qualifiersOf(chain);
+    const auto isSame = [](std::string_view one, std::string_view other) { return one == other; };
+    return std::any_of(std::begin(linkKeyRows), std::end(linkKeyRows), [&](const LinkKey& row) {
+        return row.key == chain.key &&
+               std::equal(qualifiers.begin(), qualifiers.end(), row.qualifiers.begin(), isSame);
+    });
+}
+static_assert(std::all_of(std::begin(linkKeyRows), std::end(linkKeyRows), [](const LinkKey& row) {
+    return digitalLinkKeyFind(row.key) != nullptr;
+}));
+// The library writes AI 235 after AI 414, where the standard has AI 7040.
+static_assert(std::count_if(std::begin(digitalLinkKeyChains), std::end(digitalLinkKeyChains),
+                            [](const DigitalLinkKeyChain& chain) {
+                                return !hasLinkKeyRow(chain);
+                            }) == 1);
+
 constexpr std::size_t SLOT_COUNT = 10000;
 
 // Digits at the left of four places, the places after them 0: AI 01 is slot 100.
@@ -440,8 +458,8 @@ std::span<const LinkKey> linkKeys() {
 }
 
 bool isLinkKey(std::string_view code) {
-    return std::any_of(std::begin(linkKeyRows), std::end(linkKeyRows),
-                       [&](const LinkKey& row) { return row.key == code; });
+    const bool isCode = code.size() >= 2 && charIsDigit(code[0]);
+    return isCode && digitalLinkKeyFind(code) != nullptr;
 }
 
 } // namespace rosetag

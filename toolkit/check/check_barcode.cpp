@@ -3,6 +3,7 @@
 #include "core/char_class.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace rosetag {
@@ -51,14 +52,23 @@ std::size_t separatorLength(std::string_view text) {
     return separator == std::end(separators) ? 0 : separator->size();
 }
 
+constexpr std::array<bool, 256> separatorBeginningsMake() {
+    std::array<bool, 256> beginnings{};
+    for (const std::string_view spelling : separators) {
+        beginnings[static_cast<unsigned char>(spelling[0])] = true;
+    }
+    return beginnings;
+}
+constexpr std::array<bool, 256> separatorBeginnings = separatorBeginningsMake();
+
 // Where the next separator begins, or the end.
 std::size_t findSeparator(std::string_view text, std::size_t position) {
-    constexpr std::string_view firstCharacters = "\x1d{<[\\";
-    position = text.find_first_of(firstCharacters, position);
-    while (position != text.npos && separatorLength(text.substr(position)) == 0) {
-        position = text.find_first_of(firstCharacters, position + 1);
+    while (position < text.size() &&
+           !(separatorBeginnings[static_cast<unsigned char>(text[position])] &&
+             separatorLength(text.substr(position)) != 0)) {
+        ++position;
     }
-    return std::min(position, text.size());
+    return position;
 }
 
 // Of a symbol that holds nothing but a GTIN. Its digits are checked at the length that they have.
@@ -90,57 +100,73 @@ std::size_t fixedLengthOf(const ValueParts& parts) {
     return length;
 }
 
+// A run of AIs under way.
+struct AiRun {
+    std::string_view text; // the value up to the end of the run
+    std::size_t position;
+    std::size_t separator; // where the next one begins, or the end
+};
+
+std::size_t separatorLengthAt(const AiRun& ais, std::size_t position) {
+    return position == ais.separator ? separatorLength(ais.text.substr(position)) : 0;
+}
+
 // The end of a value that begins at position: at the next separator, or before that where its
 // length is known.
-std::size_t findValueEnd(CheckRun& run, std::string_view text, std::size_t position,
+std::size_t findValueEnd(CheckRun& run, const AiRun& ais, std::size_t position,
                          std::string_view code, const KnownAi& known) {
-    const std::size_t separator = findSeparator(text, position);
+    const std::size_t separator = ais.separator;
     const std::size_t predefined = predefinedValueLength(code);
     if (predefined != 0) {
         return std::min(position + predefined, separator);
     }
     const std::size_t fixed = fixedLengthOf(known.parts);
     const std::size_t end = position + fixed;
-    if (fixed == 0 || separator <= end || !beginsWithAi(text.substr(end))) {
+    if (fixed == 0 || separator <= end || !beginsWithAi(ais.text.substr(end))) {
         return separator;
     }
     report(run, CheckRule::MISSING_SEPARATOR, code, {end, 0}, describeParts(known.parts));
     return end;
 }
 
-// Checks one AI and its value, and gives where the next begins. After a code that is not assigned
-// that is only known of the next separator.
-std::size_t checkElement(CheckRun& run, std::string_view text, std::size_t position) {
-    const std::size_t separator = findSeparator(text, position);
-    const std::size_t left = separator - position;
-    const std::size_t digits = left < 2 ? 0 : knownAiCodeLength(text[position], text[position + 1]);
+// Checks one AI and its value, and goes on to where the next begins. After a code that is not
+// assigned only the next separator tells that.
+void checkElement(CheckRun& run, AiRun& ais) {
+    const std::size_t left = ais.separator - ais.position;
+    const std::size_t digits =
+        left < 2 ? 0 : knownAiCodeLength(ais.text[ais.position], ais.text[ais.position + 1]);
     const std::size_t codeLength = std::min(digits != 0 ? digits : 2, left);
     KnownAi known;
-    if (!checkAiCode(run, position, codeLength, known)) {
-        return separator + separatorLength(text.substr(separator));
+    if (!checkAiCode(run, ais.position, codeLength, known)) {
+        ais.position = ais.separator + separatorLengthAt(ais, ais.separator);
+        return;
     }
-    const std::size_t start = position + codeLength;
-    const std::string_view code = text.substr(position, codeLength);
-    const std::size_t end = findValueEnd(run, text, start, code, known);
-    const std::string_view value = text.substr(start, end - start);
-    checkAi(run, {code, known.rule, value, position, codeLength}, known, {value, start});
-    const std::size_t next = end + separatorLength(text.substr(end));
-    return predefinedValueLength(code) == 0 && next < text.size() ? next : end;
+    const std::size_t start = ais.position + codeLength;
+    const std::string_view code = ais.text.substr(ais.position, codeLength);
+    const std::size_t end = findValueEnd(run, ais, start, code, known);
+    const std::string_view value = ais.text.substr(start, end - start);
+    checkAi(run, {code, known.rule, value, ais.position, codeLength}, known, {value, start});
+    const std::size_t next = end + separatorLengthAt(ais, end);
+    ais.position = predefinedValueLength(code) == 0 && next < ais.text.size() ? next : end;
 }
 
 void checkAiRun(CheckRun& run, std::size_t position, std::size_t end) {
-    const std::string_view text = run.value.substr(0, end);
+    AiRun ais = {run.value.substr(0, end), position,
+                 findSeparator(run.value.substr(0, end), position)};
     // A scanner may deliver the FNC1 that begins the symbol.
-    position += separatorLength(text.substr(position));
-    while (position < end) {
-        const std::size_t separator = separatorLength(text.substr(position));
-        if (separator != 0) {
-            report(run, CheckRule::NEEDLESS_SEPARATOR, {}, {position, separator},
-                   "a separator ends a value of variable length that another AI follows");
-            position += separator;
-            continue;
+    ais.position += separatorLengthAt(ais, position);
+    while (ais.position < end) {
+        if (ais.separator < ais.position) {
+            ais.separator = findSeparator(ais.text, ais.position);
         }
-        position = checkElement(run, text, position);
+        const std::size_t separator = separatorLengthAt(ais, ais.position);
+        if (separator == 0) {
+            checkElement(run, ais);
+        } else {
+            report(run, CheckRule::NEEDLESS_SEPARATOR, {}, {ais.position, separator},
+                   "a separator ends a value of variable length that another AI follows");
+            ais.position += separator;
+        }
     }
 }
 

@@ -69,6 +69,9 @@ Path splitPath(const CheckRun& run, std::size_t position, std::size_t end) {
 // The AI that a segment or the name of a parameter stands for: its digits, or what the short name
 // was.
 std::string_view aiOfName(std::string_view name) {
+    if (name.empty() || charIsDigit(name[0])) {
+        return name;
+    }
     const auto* const row =
         std::find_if(std::begin(shortNames), std::end(shortNames),
                      [&](const ShortName& entry) { return entry.name == name; });

@@ -1,15 +1,20 @@
 #include "check/check_pair.h"
 
+#include "core/char_class.h"
+
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
 
 namespace rosetag {
 
 namespace {
 
-// A character counts as its place here.
-constexpr std::string_view values = "!\"%&'()*+,-./0123456789:;<=>?ABCDEFGHIJKLMNOPQRSTUVWXYZ_"
-                                    "abcdefghijklmnopqrstuvwxyz";
+// A character counts as its place in character set 82.
+constexpr std::string_view values =
+    std::find_if(std::begin(charClassRows), std::end(charClassRows), [](const CharClassRow& row) {
+        return row.charClass == CHAR_CLASS_AI82;
+    })->characters;
 static_assert(values.size() == 82);
 
 constexpr std::string_view checkCharacters = "23456789ABCDEFGHJKLMNPQRSTUVWXYZ";
