@@ -118,7 +118,7 @@ inline Outcome checkedCall(const Export& row, const Arguments& arguments, Room r
     const std::string name = row.name;
     room.side = GuardedArea::Side::BEFORE_PAGE;
     const Outcome outcome = caller.call(row, arguments, room);
-    room.side = GuardedArea::Side::BEHIND_PAGE;
+    room.side = GuardedArea::Side::AFTER_PAGE;
     const Outcome again = caller.call(row, arguments, room);
     require(outcome.isInBounds && again.isInBounds, name + " writes within its outputs");
     require(outcome.isInputUntouched, name + " leaves its inputs alone");

@@ -3,37 +3,6 @@
 
 using namespace rosetag;
 
-// outBits is written before the digits find out whether they have room.
-static EpcStatus aiToHex(const char* code, const AiValueRequest& request, std::int32_t dstSize,
-                         char* dst, std::int32_t* outBits) {
-    const AiDefinition* ai = nullptr;
-    EPC_TRY(aiDefinitionOf(code, ai));
-    return hexOutputFrame(dstSize, dst, aiValueToBits, *ai, request, outBits);
-}
-
-// An unknown AI is found before out is cleared.
-static EpcStatus aiToBinary(const char* code, const AiValueRequest& request, std::int32_t maxBytes,
-                            std::uint8_t* out, std::int32_t* outBits) {
-    const AiDefinition* ai = nullptr;
-    EPC_TRY(aiDefinitionOf(code, ai));
-    return binaryOutputFrame(maxBytes, out, nullptr, aiValueToBits, *ai, request, outBits);
-}
-
-static EpcStatus aiToWords(const char* code, const AiValueRequest& request, std::int32_t maxWords,
-                           std::uint16_t* outWords, std::int32_t* outBits) {
-    if (maxWords < 0 || maxWords > MAX_BINARY_WORDS) {
-        return EPC_ERR_TOO_LONG;
-    }
-    const AiDefinition* ai = nullptr;
-    EPC_TRY(aiDefinitionOf(code, ai));
-    std::int32_t bitCount = 0;
-    EPC_TRY(wordOutputFrame(maxWords, outWords, nullptr, aiValueToBits, *ai, request, &bitCount));
-    if (outBits != nullptr) {
-        *outBits = bitCount;
-    }
-    return EPC_OK;
-}
-
 EpcStatus epc_AIToBinary(const char* ai, const char* value, std::int32_t withCode,
                          std::int32_t maxBytes, std::uint8_t* out, std::int32_t* outBits) {
     return aiToBinary(ai, {value, withCode, AI_ENC_AUTO}, maxBytes, out, outBits);

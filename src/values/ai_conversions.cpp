@@ -1,5 +1,6 @@
 #include "values/ai_conversions.h"
 
+#include "core/frames.h"
 #include "values/ai_code_bits.h"
 
 #include <algorithm>
@@ -23,16 +24,45 @@ EpcStatus putComponents(BitBuffer& bits, const AiDefinition& ai, std::string_vie
     return aiValueEncode(cursor, bits, ai, last, AI_KIND_NONE, encoding);
 }
 
-} // namespace
-
-EpcStatus aiValueToBits(BitBuffer& bits, const AiDefinition& ai, const AiValueRequest& request,
-                        std::int32_t* outBits) {
+EpcStatus valueToBits(BitBuffer& bits, const AiDefinition& ai, const AiValueRequest& request,
+                      std::int32_t* outBits) {
     if (request.withCode != 0) {
         EPC_TRY(aiCodePut(bits, ai));
     }
     EPC_TRY(putComponents(bits, ai, request.value, request.encoding));
     if (outBits != nullptr) {
         *outBits = bits.position;
+    }
+    return EPC_OK;
+}
+
+} // namespace
+
+EpcStatus aiToBinary(const char* code, const AiValueRequest& request, std::int32_t maxBytes,
+                     std::uint8_t* out, std::int32_t* outBits) {
+    const AiDefinition* ai = nullptr;
+    EPC_TRY(aiDefinitionOf(code, ai));
+    return binaryOutputFrame(maxBytes, out, nullptr, valueToBits, *ai, request, outBits);
+}
+
+EpcStatus aiToHex(const char* code, const AiValueRequest& request, std::int32_t dstSize, char* dst,
+                  std::int32_t* outBits) {
+    const AiDefinition* ai = nullptr;
+    EPC_TRY(aiDefinitionOf(code, ai));
+    return hexOutputFrame(dstSize, dst, valueToBits, *ai, request, outBits);
+}
+
+EpcStatus aiToWords(const char* code, const AiValueRequest& request, std::int32_t maxWords,
+                    std::uint16_t* outWords, std::int32_t* outBits) {
+    if (maxWords < 0 || maxWords > MAX_BINARY_WORDS) {
+        return EPC_ERR_TOO_LONG;
+    }
+    const AiDefinition* ai = nullptr;
+    EPC_TRY(aiDefinitionOf(code, ai));
+    std::int32_t bitCount = 0;
+    EPC_TRY(wordOutputFrame(maxWords, outWords, nullptr, valueToBits, *ai, request, &bitCount));
+    if (outBits != nullptr) {
+        *outBits = bitCount;
     }
     return EPC_OK;
 }

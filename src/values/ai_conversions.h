@@ -18,9 +18,14 @@ struct AiValueRequest {
     std::int32_t encoding; // AI_ENC_AUTO or an indicator to force
 };
 
-// outBits may be null.
-EpcStatus aiValueToBits(BitBuffer& bits, const AiDefinition& ai, const AiValueRequest& request,
-                        std::int32_t* outBits);
+// To the three forms of a binary value. outBits may be null. An unknown AI leaves out as it is; the
+// number of bits is known, and written, before their hexadecimal digits turn out to have room.
+EpcStatus aiToBinary(const char* code, const AiValueRequest& request, std::int32_t maxBytes,
+                     std::uint8_t* out, std::int32_t* outBits);
+EpcStatus aiToHex(const char* code, const AiValueRequest& request, std::int32_t dstSize, char* dst,
+                  std::int32_t* outBits);
+EpcStatus aiToWords(const char* code, const AiValueRequest& request, std::int32_t maxWords,
+                    std::uint16_t* outWords, std::int32_t* outBits);
 
 // What was written before a failure stays in dst.
 EpcStatus bitsToAiValue(BitBuffer& bits, const char* ai, std::int32_t dstSize, char* dst);

@@ -1,6 +1,6 @@
 /*
- * GS1 texts to EPC URIs: what the walk refuses, what it lets through, and what stands in dst
- * afterwards. Each text lies against a page that cannot be read.
+ * GS1 texts to EPC URIs: what the walk refuses, what it accepts, and what dst holds afterwards.
+ * Each text ends at a page that cannot be read.
  */
 #include "bridge/gs1_key_table.h"
 #include "gs1/ai_catalogue.h"
@@ -52,7 +52,7 @@ constexpr EpcScheme cpi96 = EPC_SCHEME_CPI_96;
 
 // clang-format off
 
-// The order of the tests: company prefix length, text, scheme, family, filter.
+// The order of the checks: company prefix length, text, scheme, family, filter.
 constexpr WalkRow argumentRows[] = {
     {"gcpLength 5",            element, "x", 99, 9, 5, EPC_ERR_FILTER_FIELD, untouched},
     {"gcpLength 13",           barcode, "x", 99, 9, 13, EPC_ERR_FILTER_FIELD, untouched},
@@ -85,13 +85,13 @@ constexpr WalkRow walkRows[] = {
     {"brackets in a barcode",  barcode, "(01)80614141123458(21)6", sgtin96, 3, 7, EPC_ERR_BAD_FORMAT, untouched},
     {"prefix 14",              element, "(14)251231", sgtin96, 3, 7, EPC_ERR_UNKNOWN_AI, untouched},
     {"prefix 03",              barcode, "03", sgtin96, 3, 7, EPC_ERR_UNKNOWN_AI, untouched},
-    {"prefix 38 behind a key", element, "(01)80614141123458(21)6(38)1", sgtin96, 3, 7, EPC_ERR_UNKNOWN_AI, untouched},
+    {"prefix 38 after a key" , element, "(01)80614141123458(21)6(38)1", sgtin96, 3, 7, EPC_ERR_UNKNOWN_AI, untouched},
     {"fixed code alone",       element, "(01", sgtin96, 3, 7, EPC_ERR_TRUNCATED, untouched},
     {"fixed, one short",       element, "(01)8061414112345", sgtin96, 3, 7, EPC_ERR_TRUNCATED, untouched},
     {"fixed, one short, bare", barcode, "018061414112345", sgtin96, 3, 7, EPC_ERR_TRUNCATED, untouched},
     {"fixed without close",    element, "(01]80614141123458", sgtin96, 3, 7, EPC_ERR_BAD_FORMAT, untouched},
     {"fixed, one too many",    element, "(01)806141411234589(21)6", sgtin96, 3, 7, EPC_ERR_BAD_FORMAT, untouched},
-    {"separator behind fixed", barcode, "0180614141123458\x1d" "216", sgtin96, 3, 7, EPC_ERR_BAD_FORMAT, untouched},
+    {"separator after fixed" , barcode, "0180614141123458\x1d" "216", sgtin96, 3, 7, EPC_ERR_BAD_FORMAT, untouched},
     {"two separators",         barcode, "0180614141123458216\x1d\x1d" "10A", sgtin96, 3, 7, EPC_ERR_BAD_FORMAT, untouched},
     {"malformed at the end",   element, "(01)80614141123458(21)6(1", sgtin96, 3, 7, EPC_ERR_BAD_FORMAT, untouched},
     {"two keys",               element, "(01)80614141123458(21)6(00)106141412345678908", sgtin96, 3, 7, EPC_ERR_SECOND_KEY, untouched},
@@ -111,7 +111,7 @@ constexpr WalkRow walkRows[] = {
     {"plus scheme",            element, "(01)80614141123458(21)6", EPC_SCHEME_SGTIN_PLUS, 3, 7, EPC_OK, "urn:epc:tag:sgtin+:3.0614141.812345.6"},
 };
 
-// The cut of the key's value, and the search for its secondary AI.
+// Where the key's value is cut, and the search for its secondary AI.
 constexpr WalkRow cutRows[] = {
     {"wrong check digit",      element, "(01)80614141123450(21)6", sgtin96, 3, 7, EPC_OK, "urn:epc:tag:sgtin-96:3.0614141.812345.6"},
     {"prefix stays unescaped", element, "(01)/06/414112/458(21)6", sgtin96, 3, 7, EPC_OK, "urn:epc:tag:sgtin-96:3.06/4141./12%2F45.6"},
@@ -141,7 +141,7 @@ constexpr WalkRow cutRows[] = {
     {"piece cut off",          element, "(8006)804012345123450", itip110, 3, 7, EPC_ERR_TRUNCATED, "urn:epc:tag:itip-110:3.0401234.851234."},
     {"total cut off",          element, "(8006)80401234512345010", itip110, 3, 7, EPC_ERR_TRUNCATED, "urn:epc:tag:itip-110:3.0401234.851234.01."},
     {"itip without a serial",  element, "(8006)040123451234560102", itip110, 3, 7, EPC_ERR_NO_SECONDARY_AI, "urn:epc:tag:itip-110:3.4012345.012345.01.02."},
-    {"behind the total",       element, "(8006)040123451234560102X(21)9", itip110, 3, 7, EPC_ERR_BAD_FORMAT, "urn:epc:tag:itip-110:3.4012345.012345.01.02."},
+    {"after the total" ,       element, "(8006)040123451234560102X(21)9", itip110, 3, 7, EPC_ERR_BAD_FORMAT, "urn:epc:tag:itip-110:3.4012345.012345.01.02."},
     {"itip with a separator",  barcode, "8006040123451234560102\x1d" "219", itip110, 3, 7, EPC_ERR_BAD_FORMAT, "urn:epc:tag:itip-110:3.4012345.012345.01.02."},
     {"itip without",           barcode, "8006040123451234560102219", itip110, 3, 7, EPC_OK, "urn:epc:tag:itip-110:3.4012345.012345.01.02.9"},
 };
@@ -178,17 +178,17 @@ EpcStatus tagUriStatus(Export convert, const std::string& text) {
     return convert(text.c_str(), sgtin96, 3, 7, sizeof dst, dst);
 }
 
-// Steps over the AI with its shortest value on the way to the key. Bare, a separator ends the value
-// or nothing does: one of the two, as the prefix says.
+// The walk steps over the AI, with its shortest value, to reach the key. In the bare form the value
+// needs a separator after it or must not have one: which of the two depends on the prefix.
 void expectStep(const std::string& code, const AiDefinition& ai) {
     const int digits = ai.components[0].digitCount + ai.components[1].digitCount;
     const std::string value(static_cast<std::size_t>(digits), '0');
-    const std::string behind = "0180614141123458216";
+    const std::string key = "0180614141123458216";
     EXPECT_STATUS(gs1KeyFindByAi(code) != nullptr ? EPC_ERR_SECOND_KEY : EPC_OK,
                   tagUriStatus(element, "(" + code + ")" + value + "(01)80614141123458(21)6"))
         << code;
-    const EpcStatus endsByItself = tagUriStatus(barcode, code + value + behind);
-    const EpcStatus endsBySeparator = tagUriStatus(barcode, code + value + "\x1D" + behind);
+    const EpcStatus endsByItself = tagUriStatus(barcode, code + value + key);
+    const EpcStatus endsBySeparator = tagUriStatus(barcode, code + value + "\x1D" + key);
     if (gs1KeyFindByAi(code) == nullptr) {
         EXPECT_NE(endsByItself == EPC_OK, endsBySeparator == EPC_OK) << code;
     }
@@ -208,7 +208,7 @@ TEST(AisToIdentity, StepsOverEveryAi) {
     EXPECT_EQ(520, steps);
 }
 
-// In a full dst a part is written whole or not at all, an escaped value character by character.
+// When dst is full, a part is written whole or not at all, an escaped value character by character.
 TEST(AisToIdentity, LeavesWhatFittedInAFullText) {
     struct Row {
         Export convert;

@@ -1,5 +1,5 @@
 /*
- * EPC URIs to GS1 texts: what is refused, what is let through, and what stands in dst afterwards.
+ * EPC URIs to GS1 texts: what is refused, what is accepted, and what dst holds afterwards.
  */
 #include "support/text_result.h"
 
@@ -55,7 +55,7 @@ const std::vector<UriRow> headRows = {
     {"filter of 20 digits",   tagToLink,    "urn:epc:tag:sscc-96:10000000000000000001.1.1", EPC_ERR_OUT_OF_RANGE, ""},
     {"filter 03",             tagToElement, "urn:epc:tag:sscc-96:03.0614141.11", EPC_ERR_BAD_FORMAT, ""},
     {"filter without dot",    tagToElement, "urn:epc:tag:sscc-96:3-0614141.11", EPC_ERR_BAD_FORMAT, ""},
-    {"end behind the filter", tagToElement, "urn:epc:tag:sscc-96:3", EPC_ERR_TRUNCATED, ""},
+    {"end after the filter",  tagToElement, "urn:epc:tag:sscc-96:3", EPC_ERR_TRUNCATED, ""},
 };
 
 // The values of the AIs take 1023 characters: a key of 1021 and the serial.
@@ -85,8 +85,8 @@ const std::vector<UriRow> bodyRows = {
     {"NUL ends a field",        idToBarcode, "urn:epc:id:giai:0614%00XX.12%00YY", EPC_OK, "8004061412"},
     {"NUL empties a field",     idToBarcode, "urn:epc:id:sscc:0614141.%0012", EPC_ERR_BAD_FORMAT, "00"},
     {"NUL ends a tail",         idToElement, "urn:epc:id:sgtin:0614141.812345.6%007", EPC_OK, "(01)80614141123458(21)6"},
-    {"behind a NUL counts",     idToElement, "urn:epc:id:giai:1.2%00" + digits(253), EPC_OK, "(8004)12"},
-    {"behind a NUL is counted", idToElement, "urn:epc:id:giai:1.2%00" + digits(254), EPC_ERR_TOO_LONG, ""},
+    {"after a NUL counts",      idToElement, "urn:epc:id:giai:1.2%00" + digits(253), EPC_OK, "(8004)12"},
+    {"after a NUL is counted",  idToElement, "urn:epc:id:giai:1.2%00" + digits(254), EPC_ERR_TOO_LONG, ""},
     {"first field of 255",      idToElement, "urn:epc:id:giai:" + digits(255) + ".1", EPC_OK, "(8004)" + digits(255) + "1"},
     {"first field of 256",      idToElement, "urn:epc:id:giai:" + digits(256) + ".1", EPC_ERR_TOO_LONG, ""},
     {"too long before the end", idToElement, "urn:epc:id:giai:" + digits(256), EPC_ERR_TOO_LONG, ""},
@@ -122,7 +122,7 @@ TEST(IdentityToAis, ReadsBodies) {
     }
 }
 
-// In a full dst each part is written whole or not at all.
+// When dst is full, each part is written whole or not at all.
 TEST(IdentityToAis, LeavesWholePartsInAFullText) {
     struct Row {
         Export convert;

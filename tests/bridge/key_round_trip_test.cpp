@@ -14,8 +14,8 @@ namespace {
 
 struct KeyRow {
     const char* family;
-    const char* digits; // as the first two fields hold them, without the character that moves
-    const char* moved;  // to the beginning of the key's value; stands first in the second field
+    const char* digits; // of the first two fields, without the character that moves
+    const char* moved;  // from the start of the second field to the start of the key's value
     const char* tail;   // of the URI body
     const char* elementString;
     const char* barcodeString;

@@ -1,6 +1,6 @@
 /*
- * The plain schemes between binary and the GS1 texts: worked values, what a chain refuses at which
- * of its steps, and a round trip over generated identities of every scheme.
+ * The plain schemes between binary and the GS1 texts: worked values, what each step of a chain
+ * refuses, and a round trip over generated identities of every scheme.
  */
 #include "core/char_class.h"
 #include "gs1/ai_catalogue.h"
@@ -154,7 +154,7 @@ TEST(PlainSlots, RefuseTexts) {
         {"wrong check digit", element, "(01)80614141123450(21)6", 0, 0, 7, EPC_OK},
         {"wrong check digit", barcode, "0180614141123450216", 0, 0, 7, EPC_OK},
         {"wrong check digit", link, "/01/80614141123450/21/6", 0, 0, 7, EPC_ERR_CHECK_DIGIT},
-        {"key behind its serial", link, "/21/6/01/80614141123458", 0, 0, 7, EPC_ERR_NO_SECONDARY_AI},
+        {"key after its serial", link, "/21/6/01/80614141123458", 0, 0, 7, EPC_ERR_NO_SECONDARY_AI},
         {"link with a host", link, "https://id.gs1.org/01/80614141123458", 0, 0, 7, EPC_ERR_BAD_FORMAT},
         {"letter in the key", element, "(01)8061414112A458(21)6", 0, 0, 7, EPC_ERR_OUT_OF_RANGE},
         {"leading zero", element, "(01)80614141123458(21)06", 0, 0, 7, EPC_ERR_BAD_FORMAT},
@@ -200,10 +200,10 @@ TEST(PlainSlots, LeaveTheBitsBeforeAFailure) {
     }
 }
 
-// What the AIs of a value say of its texts.
+// What the AIs of a value tell about its texts.
 struct ExpectedTexts {
     std::string elementString;
-    bool hasBracket;       // an element string with one in a value does not read back
+    bool hasBracket;       // in a value: its element string does not read back
     bool valuesFit;        // each value is within the limit of its AI
     bool escapedValuesFit; // in a link the limit is on the escaped value
 };

@@ -1,4 +1,4 @@
-// No export allocates: the allocator of this program counts what the library asks it for.
+// No export allocates: this program brings an allocator that counts the calls.
 #include "contract/cases.h"
 #include "support/sanitizers.h"
 
@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdlib>
 
-// The sanitizers bring an allocator of their own, and only this C library says where its own is.
+// The sanitizers bring an allocator of their own, and only glibc gives access to the original one.
 #if defined(__GLIBC__) && !BUILT_WITH_SANITIZER
 #define COUNTS_ALLOCATIONS
 
@@ -53,7 +53,7 @@ TEST(Allocation, NoExportAllocates) {
     void* volatile block = std::malloc(1);
     std::free(block);
     isCounting = false;
-    ASSERT_EQ(2, allocations) << "the allocator of this program is not the one that is used";
+    ASSERT_EQ(2, allocations) << "the allocator of this program is not in use";
 
     ExportCaller caller;
     for (const Case& c : allCases()) {
@@ -65,7 +65,7 @@ TEST(Allocation, NoExportAllocates) {
         EXPECT_EQ(0, allocations) << c.row->name << ", " << c.name;
     }
 #else
-    GTEST_SKIP() << "this build has an allocator that cannot be replaced";
+    GTEST_SKIP() << "the allocator of this build cannot be replaced";
 #endif
 }
 

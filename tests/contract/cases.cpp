@@ -32,9 +32,9 @@ constexpr EpcStatus CONFLICT = EPC_ERR_KEY_CONFLICT;
 constexpr EpcStatus CHECK_DIGIT = EPC_ERR_CHECK_DIGIT;
 constexpr EpcStatus TID = EPC_ERR_BAD_TID;
 
-// The row is not for this syntax.
+// The row does not apply to this syntax.
 constexpr const char* NONE = nullptr;
-// The storage of the text stays as it was.
+// The storage of the text is left as it was.
 constexpr const char* UNTOUCHED = nullptr;
 
 std::string repeat(std::string_view part, int times) {
@@ -58,7 +58,7 @@ const std::string digits91 = repeat("1", 91);
 const std::string digits92 = repeat("1", 92);
 const std::string letters70 = repeat("x/", 35);
 
-// SSCC+ with 12 values of 90 characters, more than the library's working text takes.
+// SSCC+ with 12 values of 90 characters, more than the library's working text holds.
 std::string longPlusBits() {
     std::string bits = "111110011001" + repeat("0", 72);
     for (int i = 0; i < 12; ++i) {
@@ -111,13 +111,13 @@ const BinaryRow binaryRows[] = {
     {"space in plus",      "F738061414112345881400",                               83, NOT_SUPPORTED, CHARACTER,     CHARACTER,     OK},
     {"21 AIs",             "F990000000000000000004321A190D0C8686434321A190D0C8686434321A190D0C8686434321A190D0C8686434321A190D0C868643", -1, NOT_SUPPORTED, TOO_MANY, TOO_MANY, OK},
     {"too long values",    hexFromBytes(bytesFromBits(longPlusBits())),            -1, NOT_SUPPORTED, NO_ROOM,       NO_ROOM,       OK},
-    // The element string that a plain link is made of is read again, brackets in the serial with it.
+    // A plain link is made from an element string that is parsed again: brackets in the serial count.
     {"an AI in a serial",  "3674257BF7194E6C2860C54B164CDA356CDDC3960C5933680000", -1, OK,            OK,            CHECK_DIGIT,   OK},
     {"a short AI in one",  "3674257BF7194E6C2860C54B164CC00000000000000000000000", -1, OK,            OK,            NO_ROOM,       OK},
     {"a key in a serial",  "3674257BF7194E543860C1A29820000000000000000000000000", -1, OK,            OK,            CONFLICT,      OK},
 };
 
-// What only hexadecimal text and words know.
+// What only applies to hexadecimal text and to words.
 const struct { const char* name; std::string hex; EpcStatus status; } hexRows[] = {
     {"bad digit",   "3074257BF7194E4000001A8G",  NO_ROOM},
     {"125 digits",  repeat("30303", 25),         TOO_LONG},
@@ -184,7 +184,7 @@ const UriRow uriToBinaryRows[] = {
 
 struct Gs1Row {
     const char* name;
-    std::string element, barcode, link; // the same in the three syntaxes; empty where there is none
+    std::string element, barcode, link; // the same in the three syntaxes; empty if there is no such form
     EpcStatus status;
     std::int32_t scheme;
     std::int32_t filter = 3;
@@ -257,7 +257,7 @@ const struct { const char* name; std::string text; EpcStatus status; } elementTo
 
 // ---- Between EPC URIs and GS1 texts ----
 
-// What a failure leaves in the barcode string, which is written as the URI is read.
+// What a failure leaves in the barcode string, which is written while the URI is read.
 const struct { const char* name; std::string text; EpcStatus status; const char* left; } tagUriToGs1Rows[] = {
     {"sgtin",            "urn:epc:tag:sgtin-96:3.0614141.812345.67%2F",       OK,                ""},
     {"cpi",              "urn:epc:tag:cpi-var:1.0614141.A%23B.77",            OK,                ""},
@@ -292,7 +292,7 @@ struct Gs1ToUriRow {
     const char* name;
     std::string element, barcode;
     EpcStatus status;
-    const char* body = UNTOUCHED; // what a failure leaves behind the head of the URI
+    const char* body = UNTOUCHED; // what a failure leaves after the head of the URI
     std::int32_t scheme = EPC_SCHEME_SGTIN_96;
     std::int32_t filter = 3;
     std::int32_t gcpLength = 7;
@@ -350,7 +350,7 @@ const struct {
 
 struct BitsToAiRow {
     const char* name;
-    const char* ai; // for the exports that are told it
+    const char* ai; // for the exports that take one
     const char* hex;
     std::int32_t bits; // -1: all
     EpcStatus status;
@@ -413,8 +413,7 @@ struct Cases {
         all.push_back({&*row, std::string(name), std::move(arguments), status, left});
     }
 
-    // One row for the exports of the three inputs of bits, which have it as bytes, digits and
-    // words.
+    // One row for the exports that read bits: as bytes, as digits and as words.
     void addBits(const std::string& ending, const char* binary, const char* hex, const char* words,
                  std::string_view name, const std::string& digits, std::int32_t bits,
                  EpcStatus status, Arguments arguments = {}, const char* left = "") {

@@ -1,5 +1,5 @@
 /*
- * Inputs for every export: a handful that succeed, and one at least for each status that it can
+ * Inputs for every export: a handful that succeed, and at least one for each status that it can
  * return.
  */
 #ifndef ROSETAG_TESTS_CONTRACT_CASES_H
@@ -15,8 +15,8 @@ struct Case {
     std::string name;
     Arguments arguments;
     EpcStatus status; // with enough room
-    // What a failure leaves of a text with enough room, for the exports whose texts begin before
-    // the failure is known. Nothing where the storage stays as it was.
+    // What a failure leaves of a text with enough room, for exports that begin their text before
+    // the failure is known. Null if the storage is left as it was.
     const char* left = "";
 };
 

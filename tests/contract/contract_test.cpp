@@ -1,5 +1,5 @@
-// What holds for every export, over all of them: no byte beside its arguments is read or written,
-// inputs stay as they are, a call gives the same again, and what a caller finds after a failure.
+// What holds for every export: no byte outside its arguments is read or written, inputs are left
+// alone, a second call gives the same result, and what a caller finds after a failure.
 #include "contract/cases.h"
 #include "contract/exports.h"
 #include "support/bits.h"
@@ -15,7 +15,7 @@ namespace {
 
 using Side = GuardedArea::Side;
 
-// Runs a case in both layouts, and gives what came out of both.
+// Runs a case in both layouts and returns what both gave.
 class Checked {
 public:
     Outcome run(const Case& c, Room room) {
@@ -23,10 +23,10 @@ public:
         const Outcome outcome = caller.call(*c.row, c.arguments, room);
         EXPECT_TRUE(outcome.isInBounds);
         EXPECT_TRUE(outcome.isInputUntouched);
-        room.side = Side::BEHIND_PAGE;
+        room.side = Side::AFTER_PAGE;
         const Outcome again = caller.call(*c.row, c.arguments, room);
         EXPECT_STATUS(outcome.status, again.status);
-        EXPECT_TRUE(outcome == again) << "a second call gives something else";
+        EXPECT_TRUE(outcome == again) << "a second call gives another result";
         return outcome;
     }
 
@@ -43,7 +43,7 @@ bool writesUri(const Export& row) {
     return name.ends_with("Uri");
 }
 
-// ---- What stands there after a failure with enough room ----
+// ---- What a failure leaves, with enough room ----
 
 void expectLeftText(const Case& c, const Outcome& outcome) {
     if (c.left == nullptr) {
@@ -105,7 +105,7 @@ TEST(Contract, OptionalOutputsChangeNothingElse) {
         room.optionals = false;
         const Outcome without = checked.run(c, room);
         if (c.row->output == Output::RECORD) {
-            // A record is asked for, and looked for before the bits are.
+            // A missing record is reported before the bits are decoded.
             const bool isTooLong = c.status == EPC_ERR_TOO_LONG;
             EXPECT_STATUS(isTooLong ? EPC_ERR_TOO_LONG : EPC_ERR_NO_ROOM, without.status);
             continue;
@@ -117,7 +117,7 @@ TEST(Contract, OptionalOutputsChangeNothingElse) {
     }
 }
 
-// ---- What stands there at every size ----
+// ---- What an output holds at every size ----
 
 // A text: all of it, or as many characters as fit.
 void expectTextAtSize(const Outcome& full, const Outcome& outcome, std::int32_t size) {
@@ -265,7 +265,7 @@ private:
         }
     }
 
-    // The rows in list order up to the one that finds no room.
+    // The rows in list order, up to the one that does not fit.
     static void expectRows(const Outcome& full, const Outcome& outcome, std::int32_t maxAIs,
                            std::uint32_t valueSize) {
         SCOPED_TRACE(testing::Message() << maxAIs << " rows of " << valueSize);
@@ -289,7 +289,7 @@ private:
         const auto written = static_cast<std::size_t>(row) * valueSize;
         EXPECT_EQ(std::string::npos, values.find_first_not_of(static_cast<char>(GuardedArea::FILL),
                                                               std::min(written, values.size())))
-            << "a row behind the last one was written";
+            << "a row after the last one was written";
     }
 
     void checkSerial(const Case& c, const Outcome& full) {
@@ -313,7 +313,7 @@ private:
     }
 
     static void expectBytesAtSize(const Outcome& full, const Outcome& outcome) {
-        // The bits of the full value up to the failure, and behind them zeros.
+        // The bits of the full value up to the failure, and zeros after them.
         const std::string bits = bitsOf(outcome.block(MAIN));
         const std::string fullBits = bitsOf(full.block(MAIN)).substr(0, bits.size());
         const auto differing = std::mismatch(bits.begin(), bits.end(), fullBits.begin()).first;
@@ -330,7 +330,7 @@ TEST(Contract, EveryCaseAtEverySize) {
         SCOPED_TRACE(std::string(c.row->name) + ", " + c.name);
         sizes.check(c);
         if (testing::Test::HasFailure()) {
-            return; // one export's fault is seen better without those of all others
+            return; // the fault of one export is easier to see without all others
         }
     }
 }
@@ -361,7 +361,7 @@ TEST(Contract, EveryExportReturnsEveryStatusOfItsOwnAndNoOther) {
     }
 }
 
-TEST(Contract, EveryExportStandsOnce) {
+TEST(Contract, EveryExportIsListedOnce) {
     std::set<std::string> names;
     for (const Export& row : allExports) {
         EXPECT_TRUE(names.insert(row.name).second) << row.name;

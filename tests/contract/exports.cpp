@@ -7,8 +7,8 @@
 
 namespace {
 
-// One overload for each shape of an argument list. The names of the exports say what the arguments
-// are; where two exports have one shape, their arguments have one order.
+// One overload for each shape of an argument list. Exports of the same shape take the same
+// arguments in the same order.
 using Text = const char*;
 using Int = std::int32_t;
 using Bytes = const std::uint8_t*;
@@ -80,7 +80,7 @@ constexpr StatusSet statusSet(Numbers... numbers) {
 }
 
 // The statuses of the families, by their numbers.
-constexpr StatusSet TOO_LONG = statusSet(EPC_ERR_TOO_LONG); // what words and digits add
+constexpr StatusSet TOO_LONG = statusSet(EPC_ERR_TOO_LONG); // added by words and digits
 constexpr StatusSet BINARY_TO_NAME = statusSet(1, 2, 5);
 constexpr StatusSet BINARY_TO_URI = statusSet(1, 2, 3, 5, 6, 17, 18);
 constexpr StatusSet BINARY_TO_GS1 = statusSet(1, 2, 3, 5, 6, 7, 13, 17, 18, 21);
@@ -104,7 +104,7 @@ constexpr StatusSet TID = statusSet(1, 2, 24);
 #define EXPORT(name) #name, reinterpret_cast<ExportFunction>(name), [](ExportFunction function, const Call& call) { return run(reinterpret_cast<decltype(&name)>(function), call); }
 #define EXPORT_OF(name, source) #name, reinterpret_cast<ExportFunction>(name), [](ExportFunction function, const Call& call) { return run(reinterpret_cast<decltype(&name)>(function), call, call.source); }
 
-// The rows name the export first; this puts the columns into the order of the record.
+// A row starts with the export; this puts its columns into the order of the record.
 Export row(const char* name, ExportFunction function, EpcStatus (*run)(ExportFunction, const Call&), Input input, Output output, StatusSet statuses) {
     return {name, input, output, statuses, function, run};
 }

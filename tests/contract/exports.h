@@ -1,6 +1,6 @@
 /*
- * All exports of the library as one table, and a caller that runs any of them with its inputs and
- * outputs laid against unreadable pages.
+ * All exports of the library in one table, and a caller that runs any of them with inputs and
+ * outputs placed against unreadable pages.
  */
 #ifndef ROSETAG_TESTS_CONTRACT_EXPORTS_H
 #define ROSETAG_TESTS_CONTRACT_EXPORTS_H
@@ -16,11 +16,11 @@
 #include <string_view>
 #include <vector>
 
-// Everything that any export takes. Each uses what its signature names.
+// Everything that any export takes. Each one uses what its signature names.
 struct Arguments {
-    std::string text; // also the hexadecimal text, the scheme's name and the AI's value
+    std::string text; // or the hexadecimal digits, the scheme's name, the AI's value
     std::string ai;
-    std::vector<std::uint8_t> binary; // also as words
+    std::vector<std::uint8_t> binary; // or the words
     std::int32_t bits = 0;
     std::int32_t scheme = 0;
     std::int32_t filter = 0;
@@ -30,17 +30,17 @@ struct Arguments {
     std::int32_t separator = 0x1D;
 };
 
-// The room that a call gives.
+// The size of the outputs of a call.
 struct Room {
-    std::int32_t size;           // in the unit of the export's own argument; rows for AI arrays
+    std::int32_t size;           // in the unit of the export's argument; rows for AI arrays
     std::uint32_t valueSize = 0; // of a row of AI values
-    bool optionals = true;       // false: every pointer that may be null is
+    bool optionals = true;       // false: every pointer that may be null is null
     GuardedArea::Side side = GuardedArea::Side::BEFORE_PAGE;
 };
 
-// The arguments and the outputs as they lie in memory.
+// The arguments and the outputs in memory.
 struct Call {
-    const Arguments* arguments; // for the numbers; the texts and bits stand below
+    const Arguments* arguments; // for the numbers; texts and bits are below
     const char *text, *ai;
     const std::uint8_t* binary;
     const std::uint16_t* words;
@@ -58,13 +58,13 @@ struct Call {
 
 enum class Input : std::uint8_t { SCHEME, TEXT, HEX, BINARY, WORDS };
 
-// What an export writes, and what stands there after a failure.
+// What an export writes; what a failure leaves there.
 enum class Output : std::uint8_t {
     NAME,         // text; untouched
-    TEXT,         // text; as far as it came
+    TEXT,         // text; what was written before the failure
     TEXT_AND_AI,  // the same, and the digits of an AI
     TAG_URI,      // the same; untouched if the failure came before the first character
-    HEX,          // text; untouched, or the digits that fitted
+    HEX,          // text; untouched, or the digits that fit
     HEX_AND_BITS, // the same
     BYTES,        // cleared, then the bits before the failure
     BITS,         // the same; untouched if the AI is unknown
@@ -73,11 +73,11 @@ enum class Output : std::uint8_t {
     AIS,          // rows; those before the failure
     SCHEME,       // a number; untouched
     RECORD,       // a TidRecord; cleared and filled up to the failure
-    COMPONENTS,   // numbers and a text; untouched, or the numbers where the text had no room
-    XTID,         // the same, and further numbers behind the text
+    COMPONENTS,   // numbers and a text; untouched, or the numbers if the text had no room
+    XTID,         // the same, and further numbers after the text
 };
 
-// Bit n stands for the status n. EPC_OK is in no set.
+// Bit n is the status n. EPC_OK is in no set.
 using StatusSet = std::uint32_t;
 
 // Any export, whatever its signature.
@@ -87,7 +87,7 @@ struct Export {
     const char* name;
     Input input;
     Output output;
-    StatusSet statuses; // that it can return
+    StatusSet statuses; // it can return
     ExportFunction function;
     EpcStatus (*run)(ExportFunction function, const Call& call);
 
@@ -99,7 +99,7 @@ struct Export {
 constexpr std::size_t EXPORT_COUNT = 76;
 extern const std::array<Export, EXPORT_COUNT> allExports;
 
-// Where outputs lie.
+// The outputs.
 enum Block : std::uint8_t {
     MAIN, // dst, out, outWords, outScheme, record, the AI values or the serial number
     COUNT,
@@ -117,38 +117,38 @@ enum Block : std::uint8_t {
     BLOCK_COUNT
 };
 
-// What a call has left: the bytes of each output, GuardedArea::FILL where nothing was written.
+// What a call leaves: the bytes of each output, GuardedArea::FILL where nothing was written.
 struct Outcome {
     EpcStatus status = EPC_OK;
-    bool isInBounds = false; // nothing beside the outputs was written
+    bool isInBounds = false; // nothing outside the outputs was written
     bool isInputUntouched = false;
-    std::string bytes; // of all outputs, one behind the other
+    std::string bytes; // of all outputs, one after the other
     std::array<std::size_t, BLOCK_COUNT + 1> offsets{};
 
     bool operator==(const Outcome&) const = default;
 
     std::string_view block(std::size_t block) const;
     bool isUntouched(std::size_t block) const;
-    // The text in MAIN, without its NUL, and whether there is one.
+    // The text in MAIN without its NUL, and whether it has one.
     std::string text() const;
     bool isTerminated() const;
     std::int32_t count() const;
 };
 
-// Room for any value that the export can write.
+// Room for every value that the export can write.
 Room enoughRoom(const Export& row);
 
-// Lays arguments and outputs, calls, and looks at what is there afterwards. One for each thread.
+// Places arguments and outputs, calls, and collects what the call left. One for each thread.
 class ExportCaller {
 public:
     Outcome call(const Export& row, const Arguments& arguments, const Room& room);
 
-    // The two halves of it, for those who call by themselves.
+    // The two halves of call, for those who make the call in between.
     Call lay(const Export& row, const Arguments& arguments, const Room& room);
     Outcome outcomeOf(EpcStatus status) const;
 
 private:
-    // One stretch of memory between unreadable pages, and the block that lies in it.
+    // Memory between unreadable pages, and the block placed in it.
     struct Place {
         explicit Place(std::size_t room = 4096) : area(room) {}
         std::uint8_t* lay(std::size_t count, GuardedArea::Side against);
@@ -163,8 +163,7 @@ private:
     const Element* layInput(std::size_t index, const Element* source, std::size_t count);
 
     static constexpr std::size_t LARGE = 32 * 1024;
-    // What is looked at on the side where no unreadable page lies. A call is made with both
-    // layouts.
+    // Checked on the side without an unreadable page. Tests make each call in both layouts.
     static constexpr std::size_t WINDOW = 256;
     Place mainPlace{LARGE};
     std::array<Place, BLOCK_COUNT> smallPlaces;

@@ -1,6 +1,6 @@
-// The loader binds a function at its first call, and writes into the library for that. The test
-// that nothing else does so needs all of them bound from the start, which the loader takes from the
-// environment alone.
+// The loader binds a function at its first call, and writes into the library to do so. The test
+// that nothing else writes there needs all functions bound from the start, which only the
+// environment can ask the loader for.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

@@ -1,5 +1,5 @@
-// The library keeps nothing between calls, and runs on any thread: its writable memory before and
-// after all calls, many threads at once, and the stack that it needs.
+// The library keeps nothing between calls and runs on any thread: its writable memory before and
+// after all calls, many threads at once, and the stack that a call takes.
 #include "contract/cases.h"
 #include "support/sanitizers.h"
 
@@ -48,7 +48,7 @@ TEST(State, ManyThreadsGetWhatOneGets) {
 
 #ifdef __linux__
 
-// The bytes of all writable segments of the library, as they are now.
+// The current bytes of all writable segments of the library.
 std::string writableMemory() {
     std::string memory;
     const auto visit = [](dl_phdr_info* object, std::size_t, void* data) {
@@ -71,19 +71,19 @@ std::string writableMemory() {
 
 TEST(State, WritableMemoryStaysAsItWasLoaded) {
     if (BUILT_WITH_SANITIZER != 0) {
-        GTEST_SKIP() << "the sanitizers keep memory of their own between the library's";
+        GTEST_SKIP() << "the sanitizers keep memory of their own among the library's";
     }
     const char* const bindNow = std::getenv("LD_BIND_NOW");
-    ASSERT_TRUE(bindNow != nullptr) << "the loader must have bound all functions before";
+    ASSERT_TRUE(bindNow != nullptr) << "the loader must bind all functions at the start";
     const std::string before = writableMemory();
     if (before.empty()) {
-        GTEST_SKIP() << "the library is not a shared one";
+        GTEST_SKIP() << "the library is not shared";
     }
     outcomesOfAllCases();
     EXPECT_TRUE(before == writableMemory());
 }
 
-// A thread on memory that was painted before tells how deep its calls went.
+// Runs a call in a thread whose stack was painted before, which shows how deep the call went.
 class PaintedStack {
 public:
     PaintedStack() {
@@ -96,7 +96,7 @@ public:
     PaintedStack(const PaintedStack&) = delete;
     PaintedStack& operator=(const PaintedStack&) = delete;
 
-    // Bytes of stack that the call takes, below the frame of its caller.
+    // The bytes of stack that the call takes, below the frame of its caller.
     std::size_t depthOf(const Export& row, const Call& call) {
         std::fill_n(memory, SIZE, PAINT);
         Job job{&row, &call, nullptr};
@@ -132,8 +132,8 @@ private:
 };
 
 TEST(State, SmallStacksAreEnough) {
-    constexpr std::size_t limit = 16 * 1024;
-    outcomesOfAllCases(); // the loader's own use of the stack is over then
+    constexpr std::size_t limit = 8 * 1024;
+    outcomesOfAllCases(); // after this, the loader no longer uses the stack
     ExportCaller caller;
     PaintedStack stack;
     std::size_t deepest = 0;

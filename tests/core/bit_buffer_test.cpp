@@ -27,7 +27,7 @@ struct Storage {
 
     BitBuffer lay(Random& random, std::int32_t capacity, std::int32_t position) {
         const auto side =
-            random.flip() ? GuardedArea::Side::BEFORE_PAGE : GuardedArea::Side::BEHIND_PAGE;
+            random.flip() ? GuardedArea::Side::BEFORE_PAGE : GuardedArea::Side::AFTER_PAGE;
         before = random.bytes(static_cast<std::size_t>((capacity + 7) / 8));
         bytes = area.placeCopy(before.data(), before.size(), side);
         return {bytes, capacity, position};

@@ -33,7 +33,7 @@ class GuardedArea {
 public:
     // Where a block lies: its end against the page behind the memory, or its beginning against the
     // page in front.
-    enum class Side { BEFORE_PAGE, BEHIND_PAGE };
+    enum class Side { BEFORE_PAGE, AFTER_PAGE };
 
     static constexpr std::uint8_t FILL = 0xA5;
 
@@ -64,7 +64,7 @@ public:
         if (bytes > size) {
             stop("a block larger than the guarded area");
         }
-        std::uint8_t* at = side == Side::BEHIND_PAGE ? memory : memory + size - bytes;
+        std::uint8_t* at = side == Side::AFTER_PAGE ? memory : memory + size - bytes;
         return reinterpret_cast<Element*>(at);
     }
 

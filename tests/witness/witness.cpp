@@ -219,7 +219,7 @@ private:
     Outcome callBoth(Pair& pair, const Arguments& arguments, Room room) {
         room.optionals = inputs.random.below(8) != 0;
         room.side =
-            inputs.random.flip() ? GuardedArea::Side::BEFORE_PAGE : GuardedArea::Side::BEHIND_PAGE;
+            inputs.random.flip() ? GuardedArea::Side::BEFORE_PAGE : GuardedArea::Side::AFTER_PAGE;
         callNumber = ++calls;
         currentExport = pair.before.name;
         const Outcome before = callerBefore.call(pair.before, arguments, room);
