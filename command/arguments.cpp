@@ -82,6 +82,8 @@ struct Words {
     std::string encoding = "auto";
     std::string aiValue;
     std::string hex;
+    std::string column;
+    std::string delimiter;
     bool noHeader = false;
 };
 
@@ -113,10 +115,15 @@ void addRunning(CLI::App& command, Arguments& arguments, Words& words) {
         ->type_name("FILE")
         ->group(group);
     command
-        .add_option("--column", run.column.name,
+        .add_option("--column", words.column,
                     "the values stand in this column of a CSV or TSV table; its rows are kept, "
                     "the results stand behind them")
         ->type_name("NAME|N")
+        ->group(group);
+    command
+        .add_option("--delimiter", words.delimiter,
+                    "what stands between the cells of the table: a character, or tab")
+        ->type_name("C")
         ->group(group);
     command.add_flag("--no-header", words.noHeader, "the table has no line of column names")
         ->group(group);
@@ -224,7 +231,13 @@ void applyWords(Arguments& arguments, const Words& words) {
                              schemeNamesLike(words.scheme));
         }
     }
-    arguments.run.column.hasHeader = !words.noHeader;
+    arguments.run.table.hasHeader = !words.noHeader;
+    if (!words.column.empty()) {
+        arguments.run.table.columns = {words.column};
+    }
+    if (!words.delimiter.empty()) {
+        arguments.run.table.delimiter = words.delimiter == "tab" ? '\t' : words.delimiter.front();
+    }
     if (arguments.command == Command::AI_ENCODE) {
         arguments.values = {words.aiValue};
     } else if (arguments.command == Command::AI_DECODE) {
@@ -240,15 +253,15 @@ void checkTogether(const Arguments& arguments, const Words& words) {
     if (arguments.to.find(',') != std::string::npos) {
         throw UsageError("--to takes one field; --fields takes several");
     }
-    const bool hasRunOption = !run.inputFile.empty() || !run.column.name.empty() ||
+    const bool hasRunOption = !run.inputFile.empty() || !run.table.columns.empty() ||
                               !run.errorsFile.empty() || run.jobs > 1 || run.isUnbuffered ||
                               words.noHeader;
     if (!arguments.values.empty() && hasRunOption) {
         throw UsageError("--input, --column, --no-header, --errors, --jobs and --unbuffered are "
                          "for lines, and here values are given");
     }
-    if (words.noHeader && (run.column.name.empty() ||
-                           run.column.name.find_first_not_of("0123456789") != std::string::npos)) {
+    if (words.noHeader && (run.table.columns.empty() || run.table.columns.front().find_first_not_of(
+                                                            "0123456789") != std::string::npos)) {
         throw UsageError("--no-header needs --column with a number");
     }
 }

@@ -51,7 +51,7 @@ LineFormat lineFormat(const Arguments& arguments, bool isEncode, std::string_vie
     format.hasFieldHeader = !arguments.fields.empty();
     format.hasStatusColumn = !holdsStatus(format.fields);
     if (!isEncode && format.fields.size() == 1 && !format.hasFieldHeader &&
-        arguments.run.column.name.empty() && !arguments.read.asBarcode) {
+        arguments.run.table.columns.empty() && !arguments.read.asBarcode) {
         format.hexExport = hexExportOf(format.fields.front()->name);
     }
     return format;

@@ -5,6 +5,7 @@
 #include "system.h"
 
 #include <cerrno>
+#include <cstring>
 #include <optional>
 
 #include <unistd.h>
@@ -12,6 +13,8 @@
 namespace rosetag {
 
 namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 // Where finished blocks go, in order.
 struct Sink {
@@ -89,9 +92,7 @@ void closeErrorsAfterFailure(Output& errors) {
     }
 }
 
-// The header of a table goes on with the names of the new columns; fields get a header of their
-// own.
-std::string headerText(const LineFormat& format, const ColumnChoice& choice, std::string header) {
+std::vector<std::string_view> columnNames(const LineFormat& format) {
     std::vector<std::string_view> names;
     for (const ResultField* field : format.fields) {
         names.push_back(field->name);
@@ -99,18 +100,55 @@ std::string headerText(const LineFormat& format, const ColumnChoice& choice, std
     if (format.hasStatusColumn) {
         names.emplace_back("status");
     }
-    if (format.isJson || (format.column.has_value() && !choice.hasHeader) ||
-        (!format.column.has_value() && !format.hasFieldHeader)) {
-        return {};
-    }
-    if (!format.column.has_value()) {
-        for (const std::string_view name : names) {
-            header += (header.empty() ? "" : "\t") + std::string(name);
+    return names;
+}
+
+void dropBytes(LineBlock& block, std::size_t count) {
+    std::memmove(block.text.data.get(), block.text.data.get() + count, block.text.size - count);
+    block.text.size -= count;
+}
+
+// Finds the columns of a table in its first block, and takes its header off, which is written with
+// the new columns. False if more must be read first.
+bool beginTable(LineSource& source, LineRules& rules, const TableOptions& options, LineBlock& block,
+                Output& output) {
+    LineFormat& format = rules.format;
+    if (!format.table.has_value()) {
+        format.table = tableFind(options, textAreaView(block.text));
+        for (const std::string_view name :
+             format.isJson ? std::vector<std::string_view>{} : columnNames(format)) {
+            format.table->added.push_back({name, resultIsNumber(name)});
         }
-        return header + '\n';
+        const auto reader = std::make_shared<TableReader>(tableReader(*format.table));
+        source.wholeRows = [reader](std::string_view text) {
+            return tableWholeRows(*reader, text);
+        };
+        lineSourcePutBack(source, block);
+        if (block.text.size == 0) {
+            return false;
+        }
     }
-    for (const std::string_view name : names) {
-        columnAppend(*format.column, header, name);
+    if (format.table->hasHeader) {
+        TableReader reader = tableReader(*format.table);
+        TableRow row;
+        std::string_view text = textAreaView(block.text);
+        tableReadRow(reader, text, row);
+        if (!format.isJson) {
+            outputWrite(output, tableHeader(*format.table, row));
+            const bool isAll = text.empty() && block.lacksLastEnd;
+            outputWrite(output, isAll ? "" : row.lineEnd);
+        }
+        dropBytes(block, block.text.size - text.size());
+        block.firstLine += row.lines;
+    }
+    return true;
+}
+
+// The names of fields have a line of their own.
+std::string fieldHeader(const LineFormat& format) {
+    std::string header;
+    for (const std::string_view name : columnNames(format)) {
+        header += (header.empty() ? "" : "\t") + std::string(name);
     }
     return header + '\n';
 }
@@ -136,8 +174,18 @@ void runAll(LineSource& source, LineRules& rules, const RunOptions& options, Sin
     if (!lineSourceRead(source, first.block)) {
         return;
     }
-    const std::string header = lineHeader(rules.format, options.column, first.block);
-    outputWrite(sink.output, headerText(rules.format, options.column, header));
+    if (textAreaView(first.block.text).starts_with(byteOrderMark)) {
+        dropBytes(first.block, byteOrderMark.size());
+    }
+    if (!options.table.columns.empty()) {
+        while (!beginTable(source, rules, options.table, first.block, sink.output)) {
+            if (!lineSourceRead(source, first.block)) {
+                return;
+            }
+        }
+    } else if (rules.format.hasFieldHeader && !rules.format.isJson) {
+        outputWrite(sink.output, fieldHeader(rules.format));
+    }
     const LinePoolCalls calls = {
         .deliver =
             [&](LineWork& work) {

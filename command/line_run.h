@@ -12,7 +12,7 @@ namespace rosetag {
 struct RunOptions {
     std::string inputFile; // empty: standard input
     std::string errorsFile;
-    ColumnChoice column;
+    TableOptions table;
     unsigned jobs = 1;
     bool isUnbuffered = false;
     bool isQuiet = false;

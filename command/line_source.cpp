@@ -53,30 +53,36 @@ void skipLine(LineSource& source, LineBlock& block) {
     while (const std::size_t count = readSome(source, rest.data.get(), LINE_BLOCK_SIZE)) {
         const void* const end = std::memchr(rest.data.get(), '\n', count);
         if (end != nullptr) {
-            const auto behind =
+            const auto after =
                 static_cast<std::size_t>(static_cast<const char*>(end) + 1 - rest.data.get());
-            textAreaAppend(source.carry, {rest.data.get() + behind, count - behind});
+            textAreaAppend(source.carry, {rest.data.get() + after, count - after});
             return;
         }
     }
     source.hasEnded = true;
 }
 
-// Keeps the lines that are whole and carries the beginning of the next over. False without any.
-bool cutBehindLastLine(LineSource& source, TextArea& text, std::size_t searchFrom) {
-    const std::string_view added = textAreaView(text).substr(searchFrom);
-    const std::size_t last = added.rfind('\n');
+// Keeps the rows that are whole and carries the beginning of the next over. searchFrom is where a
+// line can end. False without any row.
+bool cutAfterLastRow(LineSource& source, TextArea& text, std::size_t searchFrom) {
+    const std::size_t last = textAreaView(text).substr(searchFrom).rfind('\n');
     if (last == std::string_view::npos) {
         return false;
     }
-    textAreaAppend(source.carry, added.substr(last + 1));
-    text.size = searchFrom + last + 1;
-    return true;
+    std::size_t whole = searchFrom + last + 1;
+    if (source.wholeRows) {
+        whole = source.wholeRows(textAreaView(text).substr(0, whole));
+    }
+    if (whole > 0) {
+        textAreaAppend(source.carry, textAreaView(text).substr(whole));
+        text.size = whole;
+    }
+    return whole > 0;
 }
 
 void fillBlock(LineSource& source, LineBlock& block) {
     TextArea& text = block.text;
-    if (text.size > 0 && cutBehindLastLine(source, text, 0)) {
+    if (text.size > 0 && cutAfterLastRow(source, text, 0)) {
         return;
     }
     while (text.size <= LONGEST_LINE) {
@@ -86,14 +92,19 @@ void fillBlock(LineSource& source, LineBlock& block) {
         text.size += count;
         if (count == 0) {
             source.hasEnded = true;
-            textAreaAppend(text, text.size > 0 ? "\n" : "");
             return;
         }
-        if (cutBehindLastLine(source, text, before)) {
+        if (cutAfterLastRow(source, text, before)) {
             return;
         }
     }
-    skipLine(source, block);
+    // Whole lines before the one that is too long are inside of a quote that is not closed.
+    const std::size_t lastEnd = textAreaView(text).rfind('\n');
+    if (lastEnd == std::string_view::npos) {
+        return skipLine(source, block);
+    }
+    textAreaAppend(source.carry, textAreaView(text).substr(lastEnd + 1));
+    text.size = lastEnd + 1;
 }
 
 } // namespace
@@ -127,7 +138,9 @@ void textAreaClear(TextArea& area) {
 }
 
 LineSource lineSourceOpen(const std::string& fileName) {
-    LineSource source{.descriptor = STDIN_FILENO, .name = "standard input", .carry = {}};
+    LineSource source;
+    source.descriptor = STDIN_FILENO;
+    source.name = "standard input";
     if (!fileName.empty()) {
         source.name = fileName;
         source.descriptor = openForReading(fileName);
@@ -145,6 +158,21 @@ void lineSourceClose(LineSource& source) {
     }
 }
 
+void lineSourcePutBack(LineSource& source, LineBlock& block) {
+    const std::string_view text = textAreaView(block.text);
+    const std::size_t whole = source.wholeRows(text);
+    TextArea carry;
+    textAreaAppend(carry, text.substr(whole));
+    source.nextLine -= static_cast<std::uint64_t>(std::ranges::count(textAreaView(carry), '\n'));
+    if (block.lacksLastEnd && carry.size > 0) {
+        --carry.size;
+        block.lacksLastEnd = false;
+    }
+    textAreaAppend(carry, textAreaView(source.carry));
+    source.carry = std::move(carry);
+    block.text.size = whole;
+}
+
 bool lineSourceRead(LineSource& source, LineBlock& block) {
     textAreaClear(block.text);
     block.isOverlong = false;
@@ -153,13 +181,13 @@ bool lineSourceRead(LineSource& source, LineBlock& block) {
     source.carry.size = 0;
     if (!source.hasEnded) {
         fillBlock(source, block);
-    } else if (block.text.size > 0) {
-        textAreaAppend(block.text, "\n");
     }
-    const std::string_view text = textAreaView(block.text);
-    source.nextLine += static_cast<std::uint64_t>(std::ranges::count(text, '\n'));
+    TextArea& text = block.text;
+    block.lacksLastEnd = text.size > 0 && textAreaView(text).back() != '\n';
+    textAreaAppend(text, block.lacksLastEnd ? "\n" : "");
+    source.nextLine += static_cast<std::uint64_t>(std::ranges::count(textAreaView(text), '\n'));
     block.bytesRead = source.bytesRead;
-    return block.text.size > 0;
+    return text.size > 0;
 }
 
 } // namespace rosetag

@@ -8,6 +8,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -37,6 +38,7 @@ struct LineBlock {
     std::uint64_t firstLine = 1;
     std::uint64_t bytesRead = 0; // of the whole input, this block included
     bool isOverlong = false;     // the beginning of one line that is longer than any may be
+    bool lacksLastEnd = false;   // the "\n" of the last line was not in the input
 };
 
 // So much is read at a time.
@@ -46,7 +48,7 @@ inline constexpr std::size_t LINE_BLOCK_SIZE = std::size_t{256} << 10;
 inline constexpr std::size_t LONGEST_LINE = std::size_t{16} << 20;
 
 struct LineSource {
-    int descriptor;
+    int descriptor = -1;
     std::string name;
     std::uint64_t totalBytes = 0; // 0: not known
     std::uint64_t bytesRead = 0;
@@ -54,11 +56,16 @@ struct LineSource {
     TextArea carry; // the beginning of the next line
     bool hasEnded = false;
     const std::atomic<bool>* isGivenUp = nullptr; // once true, waiting for input ends
+    // The bytes of whole lines that may be delivered before more is read; unset: all.
+    std::function<std::size_t(std::string_view lines)> wholeRows;
 };
 
 // Standard input for an empty name. Throws IoError.
 LineSource lineSourceOpen(const std::string& fileName);
 void lineSourceClose(LineSource& source);
+
+// Puts back what follows the last whole row of a block.
+void lineSourcePutBack(LineSource& source, LineBlock& block);
 
 // Reads at least one line, and as many as are there. False at the end. Throws IoError.
 bool lineSourceRead(LineSource& source, LineBlock& block);

@@ -1,5 +1,6 @@
 #include "line_work.h"
 
+#include "csv_cells.h"
 #include "output.h"
 #include "translate/library_calls.h"
 
@@ -24,8 +25,6 @@ constexpr std::array<HexRoad, 5> hexRoads = {{
     {"scheme", epc_hexToTagSchemeName},
 }};
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
 // One line, and where its result goes.
 struct LineTask {
     const LineRules& rules;
@@ -46,9 +45,9 @@ void appendFailure(LineTask& task, const Result& result) {
     }
     if (task.rules.writesErrors) {
         task.work.errors += std::to_string(task.number) + '\t' + status + '\t';
-        appendTsvCell(task.work.errors, result.value);
+        tsvAppendCell(task.work.errors, result.value);
         task.work.errors += '\t';
-        appendTsvCell(task.work.errors, message);
+        tsvAppendCell(task.work.errors, message);
         task.work.errors += '\n';
     }
 }
@@ -68,20 +67,19 @@ void appendResult(LineTask& task, const Result& result) {
     textAreaAppend(task.work.out, line);
 }
 
-// The row as it was, and the results behind it.
-void appendTableRow(LineTask& task, std::string_view row, const Result& result, bool isBlank) {
+// The row as it was, and the results after it.
+void appendTableRow(LineTask& task, const TableRow& row, const Result& result, bool isBlank) {
     const LineFormat& format = task.rules.format;
-    const Column& column = *format.column;
-    std::string& line = task.scratch;
-    line = row;
-    columnPad(column, line);
+    std::vector<std::string> cells;
     for (const ResultField* field : format.fields) {
-        columnAppend(column, line, isBlank ? "" : resultText(*field, result, format.isRaw));
+        cells.push_back(isBlank ? "" : resultText(*field, result, format.isRaw));
     }
     if (format.hasStatusColumn) {
-        columnAppend(column, line, isBlank ? "" : epc_statusName(result.failure.status));
+        cells.emplace_back(isBlank ? "" : epc_statusName(result.failure.status));
     }
-    textAreaAppend(task.work.out, line);
+    task.scratch.clear();
+    tableAppend(*format.table, row, cells, task.scratch);
+    textAreaAppend(task.work.out, task.scratch);
 }
 
 // Converts the value of a result. False where the arguments of the command do not suffice.
@@ -101,16 +99,13 @@ bool convertLine(LineTask& task, Result& result) {
     return task.work.tally.usageError.empty();
 }
 
-void runRow(LineTask& task, std::string_view row) {
+void runRow(LineTask& task, const TableRow& row) {
     Result result;
     result.line = task.number;
-    std::string cell;
-    const bool isThere = columnCell(*task.rules.format.column, row, cell);
-    result.value = isThere ? std::string_view(cell) : row;
-    const bool isBlank = isThere && cell.empty();
-    if (!isThere) {
-        result.failure = {EPC_ERR_TRUNCATED,
-                          "the row has no such column, or a quoted cell goes on in the next line"};
+    result.value = row.status == EPC_OK ? std::string_view(row.cells.front()) : row.text;
+    const bool isBlank = result.value.empty();
+    if (row.status != EPC_OK) {
+        result.failure = {row.status, row.fault};
     } else if (!isBlank && !convertLine(task, result)) {
         return;
     }
@@ -126,9 +121,6 @@ void runRow(LineTask& task, std::string_view row) {
 }
 
 void runLine(LineTask& task, std::string_view line) {
-    if (task.rules.format.column.has_value()) {
-        return runRow(task, line);
-    }
     Result result;
     result.line = task.number;
     result.value = line;
@@ -153,6 +145,33 @@ bool runHexLine(HexExport call, const char* line, TextArea& out) {
     }
     out.size += std::strlen(dst);
     return true;
+}
+
+// False where the run ends with the line.
+bool goesOn(const LineTask& task) {
+    const LineTally& tally = task.work.tally;
+    return tally.usageError.empty() && !(task.rules.stopsAtFailure && tally.failures > 0);
+}
+
+void runRows(LineTask& task, std::string_view text) {
+    TableReader reader = tableReader(*task.rules.format.table);
+    TableRow row;
+    while (!text.empty()) {
+        tableReadRow(reader, text, row);
+        ++task.work.tally.lines;
+        runRow(task, row);
+        if (!task.work.tally.usageError.empty()) {
+            return;
+        }
+        const bool isWithoutEnd = text.empty() && task.work.block.lacksLastEnd;
+        textAreaAppend(task.work.out, task.rules.format.isJson ? "\n"
+                                      : isWithoutEnd           ? ""
+                                                               : row.lineEnd);
+        if (!goesOn(task)) {
+            return;
+        }
+        task.number += row.lines;
+    }
 }
 
 // The length of a line without what Windows puts in front of its end.
@@ -181,6 +200,9 @@ void lineWorkTrim(LineWork& work) {
 void lineWorkRun(const LineRules& rules, LineWork& work) {
     LineTask task{rules, work, work.block.firstLine, {}};
     const std::string_view text = textAreaView(work.block.text);
+    if (rules.format.table.has_value()) {
+        return runRows(task, text);
+    }
     const bool holdsNul = text.find('\0') != std::string_view::npos;
     const HexExport hexExport = holdsNul ? nullptr : rules.format.hexExport;
     char* line = work.block.text.data.get();
@@ -198,32 +220,12 @@ void lineWorkRun(const LineRules& rules, LineWork& work) {
             return;
         }
         textAreaAppend(work.out, "\n");
-        if (rules.stopsAtFailure && work.tally.failures > 0) {
+        if (!goesOn(task)) {
             return;
         }
         ++task.number;
         line = lineEnd + 1;
     }
-}
-
-std::string lineHeader(LineFormat& format, const ColumnChoice& choice, LineBlock& block) {
-    std::string_view text = textAreaView(block.text);
-    std::size_t taken = text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
-    std::string header;
-    if (!choice.name.empty()) {
-        const std::size_t lineEnd = text.find('\n', taken);
-        const std::string_view line =
-            text.substr(taken, lineLength(text.data() + taken, text.data() + lineEnd));
-        format.column = columnFind(choice, line);
-        if (choice.hasHeader) {
-            header = line;
-            taken = lineEnd + 1;
-            ++block.firstLine;
-        }
-    }
-    std::memmove(block.text.data.get(), text.data() + taken, text.size() - taken);
-    block.text.size -= taken;
-    return header;
 }
 
 } // namespace rosetag

@@ -4,9 +4,9 @@
 #ifndef ROSETAG_COMMAND_LINE_WORK_H
 #define ROSETAG_COMMAND_LINE_WORK_H
 
-#include "columns.h"
 #include "line_source.h"
 #include "results.h"
+#include "table.h"
 
 #include <optional>
 
@@ -20,9 +20,9 @@ struct LineFormat {
     std::vector<const ResultField*> fields; // of --fields, or the one of --to
     bool isJson = false;
     bool isRaw = false;
-    bool hasStatusColumn = true; // a status behind the result of a line that failed
-    bool hasFieldHeader = false; // the names of the fields in front
-    std::optional<Column> column;
+    bool hasStatusColumn = true; // the status follows the result of a line that failed
+    bool hasFieldHeader = false; // the names of the fields come first
+    std::optional<Table> table;
     HexExport hexExport = nullptr; // makes the one field of a line that is hex in one call
 };
 
@@ -31,7 +31,7 @@ struct LineTally {
     std::uint64_t blanks = 0;
     std::uint64_t failures = 0;
     std::string firstFailure; // its line and what was wrong
-    std::string usageError;   // what no line behind it could do better; the run ends with it
+    std::string usageError;   // what no line after it could do better; the run ends with it
 };
 
 struct LineWork {
@@ -57,10 +57,6 @@ void lineWorkTrim(LineWork& work);
 // Fills out, errors and tally from the block. A run that stops at a failure has it as its last
 // line.
 void lineWorkRun(const LineRules& rules, LineWork& work);
-
-// The first lines of the output, from the first line of the input: which is taken off the block
-// where it is the header of a table.
-std::string lineHeader(LineFormat& format, const ColumnChoice& choice, LineBlock& block);
 
 } // namespace rosetag
 

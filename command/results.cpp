@@ -1,5 +1,6 @@
 #include "results.h"
 
+#include "csv_cells.h"
 #include "explain/explain_walk.h"
 #include "output.h"
 #include "translate/encoding.h"
@@ -195,25 +196,8 @@ std::string resultText(const ResultField& field, const Result& result, bool raw)
     return raw ? text : groupSeparatorsSpelled(text);
 }
 
-void appendTsvCell(std::string& line, std::string_view cell) {
-    for (const char character : cell) {
-        switch (character) {
-        case '\t':
-            line += "\\t";
-            break;
-        case '\n':
-            line += "\\n";
-            break;
-        case '\r':
-            line += "\\r";
-            break;
-        case '\0':
-            line += "\\0";
-            break;
-        default:
-            line += character;
-        }
-    }
+bool resultIsNumber(std::string_view name) {
+    return name == "line" || name == "filter" || name == "bits";
 }
 
 void appendTsvRow(std::string& line, const std::vector<const ResultField*>& fields,
@@ -221,7 +205,7 @@ void appendTsvRow(std::string& line, const std::vector<const ResultField*>& fiel
     const char* separator = "";
     for (const ResultField* field : fields) {
         line += separator;
-        appendTsvCell(line, resultText(*field, result, raw));
+        tsvAppendCell(line, resultText(*field, result, raw));
         separator = "\t";
     }
 }

@@ -45,8 +45,10 @@ std::vector<std::string> resultFieldNames(bool ofEncode);
 // The text of a field as one cell: separators of barcodes spelled unless raw.
 std::string resultText(const ResultField& field, const Result& result, bool raw);
 
-// Appends cells with tabs between them. A tab or a line end inside a cell is spelled out.
-void appendTsvCell(std::string& line, std::string_view cell);
+// True for the fields whose text is always a number.
+bool resultIsNumber(std::string_view name);
+
+// Appends cells with tabs between them.
 void appendTsvRow(std::string& line, const std::vector<const ResultField*>& fields,
                   const Result& result, bool raw);
 

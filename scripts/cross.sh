@@ -78,7 +78,7 @@ build_rosetag() {
     if [[ $system == Windows ]]; then
         link="-static-libgcc -static-libstdc++ -static"
     fi
-    configure "$root" "$build" -DROSETAG_INSTALL=OFF -DCMAKE_CXX_FLAGS="$flags" \
+    configure "$root" "$build" -DROSETAG_INSTALL=OFF -DROSETAG_TABLES=OFF -DCMAKE_CXX_FLAGS="$flags" \
         -DCMAKE_EXE_LINKER_FLAGS="$link" &&
         cmake --build "$build" --target unit_tests contract_tests -- --quiet -j2
 }

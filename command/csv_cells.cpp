@@ -1,0 +1,48 @@
+#include "csv_cells.h"
+
+#include <algorithm>
+
+namespace rosetag {
+
+void tsvAppendCell(std::string& row, std::string_view cell) {
+    constexpr std::string_view special("\t\n\r\0", 4);
+    constexpr std::string_view letters = "tnr0";
+    for (const char character : cell) {
+        const std::size_t found = special.find(character);
+        if (found == std::string_view::npos) {
+            row += character;
+        } else {
+            row += '\\';
+            row += letters[found];
+        }
+    }
+}
+
+void csvAppendCell(std::string& row, char delimiter, std::string_view cell) {
+    if (delimiter == '\t') {
+        return tsvAppendCell(row, cell);
+    }
+    const char special[] = {delimiter, '"', '\n', '\r'};
+    if (cell.find_first_of(std::string_view(special, sizeof special)) == std::string_view::npos) {
+        row += cell;
+        return;
+    }
+    row += '"';
+    for (const char character : cell) {
+        row.append(character == '"' ? 2 : 1, character);
+    }
+    row += '"';
+}
+
+char csvDelimiterOf(std::string_view firstLine) {
+    constexpr std::string_view delimiters = "\t;,|";
+    std::size_t found = delimiters.size();
+    bool isQuoted = false;
+    for (const char character : firstLine) {
+        isQuoted = isQuoted != (character == '"');
+        found = isQuoted ? found : std::min(found, delimiters.find(character));
+    }
+    return found < delimiters.size() ? delimiters[found] : ',';
+}
+
+} // namespace rosetag

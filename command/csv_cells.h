@@ -1,0 +1,24 @@
+/*
+ * Cells of separated values as they are written, and the character that separates them.
+ */
+#ifndef ROSETAG_COMMAND_CSV_CELLS_H
+#define ROSETAG_COMMAND_CSV_CELLS_H
+
+#include <string>
+#include <string_view>
+
+namespace rosetag {
+
+// Appends a cell of a row that tabs separate. A tab or a line end in it is spelled out: \t.
+void tsvAppendCell(std::string& row, std::string_view cell);
+
+// Appends a cell, quoted where it has to be.
+void csvAppendCell(std::string& row, char delimiter, std::string_view cell);
+
+// The delimiter of a table by its first line: of tab, semicolon, comma and bar the first in this
+// order that stands outside of quotes; the comma if none does.
+char csvDelimiterOf(std::string_view firstLine);
+
+} // namespace rosetag
+
+#endif

@@ -1,0 +1,89 @@
+#include "json_lines.h"
+
+#include <nlohmann/json.hpp>
+
+#include <charconv>
+
+namespace rosetag {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string quoted(std::string_view text) {
+    return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+const Json* childOf(const Json& parent, std::string_view key) {
+    if (parent.is_object()) {
+        const auto found = parent.find(key);
+        return found == parent.end() ? nullptr : &*found;
+    }
+    std::size_t index = 0;
+    const auto [end, error] = std::from_chars(key.data(), key.data() + key.size(), index);
+    const bool isIndex =
+        parent.is_array() && error == std::errc() && end == key.data() + key.size();
+    return isIndex && index < parent.size() ? &parent[index] : nullptr;
+}
+
+// A key that holds a dot itself comes first.
+const Json* memberOf(const Json& object, std::string_view path) {
+    if (const Json* member = childOf(object, path); member != nullptr) {
+        return member;
+    }
+    const Json* member = &object;
+    while (member != nullptr) {
+        const std::size_t dot = path.find('.');
+        member = childOf(*member, path.substr(0, dot));
+        if (dot == std::string_view::npos) {
+            break;
+        }
+        path.remove_prefix(dot + 1);
+    }
+    return member;
+}
+
+} // namespace
+
+std::string jsonLineRead(std::string_view line, std::span<const std::string> paths,
+                         std::span<const std::string_view> added,
+                         std::vector<std::string>& values) {
+    values.assign(paths.size(), {});
+    const Json object = Json::parse(line, nullptr, false);
+    if (!object.is_object()) {
+        return "the line is not a JSON object";
+    }
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        const Json* const member = memberOf(object, paths[i]);
+        if (member == nullptr || member->is_null()) {
+            continue;
+        }
+        if (member->is_string()) {
+            values[i] = member->get<std::string>();
+        } else if (member->is_number_integer()) {
+            values[i] = member->dump();
+        } else {
+            return "\"" + paths[i] + "\" is neither a text nor a whole number";
+        }
+    }
+    for (const std::string_view key : added) {
+        if (object.contains(key)) {
+            return "the object has a member \"" + std::string(key) + "\" of its own";
+        }
+    }
+    return {};
+}
+
+void jsonLineAppend(std::string& line, std::span<const JsonMember> members) {
+    const std::size_t brace = line.rfind('}');
+    const bool isEmpty = line[line.find_last_not_of(" \t", brace - 1)] == '{';
+    std::string text;
+    for (const JsonMember& member : members) {
+        text += isEmpty && text.empty() ? "" : ",";
+        text += quoted(member.key) + ':';
+        text += member.isNumber ? std::string(member.value) : quoted(member.value);
+    }
+    line.insert(brace, text);
+}
+
+} // namespace rosetag
