@@ -162,6 +162,10 @@ std::int32_t columnReaderOpen(const ArrowSchema& type, const ArrowArray& values,
     if (type.dictionary == nullptr) {
         return ROSETAG_COLUMNS_OK;
     }
+    if (values.length == 0) {
+        reader.layout = ColumnLayout::NONE;
+        return ROSETAG_COLUMNS_OK;
+    }
     if (values.dictionary == nullptr || reader.layout != ColumnLayout::INTEGERS) {
         return columnsFail(error, ROSETAG_COLUMNS_BAD_ARRAY,
                            "a dictionary-encoded array has no dictionary");
