@@ -1,6 +1,7 @@
 #include "check/ai_rule.h"
 
 #include "bridge/gs1_key_table.h"
+#include "check/ai_rule_table.h"
 #include "gs1/ai_catalogue.h"
 #include "gs1/ai_prefix.h"
 #include "gs1/ai_table.h"
@@ -13,270 +14,7 @@ namespace rosetag {
 
 namespace {
 
-constexpr ValuePart fixed(CharacterSet set, std::uint8_t length, PartRule rule = PartRule::NONE) {
-    return {set, length, length, false, {rule, PartRule::NONE}};
-}
-
-constexpr ValuePart upTo(CharacterSet set, std::uint8_t most, PartRule rule = PartRule::NONE,
-                         PartRule further = PartRule::NONE) {
-    return {set, 1, most, false, {rule, further}};
-}
-
-constexpr ValuePart optional(ValuePart part) {
-    part.optional = true;
-    return part;
-}
-
-// The letters of the General Specifications: n digits, x character set 82, y character set 39; z
-// base64url.
-constexpr auto n = CharacterSet::DIGITS;
-constexpr auto x = CharacterSet::SET_82;
-constexpr auto y = CharacterSet::SET_39;
-constexpr auto z = CharacterSet::BASE64URL;
-
-constexpr ValuePart gtin = fixed(n, 14, PartRule::CHECK_DIGIT);
-constexpr ValuePart pieceOfTotal = fixed(n, 4, PartRule::PIECE_OF_TOTAL);
-constexpr ValuePart date = fixed(n, 6, PartRule::DATE);
-constexpr ValuePart dateOrMonth = fixed(n, 6, PartRule::DATE_OR_MONTH);
-constexpr ValuePart birthDate = fixed(n, 8, PartRule::DATE_WITH_CENTURY);
-constexpr ValuePart hour = fixed(n, 2, PartRule::HOUR);
-constexpr ValuePart hourMinute = fixed(n, 4, PartRule::HOUR_MINUTE);
-constexpr ValuePart minuteOrSecond = fixed(n, 2, PartRule::MINUTE_OR_SECOND);
-constexpr ValuePart country = fixed(n, 3, PartRule::COUNTRY_NUMBER);
-constexpr ValuePart countryOr999 = fixed(n, 3, PartRule::COUNTRY_NUMBER_OR_999);
-constexpr ValuePart currency = fixed(n, 3, PartRule::CURRENCY_NUMBER);
-constexpr ValuePart amount = upTo(n, 15);
-
-constexpr ValuePart escaped(std::uint8_t most) {
-    return upTo(x, most, PartRule::PERCENT_ESCAPES);
-}
-
-constexpr ValueParts countries = {country, optional(country), optional(country), optional(country),
-                                  optional(country)};
-constexpr ValueParts address35 = {escaped(35)};
-constexpr ValueParts address70 = {escaped(70)};
-constexpr ValueParts personName = {escaped(40)};
-
-// What a trade item, a piece of one, or the content of a logistic unit carries.
-constexpr std::string_view anyItem = "01,02,03,8006,8026";
-// What tells how much of a trade item of variable measure there is.
-constexpr std::string_view anyMeasure = "30,31nn,32nn,35nn,36nn";
-
-constexpr LinkQuery Q = LinkQuery::YES;
-constexpr LinkQuery NO = LinkQuery::NO;
-
-// Source: GS1 General Specifications, sections 3.2 to 3.9 (values), 4.14 (associations); GS1
-// Digital Link Standard, URI syntax (attributes of the query).
-//
-// clang-format off
-constexpr AiRule aiRuleRows[] = {
-    //               com-
-    //               pany    parts where the AI
-    //               prefix  table does not                                                                in a
-    // first   last  at      say it all                                   needs              excludes      query
-    {"00",   "00",   2, {},                                               "",                "",           Q},
-    {"01",   "01",   2, {},                                               "",                "255,37",     Q},
-    {"02",   "02",   2, {},                                               "37",              "01,03",      Q},
-    {"03",   "03",   2, {gtin},                                           "",                "01,02,37,235", NO},
-    {"10",   "10",   0, {},                                               anyItem,           "",           Q},
-    {"11",   "11",   0, {},                                               anyItem,           "",           Q},
-    {"12",   "12",   0, {},                                               "8020",            "",           Q},
-    {"13",   "13",   0, {},                                               anyItem,           "",           Q},
-    {"15",   "16",   0, {},                                               anyItem,           "",           Q},
-    {"17",   "17",   0, {},                                               "01,02,03,255,8006,8026", "",    Q},
-    {"20",   "20",   0, {},                                               anyItem,           "",           Q},
-    {"21",   "21",   0, {},                                               "01,03,8006",      "235",        NO},
-    {"22",   "22",   0, {},                                               "01",              "",           NO},
-    {"235",  "235",  0, {},                                               "01",              "",           NO},
-    {"240",  "241",  0, {},                                               anyItem,           "",           Q},
-    {"242",  "242",  0, {},                                               "01,02,8006,8026", "",           Q},
-    {"243",  "243",  0, {},                                               "01,03",           "",           Q},
-    {"250",  "250",  0, {},                                               "01+21,03+21,8006+21", "",       Q},
-    {"251",  "251",  0, {},                                               "01,03,8006",      "",           Q},
-    {"253",  "253",  1, {fixed(n, 13, PartRule::CHECK_DIGIT),
-                         optional(upTo(x, 17))},                          "",                "",           Q},
-    {"254",  "254",  0, {},                                               "414",             "",           NO},
-    {"255",  "255",  1, {fixed(n, 13, PartRule::CHECK_DIGIT),
-                         optional(upTo(n, 12))},                          "",                "01,02,415,8006,8020,8026", Q},
-    {"30",   "30",   0, {},                                               "01,02",           "",           Q},
-    {"3100", "3299", 0, {},                                               "01,02",           "=n",         Q},
-    {"3300", "3369", 0, {},                                               "00,01",           "=n",         Q},
-    {"3370", "3379", 0, {},                                               "01",              "=n",         Q},
-    {"3400", "3499", 0, {},                                               "00,01",           "=n",         Q},
-    {"3500", "3529", 0, {},                                               "01,02",           "=n",         Q},
-    {"3530", "3559", 0, {},                                               "00,01",           "=n",         Q},
-    {"3560", "3619", 0, {},                                               "01,02",           "=n",         Q},
-    {"3620", "3639", 0, {},                                               "00,01",           "=n",         Q},
-    {"3640", "3669", 0, {},                                               "01,02",           "=n",         Q},
-    {"3670", "3699", 0, {},                                               "00,01",           "=n",         Q},
-    {"37",   "37",   0, {},                                               "00+02,00+8026",   "",           Q},
-    {"3900", "3909", 0, {},                                               "255,8020",        "=n,391n,394n,8111", Q},
-    {"3910", "3919", 0, {currency, amount},                               "8020",            "=n",         Q},
-    {"3920", "3929", 0, {},                                "01+30,01+31nn,01+32nn,01+35nn,01+36nn", "=n,393n", Q},
-    {"3930", "3939", 0, {currency, amount},                               anyMeasure,        "=n",         Q},
-    {"3940", "3943", 0, {},                                               "255",             "=n,8111",    Q},
-    {"3950", "3953", 0, {},                                               anyMeasure,        "=n,392n,393n,8005", Q},
-    {"3954", "3955", 0, {fixed(n, 6)},                                    anyMeasure,        "=n,392n,393n,8005", Q},
-    {"400",  "400",  0, {},                                               "",                "",           Q},
-    {"401",  "401",  1, {},                                               "",                "",           Q},
-    {"402",  "402",  1, {},                                               "",                "",           Q},
-    {"403",  "403",  0, {},                                               "00",              "",           Q},
-    {"410",  "414",  1, {},                                               "",                "",           Q},
-    {"415",  "415",  1, {},                                               "8020",            "",           Q},
-    {"416",  "417",  1, {},                                               "",                "",           Q},
-    {"420",  "420",  0, {},                                               "",                "421",        Q},
-    {"421",  "421",  0, {country, upTo(x, 9)},                            "",                "4307",       Q},
-    {"422",  "422",  0, {country},                                        anyItem,           "426",        Q},
-    {"423",  "423",  0, countries,                                        "01,02,03",        "426",        Q},
-    {"424",  "424",  0, {country},                                        "01,02,03",        "426",        Q},
-    {"425",  "425",  0, countries,                                        "01,02,03",        "426",        Q},
-    {"426",  "426",  0, {country},                                        "01,02,03",        "",           Q},
-    {"427",  "427",  0, {},                                               "01+422,02+422,03+422", "",      Q},
-    {"4300", "4301", 0, address35,                                        "00",              "",           Q},
-    {"4302", "4302", 0, address70,                                        "00",              "",           Q},
-    {"4303", "4303", 0, address70,                                        "4302",            "",           Q},
-    {"4304", "4306", 0, address70,                                        "00",              "",           Q},
-    {"4307", "4308", 0, {},                                               "00",              "",           Q},
-    {"4309", "4309", 0, {fixed(n, 10, PartRule::LATITUDE),
-                         fixed(n, 10, PartRule::LONGITUDE)},              "00",              "",           Q},
-    {"4310", "4311", 0, address35,                                        "00",              "",           Q},
-    {"4312", "4312", 0, address70,                                        "00",              "",           Q},
-    {"4313", "4313", 0, address70,                                        "4312",            "",           Q},
-    {"4314", "4316", 0, address70,                                        "00",              "",           Q},
-    {"4317", "4319", 0, {},                                               "00",              "",           Q},
-    {"4320", "4320", 0, address35,                                        "00",              "",           Q},
-    {"4321", "4323", 0, {},                                               "00",              "",           Q},
-    {"4324", "4325", 0, {dateOrMonth, hourMinute},                        "00",              "",           Q},
-    {"4326", "4326", 0, {date},                                           "00",              "",           Q},
-    {"4330", "4330", 0, {},                                               "00",              "4331",       Q},
-    {"4331", "4331", 0, {},                                               "00",              "4330",       Q},
-    {"4332", "4332", 0, {},                                               "00",              "4333",       Q},
-    {"4333", "4333", 0, {},                                               "00",              "4332",       Q},
-    {"7001", "7001", 0, {},                                               "01,02,8006,8026", "",           Q},
-    {"7002", "7002", 0, {},                                               "01,02",           "",           Q},
-    {"7003", "7003", 0, {date, hourMinute},                               "01,02,03",        "",           Q},
-    {"7004", "7004", 0, {},                                               "01+10,03+10",     "",           Q},
-    {"7005", "7005", 0, {},                                               "01,02",           "",           Q},
-    {"7006", "7006", 0, {date},                                           "01,02",           "",           Q},
-    {"7007", "7007", 0, {date, optional(date)},                           "01,02",           "",           Q},
-    {"7008", "7009", 0, {},                                               "01,02",           "",           Q},
-    {"7010", "7010", 0, {},                                               "01,02,03",        "",           Q},
-    {"7011", "7011", 0, {date, optional(hourMinute)},                     "01,02,03",        "",           Q},
-    {"7020", "7020", 0, {},                                               "01+416,03+416,8006+416", "",    Q},
-    {"7021", "7021", 0, {},                                               "01,03,8006",      "",           Q},
-    {"7022", "7022", 0, {},                                               "01+7021,03+7021,8006+7021", "", Q},
-    {"7023", "7023", 1, {},                                               "",                "",           Q},
-    {"7030", "7039", 0, {countryOr999, upTo(x, 27)},                      "01,02",           "",           Q},
-    {"7040", "7040", 0, {fixed(n, 1), fixed(x, 2), fixed(z, 1)},          "",                "",           NO},
-    {"7041", "7041", 0, {upTo(x, 4, PartRule::PACKAGE_TYPE)},             "00",              "",           NO},
-    {"710",  "715",  0, {},                                               "01",              "",           Q},
-    {"716",  "717",  0, {upTo(x, 20)},                                    "01",              "",           Q},
-    {"7230", "7239", 0, {fixed(x, 2), upTo(x, 28)},                       "01,8004",         "",           Q},
-    {"7240", "7240", 0, {},                                               "01,8006",         "03",         Q},
-    {"7241", "7241", 0, {fixed(n, 2, PartRule::MEDIA_TYPE)},              "8017,8018",       "",           Q},
-    {"7242", "7242", 0, {},                                               "8017,8018",       "",           Q},
-    {"7250", "7250", 0, {birthDate},                                      "8018",            "7251",       Q},
-    {"7251", "7251", 0, {birthDate, hourMinute},                          "8018",            "7250",       Q},
-    {"7252", "7252", 0, {fixed(n, 1, PartRule::SEX)},                     "8018",            "",           Q},
-    {"7253", "7254", 0, personName,                                       "8017,8018",       "7256,7259",  Q},
-    {"7255", "7255", 0, {upTo(x, 10)},                                    "8017,8018",       "7256,7259",  Q},
-    {"7256", "7256", 0, {escaped(90)},                                    "8017,8018",       "",           Q},
-    {"7257", "7257", 0, {escaped(70)},                                    "8018",            "",           Q},
-    {"7258", "7258", 0, {fixed(x, 3, PartRule::POSITION_OF_TOTAL)},       "8018+7259",       "",           Q},
-    {"7259", "7259", 0, personName,                                       "8018",            "7256",       Q},
-    {"8001", "8001", 0, {fixed(n, 4, PartRule::NOT_ZERO),
-                         fixed(n, 5, PartRule::NOT_ZERO),
-                         fixed(n, 3, PartRule::NOT_ZERO),
-                         fixed(n, 1, PartRule::WINDING), fixed(n, 1)},    "01",              "",           Q},
-    {"8002", "8002", 0, {},                                               "",                "",           Q},
-    {"8003", "8003", 2, {fixed(n, 1, PartRule::ZERO),
-                         fixed(n, 13, PartRule::CHECK_DIGIT),
-                         optional(upTo(x, 16))},                          "",                "",           Q},
-    {"8004", "8004", 1, {},                                               "",                "",           Q},
-    {"8005", "8005", 0, {},                                               "01,02",           "",           Q},
-    {"8006", "8006", 2, {gtin, pieceOfTotal},                             "",                "01,03,37",   Q},
-    {"8007", "8007", 0, {upTo(x, 34, PartRule::IBAN)},                    "415",             "",           Q},
-    {"8008", "8008", 0, {date, hour, optional(minuteOrSecond),
-                         optional(minuteOrSecond)},                       "01,02,03",        "",           Q},
-    {"8009", "8009", 0, {},                                               "00,01,03",        "",           Q},
-    {"8010", "8010", 1, {upTo(y, 30)},                                    "",                "",           Q},
-    {"8011", "8011", 0, {upTo(n, 12, PartRule::NO_LEADING_ZERO)},         "8010",            "",           NO},
-    {"8012", "8012", 0, {},                                               "01,03,8006",      "",           Q},
-    {"8013", "8013", 1, {},                                               "",                "",           Q},
-    {"8014", "8014", 1, {upTo(x, 25, PartRule::CHECK_PAIR,
-                              PartRule::NOT_ONLY_DIGITS)},                "01",              "",           NO},
-    {"8017", "8017", 1, {},                                               "",                "8018",       Q},
-    {"8018", "8018", 1, {},                                               "",                "8017",       Q},
-    {"8019", "8019", 0, {},                                               "8017,8018",       "",           NO},
-    {"8020", "8020", 0, {},                                               "415",             "",           NO},
-    {"8026", "8026", 2, {gtin, pieceOfTotal},                             "37",              "02,03,8006", Q},
-    {"8030", "8030", 0, {upTo(z, 90)},     "00,01+21,03+21,253,255,8003,8004,8006+21,8010+8011,8017,8018", "", Q},
-    {"8040", "8040", 0, {fixed(n, 15)},                                   "01+21",           "",           NO},
-    {"8041", "8041", 0, {fixed(n, 15)},                                   "01+21+8040",      "",           NO},
-    {"8042", "8042", 0, {fixed(n, 32)},                                   "01+21+8040",      "",           NO},
-    {"8043", "8043", 0, {fixed(n, 18), optional(upTo(n, 2))},             "01+21+8040",      "",           NO},
-    {"8110", "8110", 0, {},                                               "",                "",           Q},
-    {"8111", "8111", 0, {},                                               "255",             "",           Q},
-    {"8112", "8112", 0, {},                                               "",                "",           Q},
-    {"8200", "8200", 0, {},                                               "01",              "",           NO},
-    {"90",   "99",   0, {},                                               "",                "",           Q},
-};
-
-// The AIs that GS1 has assigned after the AI table was made.
-//
-// Source: GS1 General Specifications, section 3.2.
-struct NewerAi {
-    std::string_view code;
-    std::string_view title;
-};
-constexpr NewerAi newerAiRows[] = {
-    // AI     title
-    {"03",   "MTO GTIN"},
-    {"3954", "PRICE/UoM"},
-    {"3955", "PRICE/UoM"},
-    {"7041", "UFRGT UNIT TYPE"},
-    {"716",  "NHRN AIC"},
-    {"717",  "NHRN SRN"},
-    {"7250", "DOB"},
-    {"7251", "DOB TIME"},
-    {"7252", "BIO SEX"},
-    {"7253", "FAMILY NAME"},
-    {"7254", "GIVEN NAME"},
-    {"7255", "SUFFIX"},
-    {"7256", "FULL NAME"},
-    {"7257", "PERSON ADDR"},
-    {"7258", "BIRTH SEQUENCE"},
-    {"7259", "BABY"},
-    {"8014", "MUDI"},
-    {"8040", "IMEI"},
-    {"8041", "IMEI2"},
-    {"8042", "ESIM"},
-    {"8043", "PSIM"},
-};
-
-// Source: GS1 Digital Link Standard, URI syntax (primary keys and key qualifiers).
-constexpr LinkKey linkKeyRows[] = {
-    // key    qualifiers
-    {"00",   {}},
-    {"01",   {"22", "10", "21"}},
-    {"01",   {"235"}},
-    {"253",  {}},
-    {"255",  {}},
-    {"401",  {}},
-    {"402",  {}},
-    {"414",  {"254"}},
-    {"414",  {"7040"}},
-    {"415",  {"8020"}},
-    {"417",  {"7040"}},
-    {"8003", {}},
-    {"8004", {"7040"}},
-    {"8006", {"22", "10", "21"}},
-    {"8010", {"8011"}},
-    {"8013", {}},
-    {"8017", {"8019"}},
-    {"8018", {"8019"}},
-};
-// clang-format on
+using namespace ai_rules;
 
 constexpr bool hasLinkKeyRow(const DigitalLinkKeyChain& chain) {
     const auto qualifiers = qualifiersOf(chain);
@@ -396,26 +134,53 @@ constexpr bool partsFit(const AiTableRow& row) {
 }
 static_assert(std::all_of(aiTable.begin(), aiTable.end(), partsFit));
 
-// The row of each slot, counted from 1; 0: there is none.
-constexpr std::array<std::uint8_t, SLOT_COUNT> rowsOfSlotsMake() {
-    static_assert(std::size(aiRuleRows) < 256);
-    std::array<std::uint8_t, SLOT_COUNT> rows{};
-    for (std::size_t i = 0; i < std::size(aiRuleRows); ++i) {
-        const AiRule& rule = aiRuleRows[i];
-        const std::size_t step = rule.first.size() == 4 ? 1 : rule.first.size() == 3 ? 10 : 100;
-        for (std::size_t slot = slotOf(rule.first); slot <= slotOf(rule.last); slot += step) {
-            rows[slot] = static_cast<std::uint8_t>(i + 1);
-        }
-    }
-    return rows;
+constexpr KnownAi knownAiOfRow(const AiTableRow& row) {
+    const AiRule& rule = *ruleRowOf(aiFirstCode(row));
+    const bool hasParts = rule.parts[0].most != 0;
+    return {&rule, hasParts ? rule.parts : partsOf(row.components), {}};
 }
-constexpr std::array<std::uint8_t, SLOT_COUNT> rowsOfSlots = rowsOfSlotsMake();
 
-const NewerAi* newerAiOf(std::string_view code) {
-    const auto* const ai = std::find_if(std::begin(newerAiRows), std::end(newerAiRows),
-                                        [&](const NewerAi& row) { return row.code == code; });
-    return ai == std::end(newerAiRows) ? nullptr : ai;
+// What is known of the AIs of each row of the AI table, then of each newer one. The first is not
+// assigned.
+constexpr std::size_t KNOWN_COUNT = 1 + aiTable.size() + std::size(newerAiRows);
+constexpr std::array<KnownAi, KNOWN_COUNT> knownAisMake() {
+    std::array<KnownAi, KNOWN_COUNT> known{};
+    std::size_t count = 1;
+    for (const AiTableRow& row : aiTable) {
+        known[count++] = knownAiOfRow(row);
+    }
+    for (const NewerAi& ai : newerAiRows) {
+        const AiRule& rule = *ruleRowOf(ai.code);
+        known[count++] = {&rule, rule.parts, ai.title};
+    }
+    return known;
 }
+constexpr std::array<KnownAi, KNOWN_COUNT> knownAis = knownAisMake();
+
+// For each slot the place in knownAis.
+using Slots = std::array<std::uint8_t, SLOT_COUNT>;
+static_assert(KNOWN_COUNT <= 256);
+
+constexpr void fillSlots(Slots& slots, std::string_view first, std::string_view last,
+                         std::size_t place) {
+    const std::size_t step = first.size() == 4 ? 1 : first.size() == 3 ? 10 : 100;
+    for (std::size_t slot = slotOf(first); slot <= slotOf(last); slot += step) {
+        slots[slot] = static_cast<std::uint8_t>(place);
+    }
+}
+
+constexpr Slots knownSlotsMake() {
+    Slots slots{};
+    std::size_t place = 1;
+    for (const AiTableRow& row : aiTable) {
+        fillSlots(slots, aiFirstCode(row), aiLastCode(row), place++);
+    }
+    for (const NewerAi& ai : newerAiRows) {
+        fillSlots(slots, ai.code, ai.code, place++);
+    }
+    return slots;
+}
+constexpr Slots knownSlots = knownSlotsMake();
 
 // AI 03 begins with digits that the table of prefixes does not have.
 constexpr AiPrefix newPrefix = {2, 14};
@@ -427,22 +192,11 @@ AiPrefix knownAiPrefix(char first, char second) {
 
 } // namespace
 
-KnownAi knownAiOf(std::string_view code) {
-    if (code.size() < 2 || code.size() >= AI_CODE_SIZE) {
-        return {};
-    }
-    const std::size_t slot = slotOf(code);
-    const std::uint8_t row = slot < SLOT_COUNT ? rowsOfSlots[slot] : std::uint8_t{0};
-    if (row == 0 || !covers(aiRuleRows[row - 1], code)) {
-        return {};
-    }
-    const AiRule& rule = aiRuleRows[row - 1];
-    const bool hasParts = rule.parts[0].most != 0;
-    if (const AiDefinition* const definition = aiFind(code); definition != nullptr) {
-        return {&rule, hasParts ? rule.parts : partsOf(definition->components), {}};
-    }
-    const NewerAi* const newer = newerAiOf(code);
-    return newer == nullptr ? KnownAi{} : KnownAi{&rule, rule.parts, newer->title};
+const KnownAi& knownAiOf(std::string_view code) {
+    const bool isCode =
+        code.size() >= 2 && code.size() == knownAiPrefix(code[0], code[1]).codeDigits;
+    const std::size_t slot = isCode ? slotOf(code) : SLOT_COUNT;
+    return knownAis[slot < SLOT_COUNT ? knownSlots[slot] : 0];
 }
 
 std::size_t knownAiCodeLength(char first, char second) {

@@ -85,7 +85,7 @@ struct KnownAi {
     std::string_view newerTitle; // of one that GS1 has assigned after the AI table was made
 };
 
-KnownAi knownAiOf(std::string_view code);
+const KnownAi& knownAiOf(std::string_view code);
 
 // Digits of a code by its two leading characters, or 0 if no AI begins so.
 std::size_t knownAiCodeLength(char first, char second);

@@ -40,7 +40,7 @@ void checkTranslated(CheckRun& run, Place place) {
     }
     run.kind = TextKind::TAG_VALUE;
     for (const AiValue& ai : translation.ais) {
-        const KnownAi known = knownAiOf(ai.ai);
+        const KnownAi& known = knownAiOf(ai.ai);
         checkAi(run, {ai.ai, known.rule, ai.value, place.position, place.length}, known,
                 {ai.value, place.position, nullptr, place.length});
     }

@@ -12,7 +12,11 @@ constexpr std::size_t MEASURE_DIGITS = 3; // of an AI whose last digit is the de
 
 // Cuts text at the first separator and gives what stood before it.
 std::string_view takeUntil(std::string_view& text, char separator) {
-    const std::size_t end = std::min(text.find(separator), text.size());
+    // The words are too short for find() to be quick.
+    std::size_t end = 0;
+    while (end < text.size() && text[end] != separator) {
+        ++end;
+    }
     const std::string_view taken = text.substr(0, end);
     text.remove_prefix(std::min(end + 1, text.size()));
     return taken;

@@ -136,16 +136,16 @@ void checkElement(CheckRun& run, AiRun& ais) {
     const std::size_t digits =
         left < 2 ? 0 : knownAiCodeLength(ais.text[ais.position], ais.text[ais.position + 1]);
     const std::size_t codeLength = std::min(digits != 0 ? digits : 2, left);
-    KnownAi known;
-    if (!checkAiCode(run, ais.position, codeLength, known)) {
+    const KnownAi* const known = checkAiCode(run, ais.position, codeLength);
+    if (known == nullptr) {
         ais.position = ais.separator + separatorLengthAt(ais, ais.separator);
         return;
     }
     const std::size_t start = ais.position + codeLength;
     const std::string_view code = ais.text.substr(ais.position, codeLength);
-    const std::size_t end = findValueEnd(run, ais, start, code, known);
+    const std::size_t end = findValueEnd(run, ais, start, code, *known);
     const std::string_view value = ais.text.substr(start, end - start);
-    checkAi(run, {code, known.rule, value, ais.position, codeLength}, known, {value, start});
+    checkAi(run, {code, known->rule, value, ais.position, codeLength}, *known, {value, start});
     const std::size_t next = end + separatorLengthAt(ais, end);
     ais.position = predefinedValueLength(code) == 0 && next < ais.text.size() ? next : end;
 }

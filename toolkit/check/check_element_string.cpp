@@ -8,14 +8,14 @@
 
 namespace rosetag {
 
-bool checkAiCode(CheckRun& run, std::size_t position, std::size_t length, KnownAi& known) {
+const KnownAi* checkAiCode(CheckRun& run, std::size_t position, std::size_t length) {
     const std::string_view code = run.value.substr(position, length);
     const bool isDigits = std::all_of(code.begin(), code.end(), charIsDigit);
     if (!isDigits || code.size() < 2 || code.size() >= AI_CODE_SIZE) {
         report(run, CheckRule::AI_CODE, {}, {position, length});
-        return false;
+        return nullptr;
     }
-    known = knownAiOf(code);
+    const KnownAi& known = knownAiOf(code);
     if (known.rule == nullptr) {
         const std::size_t digits = knownAiCodeLength(code[0], code[1]);
         report(run, CheckRule::UNKNOWN_AI, code, {position, length},
@@ -24,7 +24,7 @@ bool checkAiCode(CheckRun& run, std::size_t position, std::size_t length, KnownA
                    : "; those that begin with " + std::string(code.substr(0, 2)) + " have " +
                          std::to_string(digits));
     }
-    return known.rule != nullptr;
+    return known.rule == nullptr ? nullptr : &known;
 }
 
 // Source: GS1 General Specifications, section 4.14 (human readable interpretation).
@@ -47,11 +47,10 @@ void checkElementString(CheckRun& run, std::size_t position, std::size_t end) {
             continue;
         }
         const std::size_t next = std::min(text.find('(', close), end);
-        KnownAi known;
-        if (checkAiCode(run, code, close - code, known)) {
+        if (const KnownAi* const known = checkAiCode(run, code, close - code); known != nullptr) {
             const std::string_view value = text.substr(close + 1, next - close - 1);
-            checkAi(run, {text.substr(code, close - code), known.rule, value, code, close - code},
-                    known, {value, close + 1});
+            checkAi(run, {text.substr(code, close - code), known->rule, value, code, close - code},
+                    *known, {value, close + 1});
         }
         position = next;
     }

@@ -80,7 +80,7 @@ std::string_view aiOfName(std::string_view name) {
 
 // True if the value of a key is as long as it should be and ends in its check digit.
 bool keyFits(std::string_view code, std::string_view value) {
-    const ValuePart first = knownAiOf(code).parts[0];
+    const ValuePart& first = knownAiOf(code).parts[0];
     if (first.rules[0] != PartRule::CHECK_DIGIT) {
         return !value.empty();
     }
@@ -140,7 +140,9 @@ std::string escapesOf(std::string_view text) {
 // Characters of AI values that an URI does not take as they are and that do not end a segment.
 //
 // Source: RFC 3986, section 2.
-constexpr std::string_view notInUri = "\"<>";
+constexpr bool isNotInUri(char character) {
+    return character == '"' || character == '<' || character == '>';
+}
 
 void decodeValue(CheckRun& run, std::string_view code, const Segment& raw, DecodedValue& decoded) {
     const std::string_view text = textOf(run, raw);
@@ -159,7 +161,7 @@ void decodeValue(CheckRun& run, std::string_view code, const Segment& raw, Decod
             } else {
                 report(run, CheckRule::LINK_ESCAPE, code, {raw.position + at, left});
             }
-        } else if (notInUri.find(character) != notInUri.npos) {
+        } else if (isNotInUri(character)) {
             report(run, CheckRule::LINK_CHARACTER, code, {raw.position + at, 1},
                    escapesOf({&character, 1}));
         }
@@ -170,20 +172,22 @@ void decodeValue(CheckRun& run, std::string_view code, const Segment& raw, Decod
     decoded.offsets[decoded.length] = static_cast<std::uint16_t>(at);
 }
 
-// Checks an AI and its value. False if the name stands for none.
-bool checkLinkAi(CheckRun& run, const Segment& name, const Segment& value, std::string_view& code) {
-    code = aiOfName(textOf(run, name));
-    KnownAi known = knownAiOf(code);
-    if (code.data() != textOf(run, name).data()) {
+// Checks an AI and its value, and gives what is known of it, or null.
+const KnownAi* checkLinkAi(CheckRun& run, const Segment& name, const Segment& value) {
+    const std::string_view code = aiOfName(textOf(run, name));
+    const bool isShortName = code.data() != textOf(run, name).data();
+    const KnownAi* const known =
+        isShortName ? &knownAiOf(code) : checkAiCode(run, name.position, name.length);
+    if (isShortName) {
         report(run, CheckRule::LINK_NAME, code, {name.position, name.length});
-    } else if (!checkAiCode(run, name.position, name.length, known)) {
-        return false;
     }
-    DecodedValue decoded;
-    decodeValue(run, code, value, decoded);
-    checkAi(run, {code, known.rule, textOf(run, value), name.position, name.length}, known,
-            {{decoded.characters, decoded.length}, value.position, decoded.offsets});
-    return true;
+    if (known != nullptr) {
+        DecodedValue decoded;
+        decodeValue(run, code, value, decoded);
+        checkAi(run, {code, known->rule, textOf(run, value), name.position, name.length}, *known,
+                {{decoded.characters, decoded.length}, value.position, decoded.offsets});
+    }
+    return known;
 }
 
 bool isQualifierOf(const LinkKey& row, std::string_view code) {
@@ -229,11 +233,11 @@ const LinkKey* choiceOf(std::string_view key, std::string_view code) {
 void checkQualifier(CheckRun& run, QualifierOrder& order, std::string_view code,
                     const Segment& name) {
     const Place place = {name.position, name.length};
-    const std::string key(order.key);
     const LinkKey* const choice = choiceOf(order.key, code);
     if (choice == nullptr) {
         report(run, CheckRule::LINK_QUALIFIER, code, place,
-               "after AI " + key + " the path of a link takes " + qualifiersOfKey(order.key) +
+               "after AI " + std::string(order.key) + " the path of a link takes " +
+                   qualifiersOfKey(order.key) +
                    (isLinkKey(code) ? ": write a link of its own for AI "
                                     : ": move to the query AI ") +
                    std::string(code));
@@ -241,8 +245,8 @@ void checkQualifier(CheckRun& run, QualifierOrder& order, std::string_view code,
     }
     if (order.row != nullptr && choice != order.row) {
         report(run, CheckRule::LINK_QUALIFIER, code, place,
-               "after AI " + key + " the path of a link takes " + qualifiersOfKey(order.key) +
-                   ", not both: leave out AI " + std::string(code));
+               "after AI " + std::string(order.key) + " the path of a link takes " +
+                   qualifiersOfKey(order.key) + ", not both: leave out AI " + std::string(code));
         return;
     }
     order.row = choice;
@@ -264,12 +268,12 @@ void checkPath(CheckRun& run, const Path& path, std::size_t first, QualifierOrde
     for (std::size_t i = first; i < count; i += 2) {
         const Segment& name = path.segments[i];
         const Segment nothing = {name.position + name.length, 0};
-        std::string_view code;
-        const bool isAi =
-            checkLinkAi(run, name, i + 1 < count ? path.segments[i + 1] : nothing, code);
+        const KnownAi* const known =
+            checkLinkAi(run, name, i + 1 < count ? path.segments[i + 1] : nothing);
+        const std::string_view code = aiOfName(textOf(run, name));
         if (i == first) {
             order.key = code;
-        } else if (isAi) {
+        } else if (known != nullptr) {
             checkQualifier(run, order, code, name);
         }
     }
@@ -297,9 +301,9 @@ void checkParameter(CheckRun& run, std::size_t position, std::size_t end) {
         return;
     }
     const std::size_t start = std::min(name.position + name.length + 1, end);
-    std::string_view code;
-    if (checkLinkAi(run, name, {start, end - start}, code) &&
-        knownAiOf(code).rule->linkQuery == LinkQuery::NO) {
+    const KnownAi* const known = checkLinkAi(run, name, {start, end - start});
+    if (known != nullptr && known->rule->linkQuery == LinkQuery::NO) {
+        const std::string_view code = aiOfName(nameText);
         report(run, CheckRule::LINK_QUERY, code, {name.position, name.length},
                placeOutsideQuery(code));
     }
@@ -307,9 +311,12 @@ void checkParameter(CheckRun& run, std::size_t position, std::size_t end) {
 
 // True if a ";" at position is followed by another parameter.
 bool isOldSeparator(const CheckRun& run, std::size_t position, std::size_t end) {
+    if (run.value[position] != ';') {
+        return false;
+    }
     const std::string_view rest = run.value.substr(position + 1, end - position - 1);
     const std::size_t equals = rest.find_first_not_of("0123456789");
-    return run.value[position] == ';' && equals != rest.npos && equals >= 2 && rest[equals] == '=';
+    return equals != rest.npos && equals >= 2 && rest[equals] == '=';
 }
 
 void checkQuery(CheckRun& run, std::size_t position, std::size_t end) {

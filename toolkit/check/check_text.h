@@ -14,8 +14,8 @@ void checkElementString(CheckRun& run, std::size_t position, std::size_t end);
 void checkBarcodeString(CheckRun& run, std::size_t position, std::size_t end);
 void checkDigitalLink(CheckRun& run, std::size_t position, std::size_t end);
 
-// The code of an AI that the reader has found. False, with a finding, if there is none such.
-bool checkAiCode(CheckRun& run, std::size_t position, std::size_t length, KnownAi& known);
+// What is known of the AI whose code stands there, or null, with a finding, if there is none such.
+const KnownAi* checkAiCode(CheckRun& run, std::size_t position, std::size_t length);
 
 } // namespace rosetag
 
