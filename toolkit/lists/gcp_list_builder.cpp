@@ -1,0 +1,78 @@
+#include "lists/gcp_list_builder.h"
+
+#include "core/char_class.h"
+#include "lists/list_failure.h"
+#include "lists/list_order.h"
+
+#include <charconv>
+
+namespace rosetag {
+
+namespace {
+
+bool isDigits(std::string_view text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), charIsDigit);
+}
+
+bool contradicts(const GcpListEntry& one, const GcpListEntry& other) {
+    return one.prefix == other.prefix && one.digits == other.digits &&
+           one.gcpLength != other.gcpLength;
+}
+
+Failure failureOfEmpty(std::string_view text, const GcpList& list) {
+    return list.entries.empty()
+               ? listFailure(text, 0, "there is no entry of a GCPPrefixFormatList in this text")
+               : Failure{};
+}
+
+} // namespace
+
+std::string gcpListAdd(GcpList& list, std::string_view prefix, std::string_view gcpLength) {
+    const bool isPrefix = isDigits(prefix) && prefix.size() >= SHORTEST_LISTED_PREFIX &&
+                          prefix.size() <= LONGEST_LISTED_PREFIX;
+    if (!isPrefix) {
+        return "the prefix \"" + std::string(prefix) + "\" does not have 3 to 12 digits";
+    }
+    std::uint8_t length = 0;
+    const char* const end = gcpLength.data() + gcpLength.size();
+    const auto [stop, error] = std::from_chars(gcpLength.data(), end, length);
+    if (error != std::errc() || stop != end || length > LONGEST_LISTED_PREFIX) {
+        return "the gcpLength \"" + std::string(gcpLength) + "\" of prefix " + std::string(prefix) +
+               " is not a number from 0 to 12";
+    }
+    std::uint64_t digits = 0;
+    for (std::size_t i = 0; i < LONGEST_LISTED_PREFIX; ++i) {
+        digits =
+            digits * 10 + (i < prefix.size() ? static_cast<std::uint64_t>(prefix[i] - '0') : 0U);
+    }
+    list.entries.push_back({digits, static_cast<std::uint8_t>(prefix.size()), length});
+    return {};
+}
+
+std::string gcpListFinish(GcpList& list) {
+    if (!std::is_sorted(list.entries.begin(), list.entries.end(), gcpEntryIsBefore)) {
+        std::sort(list.entries.begin(), list.entries.end(), gcpEntryIsBefore);
+    }
+    const auto pair = std::adjacent_find(list.entries.begin(), list.entries.end(), contradicts);
+    return pair == list.entries.end()
+               ? std::string()
+               : std::to_string(1000000000000 + pair->prefix).substr(1, pair->digits);
+}
+
+Failure readGcpList(std::string_view text, GcpList& list) {
+    list = {};
+    const std::size_t first = text.find_first_not_of("\xEF\xBB\xBF \t\r\n");
+    const bool isXml = first != text.npos && text[first] == '<';
+    Failure failure = isXml ? readGcpListXml(text, list) : readGcpListJson(text, list);
+    if (!isFailure(failure)) {
+        const std::string prefix = gcpListFinish(list);
+        failure = prefix.empty() ? failureOfEmpty(text, list)
+                                 : listFailure(text, 0, "prefix " + prefix + " has two lengths");
+    }
+    if (isFailure(failure)) {
+        list = {};
+    }
+    return failure;
+}
+
+} // namespace rosetag

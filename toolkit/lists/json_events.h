@@ -1,0 +1,34 @@
+/*
+ * A JSON text read event by event, so that no tree of a large list is built. The members of the
+ * objects that lead to a value are its path.
+ */
+#ifndef ROSETAG_TOOLKIT_LISTS_JSON_EVENTS_H
+#define ROSETAG_TOOLKIT_LISTS_JSON_EVENTS_H
+
+#include <rosetag/toolkit.hpp>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace rosetag {
+
+// One name for each object or array that is open: that of the member which it is, empty for an
+// element.
+using JsonPath = std::vector<std::string>;
+
+// What a list takes from a JSON text. A text that is not empty says what is wrong.
+class JsonListener {
+public:
+    virtual ~JsonListener() = default;
+    virtual void objectBegins(const JsonPath& path) = 0;
+    virtual std::string objectEnds(const JsonPath& path) = 0;
+    // A text or a number; others are skipped.
+    virtual void value(const JsonPath& path, std::string_view name, std::string_view text) = 0;
+};
+
+Failure readJsonEvents(std::string_view text, JsonListener& listener);
+
+} // namespace rosetag
+
+#endif
