@@ -1,6 +1,6 @@
 """Checks the finished library as a file: what it offers, needs, holds and weighs.
 
-usage: check_library.py LIBRARY ARCHIVE HEADER SYMBOLS SOVERSION
+usage: check_library.py LIBRARY ARCHIVE HEADER SYMBOLS SOVERSION COMMAND
 
 LIBRARY is the shared library, ARCHIVE the static one. SYMBOLS lists the exports, each with the
 release that introduced it, in the format of Debian's symbols files. Its names are compared with the
@@ -12,7 +12,7 @@ import subprocess
 import sys
 import unittest
 
-LIBRARY, ARCHIVE, HEADER, SYMBOLS, SOVERSION = sys.argv[1:6]
+LIBRARY, ARCHIVE, HEADER, SYMBOLS, SOVERSION, COMMAND = sys.argv[1:7]
 
 # What the library may ask of the platform: nothing that allocates, throws, prints or depends on the
 # locale or the environment.
@@ -51,8 +51,10 @@ class Library(unittest.TestCase):
     def test_exports_are_the_functions_of_the_header(self):
         declared = declared_functions()
         exported = [line.split()[-1] for line in lines_of("nm", "-D", "--defined-only", LIBRARY)]
+        version = f"ROSETAG_{SOVERSION}"
         self.assertEqual(len(declared), EXPORT_COUNT)
-        self.assertEqual(sorted(exported), sorted(declared))
+        self.assertEqual(sorted(exported),
+                         [version] + sorted(f"{name}@@{version}" for name in declared))
 
     def test_the_archive_defines_nothing_else_outside_its_namespace(self):
         exported = declared_functions()
@@ -65,10 +67,11 @@ class Library(unittest.TestCase):
 
     def test_exports_what_releases_have_exported(self):
         with open(SYMBOLS, encoding="ascii") as file:
-            head, *rows = file.read().splitlines()
+            head, _, *rows = file.read().splitlines()
+        version = f"ROSETAG_{SOVERSION}"
         self.assertEqual(head, f"librosetag.so.{SOVERSION} librosetag{SOVERSION} #MINVER#")
-        listed = [re.fullmatch(r" (\w+)@Base \d+\.\d+\.\d+", row)[1] for row in rows]
-        self.assertEqual(listed, sorted(declared_functions()))
+        listed = [re.fullmatch(rf" (\w+)@{version} \d+\.\d+\.\d+", row)[1] for row in rows]
+        self.assertEqual(listed, [version] + sorted(declared_functions()))
 
     def test_asks_the_platform_for_nothing_else(self):
         undefined = {line.split()[-1].split("@")[0]
@@ -94,6 +97,18 @@ class Library(unittest.TestCase):
         self.assertLess(len(relocations), MAX_RELOCATIONS)
         with open(LIBRARY, "rb") as library:
             self.assertLess(len(library.read()), MAX_BYTES)
+
+    def test_is_hardened(self):
+        for file in filter(None, (LIBRARY, COMMAND)):
+            with self.subTest(file=file):
+                self.assertRegex("\n".join(lines_of("readelf", "-d", file)), r"\bNOW\b")
+                header = "\n".join(lines_of("readelf", "-hlW", file))
+                self.assertRegex(header, r"Type: +DYN")
+                self.assertIn("GNU_RELRO", header)
+                self.assertIn("__stack_chk_fail", "\n".join(lines_of("nm", "-D", file)))
+        if "X86-64" in "\n".join(lines_of("readelf", "-h", LIBRARY)):
+            code = lines_of("objdump", "-d", "--disassemble=epc_hexToEpcUri", LIBRARY)
+            self.assertIn("endbr64", next(line for line in code if re.match(r" +[0-9a-f]+:", line)))
 
     def test_stack_cannot_be_executed(self):
         stack = [line.split() for line in lines_of("readelf", "-lW", LIBRARY) if "GNU_STACK" in line]

@@ -37,6 +37,10 @@ class Versions(unittest.TestCase):
             "pkg-config": only_match(r"^Version: (.*)$", text_of(BUILD, "rosetag.pc")),
             "name of the library": only_match(r"librosetag\.so\.(.*)$",
                                               os.path.basename(os.path.realpath(LIBRARY))),
+            "newest entry of Debian's changelog": re.match(
+                r"rosetag \((.*)\)", text_of(SOURCE, "debian/changelog"))[1],
+            "vcpkg": only_match(r'^  "version": "(.*)",$',
+                                text_of(SOURCE, "packaging/vcpkg/ports/rosetag/vcpkg.json")),
             "newest entry of the changelog": re.findall(r"^## \[(\d.*)\]",
                                                         text_of(SOURCE, "CHANGELOG.md"),
                                                         flags=re.MULTILINE)[0],

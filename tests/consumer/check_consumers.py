@@ -18,6 +18,20 @@ TAG_URI = "urn:epc:tag:sgtin-96:3.0614141.812345.6789"
 # The same item as a point of sale item, which is filter value 1.
 LABEL_HEX = "3034257BF7194E4000001A85"
 LABEL = ["]C10180614141123458216789", "7"]
+TOOLKIT_PROGRAM = """\
+#include <rosetag/toolkit.hpp>
+#include <iostream>
+int main(int, char** arguments) {
+    std::cout << rosetag::translate(arguments[1]).tagUri << '\\n';
+}
+"""
+TOOLKIT_PROJECT = """\
+cmake_minimum_required(VERSION 3.25)
+project(consumer LANGUAGES CXX)
+find_package(rosetag CONFIG REQUIRED COMPONENTS toolkit)
+add_executable(whatever whatever.cpp)
+target_link_libraries(whatever PRIVATE rosetag::toolkit)
+"""
 C_FLAGS = ["-std=c99", "-Wall", "-Wextra", "-Wpedantic", "-Werror"]
 DECODE = os.path.join(SOURCE, "examples/decode.c")
 
@@ -66,10 +80,12 @@ class Consumers(unittest.TestCase):
     def expect_decodes(self, program):
         self.assertEqual(self.run_command(program, HEX), TAG_URI)
 
-    def compile_with_pkg_config(self, source, program):
+    def flags_of(self, name):
         self.environment["PKG_CONFIG_PATH"] = os.path.join(self.library_dir(), "pkgconfig")
-        flags = self.run_command("pkg-config", "--cflags", "--libs", "rosetag").split()
-        self.run_command("cc", *C_FLAGS, source, "-o", program, *flags)
+        return self.run_command("pkg-config", "--cflags", "--libs", name).split()
+
+    def compile_with_pkg_config(self, source, program):
+        self.run_command("cc", *C_FLAGS, source, "-o", program, *self.flags_of("rosetag"))
         self.expect_no_cxx_runtime(program)
 
     def expect_examples_work(self):
@@ -87,6 +103,19 @@ class Consumers(unittest.TestCase):
         self.environment["LD_LIBRARY_PATH"] = self.library_dir()
         self.compile_with_pkg_config(DECODE, self.path("decode"))
         self.expect_decodes(self.path("decode"))
+
+    # The toolkit by both roads: pkg-config, and CMake's component.
+    def test_toolkit(self):
+        self.install(BUILD)
+        with open(self.path("whatever.cpp"), "w", encoding="ascii") as file:
+            file.write(TOOLKIT_PROGRAM)
+        self.run_command("c++", "-std=c++20", self.path("whatever.cpp"), "-o", self.path("whatever"),
+                         *self.flags_of("rosetag-toolkit"))
+        self.expect_decodes(self.path("whatever"))
+        with open(self.path("CMakeLists.txt"), "w", encoding="ascii") as file:
+            file.write(TOOLKIT_PROJECT)
+        build = self.build(self.work, f"-DCMAKE_PREFIX_PATH={self.prefix}")
+        self.expect_decodes(os.path.join(build, "whatever"))
 
     def test_installed_files(self):
         self.environment["DESTDIR"] = self.path("root")

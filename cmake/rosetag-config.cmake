@@ -1,0 +1,10 @@
+# The library, and the toolkit where it is installed: find_package(rosetag COMPONENTS toolkit).
+include("${CMAKE_CURRENT_LIST_DIR}/rosetag-targets.cmake")
+include("${CMAKE_CURRENT_LIST_DIR}/rosetag-toolkit-targets.cmake" OPTIONAL
+    RESULT_VARIABLE rosetag_toolkit_FOUND)
+foreach(component IN LISTS rosetag_FIND_COMPONENTS)
+    if(rosetag_FIND_REQUIRED_${component} AND NOT rosetag_${component}_FOUND)
+        set(rosetag_FOUND FALSE)
+        set(rosetag_NOT_FOUND_MESSAGE "rosetag's component ${component} is not installed")
+    endif()
+endforeach()
