@@ -6,7 +6,7 @@ namespace rosetag {
 
 namespace {
 
-// A field wider than a window is read and written as one of its last bits behind one of the rest.
+// A field wider than a window is read and written in two: its last bits follow the rest.
 constexpr std::int32_t SPLIT_BITS = 32;
 
 constexpr std::uint64_t lowBits(std::int32_t bitCount) {
@@ -41,9 +41,7 @@ std::int32_t bitBufferPutAnywhere(BitBuffer& buffer, std::uint64_t value, std::i
         const std::int32_t take = std::min(free, remaining);
         remaining -= take;
         const std::uint64_t chunk = remaining >= 64 ? 0 : value >> remaining & lowBits(take);
-        const std::uint64_t mask = lowBits(take) << (free - take);
-        std::uint8_t& byte = buffer.bytes[buffer.position / 8];
-        byte = static_cast<std::uint8_t>((byte & ~mask) | chunk << (free - take));
+        buffer.bytes[buffer.position / 8] |= static_cast<std::uint8_t>(chunk << (free - take));
         buffer.position += take;
     }
     return 0;

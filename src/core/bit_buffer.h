@@ -18,7 +18,8 @@
 
 namespace rosetag {
 
-// Invariant: 0 <= position <= capacity (a capacity below 0 takes nothing).
+// Invariant: 0 <= position <= capacity (a capacity below 0 takes nothing). In a buffer that is
+// written, all bits from position on are 0.
 struct BitBuffer {
     std::uint8_t* bytes;
     std::int32_t capacity; // in bits
@@ -79,17 +80,19 @@ inline void storeBigEndian(std::uint8_t* bytes, std::uint64_t value) {
     put(0), put(1), put(2), put(3), put(4), put(5), put(6), put(7);
 }
 
-// Writes exactly bitCount bits and leaves all others alone. Above 64 bits the leading ones are 0,
-// so that zeros of any number are one call.
+// Writes the lowest bitCount bits of the value. Above 64 bits the leading ones are 0, so that zeros
+// of any number are one call.
 inline std::int32_t bitBufferPut(BitBuffer& buffer, std::uint64_t value, std::int32_t bitCount) {
     if (!bitWindowTakes(buffer, bitCount)) {
         return bitBufferPutAnywhere(buffer, value, bitCount);
     }
     const BitWindow window = bitWindowAt(buffer);
-    const std::int32_t behind = 64 - window.before - bitCount;
+    // A window that begins with the byte of the position needs no more than that byte. To load all
+    // eight would have to wait for the store before, which they lie in only in part.
+    const std::uint64_t written =
+        window.before < 8 ? std::uint64_t{*window.bytes} << 56 : loadBigEndian(window.bytes);
     const std::uint64_t mask = (std::uint64_t{1} << bitCount) - 1;
-    const std::uint64_t kept = loadBigEndian(window.bytes) & ~(mask << behind);
-    storeBigEndian(window.bytes, kept | (value & mask) << behind);
+    storeBigEndian(window.bytes, written | (value & mask) << (64 - window.before - bitCount));
     buffer.position += bitCount;
     return 0;
 }
@@ -100,9 +103,8 @@ inline std::int32_t bitBufferGet(BitBuffer& buffer, std::int32_t bitCount, std::
         return bitBufferGetAnywhere(buffer, bitCount, out);
     }
     const BitWindow window = bitWindowAt(buffer);
-    const std::int32_t behind = 64 - window.before - bitCount;
     const std::uint64_t mask = (std::uint64_t{1} << bitCount) - 1;
-    out = loadBigEndian(window.bytes) >> behind & mask;
+    out = loadBigEndian(window.bytes) >> (64 - window.before - bitCount) & mask;
     buffer.position += bitCount;
     return 0;
 }
@@ -126,8 +128,7 @@ struct BitField {
     std::int32_t bitCount;
 };
 
-// Writes fields one behind the other, in one store where a window takes them all: a load of what
-// was stored just before, in part, has to wait for it.
+// Writes fields one after the other, in one store where a window takes them all.
 template <std::size_t count>
 EpcStatus bitBufferWriteFields(BitBuffer& buffer, const BitField (&fields)[count]) {
     std::int32_t width = 0;

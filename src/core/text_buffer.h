@@ -83,6 +83,21 @@ EpcStatus textBufferPutDecimal(TextBuffer& buffer, std::uint64_t value);
 // number 0 in a width of 0 is the empty text.
 EpcStatus textBufferPutPadded(TextBuffer& buffer, std::uint64_t value, std::int32_t width);
 
+// The same in a width of 2.
+inline EpcStatus textBufferPutTwoDigits(TextBuffer& buffer, std::uint64_t value) {
+    if (value > 99) {
+        return EPC_ERR_OUT_OF_RANGE;
+    }
+    if (textBufferRoom(buffer) < 2) {
+        return EPC_ERR_NO_ROOM;
+    }
+    buffer.writePointer[0] = static_cast<char>('0' + value / 10);
+    buffer.writePointer[1] = static_cast<char>('0' + value % 10);
+    buffer.writePointer += 2;
+    *buffer.writePointer = '\0';
+    return EPC_OK;
+}
+
 // Two upper-case digits a byte, digit by digit.
 EpcStatus textBufferPutHex(TextBuffer& buffer, const std::uint8_t* bytes, std::int32_t count);
 

@@ -23,15 +23,21 @@ static_assert(std::all_of(aiTable.begin(), aiTable.end(), hasItsPrefix),
               "the leading digits of an AI tell the length of its code and of its value");
 
 constexpr AiDefinition definitionOf(std::string_view code, const AiTableRow& row) {
-    const auto& [first, second] = row.components;
-    const bool hasSecond = second.kind != AI_KIND_NONE;
     const DigitalLinkKeyChain* const link = digitalLinkKeyFind(code);
-    const std::ptrdiff_t linkKey = link == nullptr ? 0 : link - digitalLinkKeyChains + 1;
-    AiDefinition definition = {{},
-                               hasSecond ? std::uint8_t{2} : std::uint8_t{1},
-                               {first, second},
-                               static_cast<std::uint8_t>(linkKey)};
-    std::copy(code.begin(), code.end(), definition.code);
+    AiDefinition definition{};
+    for (const char digit : code) {
+        definition.code[definition.codeLength++] = digit;
+        definition.packedCode =
+            static_cast<std::uint16_t>(definition.packedCode << 4 | (digit - '0'));
+    }
+    if (link != nullptr) {
+        definition.linkKey = static_cast<std::uint8_t>(link - digitalLinkKeyChains + 1);
+    }
+    for (const AiComponent& component : row.components) {
+        if (component.kind != AI_KIND_NONE) {
+            definition.components[definition.componentCount++] = component;
+        }
+    }
     return definition;
 }
 
@@ -68,10 +74,6 @@ static_assert(std::count_if(aiCatalogue.begin(), aiCatalogue.end(),
                   codesInTable(),
               "no two rows have a code in common");
 
-const AiDefinition* definitionAt(std::size_t slot) {
-    return aiCatalogue[slot].componentCount != 0 ? &aiCatalogue[slot] : nullptr;
-}
-
 // Of a character of a code that is not a digit.
 EpcStatus badCodeDigit(const TextCursor& cursor, const char* character) {
     return character == textCursorEnd(cursor) || *character == '\0' ? EPC_ERR_TRUNCATED
@@ -85,7 +87,7 @@ const AiDefinition* aiFind(std::string_view code) {
         !std::all_of(code.begin(), code.end(), charIsDigit)) {
         return nullptr;
     }
-    return definitionAt(aiSlotOf(code));
+    return aiAtSlot(aiSlotOf(code));
 }
 
 std::int32_t aiCodeLength(char first, char second) {
@@ -112,7 +114,7 @@ EpcStatus aiReadCode(TextCursor& cursor, const AiDefinition*& ai) {
         number = number * 10 + static_cast<std::size_t>(code[place] - '0');
     }
     cursor.current += block.codeDigits;
-    ai = definitionAt(block.firstSlot + number);
+    ai = aiAtSlot(block.firstSlot + number);
     return EPC_OK;
 }
 

@@ -20,14 +20,15 @@ constexpr std::size_t AI_CODE_SIZE = EPC_AI_CODE_SIZE;
 
 struct AiDefinition {
     char code[AI_CODE_SIZE]; // filled up with NULs
+    std::uint8_t codeLength;
+    std::uint16_t packedCode; // four bits a digit
+    std::uint8_t linkKey;     // 1 and the index of its first row among the keys of links, or 0
     std::uint8_t componentCount;
     AiComponent components[AI_MAX_COMPONENTS];
-    std::uint8_t linkKey; // 1 and the index of its first row among the keys of links, or 0
 };
 
-// The text of a code that is filled up with NULs.
-inline std::string_view aiCodeView(const char (&code)[AI_CODE_SIZE]) {
-    return {code, code[2] == '\0' ? 2U : code[3] == '\0' ? 3U : 4U};
+inline std::string_view aiCodeOf(const AiDefinition& ai) {
+    return {ai.code, ai.codeLength};
 }
 
 // True if two codes that are filled up with NULs are the same.
@@ -72,6 +73,11 @@ constexpr std::size_t aiSlotOf(std::string_view code) {
 // By aiSlotOf. The slot of a code that is not assigned is empty: of no component.
 using AiCatalogue = std::array<AiDefinition, aiBlocks.back().firstSlot>;
 extern const AiCatalogue aiCatalogue;
+
+// The definition in a slot, or null in an empty one.
+inline const AiDefinition* aiAtSlot(std::size_t slot) {
+    return aiCatalogue[slot].componentCount != 0 ? &aiCatalogue[slot] : nullptr;
+}
 
 // The definition of exactly this code, or null.
 const AiDefinition* aiFind(std::string_view code);

@@ -105,15 +105,17 @@ void skipStopDelimiter(TextCursor& cursor, const AiSyntax& syntax) {
 EpcStatus readElement(AiElement& element, TextCursor& cursor, const AiSyntax& syntax,
                       std::uint32_t offsetBase) {
     EPC_TRY(readDelimiter(cursor, syntax.startDelimiter));
-    EPC_TRY(aiReadCode(cursor, element.ai));
+    const AiDefinition* ai = nullptr;
+    EPC_TRY(aiReadCode(cursor, ai));
     EPC_TRY(readDelimiter(cursor, syntax.codeDelimiter));
-    if (element.ai == nullptr) {
+    if (ai == nullptr) {
         return EPC_ERR_UNKNOWN_AI;
     }
     const char* const value = cursor.current;
-    for (std::size_t i = 0; i < element.ai->componentCount; ++i) {
-        EPC_TRY(readComponent(cursor, element.ai->components[i], syntax));
+    for (std::size_t i = 0; i < ai->componentCount; ++i) {
+        EPC_TRY(readComponent(cursor, ai->components[i], syntax));
     }
+    element.ai = ai;
     element.valueOffset = offsetBase + static_cast<std::uint32_t>(value - cursor.begin);
     element.valueLength = static_cast<std::uint32_t>(cursor.current - value);
     element.pass = KEY_PASS;
@@ -160,7 +162,7 @@ EpcStatus aiListCopyOut(const AiList& list, const char* baseText, const AiRows& 
             return EPC_ERR_NO_ROOM;
         }
         const auto row = static_cast<std::size_t>(i);
-        copyText(aiCodeView(element.ai->code), rows.aiCodes + row * AI_CODE_SIZE);
+        copyText(aiCodeOf(*element.ai), rows.aiCodes + row * AI_CODE_SIZE);
         copyText(value, rows.aiValues + row * rows.valueSize);
     }
     *rows.aiCount = list.count;

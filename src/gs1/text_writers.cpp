@@ -24,7 +24,7 @@ EpcStatus putPassByPass(const AiList& list, Put put) {
 
 // Writes the code between two characters, each of the three whole or not at all.
 EpcStatus putCode(TextBuffer& dst, char before, const AiDefinition& ai, char after) {
-    const std::string_view code = aiCodeView(ai.code);
+    const std::string_view code = aiCodeOf(ai);
     if (static_cast<std::size_t>(textBufferRoom(dst)) < code.size() + 2) {
         EPC_TRY(textBufferPutChar(dst, before));
         EPC_TRY(textBufferPutString(dst, code));
@@ -92,7 +92,7 @@ EpcStatus barcodeStringWrite(TextBuffer& dst, const AiList& list, const char* ba
             EPC_TRY(textBufferPutChar(dst, GROUP_SEPARATOR));
         }
         needsSeparator = isVariable(*element.ai);
-        EPC_TRY(textBufferPutString(dst, aiCodeView(element.ai->code)));
+        EPC_TRY(textBufferPutString(dst, aiCodeOf(*element.ai)));
         return textBufferPutString(dst, aiElementValue(element, baseText));
     });
 }

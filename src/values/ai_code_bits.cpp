@@ -1,6 +1,5 @@
 #include "values/ai_code_bits.h"
 
-#include "core/field_run.h"
 #include "values/ai_value.h"
 
 namespace rosetag {
@@ -20,13 +19,9 @@ EpcStatus getDigit(BitBuffer& bits, char& out) {
 } // namespace
 
 EpcStatus aiCodePut(BitBuffer& out, const AiDefinition& ai) {
-    const std::string_view code = aiCodeView(ai.code);
-    const char* next = code.data();
-    return fieldRunPut<DIGIT_BITS>(out, static_cast<std::int32_t>(code.size()),
-                                   [&next](std::uint64_t& digit) -> EpcStatus {
-                                       digit = static_cast<std::uint64_t>(*next++ - '0');
-                                       return EPC_OK;
-                                   });
+    const std::int32_t width = ai.codeLength * DIGIT_BITS;
+    return bitBufferLeft(out) < width ? digitRunPut(out, aiCodeOf(ai))
+                                      : bitBufferWrite(out, ai.packedCode, width);
 }
 
 EpcStatus aiCodeGetPrefix(BitBuffer& bits, char* code) {
@@ -35,14 +30,15 @@ EpcStatus aiCodeGetPrefix(BitBuffer& bits, char* code) {
 }
 
 EpcStatus aiCodeGetRest(BitBuffer& bits, char* code, const AiDefinition*& ai) {
-    const std::int32_t length = aiCodeLength(code[0], code[1]);
+    const std::size_t length = aiPrefixOf(code[0], code[1]).codeDigits;
     if (length == 0) {
         return EPC_ERR_UNKNOWN_AI;
     }
-    for (std::int32_t i = 2; i < length; ++i) {
+    for (std::size_t i = 2; i < length; ++i) {
         EPC_TRY(getDigit(bits, code[i]));
     }
-    return aiDefinitionOf({code, static_cast<std::size_t>(length)}, ai);
+    ai = aiAtSlot(aiSlotOf({code, length}));
+    return ai != nullptr ? EPC_OK : EPC_ERR_UNKNOWN_AI;
 }
 
 } // namespace rosetag

@@ -9,14 +9,12 @@
 #define ROSETAG_VALUES_AI_KIND_H
 
 #include "core/bit_buffer.h"
+#include "core/digit_run.h"
 #include "core/text_buffer.h"
 #include "core/text_cursor.h"
 #include "gs1/ai_catalogue.h"
 
 namespace rosetag {
-
-// A digit that stands by itself.
-constexpr std::int32_t DIGIT_BITS = 4;
 
 // What an encoder is given besides the characters.
 struct AiEncodeField {

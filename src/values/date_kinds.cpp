@@ -44,9 +44,13 @@ bool dayIsInMonth(const AiDate& date) {
 }
 
 EpcStatus parseTwoDigits(TextCursor& cursor, EpcStatus otherwise, std::uint64_t& number) {
-    std::int32_t count = 0;
-    EPC_TRY(textCursorReadNumber(cursor, LeadingZeros::ALLOW, number, &count, 2));
-    return count == 2 ? EPC_OK : otherwise;
+    const char* const digits = cursor.current;
+    if (!charIsDigit(digits[0]) || !charIsDigit(digits[1])) {
+        return otherwise;
+    }
+    number = static_cast<std::uint64_t>((digits[0] - '0') * 10 + digits[1] - '0');
+    cursor.current += 2;
+    return EPC_OK;
 }
 
 EpcStatus aiParseDate(TextCursor& cursor, AiDate& date) {
@@ -63,22 +67,22 @@ EpcStatus aiParseDate(TextCursor& cursor, AiDate& date) {
 }
 
 EpcStatus putDate(BitBuffer& out, const AiDate& date) {
-    EPC_TRY(bitBufferWrite(out, date.year, DATE_YEAR.bits));
-    EPC_TRY(bitBufferWrite(out, date.month, DATE_MONTH.bits));
-    return bitBufferWrite(out, date.day, DATE_DAY.bits);
+    return bitBufferWriteFields(
+        out,
+        {{date.year, DATE_YEAR.bits}, {date.month, DATE_MONTH.bits}, {date.day, DATE_DAY.bits}});
 }
 
 EpcStatus decodeDate(BitBuffer& bits, TextBuffer& text) {
     AiDate date{};
     EPC_TRY(bitBufferRead(bits, DATE_YEAR.bits, date.year));
-    EPC_TRY(textBufferPutPadded(text, date.year, 2));
+    EPC_TRY(textBufferPutTwoDigits(text, date.year));
     EPC_TRY(bitBufferRead(bits, DATE_MONTH.bits, date.month));
     if (!monthIsKnown(date.month)) {
         return EPC_ERR_BAD_FORMAT;
     }
-    EPC_TRY(textBufferPutPadded(text, date.month, 2));
+    EPC_TRY(textBufferPutTwoDigits(text, date.month));
     EPC_TRY(bitBufferRead(bits, DATE_DAY.bits, date.day));
-    EPC_TRY(textBufferPutPadded(text, date.day, 2));
+    EPC_TRY(textBufferPutTwoDigits(text, date.day));
     return dayIsInMonth(date) ? EPC_OK : EPC_ERR_BAD_FORMAT;
 }
 
@@ -113,7 +117,7 @@ EpcStatus aiDecodeTime(BitBuffer& bits, TextBuffer& text, std::uint64_t count) {
         if (field > timeFields[i].most) {
             return EPC_ERR_BAD_FORMAT;
         }
-        EPC_TRY(textBufferPutPadded(text, field, 2));
+        EPC_TRY(textBufferPutTwoDigits(text, field));
     }
     return EPC_OK;
 }

@@ -1,6 +1,6 @@
 #include "values/number_kinds.h"
 
-#include "core/field_run.h"
+#include "core/digit_run.h"
 #include "core/long_decimal.h"
 
 namespace rosetag {
@@ -61,27 +61,11 @@ EpcStatus aiEncodeDigits(TextCursor& cursor, BitBuffer& out, const AiEncodeField
     if (textCursorLeft(cursor) < field.component.digitCount) {
         return EPC_ERR_TRUNCATED;
     }
-    return fieldRunPut<DIGIT_BITS>(out, field.component.digitCount,
-                                   [&cursor](std::uint64_t& digit) -> EpcStatus {
-                                       if (textCursorAtEnd(cursor)) {
-                                           return EPC_ERR_TRUNCATED;
-                                       }
-                                       if (!charIsDigit(*cursor.current)) {
-                                           return EPC_ERR_BAD_FORMAT;
-                                       }
-                                       digit = static_cast<std::uint64_t>(*cursor.current++ - '0');
-                                       return EPC_OK;
-                                   });
+    return digitRunPut(out, {cursor.current, field.component.digitCount});
 }
 
 EpcStatus aiDecodeDigits(BitBuffer& bits, TextBuffer& text, const AiComponent& component) {
-    return fieldRunGet<DIGIT_BITS>(
-        bits, component.digitCount, [&text](std::uint32_t digit) -> EpcStatus {
-            if (digit > 9) {
-                return EPC_ERR_BAD_FORMAT;
-            }
-            return textBufferPutChar(text, static_cast<char>('0' + digit));
-        });
+    return digitRunGet(bits, text, component.digitCount);
 }
 
 EpcStatus aiEncodeVarNumeric(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field) {

@@ -175,8 +175,9 @@ EpcStatus plusEncodeAiList(const TagSchemeOps& row, BitBuffer& out, AiList& list
     EPC_TRY(bitBufferWrite(out, row.info.header, TAG_HEADER_BITS));
     PlusHead head{};
     EPC_TRY(consumeHead(list, plusKeys[row.info.scheme], head));
-    EPC_TRY(bitBufferWrite(out, hasData(list) ? 1 : 0, TOGGLE_BITS));
-    EPC_TRY(bitBufferWrite(out, static_cast<std::uint64_t>(arguments.filter), FILTER_BITS));
+    EPC_TRY(
+        bitBufferWriteFields(out, {{hasData(list) ? 1U : 0U, TOGGLE_BITS},
+                                   {static_cast<std::uint64_t>(arguments.filter), FILTER_BITS}}));
     const PlusEncoder encoder = {out, baseText, form, arguments.encoding};
     if (head.date != nullptr) {
         EPC_TRY(putValue(encoder, *head.date, AI_KIND_DATE_CODED));

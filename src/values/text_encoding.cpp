@@ -3,16 +3,16 @@
 #include "core/field_run.h"
 #include "values/number_kinds.h"
 
+#include <bit>
+
 namespace rosetag {
 
 namespace {
 
-constexpr std::size_t ASCII_COUNT = 128;
-
-// The values of the characters, -1 for one that the alphabet does not hold.
+// The values of the characters by their code, -1 for one that the alphabet does not hold.
 template <std::int32_t encoding>
-constexpr std::array<std::int8_t, ASCII_COUNT> charValues = [] {
-    std::array<std::int8_t, ASCII_COUNT> values{};
+constexpr std::array<std::int8_t, 256> charValues = [] {
+    std::array<std::int8_t, 256> values{};
     values.fill(-1);
     constexpr std::string_view alphabet = textEncodings[encoding].alphabet;
     for (std::size_t value = 0; value < alphabet.size(); ++value) {
@@ -25,33 +25,45 @@ constexpr std::array<std::int8_t, ASCII_COUNT> charValues = [] {
 
 template <std::int32_t encoding>
 std::int32_t charValue(char character) {
-    const auto code = static_cast<unsigned char>(character);
-    return code < ASCII_COUNT ? charValues<encoding>[code] : -1;
+    return charValues<encoding>[static_cast<unsigned char>(character)];
 }
 
 template <std::int32_t encoding>
 EpcStatus encodeCharacters(TextCursor& cursor, BitBuffer& out) {
     const auto count = static_cast<std::int32_t>(textCursorLeft(cursor));
-    return fieldRunPut<textEncodings[encoding].groupBits>(
-        out, count, [&cursor](std::uint64_t& field) -> EpcStatus {
-            const std::int32_t value = charValue<encoding>(*cursor.current);
-            if (value < 0) {
-                return EPC_ERR_BAD_CHARACTER;
-            }
+    const char* next = cursor.current;
+    const EpcStatus status = fieldRunPut<textEncodings[encoding].groupBits>(
+        out, count, [&next](std::uint64_t& field) -> EpcStatus {
+            const std::int32_t value = charValue<encoding>(*next++);
             field = static_cast<std::uint64_t>(value);
-            ++cursor.current;
-            return EPC_OK;
+            return value < 0 ? EPC_ERR_BAD_CHARACTER : EPC_OK;
         });
+    cursor.current += status == EPC_OK ? count : 0;
+    return status;
 }
 
+// The room is tested once for all characters, if they have it.
 template <std::int32_t encoding>
 EpcStatus decodeCharacters(BitBuffer& bits, TextBuffer& text, std::int32_t count) {
     constexpr std::string_view alphabet = textEncodings[encoding].alphabet;
-    return fieldRunGet<textEncodings[encoding].groupBits>(
-        bits, count, [&text, alphabet](std::uint32_t field) -> EpcStatus {
+    constexpr std::int32_t groupBits = textEncodings[encoding].groupBits;
+    if (textBufferRoom(text) < count) {
+        return fieldRunGet<groupBits>(bits, count, [&](std::uint32_t field) -> EpcStatus {
             const char character = alphabet[field];
             return character == '\0' ? EPC_ERR_BAD_CHARACTER : textBufferPutChar(text, character);
         });
+    }
+    char* next = text.writePointer;
+    const EpcStatus status =
+        fieldRunGet<groupBits>(bits, count, [&](std::uint32_t field) -> EpcStatus {
+            const char character = alphabet[field];
+            *next = character;
+            next += character != '\0' ? 1 : 0;
+            return character == '\0' ? EPC_ERR_BAD_CHARACTER : EPC_OK;
+        });
+    *next = '\0';
+    text.writePointer = next;
+    return status;
 }
 
 constexpr TextEncoding code40 = textEncodings[AI_ENC_CODE40];
@@ -135,9 +147,27 @@ constexpr std::array<std::uint8_t, 256> encodingsOfChar = [] {
     return flags;
 }();
 
+// Integers and hexadecimal come first, then what is shorter of base64url and code-40. ISO 646 holds
+// every character.
+std::int32_t encodingOf(std::uint32_t fitting, std::ptrdiff_t count) {
+    constexpr std::uint32_t digits =
+        flagOf(AI_ENC_INTEGER) | flagOf(AI_ENC_HEX_UPPER) | flagOf(AI_ENC_HEX_LOWER);
+    if ((fitting & digits) != 0) {
+        return std::countr_zero(fitting & digits);
+    }
+    const bool fitsBase64Url = (fitting & flagOf(AI_ENC_BASE64URL)) != 0;
+    const bool fitsCode40 = (fitting & flagOf(AI_ENC_CODE40)) != 0;
+    const bool isShorter =
+        textPayloadBits(AI_ENC_BASE64URL, count) < textPayloadBits(AI_ENC_CODE40, count);
+    if (fitsBase64Url && (isShorter || !fitsCode40)) {
+        return AI_ENC_BASE64URL;
+    }
+    return fitsCode40 ? AI_ENC_CODE40 : AI_ENC_ISO646;
+}
+
 } // namespace
 
-EpcStatus aiChooseEncoding(TextCursor cursor, std::int32_t& encoding) {
+EpcStatus aiChooseEncoding(const TextCursor& cursor, std::int32_t& encoding) {
     const std::ptrdiff_t count = textCursorLeft(cursor);
     if (textCursorAtEnd(cursor)) {
         // Before a NUL inside the text there is nothing to choose by; hexadecimal refuses the NUL.
@@ -145,24 +175,17 @@ EpcStatus aiChooseEncoding(TextCursor cursor, std::int32_t& encoding) {
         return EPC_OK;
     }
     std::uint32_t fitting = ~0U;
-    for (; !textCursorAtEnd(cursor); ++cursor.current) {
-        const std::uint32_t flags = encodingsOfChar[static_cast<unsigned char>(*cursor.current)];
+    for (const char character : std::string_view(cursor.current, static_cast<std::size_t>(count))) {
+        const std::uint32_t flags = encodingsOfChar[static_cast<unsigned char>(character)];
         if (flags == 0) {
+            if (character == '\0') {
+                break;
+            }
             return EPC_ERR_BAD_CHARACTER;
         }
         fitting &= flags;
     }
-    const bool base64UrlIsShorter =
-        textPayloadBits(AI_ENC_BASE64URL, count) < textPayloadBits(AI_ENC_CODE40, count);
-    for (const std::int32_t candidate : {AI_ENC_INTEGER, AI_ENC_HEX_UPPER, AI_ENC_HEX_LOWER,
-                                         base64UrlIsShorter ? AI_ENC_BASE64URL : AI_ENC_CODE40,
-                                         base64UrlIsShorter ? AI_ENC_CODE40 : AI_ENC_BASE64URL}) {
-        if ((fitting & flagOf(candidate)) != 0) {
-            encoding = candidate;
-            return EPC_OK;
-        }
-    }
-    encoding = AI_ENC_ISO646;
+    encoding = encodingOf(fitting, count);
     return EPC_OK;
 }
 

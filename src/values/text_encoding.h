@@ -67,7 +67,7 @@ constexpr std::uint32_t CODE40_BASE = 40;
 constexpr std::uint32_t CODE40_LARGEST = CODE40_BASE * CODE40_BASE * CODE40_BASE;
 
 // The encoding for all characters up to the end. EPC_ERR_BAD_CHARACTER at one that no AI may hold.
-EpcStatus aiChooseEncoding(TextCursor cursor, std::int32_t& encoding);
+EpcStatus aiChooseEncoding(const TextCursor& cursor, std::int32_t& encoding);
 
 // Writes the characters up to the end. EPC_ERR_BAD_CHARACTER at one that the encoding does not
 // hold, EPC_ERR_BAD_FORMAT for an encoding that does not exist.

@@ -1,18 +1,19 @@
 #include "values/text_kinds.h"
 
-#include "core/field_run.h"
+#include "core/digit_run.h"
 #include "values/text_encoding.h"
+
+#include <algorithm>
 
 namespace rosetag {
 
 namespace {
 
-std::int32_t countDigits(TextCursor cursor) {
-    const char* const first = cursor.current;
-    while (!textCursorAtEnd(cursor) && charIsDigit(*cursor.current)) {
-        ++cursor.current;
-    }
-    return static_cast<std::int32_t>(cursor.current - first);
+std::size_t countDigits(const TextCursor& cursor) {
+    const std::string_view text = {cursor.current,
+                                   static_cast<std::size_t>(textCursorLeft(cursor))};
+    return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), charIsDigit) -
+                                    text.begin());
 }
 
 } // namespace
@@ -26,10 +27,9 @@ EpcStatus aiEncodeText(TextCursor& cursor, BitBuffer& out, const AiEncodeField& 
     }
     const std::int32_t encoding = field.encoding == AI_ENC_AUTO ? chosen : field.encoding;
     constexpr std::uint64_t indicatorMask = (1U << ENCODING_INDICATOR_BITS) - 1;
-    EPC_TRY(bitBufferWrite(out, static_cast<std::uint64_t>(encoding) & indicatorMask,
-                           ENCODING_INDICATOR_BITS));
-    EPC_TRY(bitBufferWrite(out, static_cast<std::uint64_t>(count),
-                           field.component.lengthIndicatorBits));
+    EPC_TRY(bitBufferWriteFields(
+        out, {{static_cast<std::uint64_t>(encoding) & indicatorMask, ENCODING_INDICATOR_BITS},
+              {static_cast<std::uint64_t>(count), field.component.lengthIndicatorBits}}));
     return aiEncodePayload(cursor, out, encoding);
 }
 
@@ -43,11 +43,9 @@ EpcStatus aiDecodeText(BitBuffer& bits, TextBuffer& text, const AiComponent& com
 }
 
 EpcStatus aiEncodeDigitsThenText(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field) {
-    EPC_TRY(fieldRunPut<DIGIT_BITS>(out, countDigits(cursor),
-                                    [&cursor](std::uint64_t& digit) -> EpcStatus {
-                                        digit = static_cast<std::uint64_t>(*cursor.current++ - '0');
-                                        return EPC_OK;
-                                    }));
+    const std::size_t digitCount = countDigits(cursor);
+    EPC_TRY(digitRunPut(out, {cursor.current, digitCount}));
+    cursor.current += digitCount;
     if (textCursorAtEnd(cursor)) {
         return bitBufferWrite(out, END_OF_DIGITS, DIGIT_BITS);
     }

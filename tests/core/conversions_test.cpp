@@ -54,10 +54,11 @@ TEST(LongDecimal, IsWrittenAndReadInEveryWidth) {
             const auto width = static_cast<std::size_t>(bitCount);
             std::string bits = convertBase(digits, 10, 2);
             bits.insert(0, width - bits.size(), '0');
-            std::vector<std::uint8_t> bytes(50, 0xFF);
+            std::vector<std::uint8_t> bytes(50);
+            bytes[0] = 0xF8;
             BitBuffer out{bytes.data(), 400, offset};
             ASSERT_STATUS(EPC_OK, bitBufferPutLongDecimal(out, digits, bitCount));
-            ASSERT_EQ(std::string(offset, '1') + bits + std::string(395 - width, '1'),
+            ASSERT_EQ(std::string(offset, '1') + bits + std::string(395 - width, '0'),
                       bitsFromBytes(bytes));
             ASSERT_EQ(offset + bitCount, out.position);
 

@@ -72,7 +72,7 @@ TEST(AiCatalogue, HoldsItsRowsInOneConsistentForm) {
         ++found;
         shapes.insert(describe(code));
         EXPECT_EQ(code, definition->code);
-        EXPECT_EQ(code, aiCodeView(definition->code));
+        EXPECT_EQ(code, aiCodeOf(*definition));
         EXPECT_EQ(code.size(), static_cast<std::size_t>(aiCodeLength(code[0], code[1]))) << code;
         EXPECT_EQ(definition->componentCount == 2, definition->components[1].kind != AI_KIND_NONE)
             << code;

@@ -3,6 +3,7 @@
 #include "gs1/check_digit.h"
 
 #include "gs1/ai_exports.h"
+#include "support/random.h"
 #include "support/status.h"
 
 #include <gtest/gtest.h>
@@ -189,6 +190,18 @@ TEST(CheckDigit, FollowsModuloTen) {
     };
     for (const auto& row : rows) {
         EXPECT_EQ(row.expected, gs1CheckDigit(row.digits)) << row.digits;
+    }
+    // Many at a time and one by one: the characters of a longer text in two parts.
+    Random random(14);
+    for (int i = 0; i < 2000; ++i) {
+        std::string text = random.digits(random.below(30));
+        text.resize(text.size() + random.below(2), '!');
+        const std::size_t cut = random.below(text.size() + 1);
+        const std::string zeros(text.size() - cut, '0');
+        const int whole = gs1CheckDigit(text) - '0';
+        const int first = gs1CheckDigit(text.substr(0, cut) + zeros) - '0';
+        const int second = gs1CheckDigit(text.substr(cut)) - '0';
+        EXPECT_EQ(whole, (first + second) % 10) << text;
     }
 }
 
