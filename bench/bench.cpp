@@ -4,6 +4,8 @@
 #include "baselines.h"
 #include "samples.h"
 
+#include <rosetag/toolkit.hpp>
+
 #include <benchmark/benchmark.h>
 
 #include <cinttypes>
@@ -177,6 +179,20 @@ void addAi(const std::string& name, const char* ai, Shared<std::vector<AiSample>
     });
 }
 
+// Element strings of four AIs in which nothing is to be found.
+void addCheck() {
+    auto samples = fiveAiSamples();
+    for (TagSample& sample : samples) {
+        sample.elementString.resize(sample.elementString.find("(3103)"));
+    }
+    add("four-ais/check", share(std::move(samples)), [](const TagSample& sample, char* out) {
+        static rosetag::Rows<rosetag::Finding> findings;
+        rosetag::check(sample.elementString, {}, findings);
+        out[0] = findings.empty() ? 'y' : 'n';
+        return findings.empty();
+    });
+}
+
 void addTid() {
     add("tid/decode", share(tidSamples()), [](const std::vector<unsigned char>& tid, char* out) {
         TidRecord record;
@@ -225,6 +241,7 @@ int main(int argc, char** argv) {
         addAi(ai, ai, share(aiSamples(ai)));
     }
     addAi("90-digits", "91", share(longNumberSamples()));
+    addCheck();
     addTid();
     addThreads(sgtin);
     benchmark::Initialize(&argc, argv);

@@ -2,14 +2,14 @@
 #
 # Builds the fuzzers and runs them: fuzz.sh [SECONDS] [TARGET]
 #
-# SECONDS is for each target, 60 if not given; TARGET is one of binary, text, tid, value, chain, or
-# all of them. What a run learns is kept in build/fuzz/corpus and serves the next one. An input that
+# SECONDS is for each target, 60 if not given; TARGET is one of binary, text, tid, value, chain, check
+# and lists, or all of them. What a run learns is kept in build/fuzz/corpus and serves the next one. An input that
 # fails stays in build/fuzz/failures: run build/fuzz/fuzz/TARGET_fuzz FILE to see it fail again.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 seconds=${1-60}
-targets=(binary text tid value chain)
+targets=(binary text tid value chain check lists)
 if [[ $# -ge 2 ]]; then
     targets=("$2")
 fi
@@ -29,7 +29,7 @@ run() {
     local target=$1 log=$build/$1.log
     local program=$build/fuzz/${target}_fuzz
     if [[ ! -x $program ]]; then
-        echo "There is no target $target. Take one of: binary, text, tid, value, chain." >&2
+        echo "There is no target $target. Take one of: binary, text, tid, value, chain, check, lists." >&2
         return 2
     fi
     mkdir -p "$build/corpus/$target" "$build/failures"

@@ -4,6 +4,7 @@
 Each fuzzer says in its source what its input is.
 """
 
+import json
 import pathlib
 import sys
 
@@ -54,9 +55,35 @@ def inputs(kind, argument, rest):
         raise ValueError(f"fuzz/seeds.txt: unknown kind {kind!r}")
 
 
+def check_inputs(root):
+    """The texts of the tables that the tests of checking read, and a small list of each kind."""
+    for name in ("check_right.tsv", "check_wrong.tsv"):
+        table = (root / "tests" / "toolkit" / name).read_text(encoding="utf-8")
+        for row in table.splitlines():
+            if row and not row.startswith("#"):
+                fields = row.split("\t")
+                text = fields[1] if name == "check_right.tsv" else fields[0]
+                code = fields[0].partition("-")[0]
+                text = text.replace("(%)", f"({code})").replace("{GS}", "\x1d")
+                is_barcode = text.startswith("!")
+                yield "check", bytes([is_barcode]) + text.removeprefix("!").encode()
+    prefixes = {"GCPPrefixFormatList": {"date": "x", "entry": [{"prefix": "9506", "gcpLength": 7}]}}
+    designers = {"version": "x", "registeredMaskDesigners": [
+        {"mdid": "000000001", "manufacturer": "A", "chips": [
+            {"tmnBinary": "000100000101", "modelName": "B"}]}]}
+    xml = '<GCPPrefixFormatList date="x"><entry prefix="9506" gcpLength="7"/></GCPPrefixFormatList>'
+    yield "lists", b"\x00" + json.dumps(prefixes).encode()
+    yield "lists", b"\x00" + xml.encode()
+    yield "lists", b"\x01" + json.dumps(designers).encode()
+
+
 def main():
     seeds = pathlib.Path(__file__).resolve().parent.parent / "fuzz" / "seeds.txt"
     output = pathlib.Path(sys.argv[1])
+    for number, (fuzzer, data) in enumerate(check_inputs(seeds.parent.parent)):
+        folder = output / fuzzer
+        folder.mkdir(parents=True, exist_ok=True)
+        (folder / f"{number:03}").write_bytes(data)
     for number, line in enumerate(seeds.read_text(encoding="ascii").splitlines()):
         if not line or line.startswith("#"):
             continue

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <set>
 #include <string>
 
@@ -132,6 +134,14 @@ TEST(Check, TellsThePlaceInTheValueAsGiven) {
         "at character 20, \"3\": the check digit of AI 01 must be 2 after these digits, not 3: "
         "look for a mistyped digit, or end with 2",
         findingText(blanks[0]));
+}
+
+TEST(Check, HasItsRulesInTheDocuments) {
+    std::ifstream file(std::string(ROSETAG_TEST_TABLES) + "/../../docs/check.md");
+    const std::string text(std::istreambuf_iterator<char>(file), {});
+    for (const CheckRuleInfo& rule : checkRules()) {
+        EXPECT_NE(text.npos, text.find('`' + std::string(rule.word) + '`')) << rule.word;
+    }
 }
 
 TEST(Check, GivesItsFindingsAsJson) {

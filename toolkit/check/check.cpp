@@ -105,29 +105,29 @@ std::string findingText(const Finding& finding) {
     return text + ": " + finding.message;
 }
 
-void appendJson(std::string& text, const Rows<Finding>& findings, std::string_view value,
+void appendJson(std::string& json, const Rows<Finding>& findings, std::string_view value,
                 std::uint64_t line) {
-    JsonWriter json = {text};
-    jsonBegin(json, '{');
+    JsonWriter writer = {json};
+    jsonBegin(writer, '{');
     if (line != 0) {
-        jsonMember(json, "line", line);
+        jsonMember(writer, "line", line);
     }
-    jsonMember(json, "value", value);
-    jsonKey(json, "findings");
-    jsonBegin(json, '[');
+    jsonMember(writer, "value", value);
+    jsonKey(writer, "findings");
+    jsonBegin(writer, '[');
     for (const Finding& finding : findings) {
-        jsonBegin(json, '{');
-        jsonMember(json, "severity", severityWord(finding.severity));
-        jsonMember(json, "rule", checkRuleWord(finding.rule));
-        jsonMemberIfAny(json, "ai", finding.ai);
-        jsonMember(json, "position", finding.position);
-        jsonMember(json, "length", finding.length);
-        jsonMemberIfAny(json, "culprit", finding.culprit);
-        jsonMember(json, "message", finding.message);
-        jsonEnd(json, '}');
+        jsonBegin(writer, '{');
+        jsonMember(writer, "severity", severityWord(finding.severity));
+        jsonMember(writer, "rule", checkRuleWord(finding.rule));
+        jsonMemberIfAny(writer, "ai", finding.ai);
+        jsonMember(writer, "position", finding.position);
+        jsonMember(writer, "length", finding.length);
+        jsonMemberIfAny(writer, "culprit", finding.culprit);
+        jsonMember(writer, "message", finding.message);
+        jsonEnd(writer, '}');
     }
-    jsonEnd(json, ']');
-    jsonEnd(json, '}');
+    jsonEnd(writer, ']');
+    jsonEnd(writer, '}');
 }
 
 } // namespace rosetag
