@@ -84,7 +84,7 @@ constexpr std::size_t partCount(const ValueParts& parts) {
                                     parts.begin());
 }
 
-// What a component of the AI table says about the characters.
+// What the AI table says of a component.
 constexpr ValuePart partOf(const AiComponent& component) {
     const std::uint8_t most =
         component.digitCount != 0 ? component.digitCount : component.maxLength;
@@ -108,7 +108,7 @@ constexpr ValuePart partOf(const AiComponent& component) {
     case AI_KIND_TEXT:
     case AI_KIND_DIGITS_THEN_TEXT:
         return upTo(x, most, rule);
-    default: // the dates and times of several parts, which stand in the rows
+    default: // dates and times of several parts: the rows have them
         return {};
     }
 }
@@ -117,8 +117,8 @@ constexpr ValueParts partsOf(const AiComponent (&components)[AI_MAX_COMPONENTS])
     return {partOf(components[0]), partOf(components[1])};
 }
 
-// The parts of a row must have as many characters as the AI table says, where it says so. An IBAN
-// has up to 34; on a tag there is room for 24.
+// True if the parts of a row are as long as the AI table says. An IBAN is not: it has up to 34
+// characters, of which a tag holds 24.
 constexpr bool partsFit(const AiTableRow& row) {
     const AiRule& rule = *ruleRowOf(aiFirstCode(row));
     std::size_t most = 0;
@@ -140,8 +140,7 @@ constexpr KnownAi knownAiOfRow(const AiTableRow& row) {
     return {&rule, hasParts ? rule.parts : partsOf(row.components), {}};
 }
 
-// What is known of the AIs of each row of the AI table, then of each newer one. The first is not
-// assigned.
+// An AI that is not assigned, then those of each row of the AI table, then the newer ones.
 constexpr std::size_t KNOWN_COUNT = 1 + aiTable.size() + std::size(newerAiRows);
 constexpr std::array<KnownAi, KNOWN_COUNT> knownAisMake() {
     std::array<KnownAi, KNOWN_COUNT> known{};
@@ -157,7 +156,7 @@ constexpr std::array<KnownAi, KNOWN_COUNT> knownAisMake() {
 }
 constexpr std::array<KnownAi, KNOWN_COUNT> knownAis = knownAisMake();
 
-// For each slot the place in knownAis.
+// The index in knownAis, by slot.
 using Slots = std::array<std::uint8_t, SLOT_COUNT>;
 static_assert(KNOWN_COUNT <= 256);
 

@@ -64,7 +64,7 @@ using ValueParts = std::array<ValuePart, MAX_VALUE_PARTS>;
 
 enum class LinkQuery : std::uint8_t { NO, YES };
 
-// One row for all AIs from the first code to the last.
+// A row applies to each AI from the first code to the last.
 struct AiRule {
     std::string_view first;
     std::string_view last;
@@ -75,14 +75,14 @@ struct AiRule {
     LinkQuery linkQuery;          // whether it may stand in the query of a link
 };
 
-// Characters that the shortest company prefix has, all of them digits.
+// The digits of the shortest company prefix.
 inline constexpr std::size_t SHORTEST_COMPANY_PREFIX = 4;
 
 // What is known of one AI.
 struct KnownAi {
     const AiRule* rule = nullptr; // null: GS1 has not assigned it
     ValueParts parts{};
-    std::string_view newerTitle; // of one that GS1 has assigned after the AI table was made
+    std::string_view newerTitle; // of an AI that is newer than the AI table; else empty
 };
 
 const KnownAi& knownAiOf(std::string_view code);
@@ -93,8 +93,8 @@ std::size_t knownAiCodeLength(char first, char second);
 // The length of a value that needs no separator after it in a barcode string, or 0.
 std::size_t predefinedValueLength(std::string_view code);
 
-// A key of a Digital Link and its qualifiers in their order; a key has a row for each choice of
-// qualifiers that do not mix.
+// A key of a Digital Link and its qualifiers in their order. Qualifiers that do not mix have rows
+// of their own.
 struct LinkKey {
     std::string_view key;
     std::array<std::string_view, 3> qualifiers;

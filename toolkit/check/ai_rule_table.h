@@ -27,8 +27,7 @@ constexpr ValuePart optional(ValuePart part) {
     return part;
 }
 
-// The letters of the General Specifications: n digits, x character set 82, y character set 39; z
-// base64url.
+// The letters of the General Specifications, and z for base64url.
 inline constexpr auto n = CharacterSet::DIGITS;
 inline constexpr auto x = CharacterSet::SET_82;
 inline constexpr auto y = CharacterSet::SET_39;
@@ -57,9 +56,9 @@ inline constexpr ValueParts address35 = {escaped(35)};
 inline constexpr ValueParts address70 = {escaped(70)};
 inline constexpr ValueParts personName = {escaped(40)};
 
-// What a trade item, a piece of one, or the content of a logistic unit carries.
+// What identifies a trade item, a piece of one, or the content of a logistic unit.
 inline constexpr std::string_view anyItem = "01,02,03,8006,8026";
-// What tells how much of a trade item of variable measure there is.
+// What measures a trade item of variable quantity.
 inline constexpr std::string_view anyMeasure = "30,31nn,32nn,35nn,36nn";
 
 inline constexpr LinkQuery Q = LinkQuery::YES;
@@ -222,7 +221,7 @@ inline constexpr AiRule aiRuleRows[] = {
     {"90",   "99",   0, {},                                               "",                "",           Q},
 };
 
-// The AIs that GS1 has assigned after the AI table was made.
+// AIs that are newer than the AI table.
 //
 // Source: GS1 General Specifications, section 3.2.
 struct NewerAi {

@@ -8,9 +8,9 @@ namespace {
 
 constexpr char ANY_DIGIT = 'n';
 constexpr std::string_view SAME_MEASURE = "=n";
-constexpr std::size_t MEASURE_DIGITS = 3; // of an AI whose last digit is the decimal point
+constexpr std::size_t MEASURE_DIGITS = 3; // before the one that places the decimal point
 
-// Cuts text at the first separator and gives what stood before it.
+// Takes what is before the first separator off the text.
 std::string_view takeUntil(std::string_view& text, char separator) {
     // The words are too short for find() to be quick.
     std::size_t end = 0;
@@ -22,7 +22,7 @@ std::string_view takeUntil(std::string_view& text, char separator) {
     return taken;
 }
 
-// True if the code is one of those that a word of the table stands for, of an AI.
+// True if a word in the row of an AI stands for the code.
 bool isMeant(std::string_view word, std::string_view code, std::string_view ai) {
     if (word == SAME_MEASURE) {
         return code != ai && code.size() == ai.size() &&

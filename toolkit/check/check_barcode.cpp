@@ -71,7 +71,7 @@ std::size_t findSeparator(std::string_view text, std::size_t position) {
     return position;
 }
 
-// Of a symbol that holds nothing but a GTIN. Its digits are checked at the length that they have.
+// A symbol that holds nothing but a GTIN, of whatever length.
 void checkGtinAlone(CheckRun& run, std::size_t position, std::size_t end) {
     static constexpr std::string_view code = "01";
     const std::string_view digits = run.value.substr(position, end - position);
@@ -88,7 +88,7 @@ bool beginsWithAi(std::string_view text) {
            knownAiOf(text.substr(0, knownAiCodeLength(text[0], text[1]))).rule != nullptr;
 }
 
-// Characters that a value may have, or 0 if its length varies.
+// The length of a value, or 0 if it varies.
 std::size_t fixedLengthOf(const ValueParts& parts) {
     std::size_t length = 0;
     for (const ValuePart& part : parts) {
@@ -100,7 +100,7 @@ std::size_t fixedLengthOf(const ValueParts& parts) {
     return length;
 }
 
-// A run of AIs under way.
+// How far a run of AIs has been read.
 struct AiRun {
     std::string_view text; // the value up to the end of the run
     std::size_t position;
@@ -129,8 +129,8 @@ std::size_t findValueEnd(CheckRun& run, const AiRun& ais, std::size_t position,
     return end;
 }
 
-// Checks one AI and its value, and goes on to where the next begins. After a code that is not
-// assigned only the next separator tells that.
+// Checks one AI and its value, and moves on to the next. After a code that is not assigned, that is
+// what follows the next separator.
 void checkElement(CheckRun& run, AiRun& ais) {
     const std::size_t left = ais.separator - ais.position;
     const std::size_t digits =

@@ -37,7 +37,7 @@ struct Segment {
     std::size_t length;
 };
 
-// The segments of a path, the last MAX_SEGMENTS of them.
+// The segments of a path; of a longer one the last.
 struct Path {
     std::array<Segment, MAX_SEGMENTS> segments;
     std::size_t count = 0;
@@ -66,8 +66,7 @@ Path splitPath(const CheckRun& run, std::size_t position, std::size_t end) {
     return path;
 }
 
-// The AI that a segment or the name of a parameter stands for: its digits, or what the short name
-// was.
+// The AI that a segment or the name of a parameter stands for.
 std::string_view aiOfName(std::string_view name) {
     if (name.empty() || charIsDigit(name[0])) {
         return name;
@@ -137,7 +136,7 @@ std::string escapesOf(std::string_view text) {
     return escapes;
 }
 
-// Characters of AI values that an URI does not take as they are and that do not end a segment.
+// Characters of AI values that a URI takes only as escapes and that do not end a segment.
 //
 // Source: RFC 3986, section 2.
 constexpr bool isNotInUri(char character) {
@@ -172,7 +171,7 @@ void decodeValue(CheckRun& run, std::string_view code, const Segment& raw, Decod
     decoded.offsets[decoded.length] = static_cast<std::uint16_t>(at);
 }
 
-// Checks an AI and its value, and gives what is known of it, or null.
+// Checks an AI and its value. Null if it is not assigned.
 const KnownAi* checkLinkAi(CheckRun& run, const Segment& name, const Segment& value) {
     const std::string_view code = aiOfName(textOf(run, name));
     const bool isShortName = code.data() != textOf(run, name).data();
@@ -204,7 +203,7 @@ std::string qualifierText(const LinkKey& row) {
     return text;
 }
 
-// The qualifiers of a key as a reader of the standard would tell them.
+// The qualifiers of a key in words: "22, 10, 21 or else 235".
 std::string qualifiersOfKey(std::string_view key) {
     std::string text;
     for (const LinkKey& row : linkKeys()) {

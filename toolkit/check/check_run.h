@@ -18,13 +18,13 @@
 
 namespace rosetag {
 
-// A slice of the value as it was given. The characters are those it stands for, which differ where
-// escapes were resolved: offsets then tells where each began, and where the last ended.
+// Characters and where they are in the value. Where escapes were resolved, offsets says where each
+// began and where the last one ended.
 struct CheckedText {
     std::string_view characters;
     std::size_t position;
-    const std::uint16_t* offsets = nullptr; // from position; null: each character is one byte
-    std::size_t wholeLength = 0;            // not 0: all characters are one place of this length
+    const std::uint16_t* offsets = nullptr; // from position; null: each character is itself
+    std::size_t wholeLength = 0; // not 0: the characters cannot be told apart in the value
 };
 
 struct CheckedAi {
@@ -37,7 +37,7 @@ struct CheckedAi {
 
 enum class TextKind : std::uint8_t { ELEMENT_STRING, BARCODE_STRING, DIGITAL_LINK, TAG_VALUE };
 
-// AIs that are remembered. No symbol has so many.
+// More than any symbol has.
 inline constexpr std::size_t MAX_CHECKED_AIS = 32;
 
 struct CheckRun {
@@ -65,11 +65,11 @@ Place placeOf(const CheckedText& text, std::size_t at, std::size_t length);
 Finding& report(CheckRun& run, CheckRule rule, std::string_view ai, Place place,
                 std::string_view detail = {});
 
-// The same about characters that do not stand in the value as they are.
+// The same for characters of a text.
 Finding& reportIn(CheckRun& run, CheckRule rule, std::string_view ai, const CheckedText& text,
                   std::size_t at, std::size_t length, std::string_view detail = {});
 
-// Remembers an AI of the text, and reports it if it has been there before.
+// Remembers an AI, and reports it if it is a repetition or one too many.
 void rememberAi(CheckRun& run, const CheckedAi& ai);
 
 } // namespace rosetag

@@ -14,7 +14,7 @@ void checkElementString(CheckRun& run, std::size_t position, std::size_t end);
 void checkBarcodeString(CheckRun& run, std::size_t position, std::size_t end);
 void checkDigitalLink(CheckRun& run, std::size_t position, std::size_t end);
 
-// What is known of the AI whose code stands there, or null, with a finding, if there is none such.
+// Looks up the code of an AI. Null, with a finding, if it is not assigned.
 const KnownAi* checkAiCode(CheckRun& run, std::size_t position, std::size_t length);
 
 } // namespace rosetag

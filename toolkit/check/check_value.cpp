@@ -25,7 +25,7 @@ bool isOfSet39(char character) {
     return charIsOfClass(character, CHAR_CLASS_AI39);
 }
 
-// Padding included, which stands at the end alone.
+// With the padding.
 //
 // Source: RFC 4648, section 5.
 bool isBase64Url(char character) {
@@ -55,8 +55,7 @@ struct PartCheck {
     std::size_t length;
 };
 
-// A character between the code of an AI and its value that a program may have put where the
-// separator belongs.
+// Some programs write another character where the separator belongs: an AI follows it.
 std::string_view hintAtSeparator(std::string_view rest) {
     constexpr std::string_view stand = "^~|";
     if (rest.size() < 3 || stand.find(rest[0]) == stand.npos) {
@@ -68,7 +67,7 @@ std::string_view hintAtSeparator(std::string_view rest) {
                : std::string_view();
 }
 
-// True if all characters are of the part's set. Neighbours that are not are one finding.
+// True if all characters are in the set of the part. A run of others is one finding.
 bool checkCharacters(const ValueCheck& check, const PartCheck& part) {
     const CharacterSetEntry& set = characterSets[static_cast<std::size_t>(part.part.set)];
     const std::string_view characters = check.value.characters;
@@ -108,7 +107,7 @@ void checkPartRules(const ValueCheck& check, const PartCheck& part) {
     }
 }
 
-// A GTIN as it stands below the bars, without the zeros that fill it up.
+// A GTIN as it is printed below the bars, without the zeros in front.
 bool checkShortGtin(const ValueCheck& check) {
     const std::string_view digits = check.value.characters;
     const bool isGtin = check.code == "01" || check.code == "02" || check.code == "03";
@@ -134,7 +133,7 @@ std::string lengthDetail(const ValueCheck& check) {
            std::to_string(check.value.characters.size());
 }
 
-// Reports the lengths and gives the parts that are complete.
+// Reports a value that is too short or too long, and returns how many of its parts are complete.
 std::size_t splitIntoParts(const ValueCheck& check, std::size_t (&ends)[MAX_VALUE_PARTS]) {
     const std::size_t size = check.value.characters.size();
     std::size_t at = 0;
@@ -170,7 +169,8 @@ void checkParts(const ValueCheck& check) {
     std::size_t at = 0;
     for (std::size_t i = 0; i < count; ++i) {
         const PartCheck part = {check.ai.parts[i], at, ends[i] - at};
-        // A digit too many or too few moves the others: what the last part says is by chance.
+        // With a digit too many or too few, the rules of the last part would fail for no reason of
+        // their own.
         if (checkCharacters(check, part) && (isOfRightLength || i + 1 < count)) {
             checkPartRules(check, part);
         }
@@ -187,7 +187,7 @@ void checkCompanyPrefix(const ValueCheck& check) {
     const std::string_view prefix = characters.substr(place - 1, SHORTEST_COMPANY_PREFIX);
     const bool isDigits = std::all_of(prefix.begin(), prefix.end(), charIsDigit);
     if (!isDigits || prefix.size() < SHORTEST_COMPANY_PREFIX) {
-        // Of a number the digits and the length have been looked at.
+        // In a number, other rules have found that already.
         if (check.ai.parts[0].set != CharacterSet::DIGITS) {
             reportIn(check.run, CheckRule::COMPANY_PREFIX, check.code, check.value, place - 1,
                      prefix.size(), std::to_string(SHORTEST_COMPANY_PREFIX));

@@ -19,7 +19,7 @@ Culprit wholeUnless(bool holds, std::string_view part) {
     return holds ? nothing : Culprit{0, part.size()};
 }
 
-// Numbers of at most 19 digits; the parts have been found to be digits.
+// Of at most 19 characters, which have been found to be digits.
 std::uint64_t numberOf(std::string_view digits) {
     std::uint64_t number = 0;
     for (const char digit : digits) {
@@ -76,8 +76,7 @@ Culprit badMonthOrDay(std::string_view part, std::size_t at, bool isLeapYear, Da
     return isDay && (isLeapYear || month != 2 || day != 29) ? nothing : Culprit{at + 2, 2};
 }
 
-// Of the two centuries that a year of two digits may stand for, 2000 is the only one that begins
-// with a leap year, and the only one whose year 00 lies within the reach of a label.
+// Year 00 is 2000, a leap year: 1900 and 2100 are out of reach of the sliding window.
 bool isLeapYearOfTwoDigits(std::string_view part) {
     return numberOf({part.data(), 2}) % 4 == 0;
 }
@@ -231,7 +230,7 @@ Culprit badMediaType(std::string_view part) {
     return wholeUnless((type >= 1 && type <= 10) || type >= 80, part);
 }
 
-// Which codes there are is not known here, only how they look.
+// Looks at the form alone: the list of codes is not known here.
 //
 // Source: UN/ECE Recommendation 21.
 Culprit badPackageType(std::string_view part) {
