@@ -13,17 +13,18 @@ namespace {
 constexpr std::size_t SAMPLE_COUNT = 4096;
 constexpr EpcScheme FIRST_PLUS_SCHEME = EPC_SCHEME_CPI_PLUS;
 constexpr std::int32_t ROOM = 8000;
+constexpr std::size_t LONGEST_AI_VALUE = 92;
 
 constexpr std::string_view CHARACTERS =
     "!\"%&'()*+,-./0123456789:;<=>?ABCDEFGHIJKLMNOPQRSTUVWXYZ_abcdefghijklmnopqrstuvwxyz";
-// What has a meaning somewhere, and what has one nowhere.
+// Characters with a meaning in some syntax, and some with none in any.
 constexpr std::string_view TELLING_CHARACTERS = "()./:?&=%#]-+;,_\x1D ~\x7F\x80\xFF"
                                                 "0123456789AFafGgZz0011228";
 
-// The AIs of each plus scheme: the date before the key, the key, and what often stands beside it.
+// The key of each plus scheme, and the AI that goes with it.
 struct PlusKey {
     EpcScheme scheme;
-    std::string_view key, beside;
+    std::string_view key, second;
 };
 constexpr PlusKey plusKeys[] = {
     {EPC_SCHEME_CPI_PLUS, "8010", "8011"}, {EPC_SCHEME_GRAI_PLUS, "8003", ""},
@@ -35,7 +36,7 @@ constexpr PlusKey plusKeys[] = {
 };
 constexpr std::string_view plusDates[] = {"11", "13", "15", "16", "17", "7006", "7007", "12"};
 
-// What a call writes into a text, or nothing.
+// The text that a call writes; empty if it fails.
 template <typename Call>
 std::string textFrom(Call call) {
     static std::array<char, ROOM> text;
@@ -62,8 +63,17 @@ Inputs::Inputs(std::uint64_t seed) : random(seed) {
         }
     }
     aiValues.resize(aiCodes.size());
+    std::map<std::vector<bool>, std::size_t> shapes;
+    const std::vector<std::string> candidates = candidateValues();
     for (const std::string& code : aiCodes) {
         collectAi(code);
+        std::vector<bool> taken;
+        for (const std::string& value : candidates) {
+            taken.push_back(isEncodable(code, value));
+        }
+        const std::size_t shape = shapes.try_emplace(taken, shapes.size()).first->second;
+        aisOfShape.resize(shapes.size());
+        aisOfShape[shape].push_back(code);
     }
     while (samples.size() < SAMPLE_COUNT) {
         samples.push_back(random.below(3) != 0 ? plainSample() : plusSample());
@@ -72,7 +82,7 @@ Inputs::Inputs(std::uint64_t seed) : random(seed) {
 
 // ---- AI values ----
 
-// Values of every shape; which of them an AI takes is seen by encoding them.
+// Values of every shape. Which of them an AI takes, encoding them will show.
 std::vector<std::string> Inputs::candidateValues() {
     std::vector<std::string> values;
     const auto two = [this](std::int32_t first, std::int32_t last) {
@@ -107,7 +117,7 @@ std::vector<std::string> Inputs::candidateValues() {
     return values;
 }
 
-// Two values of each length at most.
+// Up to three values of each length, and those around the longest.
 void Inputs::collectAi(const std::string& ai) {
     const auto index =
         static_cast<std::size_t>(std::find(aiCodes.begin(), aiCodes.end(), ai) - aiCodes.begin());
@@ -117,6 +127,16 @@ void Inputs::collectAi(const std::string& ai) {
         if (taken[value.size()] < 3 && isEncodable(ai, value)) {
             ++taken[value.size()];
             values.push_back(value);
+        }
+    }
+    for (std::size_t length = LONGEST_AI_VALUE; length > 0; --length) {
+        std::string value = random.digits(length);
+        if (isEncodable(ai, value)) {
+            values.push_back(value);
+            values.push_back(value + "1");
+            value.back() = 'A';
+            values.push_back(value);
+            break;
         }
     }
     if (!values.empty()) {
@@ -137,7 +157,10 @@ std::string Inputs::valueOf(std::string_view ai) {
 }
 
 Inputs::AiValue Inputs::anyAiValue() {
-    const std::string ai = aiCodes[random.below(aiCodes.size())];
+    // Half of them by shape: some shapes have one AI, others more than a hundred.
+    const std::vector<std::string>& codes =
+        random.flip() ? aiCodes : aisOfShape[random.below(aisOfShape.size())];
+    const std::string ai = codes[random.below(codes.size())];
     return {ai, valueOf(ai)};
 }
 
@@ -201,8 +224,8 @@ Inputs::Sample Inputs::plusSample() {
         const std::string_view date = plusDates[random.below(std::size(plusDates))];
         ais.insert(ais.begin() + random.between(0, 1), {std::string(date), valueOf(date)});
     }
-    if (!row.beside.empty()) {
-        ais.push_back({std::string(row.beside), valueOf(row.beside)});
+    if (!row.second.empty()) {
+        ais.push_back({std::string(row.second), valueOf(row.second)});
     }
     for (std::uint64_t more = random.below(2) * random.below(5); more > 0; --more) {
         ais.push_back(anyAiValue());
@@ -270,6 +293,16 @@ std::string Inputs::noise() {
     return text;
 }
 
+// Mostly short, else near a length at which some text no longer fits its storage.
+std::size_t Inputs::runLength() {
+    constexpr std::int32_t limits[] = {90, 255, 1024, 1800};
+    if (random.below(4) != 0) {
+        return random.below(20);
+    }
+    const std::int32_t limit = limits[random.below(std::size(limits))];
+    return static_cast<std::size_t>(random.between(limit - 70, limit + 5));
+}
+
 std::string Inputs::damaged(std::string text) {
     for (std::uint64_t times = 1 + random.below(3); times > 0; --times) {
         const std::size_t at = random.below(text.size() + 1);
@@ -292,7 +325,7 @@ std::string Inputs::damaged(std::string text) {
             text.insert(at, random.below(16) == 0 ? noise() : random.digits(random.below(4)));
             break;
         case 5:
-            text.insert(at, std::string(random.below(random.below(8) == 0 ? 1200 : 20), character));
+            text.insert(at, std::string(runLength(), character));
             break;
         case 6: {
             const std::string other = textOf(Kind::ELEMENT_STRING, anySample());

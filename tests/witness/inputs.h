@@ -37,7 +37,7 @@ public:
     Random random;
 
 private:
-    // A value of a scheme in all the forms it has; the others are empty.
+    // A value of a scheme in all its forms; those it does not have are empty.
     struct Sample {
         EpcScheme scheme = 0;
         std::int32_t filter = 0;
@@ -63,6 +63,7 @@ private:
 
     std::string noise();
     std::string textOf(Kind kind, const Sample& sample);
+    std::size_t runLength();
     std::string damaged(std::string text);
     void layBits(Arguments& arguments, std::vector<std::uint8_t> bytes);
     void damageNumbers(Arguments& arguments);
@@ -70,7 +71,8 @@ private:
     std::vector<std::uint8_t> bytesOf(const AiValue& ai, std::int32_t withCode);
 
     std::vector<std::string> aiCodes;
-    std::vector<std::vector<std::string>> aiValues; // valid ones of each code
+    std::vector<std::vector<std::string>> aiValues;   // mostly valid ones of each code
+    std::vector<std::vector<std::string>> aisOfShape; // those that take the same values
     std::vector<Sample> samples;
 };
 

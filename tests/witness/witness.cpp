@@ -19,7 +19,7 @@
 
 namespace {
 
-// What the names of the exports tell of their inputs; the first row that fits counts.
+// What the name of an export tells about its input; the first row that matches counts.
 struct Family {
     std::string_view mark;
     Kind kind;
@@ -27,7 +27,7 @@ struct Family {
 };
 // clang-format off
 constexpr Family families[] = {
-    // part of the name       reads                  family
+    // part of the name       input                  family
     {"epc_tagScheme",         Kind::SCHEME_NAME,     "scheme names"},
     {"ToTagSchemeName",       Kind::EPC,             "binary to scheme name"},
     {"tid_",                  Kind::TID,             "TID"},
@@ -89,7 +89,7 @@ std::vector<Pair> pairsOf(void* before, void* after) {
 
 // ---- Rooms ----
 
-// A room near what the value needs, as the call with enough of it showed.
+// A room near what the value needs, as the call with enough room showed.
 Room tightRoom(const Export& row, const Outcome& full, Random& random) {
     Room room = enoughRoom(row);
     std::int32_t needed = 0;
@@ -107,7 +107,7 @@ Room tightRoom(const Export& row, const Outcome& full, Random& random) {
     default:
         needed = static_cast<std::int32_t>(full.text().size()) + 1;
     }
-    needed = std::clamp(needed, 0, 4000); // a count that nobody wrote is any number
+    needed = std::clamp(needed, 0, 4000); // if nothing was written, any number
     const bool isNear = random.flip();
     room.size = isNear ? needed + random.between(-2, 2) : random.between(-2, needed + 2);
     switch (row.output) {
@@ -170,7 +170,7 @@ void printDifference(const Pair& pair, const Arguments& arguments, const Room& r
     std::fflush(stdout);
 }
 
-// Where the run stands, for the message when a call crashes.
+// The current call, for the message if it crashes.
 volatile std::uint64_t callNumber = 0;
 std::uint64_t seed = 1;
 const char* volatile currentExport = "";
@@ -192,16 +192,18 @@ public:
         while (calls < limit) {
             Pair& pair = pairs[inputs.random.below(pairs.size())];
             callInAllRooms(pair, inputs.next(families[pair.family].kind));
-            if (calls / 1'000'000 != lastShown) {
+            if (isatty(STDERR_FILENO) != 0 && calls / 1'000'000 != lastShown) {
                 lastShown = calls / 1'000'000;
                 const std::chrono::duration<double> seconds =
                     std::chrono::steady_clock::now() - start;
-                std::printf("\r%llu million calls, %.0f s, %llu differences ",
-                            static_cast<unsigned long long>(lastShown), seconds.count(),
-                            static_cast<unsigned long long>(differences));
-                std::fflush(stdout);
+                std::fprintf(stderr, "\r%llu million calls, %.0f s, %llu differences ",
+                             static_cast<unsigned long long>(lastShown), seconds.count(),
+                             static_cast<unsigned long long>(differences));
             }
         }
+        const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
+        std::printf("\n%llu calls in %.0f s\n", static_cast<unsigned long long>(calls),
+                    seconds.count());
         printTallies();
         return differences == 0 ? 0 : 1;
     }
