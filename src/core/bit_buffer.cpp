@@ -33,8 +33,9 @@ std::int32_t bitBufferPutAnywhere(BitBuffer& buffer, std::uint64_t value, std::i
         return -1;
     }
     if (isSplit(buffer, bitCount)) {
-        bitBufferPut(buffer, value >> SPLIT_BITS, bitCount - SPLIT_BITS);
-        return bitBufferPut(buffer, value, SPLIT_BITS);
+        bitWindowPut(buffer, value >> SPLIT_BITS, bitCount - SPLIT_BITS);
+        bitWindowPut(buffer, value, SPLIT_BITS);
+        return 0;
     }
     for (std::int32_t remaining = bitCount; remaining > 0;) {
         const std::int32_t free = 8 - buffer.position % 8;
@@ -51,13 +52,12 @@ std::int32_t bitBufferGetAnywhere(BitBuffer& buffer, std::int32_t bitCount, std:
     if (!hasRoom(buffer, bitCount)) {
         return -1;
     }
-    std::uint64_t value = 0;
     if (isSplit(buffer, bitCount)) {
-        bitBufferGet(buffer, bitCount - SPLIT_BITS, value);
-        bitBufferGet(buffer, SPLIT_BITS, out);
-        out |= value << SPLIT_BITS;
+        const std::uint64_t first = bitWindowGet(buffer, bitCount - SPLIT_BITS);
+        out = first << SPLIT_BITS | bitWindowGet(buffer, SPLIT_BITS);
         return 0;
     }
+    std::uint64_t value = 0;
     for (std::int32_t remaining = bitCount; remaining > 0;) {
         const std::int32_t free = 8 - buffer.position % 8;
         const std::int32_t take = std::min(free, remaining);

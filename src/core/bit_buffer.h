@@ -80,12 +80,8 @@ inline void storeBigEndian(std::uint8_t* bytes, std::uint64_t value) {
     put(0), put(1), put(2), put(3), put(4), put(5), put(6), put(7);
 }
 
-// Writes the lowest bitCount bits of the value. Above 64 bits the leading ones are 0, so that zeros
-// of any number are one call.
-inline std::int32_t bitBufferPut(BitBuffer& buffer, std::uint64_t value, std::int32_t bitCount) {
-    if (!bitWindowTakes(buffer, bitCount)) {
-        return bitBufferPutAnywhere(buffer, value, bitCount);
-    }
+// Writes a field that a window takes.
+inline void bitWindowPut(BitBuffer& buffer, std::uint64_t value, std::int32_t bitCount) {
     const BitWindow window = bitWindowAt(buffer);
     // A window that begins with the byte of the position needs no more than that byte. To load all
     // eight would have to wait for the store before, which they lie in only in part.
@@ -94,6 +90,23 @@ inline std::int32_t bitBufferPut(BitBuffer& buffer, std::uint64_t value, std::in
     const std::uint64_t mask = (std::uint64_t{1} << bitCount) - 1;
     storeBigEndian(window.bytes, written | (value & mask) << (64 - window.before - bitCount));
     buffer.position += bitCount;
+}
+
+// Reads a field that a window takes.
+inline std::uint64_t bitWindowGet(BitBuffer& buffer, std::int32_t bitCount) {
+    const BitWindow window = bitWindowAt(buffer);
+    const std::uint64_t mask = (std::uint64_t{1} << bitCount) - 1;
+    buffer.position += bitCount;
+    return loadBigEndian(window.bytes) >> (64 - window.before - bitCount) & mask;
+}
+
+// Writes the lowest bitCount bits of the value. Above 64 bits the leading ones are 0, so that zeros
+// of any number are one call.
+inline std::int32_t bitBufferPut(BitBuffer& buffer, std::uint64_t value, std::int32_t bitCount) {
+    if (!bitWindowTakes(buffer, bitCount)) {
+        return bitBufferPutAnywhere(buffer, value, bitCount);
+    }
+    bitWindowPut(buffer, value, bitCount);
     return 0;
 }
 
@@ -102,10 +115,7 @@ inline std::int32_t bitBufferGet(BitBuffer& buffer, std::int32_t bitCount, std::
     if (!bitWindowTakes(buffer, bitCount)) {
         return bitBufferGetAnywhere(buffer, bitCount, out);
     }
-    const BitWindow window = bitWindowAt(buffer);
-    const std::uint64_t mask = (std::uint64_t{1} << bitCount) - 1;
-    out = loadBigEndian(window.bytes) >> (64 - window.before - bitCount) & mask;
-    buffer.position += bitCount;
+    out = bitWindowGet(buffer, bitCount);
     return 0;
 }
 
