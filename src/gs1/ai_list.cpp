@@ -36,7 +36,7 @@ EpcStatus skipEscapedChar(TextCursor& cursor) {
     return EPC_OK;
 }
 
-EpcStatus skipFixed(TextCursor& cursor, std::uint32_t digitCount) {
+EpcStatus skipFixed(TextCursor& cursor, std::ptrdiff_t digitCount) {
     if (digitCount > textCursorLeft(cursor)) {
         return EPC_ERR_NO_ROOM;
     }
@@ -44,13 +44,13 @@ EpcStatus skipFixed(TextCursor& cursor, std::uint32_t digitCount) {
     return EPC_OK;
 }
 
-EpcStatus skipFixedEscaped(TextCursor& cursor, std::uint32_t digitCount) {
-    const std::string_view plain = {cursor.current, digitCount};
+EpcStatus skipFixedEscaped(TextCursor& cursor, std::ptrdiff_t digitCount) {
+    const std::string_view plain = {cursor.current, static_cast<std::size_t>(digitCount)};
     if (digitCount <= textCursorLeft(cursor) && plain.find('%') == std::string_view::npos) {
         cursor.current += digitCount;
         return EPC_OK;
     }
-    for (std::uint32_t i = 0; i < digitCount; ++i) {
+    for (std::ptrdiff_t i = 0; i < digitCount; ++i) {
         EPC_TRY(skipEscapedChar(cursor));
     }
     return EPC_OK;
