@@ -106,7 +106,7 @@ EpcStatus digitRunGet(BitBuffer& bits, TextBuffer& text, std::int32_t count) {
         *text.writePointer = '\0';
         count -= taken;
     }
-    // What is wrong stands within the next eight.
+    // What is wrong is among the next eight.
     for (; count > 0; --count) {
         std::uint64_t digit = 0;
         EPC_TRY(bitBufferRead(bits, DIGIT_BITS, digit));

@@ -1,5 +1,5 @@
 /*
- * A run of fields of one width, one a character: how digits and characters stand in the bits. The
+ * A run of fields of one width, one a character: how characters are written in the bits. The
  * fields pass many at a time; after a failure the output holds what it would hold if they had
  * passed one by one.
  */
@@ -17,7 +17,7 @@ namespace rosetag {
 template <std::int32_t fieldBits>
 inline constexpr std::int32_t FIELDS_AT_ONCE = 56 / fieldBits;
 
-// Writes count fields, each as next gives it. A failure of next stands behind the fields before it.
+// Writes count fields, each as next gives it. If next fails, the fields before are written.
 // next: EpcStatus(std::uint64_t& field)
 template <std::int32_t fieldBits, typename Next>
 EpcStatus fieldRunPut(BitBuffer& out, std::int32_t count, Next next) {

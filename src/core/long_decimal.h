@@ -10,14 +10,17 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <string_view>
 
 namespace rosetag {
 
 constexpr std::int32_t MAX_LONG_DIGITS = 90;
 
-constexpr std::array<std::uint64_t, 20> powersOfTenMake() {
-    std::array<std::uint64_t, 20> powers{1};
+using PowersOfTen = std::array<std::uint64_t, std::numeric_limits<std::uint64_t>::digits10 + 1>;
+
+constexpr PowersOfTen powersOfTenMake() {
+    PowersOfTen powers{1};
     for (std::size_t exponent = 1; exponent < powers.size(); ++exponent) {
         powers[exponent] = powers[exponent - 1] * 10;
     }
@@ -25,7 +28,7 @@ constexpr std::array<std::uint64_t, 20> powersOfTenMake() {
 }
 
 // The powers of ten that 64 bits hold, by their exponent.
-inline constexpr std::array<std::uint64_t, 20> powersOfTen = powersOfTenMake();
+inline constexpr PowersOfTen powersOfTen = powersOfTenMake();
 
 constexpr std::array<std::int32_t, MAX_LONG_DIGITS + 1> aiDigitBitsTableMake() {
     std::array<std::int32_t, MAX_LONG_DIGITS + 1> bits{};

@@ -1,10 +1,9 @@
 /*
  * Writes text into a bounded storage: the library's printer.
  *
- * The last byte of the storage is kept for the NUL, which stands behind the text after every
- * operation, failed ones included. An operation that appends one item (a text, a number) writes all
- * of it or nothing; those that append character by character leave what fitted. No room is
- * EPC_ERR_NO_ROOM.
+ * The last byte of the storage is kept for the NUL, which ends the text after every operation,
+ * failed ones included. An operation that appends one item (a text, a number) writes all of it or
+ * nothing; those that append character by character leave what fitted. No room is EPC_ERR_NO_ROOM.
  */
 #ifndef ROSETAG_CORE_TEXT_BUFFER_H
 #define ROSETAG_CORE_TEXT_BUFFER_H

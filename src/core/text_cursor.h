@@ -16,6 +16,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <string_view>
 
 namespace rosetag {
@@ -29,7 +30,7 @@ struct TextCursor {
 enum class LeadingZeros : std::uint8_t { REFUSE, ALLOW };
 
 // A number in text has 19 digits at most, so that it always fits 64 bits.
-constexpr std::int32_t MAX_NUMBER_DIGITS = 19;
+constexpr std::int32_t MAX_NUMBER_DIGITS = std::numeric_limits<std::uint64_t>::digits10;
 
 constexpr std::array<std::int8_t, 256> hexDigitValuesMake() {
     std::array<std::int8_t, 256> values{};

@@ -1,5 +1,6 @@
 #include "gs1/ai_list.h"
 
+#include "gs1/ai_table.h"
 #include "gs1/check_digit.h"
 #include "gs1/percent_decoding.h"
 
@@ -10,8 +11,17 @@ namespace rosetag {
 
 namespace {
 
-// Room for the characters of a component that ends in a check digit.
-constexpr std::int32_t CHECKED_TEXT_SIZE = 91;
+// Room for the characters of a component that ends in a check digit, and a NUL.
+constexpr std::int32_t CHECKED_TEXT_SIZE = [] {
+    std::int32_t most = 0;
+    for (const AiTableRow& row : aiTable) {
+        for (const AiComponent& component : row.components) {
+            const bool isChecked = component.checkKind == AI_CHECK_DIGIT;
+            most = std::max<std::int32_t>(most, isChecked ? component.digitCount : 0);
+        }
+    }
+    return most + 1;
+}();
 
 EpcStatus readDelimiter(TextCursor& cursor, char delimiter) {
     return delimiter == 0 ? EPC_OK : textCursorExpect(cursor, delimiter);

@@ -37,7 +37,7 @@ inline void aiListClear(AiList& list) {
     list.count = 0;
 }
 
-// The punctuation of a GS1 text. A start or code delimiter of 0 stands for none.
+// The punctuation of a GS1 text. A start or code delimiter of 0 means none.
 struct AiSyntax {
     char startDelimiter; // before an AI code
     char codeDelimiter;  // between AI code and value

@@ -39,7 +39,7 @@ constexpr std::size_t GTIN_LENGTH = aiPrefixOf(GTIN_AI[0], GTIN_AI[1]).valueLeng
 // A GTIN after its AI, and a NUL.
 constexpr std::size_t BARCODE_BUFFER_SIZE = GTIN_AI.size() + GTIN_LENGTH + 1;
 
-// Yields the run of AI codes and values that the text stands for, NUL-terminated: a part of the
+// Gives the run of AI codes and values that the text stands for, NUL-terminated: a part of the
 // text, or a GTIN of full length with its AI in buffer. A text without identifier stays as it is.
 EpcStatus barcodeStringNormalise(std::string_view text, char (&buffer)[BARCODE_BUFFER_SIZE],
                                  std::string_view& normalised);

@@ -19,7 +19,7 @@ namespace rosetag {
 EpcStatus digitalLinkSkipHost(TextCursor& cursor);
 
 // Fills an empty list with slices of the raw text, which is all that lies under the cursor: it
-// stands at its begin.
+// is at its begin.
 EpcStatus digitalLinkParse(AiList& list, TextCursor& cursor);
 
 // Decodes the values back to back into flat, which is empty, and moves the list over to it.

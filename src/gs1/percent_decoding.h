@@ -9,7 +9,7 @@ namespace rosetag {
 constexpr std::int32_t DECODED_VALUE_SIZE = 1024;
 
 // Decodes a value of a Digital Link. decoded lies in out, of capacity characters, or in the raw
-// value where that holds no escape. An escape of character 0 ends the value: what stands behind it
+// value where that holds no escape. An escape of character 0 ends the value: what follows it
 // is read and dropped. More than capacity - 1 characters are EPC_ERR_TOO_LONG.
 EpcStatus percentDecode(std::string_view raw, std::int32_t capacity, char* out,
                         std::string_view& decoded);

@@ -53,7 +53,7 @@ EpcStatus putLinkElement(TextBuffer& dst, AiElement& element, const char* baseTe
     return EPC_OK;
 }
 
-// All elements of one AI; it may stand on the list more than once.
+// All elements of one AI; the list may have it more than once.
 EpcStatus putPathElements(TextBuffer& dst, std::span<AiElement> elements, const char* baseText,
                           const char (&code)[AI_CODE_SIZE]) {
     for (AiElement& element : elements) {

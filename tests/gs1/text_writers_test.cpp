@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 using namespace rosetag;
@@ -126,6 +127,41 @@ TEST(DigitalLinkWriter, ChoosesNoRowWithoutOneKey) {
     aiListAdd(list, *aiFind("01"), 0, 0, KEY_PASS);
     EXPECT_STATUS(EPC_ERR_KEY_CONFLICT, digitalLinkChooseKey(list, row));
     EXPECT_EQ(without + 1, row);
+}
+
+// A separator follows a value of variable length, unless it is the last.
+TEST(BarcodeStringWriter, SeparatesWhatVaries) {
+    const struct {
+        const char* codes[3];
+        const char* expected; // each value is "V"
+    } cases[] = {
+        {{"01", "21", "10"}, "01V21V~10V"},
+        {{"10", "21"}, "10V~21V"},
+        {{"8006", "21"}, "8006V21V"},
+        {{"8026", "10"}, "8026V10V"},
+        {{"402", "7001", "422"}, "402V7001V422V"},
+        {{"253", "255", "00"}, "253V~255V~00V"},
+        {{"8003", "3910", "20"}, "8003V~3910V~20V"},
+        {{"4330", "7007", "8008"}, "4330V~7007V~8008V"},
+        {{"4307", "4321", "7003"}, "4307V4321V7003V"},
+        {{"8004", "7030", "99"}, "8004V~7030V~99V"},
+    };
+    for (const auto& row : cases) {
+        AiList list;
+        aiListClear(list);
+        for (const char* const code : row.codes) {
+            if (code != nullptr) {
+                aiListAdd(list, *aiFind(code), 0, 1, KEY_PASS);
+            }
+        }
+        const TextResult result = textResult([&](std::int32_t size, char* dst) {
+            TextBuffer buffer = textBufferOver(dst, size);
+            return barcodeStringWrite(buffer, list, "V");
+        });
+        std::string expected = row.expected;
+        std::replace(expected.begin(), expected.end(), '~', GROUP_SEPARATOR);
+        EXPECT_EQ(TextResult(EPC_OK, expected), result) << row.expected;
+    }
 }
 
 TEST(ElementStringWriter, WritesPassByPass) {
