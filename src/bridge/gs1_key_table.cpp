@@ -1,5 +1,8 @@
 #include "bridge/gs1_key_table.h"
 
+#include "gs1/ai_table.h"
+#include "schemes/scheme_table.h"
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -40,6 +43,30 @@ constexpr bool nameIsUnique(const Gs1KeyDefinition& key) {
                          }) == 1;
 }
 
+// The fixed part of the AI's value is the key with its extra fields.
+constexpr bool keyValueIsThatOfItsAi(const Gs1KeyDefinition& key) {
+    const AiTableRow* const ai = aiTableFind(key.primaryAi);
+    std::int32_t length = key.keyValueLength;
+    for (const std::int32_t extra : key.extraFieldLengths) {
+        length += extra;
+    }
+    std::int32_t fixed = 0;
+    for (const AiComponent& component : ai->components) {
+        fixed += component.digitCount;
+    }
+    return key.keyValueLength == 0 || length == fixed;
+}
+
+// A plus scheme carries the AIs of its family's key, where the family has one.
+constexpr bool plusSchemeCarriesItsKey(const SchemeRow& row) {
+    const Gs1KeyDefinition* const key = gs1KeyFindByName(row.familyWord);
+    const auto ais = schemeKeyAis(row);
+    return !schemeIsPlus(row) || key == nullptr ||
+           (ais[0] == key->primaryAi && ais[1] == key->secondaryAi && ais[2].empty());
+}
+
+static_assert(std::all_of(schemeRows.begin(), schemeRows.end(), plusSchemeCarriesItsKey));
+static_assert(holdsForKeys(keyValueIsThatOfItsAi));
 static_assert(holdsForKeys(tailsAreConsistent));
 static_assert(holdsForKeys(extraFieldsAreConsistent));
 static_assert(holdsForKeys(keyValueTakesLongestPrefix));

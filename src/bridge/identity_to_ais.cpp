@@ -4,9 +4,30 @@
 #include "gs1/text_writers.h"
 #include "schemes/epc_uri.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+
 namespace rosetag {
 
 namespace {
+
+struct KeyAIs {
+    const AiDefinition* primary;
+    const AiDefinition* secondary; // null if the key has none
+};
+
+// Row by row those of the keys.
+constexpr auto keyAIs = [] {
+    std::array<KeyAIs, std::size(gs1KeyTable)> ais{};
+    std::transform(std::begin(gs1KeyTable), std::end(gs1KeyTable), ais.begin(),
+                   [](const Gs1KeyDefinition& key) -> KeyAIs {
+                       const std::string_view second = key.secondaryAi;
+                       return {&aiCatalogue[aiSlotOf(key.primaryAi)],
+                               second.empty() ? nullptr : &aiCatalogue[aiSlotOf(second)]};
+                   });
+    return ais;
+}();
 
 // A field has at most 255 characters.
 constexpr std::int32_t FIELD_SIZE = 256;
@@ -103,11 +124,12 @@ EpcStatus identityToAIs(TextCursor& cursor, const Gs1KeyDefinition& key, Identit
         EPC_TRY(readTail(cursor, field));
         EPC_TRY(textBufferPutString(values, field.text));
     }
-    if (key.tailIsSecondaryAi == 0) {
-        return aiListAdd(ais.list, *aiFind(key.primaryAi), 0, length(), KEY_PASS);
+    const KeyAIs& definitions = keyAIs[static_cast<std::size_t>(&key - gs1KeyTable)];
+    if (definitions.secondary == nullptr) {
+        return aiListAdd(ais.list, *definitions.primary, 0, length(), KEY_PASS);
     }
-    EPC_TRY(aiListAdd(ais.list, *aiFind(key.primaryAi), 0, tail, KEY_PASS));
-    return aiListAdd(ais.list, *aiFind(key.secondaryAi), tail, length() - tail, KEY_PASS);
+    EPC_TRY(aiListAdd(ais.list, *definitions.primary, 0, tail, KEY_PASS));
+    return aiListAdd(ais.list, *definitions.secondary, tail, length() - tail, KEY_PASS);
 }
 
 EpcStatus identityToBarcodeString(TextCursor& cursor, TextBuffer& dst,

@@ -13,13 +13,6 @@ namespace {
 constexpr std::int32_t LINK_VALUES_SIZE = 1800;
 constexpr std::int32_t LINK_TO_ELEMENT_STRING_VALUES_SIZE = 1024;
 
-// flat becomes the base text of the list.
-EpcStatus parseLink(AiList& list, TextCursor& cursor, TextBuffer& flat) {
-    aiListClear(list);
-    EPC_TRY(digitalLinkParse(list, cursor));
-    return digitalLinkDecodeValues(list, cursor.begin, flat);
-}
-
 EpcStatus parseToRows(std::string_view text, const AiSyntax& syntax, const AiRows& rows) {
     TextCursor cursor = textCursorOver(text);
     AiList list;
@@ -34,7 +27,9 @@ EpcStatus digitalLinkToElementString(TextCursor& cursor, TextBuffer& dst) {
     AiList list;
     char values[LINK_TO_ELEMENT_STRING_VALUES_SIZE];
     TextBuffer flat = textBufferOver(values);
-    EPC_TRY(parseLink(list, cursor, flat));
+    aiListClear(list);
+    EPC_TRY(digitalLinkParse(list, cursor));
+    EPC_TRY(digitalLinkDecodeValues(list, cursor.begin, flat));
     return elementStringWrite(dst, list, values);
 }
 
@@ -53,7 +48,9 @@ EpcStatus digitalLinkToAIs(std::string_view text, const AiRows& rows) {
     AiList list;
     char values[LINK_VALUES_SIZE];
     TextBuffer flat = textBufferOver(values);
-    EPC_TRY(parseLink(list, cursor, flat));
+    aiListClear(list);
+    EPC_TRY(digitalLinkParse(list, cursor));
+    EPC_TRY(digitalLinkDecodeValues(list, cursor.begin, flat));
     return aiListCopyOut(list, values, rows);
 }
 
