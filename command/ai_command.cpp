@@ -1,7 +1,7 @@
+#include "before/translate/library_calls.h"
+#include "before/words/ai_dictionary.h"
 #include "commands.h"
 #include "human_text.h"
-#include "translate/library_calls.h"
-#include "words/ai_dictionary.h"
 
 #include <nlohmann/json.hpp>
 

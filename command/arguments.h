@@ -4,8 +4,8 @@
 #ifndef ROSETAG_COMMAND_ARGUMENTS_H
 #define ROSETAG_COMMAND_ARGUMENTS_H
 
+#include "before/translate/encoding.h"
 #include "line_run.h"
-#include "translate/encoding.h"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
 #include "human_text.h"
 
-#include "recognise/barcode_text.h"
-#include "words/ai_dictionary.h"
+#include "before/recognise/barcode_text.h"
+#include "before/words/ai_dictionary.h"
 
 #include <algorithm>
 

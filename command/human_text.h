@@ -4,7 +4,7 @@
 #ifndef ROSETAG_COMMAND_HUMAN_TEXT_H
 #define ROSETAG_COMMAND_HUMAN_TEXT_H
 
-#include "explain/explain.h"
+#include "before/explain/explain.h"
 #include "results.h"
 
 #include <string>

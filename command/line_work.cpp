@@ -1,8 +1,8 @@
 #include "line_work.h"
 
+#include "before/translate/library_calls.h"
 #include "csv_cells.h"
 #include "output.h"
-#include "translate/library_calls.h"
 
 #include <algorithm>
 #include <array>

@@ -1,10 +1,10 @@
 #include "results.h"
 
+#include "before/explain/explain_walk.h"
+#include "before/translate/encoding.h"
+#include "before/words/ai_dictionary.h"
 #include "csv_cells.h"
-#include "explain/explain_walk.h"
 #include "output.h"
-#include "translate/encoding.h"
-#include "words/ai_dictionary.h"
 
 #include <nlohmann/json.hpp>
 

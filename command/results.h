@@ -4,7 +4,7 @@
 #ifndef ROSETAG_COMMAND_RESULTS_H
 #define ROSETAG_COMMAND_RESULTS_H
 
-#include "translate/forms.h"
+#include "before/translate/forms.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,5 +1,5 @@
+#include "before/explain/explain_walk.h"
 #include "commands.h"
-#include "explain/explain_walk.h"
 #include "human_text.h"
 
 #include <nlohmann/json.hpp>

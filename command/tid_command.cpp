@@ -1,7 +1,7 @@
+#include "before/explain/explain_walk.h"
+#include "before/translate/library_calls.h"
 #include "commands.h"
-#include "explain/explain_walk.h"
 #include "human_text.h"
-#include "translate/library_calls.h"
 
 #include <nlohmann/json.hpp>
 

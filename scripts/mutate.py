@@ -24,7 +24,7 @@ BUILD = ROOT / "build" / "mutate" / "build"
 KEPT = ROOT / "build" / "mutate" / "kept"
 COPIED = ["CMakeLists.txt", "CMakePresets.json", "cmake", "include", "src", "tests", "toolkit", "command"]
 PROGRAMS = {"unit_tests": "tests/unit_tests", "contract_tests": "tests/contract_tests",
-            "command_tests": "tests/command/command_tests"}
+            "toolkit_tests": "tests/toolkit/toolkit_tests"}
 
 TURNED = {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "=="}
 EXCHANGED = {"+": "-", "-": "+", "+=": "-=", "-=": "+=", "&&": "||", "||": "&&"}

@@ -153,8 +153,16 @@ public:
     constexpr bool hasAny(FormSet others) const {
         return (bits & others.bits) != 0;
     }
+    constexpr FormSet without(FormSet others) const {
+        others.bits = bits & ~others.bits;
+        return others;
+    }
     friend constexpr FormSet operator|(FormSet one, FormSet other) {
         one.bits |= other.bits;
+        return one;
+    }
+    friend constexpr FormSet operator&(FormSet one, FormSet other) {
+        one.bits &= other.bits;
         return one;
     }
     friend constexpr bool operator==(FormSet one, FormSet other) = default;
@@ -248,11 +256,20 @@ std::string_view severityWord(Severity severity);
 
 /** What a note is about. */
 enum class NoteKind : std::uint8_t {
-    BLANKS,          ///< Blanks around the value were taken off.
-    LEFT_OUT,        ///< Parts of a link that are no AI were left out.
-    PADDED,          ///< A GTIN was padded to 14 digits.
-    SEVERAL_KEYS,    ///< A link could begin at several places.
-    NEEDS_GCP_LENGTH ///< With gcp_length there would be a pure identity URI.
+    BLANKS,           ///< Blanks around the value were taken off.
+    LEFT_OUT,         ///< Parts of a link, or of a scan, were left out.
+    PADDED,           ///< A GTIN was padded to 14 digits.
+    SEVERAL_KEYS,     ///< A link could begin at several places.
+    OLD_NAME,         ///< A link has a name in place of an AI, which the standard has dropped.
+    SEMICOLON,        ///< A link has a semicolon, which does not separate parameters.
+    NEEDS_GCP_LENGTH, ///< With gcp_length there would be a pure identity URI.
+    NOT_ENCODED,      ///< AIs that the scheme does not hold were left out.
+    SEPARATOR,        ///< A character looks like a separator. A warning.
+    PC_WORD,          ///< A PC word, with or without a CRC, was taken off.
+    MAY_BE_PC_WORD,   ///< The value could also begin with a PC word.
+    TRAILING_BITS,    ///< Bits other than 0 follow the value. A warning.
+    ODD_DIGITS,       ///< The last hexadecimal digit is missing. A warning.
+    ODD_LENGTH,       ///< Digits beyond the last word of the value. A warning.
 };
 
 /** The word of a kind: "left_out". */
@@ -273,12 +290,33 @@ struct Note {
 
 struct GcpList;
 
+/** Which words of a tag's EPC memory bank hex begins with. */
+enum class Bank : std::uint8_t {
+    AUTO,   ///< Find out.
+    EPC,    ///< The EPC.
+    PC,     ///< The PC word, then the EPC.
+    CRC_PC, ///< The CRC and the PC word, then the EPC: the bank from its first word on.
+};
+
 /** How a value is to be read. */
 struct ReadOptions {
     bool asBarcode = false;       ///< Digits without any mark are a barcode string, not hex.
     bool strict = false;          ///< Links are taken as they are: nothing is left out or padded.
     std::optional<int> gcpLength; ///< Digits of the GS1 company prefix, 6 to 12.
     const GcpList* gcpList = nullptr; ///< Tells it where gcpLength is not given; may be null.
+    char separator = '\0';            ///< Stands for GS in barcode strings; NUL: no other does.
+    Bank bank = Bank::AUTO;           ///< Where hex begins.
+};
+
+/** Room for the work of a call, kept for the next. Of no interest to callers. */
+struct Workspace {
+    struct Piece {
+        std::size_t prepared; ///< From here on the prepared text stands as it was given,
+        std::size_t given;    ///< there.
+    };
+    std::string text;
+    std::string more;
+    std::vector<Piece> pieces;
 };
 
 /** What a value is. */
@@ -287,6 +325,7 @@ struct Recognition {
     Form form = Form::UNKNOWN;
     std::string text; ///< The value as the library takes it, in the syntax of its form.
     Rows<Note> notes;
+    Workspace workspace;
 };
 
 /**
@@ -333,7 +372,7 @@ struct Translation {
     Rows<const SchemeInfo*> fitsSchemes;
     Rows<Note> notes;
     FormSet asked;
-    std::string scratch; ///< Room for the work.
+    Workspace workspace;
 };
 
 /** The text of a form that is one text; empty for AIS and FITS_SCHEMES. */
@@ -449,6 +488,7 @@ struct Explanation {
     std::string bits; ///< The characters 0 and 1, whole bytes.
     Rows<ExplainedField> fields;
     Rows<Note> notes;
+    Workspace workspace;
 };
 
 /**
@@ -520,6 +560,9 @@ AiTranslation encodeAi(std::string_view ai, std::string_view value, bool withCod
  * JSON: ai, title, value, hex.
  */
 AiTranslation decodeAi(std::string_view hex, std::string_view ai = {});
+
+/** Explains the bits that decodeAi reads, all of them: further AIs with their codes may follow. */
+Explanation explainAi(std::string_view hex, std::string_view ai = {});
 
 /*
  * ---- TID ----

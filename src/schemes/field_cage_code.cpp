@@ -9,12 +9,6 @@ namespace {
 constexpr std::uint64_t LEADING_SPACE = ' '; // the same value in 8 and in 6 bits
 static_assert(char6FromBits(LEADING_SPACE) == ' ' && char6ToBits(' ') == LEADING_SPACE);
 
-// Upper-case letters without I and O, and digits.
-constexpr bool isCodeCharacter(char character) {
-    return charIsDigit(character) ||
-           (character >= 'A' && character <= 'Z' && character != 'I' && character != 'O');
-}
-
 constexpr char charFromBits(std::uint64_t value, std::int32_t charBits) {
     return charBits == CHAR6_BITS ? char6FromBits(value)
                                   : static_cast<char>(static_cast<unsigned char>(value));
@@ -34,7 +28,7 @@ EpcStatus fieldReadCageCode(BitBuffer& bits, TextBuffer& text, std::int32_t char
             continue;
         }
         const char character = charFromBits(value, charBits);
-        if (!isCodeCharacter(character)) {
+        if (!cageCodeHas(character)) {
             return EPC_ERR_BAD_CHARACTER;
         }
         EPC_TRY(textBufferPutChar(text, character));
@@ -53,7 +47,7 @@ EpcStatus fieldWriteCageCode(TextCursor& cursor, BitBuffer& bits, std::int32_t c
         EPC_TRY(bitBufferWrite(bits, LEADING_SPACE, charBits));
     }
     for (const char character : code) {
-        if (!isCodeCharacter(character)) {
+        if (!cageCodeHas(character)) {
             return EPC_ERR_BAD_FORMAT;
         }
         EPC_TRY(bitBufferWrite(bits, charToBits(character, charBits), charBits));

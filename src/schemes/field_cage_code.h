@@ -15,6 +15,12 @@ namespace rosetag {
 
 constexpr std::int32_t CAGE_CODE_CHARS = 6;
 
+// Upper-case letters without I and O, and digits.
+constexpr bool cageCodeHas(char character) {
+    return charIsDigit(character) ||
+           (character >= 'A' && character <= 'Z' && character != 'I' && character != 'O');
+}
+
 // charBits is 8 or CHAR6_BITS.
 EpcStatus fieldReadCageCode(BitBuffer& bits, TextBuffer& text, std::int32_t charBits);
 

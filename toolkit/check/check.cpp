@@ -4,7 +4,8 @@
 #include "check/check_associations.h"
 #include "check/check_text.h"
 #include "check/check_value.h"
-#include "recognise/value_form.h"
+#include "recognise/look.h"
+#include "words/shown_text.h"
 #include "json/json_writer.h"
 
 #include <algorithm>
@@ -54,14 +55,14 @@ bool isBefore(const Finding& one, const Finding& other) {
 void checkPlace(CheckRun& run, Place place) {
     const std::string_view value = run.value.substr(place.position, place.length);
     const std::size_t end = place.position + place.length;
-    switch (valueFormOf(value, run.options.asBarcode)) {
-    case ValueForm::ELEMENT_STRING:
+    switch (formByLook(value, run.options)) {
+    case Form::ELEMENT_STRING:
         checkElementString(run, place.position, end);
         break;
-    case ValueForm::BARCODE:
+    case Form::BARCODE_STRING:
         checkBarcodeString(run, place.position, end);
         break;
-    case ValueForm::LINK:
+    case Form::DIGITAL_LINK:
         checkDigitalLink(run, place.position, end);
         break;
     default:
@@ -100,7 +101,7 @@ Rows<Finding> check(std::string_view value, const ReadOptions& options) {
 std::string findingText(const Finding& finding) {
     std::string text = "at character " + std::to_string(finding.position + 1);
     if (!finding.culprit.empty()) {
-        text += ", \"" + textForMessage(finding.culprit) + '"';
+        text += ", " + quotedText(finding.culprit);
     }
     return text + ": " + finding.message;
 }

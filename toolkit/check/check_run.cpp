@@ -1,6 +1,6 @@
 #include "check/check_run.h"
 
-#include "recognise/value_form.h"
+#include "words/shown_text.h"
 
 #include <algorithm>
 
@@ -20,7 +20,7 @@ void fillIn(std::string& message, std::string_view sentence, const Finding& find
         if (word == "{ai") {
             message += finding.ai;
         } else if (word == "{culprit") {
-            message += textForMessage(finding.culprit);
+            message += shownText(finding.culprit);
         } else if (word == "{detail") {
             message += detail;
         }

@@ -1,7 +1,9 @@
 #include "explain/explain_ai_values.h"
 
 #include "explain/explain_ai_text.h"
-#include "words/ai_dictionary.h"
+#include "gs1/ai_prefix.h"
+#include "values/date_kinds.h"
+#include "words/ai_words.h"
 
 #include <array>
 
@@ -9,132 +11,120 @@ namespace rosetag {
 
 namespace {
 
-constexpr std::size_t mostAis = 20;
+constexpr std::size_t digitBits = 4;
+constexpr std::size_t letterBits = 6;
 
-void walkDigits(Walk& walk, const AiSubject& subject, std::size_t count) {
-    walkTake(walk, fieldName(subject, "digits"), 0);
-    walk.fields.back().groups = groupsOf(4);
-    std::string digits;
-    while (digits.size() < count && walkExtend(walk, 4)) {
-        const std::string_view bits = walkLastBits(walk);
-        const std::uint64_t digit = numberOfBits(bits.substr(bits.size() - 4));
-        if (digit > 9) {
-            walkFail(walk, std::to_string(digit) + " is no digit");
-            return;
-        }
-        digits += static_cast<char>('0' + digit);
-    }
-    meanValue(walk, subject, digits);
-}
-
-void walkDigitsThenText(Walk& walk, const AiSubject& subject, int maxLength) {
-    constexpr std::uint64_t switchCode = 14;
-    constexpr std::uint64_t endCode = 15;
-    walkTake(walk, fieldName(subject, "digits"), 0);
-    walk.fields.back().groups = groupsOf(4);
-    std::string digits;
-    std::uint64_t code = 0;
-    while (walkExtend(walk, 4)) {
-        const std::string_view bits = walkLastBits(walk);
-        code = numberOfBits(bits.substr(bits.size() - 4));
-        if (code > 9) {
-            break;
-        }
-        digits += static_cast<char>('0' + code);
-    }
-    if (walk.isGood && code != switchCode && code != endCode) {
-        walkFail(walk, std::to_string(code) + " is neither a digit nor an end");
-    }
-    meanValue(walk, subject, digits);
-    walk.fields.back().meaning += walk.isGood && code == switchCode ? ", then text" : "";
-    if (walk.isGood && code == switchCode) {
-        walkText(walk, subject, maxLength);
-    }
-}
-
-// Reads one two-digit field behind the last field's bits.
-bool extendTwoDigits(Walk& walk, std::string& text, std::size_t width, std::uint64_t least,
-                     std::uint64_t most, std::string_view what) {
-    if (!walkExtend(walk, width)) {
+// Reads digits of four bits each. False at something else, which other then is.
+bool extendDigit(Walk& walk, std::string& digits, std::uint64_t& other) {
+    const std::string_view bits = walkExtend(walk, digitBits);
+    other = numberOfBits(bits);
+    if (!walk.isGood || other > 9) {
         return false;
     }
-    const std::string_view bits = walkLastBits(walk);
-    const std::uint64_t number = numberOfBits(bits.substr(bits.size() - width));
-    if (number < least || number > most) {
-        walkFail(walk, std::to_string(number) + " is no " + std::string(what));
-        return false;
-    }
-    text += zeroPadded(std::to_string(number), 2);
+    digits += static_cast<char>('0' + other);
     return true;
 }
 
-std::uint64_t lastDayOf(std::uint64_t month, std::uint64_t year) {
-    if (month == 2) {
-        return year % 4 == 0 ? 29 : 28;
+void walkDigits(Walk& walk, const AiSubject& subject, std::size_t count) {
+    walkTake(walk, fieldName(subject, "digits"), 0);
+    walkGroup(walk, digitBits);
+    std::string digits;
+    std::uint64_t other = 0;
+    while (digits.size() < count) {
+        if (!extendDigit(walk, digits, other)) {
+            return walkFail(walk, std::to_string(other) + " is not a digit");
+        }
     }
-    return month == 4 || month == 6 || month == 9 || month == 11 ? 30 : 31;
+    meanValue(walk, subject, digits);
+}
+
+// Digits up to a mark: one that ends the value, or one that a text follows.
+void walkDigitsThenText(Walk& walk, const AiSubject& subject, const AiComponent& component) {
+    constexpr std::uint64_t textMark = 14;
+    constexpr std::uint64_t endMark = 15;
+    walkTake(walk, fieldName(subject, "digits"), 0);
+    walkGroup(walk, digitBits);
+    std::string digits;
+    std::uint64_t mark = 0;
+    while (extendDigit(walk, digits, mark)) {
+    }
+    if (mark != textMark && mark != endMark) {
+        walkFail(walk, std::to_string(mark) + " is neither a digit nor an end");
+    }
+    meanValue(walk, subject, digits);
+    if (walk.isGood && mark == textMark) {
+        walkField(walk).meaning += ", then text";
+        walkText(walk, subject, component);
+    }
+}
+
+// Two digits of a date or a time, added to the last field.
+bool extendDateField(Walk& walk, std::string& text, const DateField& field, std::string_view what,
+                     std::uint64_t& number) {
+    number = numberOfBits(walkExtend(walk, static_cast<std::size_t>(field.bits)));
+    if (walk.isGood && (number < field.least || number > field.most)) {
+        walkFail(walk, "there is no " + std::string(what) + ' ' + std::to_string(number));
+    }
+    text += zeroPadded(std::to_string(number), 2);
+    return walk.isGood;
 }
 
 bool extendDate(Walk& walk, std::string& text) {
-    std::string date;
-    if (!extendTwoDigits(walk, date, 7, 0, 99, "year") ||
-        !extendTwoDigits(walk, date, 4, 1, 12, "month")) {
+    std::uint64_t year = 0;
+    std::uint64_t month = 0;
+    std::uint64_t day = 0;
+    if (!extendDateField(walk, text, DATE_YEAR, "year", year) ||
+        !extendDateField(walk, text, DATE_MONTH, "month", month)) {
         return false;
     }
-    const std::uint64_t year = std::stoull(date.substr(0, 2));
-    const std::uint64_t month = std::stoull(date.substr(2, 2));
-    const bool isGood =
-        extendTwoDigits(walk, date, 5, 0, lastDayOf(month, year), "day of that month");
-    text += date;
-    return isGood;
+    const DateField dayOfMonth = {DATE_DAY.bits, DATE_DAY.least, daysOfMonth(year, month)};
+    return extendDateField(walk, text, dayOfMonth, "day", day);
 }
 
-bool extendTime(Walk& walk, std::string& text, std::size_t fields) {
-    return extendTwoDigits(walk, text, 5, 0, 23, "hour") &&
-           (fields < 2 || extendTwoDigits(walk, text, 6, 0, 59, "minute")) &&
-           (fields < 3 || extendTwoDigits(walk, text, 6, 0, 59, "second"));
-}
-
-void walkDate(Walk& walk, const AiSubject& subject, std::size_t timeFields) {
-    walkTake(walk, fieldName(subject, timeFields == 0 ? "date" : "date, time"), 0);
-    walk.fields.back().groups = groupsOfDate;
+void walkDate(Walk& walk, const AiSubject& subject, std::size_t timeFieldCount) {
+    static constexpr std::array<int, 6> groups = {DATE_YEAR.bits,   DATE_MONTH.bits,
+                                                  DATE_DAY.bits,    TIME_HOUR.bits,
+                                                  TIME_MINUTE.bits, TIME_SECOND.bits};
+    constexpr std::array<std::string_view, 3> names = {"hour", "minute", "second"};
+    walkTake(walk, fieldName(subject, timeFieldCount == 0 ? "date" : "date, time"), 0);
+    walkField(walk).groups = groups;
     std::string text;
-    if (extendDate(walk, text) && (timeFields == 0 || extendTime(walk, text, timeFields))) {
+    std::uint64_t number = 0;
+    bool isGood = extendDate(walk, text);
+    for (std::size_t i = 0; isGood && i < timeFieldCount; ++i) {
+        isGood = extendDateField(walk, text, timeFields[i], names[i], number);
+    }
+    if (isGood) {
         meanValue(walk, subject, text);
     }
 }
 
 void walkDateRange(Walk& walk, const AiSubject& subject) {
-    const bool isPair = walkNumber(walk, fieldName(subject, "pair"), 1) != 0;
+    const bool isPair = walkNumber(walk, fieldName(subject, "pair"), DATE_PAIR_BITS) != 0;
     walkMean(walk, isPair ? "two dates" : "one date");
-    if (!walk.isGood) {
-        return;
-    }
-    walkDate(walk, subject, 0);
-    if (walk.isGood && isPair) {
+    for (int date = 0; walk.isGood && date < (isPair ? 2 : 1); ++date) {
         walkDate(walk, subject, 0);
     }
 }
 
 void walkDateTimeVar(Walk& walk, const AiSubject& subject) {
     constexpr std::array<std::string_view, 4> precisions = {"hour", "minute", "second", "day"};
-    const std::uint64_t code = walkNumber(walk, fieldName(subject, "precision"), 2);
+    const std::uint64_t code =
+        walkNumber(walk, fieldName(subject, "precision"), DATE_PRECISION_BITS);
     walkMean(walk, "to the " + std::string(precisions[code]));
     if (walk.isGood) {
-        walkDate(walk, subject, code == 3 ? 0 : code + 1);
+        walkDate(walk, subject, code == DATE_PRECISION_DAY ? 0 : code + 1);
     }
 }
 
-void walkLetters(Walk& walk, const AiSubject& subject) {
+void walkLetters(Walk& walk, const AiSubject& subject, std::size_t count) {
     walkTake(walk, fieldName(subject, "letters"), 0);
-    walk.fields.back().groups = groupsOf(6);
+    walkGroup(walk, letterBits);
     std::string letters;
-    while (letters.size() < 2 && walkExtend(walk, 6)) {
-        const std::string_view bits = walkLastBits(walk);
-        const std::uint64_t letter = numberOfBits(bits.substr(bits.size() - 6));
-        if (letter > 25) {
-            walkFail(walk, std::to_string(letter) + " is no letter");
-            return;
+    while (letters.size() < count) {
+        const std::uint64_t letter = numberOfBits(walkExtend(walk, letterBits));
+        if (!walk.isGood || letter > 25) {
+            return walkFail(walk, std::to_string(letter) + " is not a letter");
         }
         letters += static_cast<char>('A' + letter);
     }
@@ -153,107 +143,111 @@ void walkSign(Walk& walk, const AiSubject& subject) {
     }
     const bool isMinus = walkNumber(walk, fieldName(subject, "sign"), 1) != 0;
     walkMean(walk, isMinus ? "minus" : "no sign", isMinus ? "-" : "");
-    walk.fields.back().ai = subject.code;
+    walkField(walk).ai = subject.code;
 }
 
-void walkVarNumber(Walk& walk, const AiSubject& subject, int maxDigits) {
-    const std::size_t length = walkLength(walk, subject, maxDigits, "digits");
+void walkVarNumber(Walk& walk, const AiSubject& subject, const AiComponent& component) {
+    const std::size_t length = walkLength(walk, subject, component, "digits");
     if (walk.isGood) {
         walkDigitsAsNumber(walk, subject, length);
     }
 }
 
-void walkPart(Walk& walk, const AiSubject& subject, const AiPart& part) {
-    const auto size = static_cast<std::size_t>(part.size);
-    switch (part.kind) {
-    case AiPartKind::NONE:
+void walkComponent(Walk& walk, const AiSubject& subject, const AiComponent& component) {
+    switch (component.kind) {
+    case AI_KIND_NONE:
+    case AI_KIND_DATE_CODED:
         return;
-    case AiPartKind::NUMBER:
-        return walkDigitsAsNumber(walk, subject, size);
-    case AiPartKind::DIGITS:
-        return walkDigits(walk, subject, size);
-    case AiPartKind::DIGITS_THEN_TEXT:
-        return walkDigitsThenText(walk, subject, part.size);
-    case AiPartKind::TEXT:
-        return walkText(walk, subject, part.size);
-    case AiPartKind::FLAG:
+    case AI_KIND_NUMERIC:
+        return walkDigitsAsNumber(walk, subject, component.digitCount);
+    case AI_KIND_DIGITS:
+        return walkDigits(walk, subject, component.digitCount);
+    case AI_KIND_DIGITS_THEN_TEXT:
+        return walkDigitsThenText(walk, subject, component);
+    case AI_KIND_TEXT:
+        return walkText(walk, subject, component);
+    case AI_KIND_FLAG:
         return walkFlag(walk, subject);
-    case AiPartKind::DATE:
+    case AI_KIND_DATE:
         return walkDate(walk, subject, 0);
-    case AiPartKind::DATE_TIME:
+    case AI_KIND_DATE_TIME:
         return walkDate(walk, subject, 2);
-    case AiPartKind::DATE_RANGE:
+    case AI_KIND_DATE_RANGE:
         return walkDateRange(walk, subject);
-    case AiPartKind::DATE_TIME_VAR:
+    case AI_KIND_DATE_TIME_VAR:
         return walkDateTimeVar(walk, subject);
-    case AiPartKind::LETTERS:
-        return walkLetters(walk, subject);
-    case AiPartKind::VAR_NUMBER:
-        return walkVarNumber(walk, subject, part.size);
-    case AiPartKind::SIGN:
+    case AI_KIND_LETTERS:
+        return walkLetters(walk, subject, component.digitCount);
+    case AI_KIND_VAR_NUMERIC:
+        return walkVarNumber(walk, subject, component);
+    case AI_KIND_SIGN:
         return walkSign(walk, subject);
     }
 }
 
-// Reads the code of an AI, or nothing where the section has ended: by its rule, 0000 0000 with too
-// few bits behind it for an SSCC is filling.
+std::string codeAndTitle(std::string_view code) {
+    std::string text(code);
+    text += ' ';
+    text += aiTitle(code);
+    return text;
+}
+
 std::string walkAiCode(Walk& walk) {
     walkTake(walk, "AI code", 0);
-    walk.fields.back().groups = groupsOf(4);
+    walkGroup(walk, digitBits);
     std::string code;
     std::size_t length = 2;
-    while (code.size() < length && walkExtend(walk, 4)) {
-        const std::string_view bits = walkLastBits(walk);
-        const std::uint64_t digit = numberOfBits(bits.substr(bits.size() - 4));
-        if (digit > 9) {
-            walkFail(walk, std::to_string(digit) + " is no digit");
-            return {};
+    std::uint64_t other = 0;
+    while (code.size() < length) {
+        if (!extendDigit(walk, code, other)) {
+            walkFail(walk, std::to_string(other) + " is not a digit");
+            return code;
         }
-        code += static_cast<char>('0' + digit);
         if (code.size() == 2) {
-            length = aiCodeLength(code);
+            length = aiPrefixOf(code[0], code[1]).codeDigits;
         }
     }
-    if (walk.isGood && aiEntryOf(code) == nullptr) {
-        walkFail(walk, "no AI has the code " + code);
+    if (aiRowOf(code) == nullptr) {
+        walkFail(walk, "GS1 has not assigned an AI " + code);
     }
-    walkMean(walk, code + ' ' + std::string(aiTitle(code)));
+    walkMean(walk, codeAndTitle(code));
     return code;
 }
 
+// The section has ended where its rest cannot be an AI: 0000 0000 with too few bits for an SSCC
+// after it is filling.
 bool dataSectionEnds(const Walk& walk) {
-    constexpr std::size_t bitsOfTwoDigits = 8;
-    constexpr std::size_t bitsOfSscc = 72;
+    constexpr std::size_t bitsOfTwoDigits = 2 * digitBits;
+    const std::size_t bitsOfSscc = aiRowOf("00")->components[0].digitCount * digitBits;
     const std::size_t left = walkLeft(walk);
+    const std::string_view bits = walk.explanation.bits;
     return left <= bitsOfTwoDigits ||
            (left - bitsOfTwoDigits < bitsOfSscc &&
-            numberOfBits(std::string_view(walk.bits).substr(walk.position, bitsOfTwoDigits)) == 0);
+            numberOfBits(bits.substr(walk.position, bitsOfTwoDigits)) == 0);
 }
 
 } // namespace
 
 void walkAiValue(Walk& walk, std::string_view code) {
-    const AiEntry* const entry = aiEntryOf(code);
-    const AiSubject subject = {std::string(code), std::string(entry->title)};
-    for (const AiPart& part : entry->parts) {
+    const AiTableRow& row = *aiRowOf(code);
+    for (const AiComponent& component : row.components) {
         if (walk.isGood) {
-            walkPart(walk, subject, part);
+            walkComponent(walk, {code, row.title}, component);
         }
     }
 }
 
 void walkDateCoded(Walk& walk) {
-    constexpr std::array<std::string_view, 7> ais = {"11", "13", "15", "16", "17", "7006", "7007"};
-    const std::uint64_t code = walkNumber(walk, "date code", 4);
-    if (walk.isGood && code >= ais.size()) {
-        walkFail(walk, std::to_string(code) + " stands for no date");
+    const std::uint64_t code = walkNumber(walk, "date code", DATE_CODE_BITS);
+    if (walk.isGood && code >= dateKeyTable.size()) {
+        walkFail(walk, "no date has the code " + std::to_string(code));
     }
     if (!walk.isGood) {
         return;
     }
-    const std::string_view ai = ais[code];
-    walkMean(walk, "AI " + std::string(ai) + ' ' + std::string(aiTitle(ai)));
-    walkDate(walk, {std::string(ai), std::string(aiTitle(ai))}, 0);
+    const std::string ai(dateKeyTable[code].ai);
+    walkMean(walk, "AI " + codeAndTitle(ai));
+    walkDate(walk, {ai, aiTitle(ai)}, 0);
 }
 
 void walkDataSection(Walk& walk, std::size_t otherAis) {
@@ -262,8 +256,9 @@ void walkDataSection(Walk& walk, std::size_t otherAis) {
         if (walk.isGood) {
             walkAiValue(walk, code);
         }
-        if (walk.isGood && ais == mostAis) {
-            walkFail(walk, "this is one AI more than the 20 that a value can hold");
+        if (walk.isGood && ais == EPC_MAX_AIS) {
+            walkFail(walk, "this is one AI more than the " + std::to_string(EPC_MAX_AIS) +
+                               " that a value can hold");
         }
         if (!walk.isGood) {
             return;

@@ -6,17 +6,17 @@
 #ifndef ROSETAG_TOOLKIT_EXPLAIN_EXPLAIN_AI_VALUES_H
 #define ROSETAG_TOOLKIT_EXPLAIN_EXPLAIN_AI_VALUES_H
 
-#include "explain/explain_walk.h"
+#include "explain/bit_walk.h"
 
 namespace rosetag {
 
-// The value of an AI that is known, by its parts.
+// The value of an AI that GS1 has assigned, component by component.
 void walkAiValue(Walk& walk, std::string_view code);
 
-// Four bits that say which date follows, and the date.
+// Which date follows, and the date.
 void walkDateCoded(Walk& walk);
 
-// AIs with their codes, as long as bits are left. otherAis were read before.
+// AIs with their codes, as long as there are bits. otherAis were read before.
 void walkDataSection(Walk& walk, std::size_t otherAis);
 
 } // namespace rosetag

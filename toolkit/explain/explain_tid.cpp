@@ -1,80 +1,73 @@
-#include "explain/explain.h"
-#include "explain/explain_layouts.h"
+#include "explain/explain_epc.h"
+#include "tid/tid_layout.h"
 
 namespace rosetag {
 
 namespace {
 
-// What the fields read so far say of those that follow.
-struct TidState {
-    std::uint64_t serialization = 0;
-    std::size_t blockWordStart = 0;
-};
-
-std::string wordsText(std::uint64_t count) {
+std::string countOfWords(std::uint64_t count) {
     return std::to_string(count) + (count == 1 ? " word" : " words");
 }
 
-void walkSerial(Walk& walk, std::string_view name, const TidState& state) {
-    if (state.serialization == 0) {
+void meanNumber(Walk& walk, const TidField& field, std::uint64_t number) {
+    const std::string digits = std::to_string(number);
+    switch (field.meaning) {
+    case TidMeaning::CLASS:
+        return number == TID_CLASS ? walkMean(walk, "0xE2, GS1 EPC Gen2")
+                                   : walkFail(walk, "a TID of this kind begins with 0xE2");
+    case TidMeaning::RESERVED:
+        return number == 0 ? walkMean(walk, "0") : walkFail(walk, "must be zero");
+    case TidMeaning::FLAG:
+        return walkMean(walk, number != 0 ? "yes" : "no", digits);
+    case TidMeaning::SERIAL_LENGTH:
+        return walkMean(walk, number == 0 ? "0: no serial number"
+                                          : digits + ": a serial number of " +
+                                                std::to_string(tidSerialBits(number)) + " bits");
+    case TidMeaning::WORDS:
+    case TidMeaning::LARGEST_BLOCK:
+        return walkMean(walk, countOfWords(number), digits);
+    case TidMeaning::NUMBER:
+    case TidMeaning::SERIAL:
+        return walkMean(walk, "0x" + hexOfBits(walkLastBits(walk)), digits);
+    }
+}
+
+void walkSerial(Walk& walk, const TidField& field, std::uint64_t length) {
+    if (length == 0) {
         return;
     }
-    const std::string_view bits = walkTake(walk, std::string(name), (state.serialization + 2) * 16);
-    walk.fields.back().groups = groupsOf(16);
+    const std::string_view bits =
+        walkTake(walk, field.name, static_cast<std::size_t>(tidSerialBits(length)));
+    walkGroup(walk, 16);
     walkMean(walk, hexOfBits(bits), hexOfBits(bits));
 }
 
-void meanNumber(Walk& walk, const TidField& field, std::uint64_t number) {
-    switch (field.meaning) {
-    case TidMeaning::CLASS:
-        return number == 0xE2 ? walkMean(walk, "0xE2, GS1 EPC Gen2")
-                              : walkFail(walk, "a TID of this kind begins with 0xE2");
-    case TidMeaning::MUST_BE_ZERO:
-        return number == 0 ? walkMean(walk, "0") : walkFail(walk, "must be zero");
-    case TidMeaning::YES_NO:
-        return walkMean(walk, number != 0 ? "yes" : "no", std::to_string(number));
-    case TidMeaning::SERIAL_LENGTH:
-        return walkMean(walk, number == 0 ? "0: no serial number"
-                                          : std::to_string(number) + ": a serial number of " +
-                                                std::to_string((number + 2) * 16) + " bits");
-    case TidMeaning::WORDS:
-        return walkMean(walk, wordsText(number), std::to_string(number));
-    case TidMeaning::HEX:
-    case TidMeaning::SERIAL:
-        return walkMean(walk, "0x" + hexOfBits(walkLastBits(walk)), std::to_string(number));
-    }
-}
-
-// A block word describes nothing where all of it is zero; else it needs a largest block.
-void checkBlockWord(Walk& walk, std::string_view name, std::uint64_t number, TidState& state) {
-    if (name == "reserved") {
-        state.blockWordStart = walk.position - 5;
-    } else if (name.ends_with("largest block") && number == 0) {
-        const std::string_view word = std::string_view(walk.bits).substr(state.blockWordStart, 32);
-        if (word.find('1') != std::string_view::npos) {
-            walkFail(walk, "no block size, and yet the command is described");
+// Reads the fields of a word. serialLength is what the field of that meaning said.
+void walkWord(Walk& walk, TidWord word, std::uint64_t& serialLength) {
+    const std::size_t first = walk.position;
+    for (const TidField& field : word) {
+        if (field.meaning == TidMeaning::SERIAL) {
+            return walkSerial(walk, field, serialLength);
+        }
+        const std::uint64_t number =
+            walkNumber(walk, field.name, static_cast<std::size_t>(field.width));
+        meanNumber(walk, field, number);
+        if (!walk.isGood) {
+            return;
+        }
+        if (field.meaning == TidMeaning::SERIAL_LENGTH) {
+            serialLength = number;
+        }
+        const std::string_view bits = walk.explanation.bits;
+        if (field.meaning == TidMeaning::LARGEST_BLOCK && number == 0 &&
+            bits.substr(first, walk.position - first).find('1') != std::string_view::npos) {
+            walkFail(walk, "the command is described, but has no block size");
         }
     }
 }
 
-void walkField(Walk& walk, const TidField& field, TidState& state) {
-    if (field.meaning == TidMeaning::SERIAL) {
-        return walkSerial(walk, field.name, state);
-    }
-    const std::uint64_t number =
-        walkNumber(walk, std::string(field.name), static_cast<std::size_t>(field.width));
-    if (!walk.isGood) {
-        return;
-    }
-    meanNumber(walk, field, number);
-    checkBlockWord(walk, field.name, number, state);
-    if (field.meaning == TidMeaning::SERIAL_LENGTH) {
-        state.serialization = number;
-    }
-}
-
-bool isPresent(const Walk& walk, const TidSegment& segment) {
-    for (const ExplainedField& field : walk.fields) {
+bool isPresent(const Explanation& explanation, const TidSegment& segment) {
+    for (const ExplainedField& field : explanation.fields) {
         if (field.name == segment.presentIf) {
             return field.value == "1";
         }
@@ -84,26 +77,26 @@ bool isPresent(const Walk& walk, const TidSegment& segment) {
 
 } // namespace
 
-WalkedBits explainTid(std::string_view hexDigits) {
-    WalkedBits explanation{"TID", {bitsOfHex(hexDigits), 0, {}, true}};
-    Walk& walk = explanation.walk;
-    for (const TidSegment& segment : tidLayout()) {
-        if (!isPresent(walk, segment)) {
+bool explainTid(std::string_view hexDigits, Explanation& explanation) {
+    Walk walk = walkBegin(explanation, hexDigits);
+    explanation.scheme = nullptr;
+    std::uint64_t serialLength = 0;
+    for (const TidSegment& segment : tidSegments) {
+        if (!isPresent(explanation, segment)) {
             continue;
         }
-        TidState state;
-        for (const TidField& field : segment.fields) {
-            walkField(walk, field, state);
+        for (const TidWord& word : segment.words) {
+            walkWord(walk, word, serialLength);
             if (!walk.isGood) {
-                return explanation;
+                return false;
             }
         }
     }
     if (walkLeft(walk) > 0) {
-        walkTake(walk, "behind the TID", walkLeft(walk));
-        walkMean(walk, "not looked at");
+        walkTake(walk, "after the TID", walkLeft(walk));
+        walkMean(walk, "not part of the TID");
     }
-    return explanation;
+    return true;
 }
 
 } // namespace rosetag

@@ -1,75 +1,220 @@
 #include "recognise/barcode_text.h"
 
-#include "words/ai_dictionary.h"
+#include "gs1/ai_list.h"
+#include "gs1/barcode_string.h"
+#include "recognise/look.h"
+#include "words/ai_words.h"
+#include "words/shown_text.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 
 namespace rosetag {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> spellings = {"{GS}", "{gs}", "\\x1d", "\\x1D"};
+constexpr std::string_view separator(&GROUP_SEPARATOR, 1);
 
-void replaceAll(std::string& text, std::string_view what, std::string_view with) {
-    for (std::size_t at = text.find(what); at != std::string::npos;
-         at = text.find(what, at + with.size())) {
-        text.replace(at, what.size(), with);
+// In lower case; any case is taken.
+constexpr std::string_view spellings[] = {"{gs}", "<gs>", "[gs]", "\\x1d", "\\u001d", "{fnc1}"};
+
+// The length of the separator that a text begins with, 0 if it begins with none.
+std::size_t separatorLength(std::string_view text, const ReadOptions& options) {
+    const char first = text.front();
+    if (first == GROUP_SEPARATOR || (options.separator != '\0' && first == options.separator)) {
+        return 1;
+    }
+    if (first != '{' && first != '<' && first != '[' && first != '\\') {
+        return 0;
+    }
+    for (const std::string_view spelling : spellings) {
+        if (beginsIgnoringCase(text, spelling)) {
+            return spelling.size();
+        }
+    }
+    return 0;
+}
+
+// Identifiers that the library leaves to others: of symbols that hold AIs or a GTIN as well.
+//
+// Source: GS1 General Specifications, section 5.1.2; ISO/IEC 15424.
+constexpr SymbologyIdentifier furtherIdentifiers[] = {
+    // clang-format off
+    {"]E1", 13}, // add-on symbols of two digits, scanned with their EAN-13
+    {"]E2", 13}, // of five digits
+    {"]E3", 13}, // EAN-13 with an add-on
+    {"]Q3",  0}, // GS1 QR Code
+    {"]J1",  0}, // GS1 DotCode
+    // clang-format on
+};
+
+const SymbologyIdentifier* identifierOf(std::string_view text) {
+    const std::string_view identifier = text.substr(0, SYMBOLOGY_IDENTIFIER_LENGTH);
+    const auto isSame = [&](const SymbologyIdentifier& row) {
+        return row.identifier == identifier;
+    };
+    for (const auto& rows : {std::span<const SymbologyIdentifier>(symbologyIdentifiers),
+                             std::span<const SymbologyIdentifier>(furtherIdentifiers)}) {
+        const auto row = std::find_if(rows.begin(), rows.end(), isSame);
+        if (row != rows.end()) {
+            return &*row;
+        }
+    }
+    return nullptr;
+}
+
+std::string knownIdentifiers() {
+    std::string names;
+    for (const SymbologyIdentifier& row : symbologyIdentifiers) {
+        names += std::string(row.identifier) + ' ';
+    }
+    for (const SymbologyIdentifier& row : furtherIdentifiers) {
+        names += std::string(row.identifier) + ' ';
+    }
+    names.pop_back();
+    return names;
+}
+
+// An EAN symbol holds a GTIN of any of three lengths; the zeros before it may be missing.
+bool prepareGtinSymbol(Reading& reading, std::string_view data, const SymbologyIdentifier& row) {
+    const bool isEan = row.identifier[1] == 'E';
+    const bool isLength = data.size() == row.gtinDigits ||
+                          (isEan && (data.size() == 8 || data.size() == 12 || data.size() == 13));
+    if (!isLength || !isAllDigits(data)) {
+        const auto stranger = std::find_if_not(data.begin(), data.end(), charIsDigit);
+        const bool isLong = stranger == data.end();
+        const std::size_t at = isLong ? 0 : static_cast<std::size_t>(stranger - data.begin());
+        return readingFail(
+            reading, isLong ? EPC_ERR_BAD_FORMAT : EPC_ERR_BAD_CHARACTER,
+            positionIn(reading, data) + at, isLong ? data.size() : 1,
+            {std::string(row.identifier) + " is followed by " +
+                 (isEan ? std::string("8, 12 or 13") : std::to_string(row.gtinDigits)) +
+                 " digits, " +
+                 (isLong ? "and here are " + std::to_string(data.size())
+                         : quotedText(data.substr(at, 1)) + " is not one"),
+             "scan the symbol again"});
+    }
+    keepGtin(reading, data);
+    return true;
+}
+
+// A GTIN of 8, 12 or 13 digits at the end, or before a separator, where 14 belong.
+bool endsShortGtin(std::string_view ai, std::string_view value) {
+    return (ai == "01" || ai == "02") && value.size() != 14 && isGtin(value);
+}
+
+void keepRun(Reading& reading, std::string_view run) {
+    // Whatever precedes a separator or the end.
+    while (!run.empty()) {
+        std::size_t length = 0;
+        std::size_t mark = 0;
+        while (length < run.size() && mark == 0) {
+            mark = separatorLength(run.substr(length), reading.options);
+            length += mark == 0 ? 1 : 0;
+        }
+        const std::string_view part = run.substr(0, length);
+        const std::string_view ai = part.substr(0, 2);
+        if (part.size() < 2 || !keepPaddedGtin(reading, ai, part.substr(2))) {
+            readingKeep(reading, part);
+        }
+        if (mark > 0) {
+            readingPut(reading, separator, positionIn(reading, run) + length);
+        }
+        run.remove_prefix(length + mark);
+    }
+}
+
+// A character that some programs write in place of GS, before something that is an AI.
+void noteLikelySeparator(Reading& reading, std::string_view run) {
+    constexpr std::string_view likely = "^~|";
+    for (std::size_t at = run.find_first_of(likely); at != std::string_view::npos;
+         at = run.find_first_of(likely, at + 1)) {
+        const std::string_view rest = run.substr(at + 1);
+        const AiPrefix prefix = rest.size() < 2 ? AiPrefix{} : aiPrefixOf(rest[0], rest[1]);
+        if (prefix.codeDigits == 0 || run[at] == reading.options.separator ||
+            aiRowOf(rest.substr(0, prefix.codeDigits)) == nullptr) {
+            continue;
+        }
+        Note& note = readingNote(reading, NoteKind::SEPARATOR, run.substr(at, 1),
+                                 quotedText(run.substr(at, 1)) +
+                                     " precedes what could be an AI, and may stand for GS");
+        note.severity = Severity::WARNING;
+        note.option = "separator";
+        return;
     }
 }
 
 } // namespace
 
-bool holdsGroupSeparator(std::string_view text) {
-    if (text.find(GROUP_SEPARATOR) != std::string_view::npos) {
+bool takeOffIdentifier(Reading& reading, std::string_view& value) {
+    if (!value.starts_with(']') || identifierOf(value) != nullptr) {
         return true;
     }
-    for (const std::string_view spelling : spellings) {
-        if (text.find(spelling) != std::string_view::npos) {
+    const std::string_view identifier = value.substr(0, SYMBOLOGY_IDENTIFIER_LENGTH);
+    const std::string_view data = value.substr(identifier.size());
+    const Form form = formByLook(data, reading.options);
+    if (form == Form::UNKNOWN || form == Form::BARCODE_STRING) {
+        reading.form = Form::BARCODE_STRING;
+        return readingFail(
+            reading, EPC_ERR_BAD_CHARACTER, positionIn(reading, identifier), identifier.size(),
+            {quotedText(identifier) + " is not the symbology identifier of a symbol with GS1 data",
+             "those are " + knownIdentifiers() + "; leave it out if AIs follow it nevertheless"});
+    }
+    readingNote(reading, NoteKind::LEFT_OUT, identifier,
+                "left out the symbology identifier " + quotedText(identifier));
+    value = data;
+    return true;
+}
+
+bool holdsSeparator(std::string_view text, const ReadOptions& options) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (separatorLength(text.substr(i), options) > 0) {
             return true;
         }
     }
     return false;
 }
 
-std::string groupSeparatorsRaw(std::string_view text) {
-    std::string raw(text);
-    for (const std::string_view spelling : spellings) {
-        replaceAll(raw, spelling, std::string_view(&GROUP_SEPARATOR, 1));
+void keepGtin(Reading& reading, std::string_view digits) {
+    constexpr std::string_view zeros = "00000000000000";
+    const std::size_t missing = zeros.size() - digits.size();
+    readingPut(reading, zeros.substr(0, missing), positionIn(reading, digits));
+    readingKeep(reading, digits);
+    if (missing > 0) {
+        readingNote(reading, NoteKind::PADDED, digits,
+                    "padded the GTIN " + std::string(digits) + " to 14 digits");
     }
-    return raw;
 }
 
-std::string groupSeparatorsSpelled(std::string_view text) {
-    std::string spelled(text);
-    replaceAll(spelled, std::string_view(&GROUP_SEPARATOR, 1), GROUP_SEPARATOR_SPELLED);
-    return spelled;
+bool keepPaddedGtin(Reading& reading, std::string_view ai, std::string_view value) {
+    if (!endsShortGtin(ai, value)) {
+        return false;
+    }
+    readingKeep(reading, ai);
+    keepGtin(reading, value);
+    return true;
 }
 
-std::string barcodeStringOf(const std::vector<AiValue>& ais) {
-    std::string text;
-    bool separatorDue = false;
-    for (const AiValue& ai : ais) {
-        if (separatorDue) {
-            text += GROUP_SEPARATOR;
+bool prepareBarcode(Reading& reading, std::string_view value) {
+    readingClear(reading);
+    std::string_view run = value;
+    if (const SymbologyIdentifier* const row = identifierOf(value); row != nullptr) {
+        run = value.substr(SYMBOLOGY_IDENTIFIER_LENGTH);
+        if (row->gtinDigits != 0) {
+            readingPut(reading, GTIN_AI, positionIn(reading, run));
+            return prepareGtinSymbol(reading, run, *row);
         }
-        text += ai.ai + ai.value;
-        separatorDue = aiNeedsSeparator(ai.ai);
     }
-    return text;
-}
-
-std::string elementStringOf(const std::vector<AiValue>& ais) {
-    std::string text;
-    for (const AiValue& ai : ais) {
-        text += '(' + ai.ai + ')' + ai.value;
+    // FNC1 in the first place only says that AIs follow.
+    if (const std::size_t mark = run.empty() ? 0 : separatorLength(run, reading.options);
+        mark > 0) {
+        readingNote(reading, NoteKind::LEFT_OUT, run.substr(0, mark),
+                    "left out the separator before the first AI");
+        run.remove_prefix(mark);
     }
-    return text;
-}
-
-bool canStandInBrackets(const std::vector<AiValue>& ais) {
-    return std::ranges::all_of(
-        ais, [](const AiValue& ai) { return ai.value.find('(') == std::string::npos; });
+    noteLikelySeparator(reading, run);
+    keepRun(reading, run);
+    return true;
 }
 
 } // namespace rosetag

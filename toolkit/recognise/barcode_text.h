@@ -1,37 +1,30 @@
 /*
- * Barcode strings as people type and read them. The character 29, GS, ends a value of variable
- * length; it is typed raw, as "{GS}" or as "\x1d", and shown as "{GS}".
+ * Barcode strings as scanners send and people type them: symbology identifiers, and the character
+ * 29, GS, in its many spellings.
  */
 #ifndef ROSETAG_TOOLKIT_RECOGNISE_BARCODE_TEXT_H
 #define ROSETAG_TOOLKIT_RECOGNISE_BARCODE_TEXT_H
 
-#include <rosetag/toolkit.hpp>
-
-#include <string>
-#include <string_view>
-#include <vector>
+#include "recognise/reading.h"
 
 namespace rosetag {
 
-inline constexpr char GROUP_SEPARATOR = 29;
-inline constexpr std::string_view GROUP_SEPARATOR_SPELLED = "{GS}";
+// True if a text holds GS or a spelling of it.
+bool holdsSeparator(std::string_view text, const ReadOptions& options);
 
-bool holdsGroupSeparator(std::string_view text);
+// Takes the symbology identifier off what a plain 2D code holds, which can be of any form. False if
+// the failure is set: the symbol holds nothing that is known here.
+bool takeOffIdentifier(Reading& reading, std::string_view& value);
 
-// Every spelling of the separator becomes the character.
-std::string groupSeparatorsRaw(std::string_view text);
+// Keeps the run of AIs and values, with GS between them and without an identifier.
+bool prepareBarcode(Reading& reading, std::string_view value);
 
-// The character becomes "{GS}".
-std::string groupSeparatorsSpelled(std::string_view text);
+// Keeps the 14 digits of a GTIN of 8, 12, 13 or 14 digits after AI 01, with a note if it was
+// padded.
+void keepGtin(Reading& reading, std::string_view digits);
 
-// AI codes and values without brackets, a separator behind each value that needs one.
-std::string barcodeStringOf(const std::vector<AiValue>& ais);
-
-// The bracketed form.
-std::string elementStringOf(const std::vector<AiValue>& ais);
-
-// True if the bracketed form reads back as the same AIs: a "(" in a value would begin another.
-bool canStandInBrackets(const std::vector<AiValue>& ais);
+// Pads a GTIN that is the value of AI 01 or 02. False, with nothing kept, if it needs no padding.
+bool keepPaddedGtin(Reading& reading, std::string_view ai, std::string_view value);
 
 } // namespace rosetag
 

@@ -1,267 +1,331 @@
 #include "words/failure.h"
 
-#include "explain/explain.h"
-#include "explain/explain_ai_values.h"
-#include "translate/library_calls.h"
-#include "words/ai_dictionary.h"
+#include "bridge/gs1_key_table.h"
+#include "explain/explain_epc.h"
+#include "recognise/hex_text.h"
+#include "recognise/look.h"
+#include "translate/parsed_ais.h"
+#include "translate/text_room.h"
+#include "words/ai_words.h"
+#include "words/scheme_words.h"
+#include "words/shown_text.h"
 #include "words/status_meaning.h"
+#include "words/uri_fault.h"
 
 #include <algorithm>
-#include <array>
 
 namespace rosetag {
 
 namespace {
 
-constexpr std::size_t mostHexDigits = std::size_t{2} * EPC_MAX_BINARY_BYTES;
-constexpr std::size_t longestSearched = 400;
-
-EpcStatus statusOfAis(ValueForm form, const std::string& text) {
-    switch (form) {
-    case ValueForm::ELEMENT_STRING:
-        return aiValuesOfElementString(text).status;
-    case ValueForm::BARCODE:
-        return aiValuesOfBarcode(text).status;
-    default:
-        return aiValuesOfLink(text).status;
-    }
-}
+// ---- GS1 texts ----
 
 // The longest beginning of a text that is a text of its own.
-std::size_t readableLength(ValueForm form, const std::string& text) {
-    std::size_t length = std::min(text.size(), longestSearched);
-    while (length > 0 && statusOfAis(form, text.substr(0, length)) != EPC_OK) {
+std::size_t readableLength(Form form, std::string_view text) {
+    constexpr std::size_t longest = 400;
+    ParsedAis ais;
+    std::size_t length = std::min(text.size(), longest);
+    while (length > 0) {
+        const std::string part(text.substr(0, length));
+        if (aisParse(form, part, ais) == EPC_OK) {
+            break;
+        }
         --length;
     }
     return length;
 }
 
-std::string placeText(const std::string& text, std::size_t position) {
-    constexpr std::size_t shown = 24;
-    if (position >= text.size()) {
-        return "at the end: ";
+void failGs1Text(Reading& reading, EpcStatus status) {
+    const std::string& text = reading.workspace.text;
+    if (reading.form == Form::DIGITAL_LINK && !text.starts_with('/') && !text.starts_with('?')) {
+        readingFail(
+            reading, status, 0, reading.value.size(),
+            {"a link that is taken as it is begins with \"/\"", "take its host off", "strict"});
+        return;
     }
-    const std::string_view rest = std::string_view(text).substr(position);
-    return "at character " + std::to_string(position + 1) + ", \"" +
-           textForMessage(rest.substr(0, shown)) + (rest.size() > shown ? "...\": " : "\": ");
+    const std::size_t position = readableLength(reading.form, text);
+    readingFailAt(reading, status, position, text.size() - position,
+                  {statusMeaning(status, {StatusSource::GS1_TEXT})});
 }
 
-// The digits at the beginning of a text that have a check digit, and their AI, which a symbology of
-// GTINs alone does not write.
-struct CheckedDigits {
-    std::string_view code;
-    std::string_view digits;
-};
+// ---- Hex ----
 
-CheckedDigits checkedDigitsOf(std::string_view rest) {
-    if (rest.starts_with("]E") || rest.starts_with("]I")) {
-        return {"01", rest.substr(std::min<std::size_t>(3, rest.size()))};
-    }
-    const auto skip = [&](std::size_t most) {
-        while (most-- > 0 && !rest.empty() && !isDigit(rest.front())) {
-            rest.remove_prefix(1);
-        }
-    };
-    rest.remove_prefix(rest.starts_with(']') ? std::min<std::size_t>(3, rest.size()) : 0);
-    skip(1);
-    const std::string_view code = rest.substr(0, aiCodeLength(rest.substr(0, 2)));
-    rest.remove_prefix(code.size());
-    skip(1);
-    const AiEntry* const entry = aiEntryOf(code);
-    return {code,
-            rest.substr(0, entry == nullptr ? 0 : static_cast<std::size_t>(entry->parts[0].size))};
-}
-
-std::string checkDigitMessage(std::string_view rest) {
-    const auto [code, digits] = checkedDigitsOf(rest);
+// Digits that are not a tag value may be something else that people scan.
+Complaint hintForDigits(std::string_view digits) {
+    constexpr std::size_t shortestBarcode = 16; // AI 01 and a GTIN
+    ParsedAis ais;
     if (!isAllDigits(digits)) {
-        return "the value of AI " + std::string(code) + " must be digits, the last the check digit";
-    }
-    return "the check digit of AI " + std::string(code) + " is " + digits.back() + ", and behind " +
-           std::string(digits.substr(0, digits.size() - 1)) + " it must be " +
-           checkDigitOf(digits.substr(0, digits.size() - 1));
-}
-
-// What a scanner puts in front of its data, and how many digits that has where it is a GTIN alone.
-struct Symbology {
-    std::string_view identifier;
-    std::size_t digits;
-};
-constexpr std::array<Symbology, 6> symbologies = {
-    {{"]E0", 13}, {"]E4", 8}, {"]I1", 14}, {"]C1", 0}, {"]e0", 0}, {"]d2", 0}}};
-
-// What is wrong with the beginning of a barcode string, or the empty text.
-std::string symbologyMessage(ValueForm form, const std::string& text) {
-    if (form != ValueForm::BARCODE || !text.starts_with(']')) {
         return {};
     }
-    const std::string identifier = text.substr(0, 3);
-    const auto* const symbology =
-        std::ranges::find(symbologies, identifier, &Symbology::identifier);
-    if (symbology == symbologies.end()) {
-        return '"' + textForMessage(identifier) +
-               "\" is none of the symbology identifiers ]E0 ]E4 ]I1 ]C1 ]e0 ]d2";
-    }
-    if (symbology->digits != 0 && text.size() != identifier.size() + symbology->digits) {
-        return "behind " + identifier + " stand " + std::to_string(symbology->digits) +
-               " digits, and these are " + std::to_string(text.size() - identifier.size());
+    const std::string text(digits);
+    if (digits.size() >= shortestBarcode && aisParse(Form::BARCODE_STRING, text, ais) == EPC_OK) {
+        return {{}, "it can be read as a barcode string", "as_barcode"};
     }
     return {};
 }
 
-// gs1 is the case of a text that reads, and does not fit.
-std::string gs1Message(EpcStatus status, ValueForm form, const std::string& text,
-                       const StatusCase& gs1) {
-    if (statusOfAis(form, text) != status) {
-        return statusMeaning(status, gs1);
-    }
-    if (std::string message = symbologyMessage(form, text); !message.empty()) {
-        return message;
-    }
-    if (form == ValueForm::LINK && !text.starts_with('/') && !text.starts_with('?')) {
-        return "a link as it stands begins with \"/\"; without --strict the host is left out";
-    }
-    const std::size_t position = readableLength(form, text);
-    return placeText(text, position) +
-           (status == EPC_ERR_CHECK_DIGIT
-                ? checkDigitMessage(std::string_view(text).substr(position))
-                : statusMeaning(status, {StatusSource::GS1_TEXT, gs1.scheme, form, gs1.filter}));
-}
-
-// Digits that are no tag value may be something else that people scan.
-std::string hintForDigits(const std::string& digits) {
-    constexpr std::size_t shortestBarcode = 16; // AI 01 and a GTIN
-    if (!isAllDigits(digits)) {
+std::string missingBits(const Explanation& explanation) {
+    if (explanation.scheme == nullptr) {
         return {};
     }
-    const bool isGtinLength = digits.size() == 8 || (digits.size() >= 12 && digits.size() <= 14);
-    const std::string_view checked = std::string_view(digits).substr(0, digits.size() - 1);
-    if (isGtinLength && checkDigitOf(checked) == digits.back()) {
-        return "; if it is a GTIN, write (01)" + std::string(14 - digits.size(), '0') + digits;
+    const std::int32_t bits = schemeBits(schemeRowOf(*explanation.scheme));
+    const auto given = static_cast<std::int32_t>(explanation.bits.size());
+    if (bits == 0 || given >= bits) {
+        return {};
     }
-    const bool isBarcode =
-        digits.size() >= shortestBarcode && aiValuesOfBarcode(digits).status == EPC_OK;
-    return isBarcode ? "; as a barcode string it reads: --barcode" : "";
+    return std::string(explanation.scheme->name) + " has " + std::to_string(bits) +
+           " bits, and here are " + std::to_string(given);
 }
 
-Failure failureOfBits(EpcStatus status, const std::string& digits) {
-    if (status == EPC_ERR_TOO_LONG) {
-        return failureOfHex(digits);
+// ---- URIs ----
+
+void failUri(Reading& reading, EpcStatus status, const SchemeInfo* scheme, int filter) {
+    UriFault fault;
+    if (uriFindFault(reading.workspace.text, scheme, fault)) {
+        readingFailAt(reading, status, fault.position, fault.length, std::move(fault.complaint));
+        return;
     }
-    const WalkedBits explanation = explainEpc(digits);
-    std::string message = explainFailure(explanation);
-    if (message.empty()) {
-        message = statusMeaning(status, {StatusSource::BITS});
-    } else if (status == EPC_ERR_UNKNOWN_HEADER) {
-        message = explanation.walk.fields.back().meaning;
-        message += hexIsTid(digits) ? "; a TID begins so, and rosetag tid reads it" : "";
-    }
-    return {status, message + hintForDigits(digits)};
+    readingFail(reading, status, 0, reading.value.size(),
+                {statusMeaning(status, {StatusSource::URI, scheme, filter})});
 }
 
-const SchemeEntry* schemeOfUri(ValueForm form, const std::string& text) {
-    const bool isTagUri = form == ValueForm::TAG_URI;
-    std::string_view rest = text;
-    rest.remove_prefix((isTagUri ? TAG_URI_PREFIX : PURE_URI_PREFIX).size());
-    const std::string_view word = rest.substr(0, rest.find(':'));
-    if (isTagUri) {
-        return schemeByName(word);
+// ---- From GS1 texts to a scheme ----
+
+// Where the value of an AI is in the prepared text.
+struct ValuePlace {
+    std::size_t position = 0;
+    std::size_t length = 0;
+};
+
+ValuePlace placeOfValue(const Reading& reading, const ParsedAis& ais, std::string_view code) {
+    const std::string& text = reading.workspace.text;
+    for (std::size_t i = 0; i < ais.list.count; ++i) {
+        const AiElement& element = ais.list.elements[i];
+        if (aiCodeOf(*element.ai) != code) {
+            continue;
+        }
+        if (ais.base == text.data()) {
+            return {element.valueOffset, element.valueLength};
+        }
+        for (const char before : {'/', '?', '&'}) {
+            const std::string delimited = before + std::string(code);
+            const std::size_t at = text.find(delimited);
+            if (at != std::string::npos) {
+                const std::size_t start = at + delimited.size() + 1;
+                return {start, std::min(text.find_first_of("/?&", start), text.size()) - start};
+            }
+        }
     }
-    const std::vector<const SchemeEntry*> schemes = plainSchemesOfFamily(word);
-    return schemes.empty() ? nullptr : schemes.back();
+    return {0, text.size()};
+}
+
+// Text fields of a URI count their characters without escapes; a fault in the tail of the URI is
+// one of the serial number, any other one of the key.
+void failAsUri(Reading& reading, EpcStatus status, const SchemeInfo& scheme, const ParsedAis& ais,
+               UriFault& fault) {
+    const Gs1KeyDefinition* const key = gs1KeyFindByName(scheme.family);
+    const bool isSecondary = fault.isInTail && !key->secondaryAi.empty();
+    const std::string_view code = isSecondary ? key->secondaryAi : key->primaryAi;
+    ValuePlace place = placeOfValue(reading, ais, code);
+    if (fault.isInTail && !isSecondary) {
+        const auto keyLength =
+            std::min(static_cast<std::size_t>(key->keyValueLength), place.length);
+        place = {place.position + keyLength, place.length - keyLength};
+    }
+    fault.complaint.message = "AI " + std::string(code) + " (" + std::string(aiTitle(code)) +
+                              "): " + fault.complaint.message;
+    readingFailAt(reading, status, place.position, place.length, std::move(fault.complaint));
+}
+
+std::string elementStringOf(const ParsedAis& ais) {
+    std::string text;
+    for (std::size_t i = 0; i < ais.list.count; ++i) {
+        text += '(';
+        text += aiCodeAt(ais, i);
+        text += ')';
+        text += aiValueAt(ais, i);
+    }
+    return text;
+}
+
+void failMissingKey(Reading& reading, EpcStatus status, const SchemeInfo& scheme) {
+    const bool isLocation = scheme.family == "sgln" && status != EPC_ERR_SCHEME_MISMATCH;
+    std::string remedy = isLocation ? "add (254)0 for a location without an extension"
+                                    : "choose a scheme that holds the AIs of the text, or add what "
+                                      "is missing";
+    if (status == EPC_ERR_SECOND_KEY) {
+        remedy = "give one key";
+    }
+    const StatusSource source = scheme.isPlus ? StatusSource::GS1_PLUS : StatusSource::GS1;
+    readingFail(reading, status, 0, reading.value.size(),
+                {statusMeaning(status, {source, &scheme}), remedy, "scheme"});
+}
+
+// An identity that its URI form cannot hold either: the key does not reach beyond its prefix.
+void failShortKey(Reading& reading, EpcStatus status, const SchemeInfo& scheme,
+                  const ParsedAis& ais, int gcpLength) {
+    const Gs1KeyDefinition* const key = gs1KeyFindByName(scheme.family);
+    const ValuePlace place = placeOfValue(reading, ais, key->primaryAi);
+    readingFailAt(reading, status, place.position, place.length,
+                  {"AI " + std::string(key->primaryAi) + " (" +
+                       std::string(aiTitle(key->primaryAi)) + ") has " +
+                       counted(place.length, "character") +
+                       ", too few for a GS1 company prefix of " + std::to_string(gcpLength) +
+                       " digits and a reference",
+                   "give the right length of the company prefix", "gcp_length"});
+}
+
+// The AI of a text that its bits cannot hold.
+bool failAnyAi(Reading& reading, const ParsedAis& ais, int encoding) {
+    std::array<char, 2048> hex;
+    for (std::size_t i = 0; i < ais.list.count; ++i) {
+        const std::string code(aiCodeAt(ais, i));
+        const std::string value(aiValueAt(ais, i));
+        const EpcStatus status =
+            epc_AIToHexEnc(code.c_str(), value.c_str(), 0, encoding,
+                           static_cast<std::int32_t>(hex.size()), hex.data(), nullptr);
+        if (status == EPC_OK || status == EPC_ERR_NO_ROOM) {
+            continue;
+        }
+        const ValuePlace place = placeOfValue(reading, ais, code);
+        readingFailAt(reading, status, place.position, place.length,
+                      {"AI " + code + " (" + std::string(aiTitle(code)) + ") cannot hold " +
+                           quotedText(value) + ": " +
+                           statusMeaning(status, {StatusSource::AI_VALUE}),
+                       aiValueHint(code)});
+        return true;
+    }
+    return false;
+}
+
+void failGs1Encoding(Reading& reading, EpcStatus status, const EncodeOptions& options,
+                     const ParsedAis& ais) {
+    const SchemeInfo& scheme = *options.scheme;
+    const int gcpLength = options.read.gcpLength.value_or(0);
+    std::string uri;
+    UriFault fault;
+    const bool isAboutKey = status == EPC_ERR_SCHEME_MISMATCH || status == EPC_ERR_SECOND_KEY ||
+                            status == EPC_ERR_NO_KEY_AI || status == EPC_ERR_NO_SECONDARY_AI ||
+                            status == EPC_ERR_NO_PRIMARY_KEY;
+    if (isAboutKey) {
+        return failMissingKey(reading, status, scheme);
+    }
+    if (scheme.isPlus && failAnyAi(reading, ais, options.encoding)) {
+        return;
+    }
+    if (!scheme.isPlus && scheme.hasGs1Texts) {
+        const EpcStatus uriStatus = textFrom<EPC_URI_SIZE>(uri, [&](std::int32_t size, char* dst) {
+            return epc_gs1ElementStringToEpcUri(elementStringOf(ais).c_str(), gcpLength, size, dst);
+        });
+        if (uriStatus == EPC_OK && uriFindFault(uri, &scheme, fault)) {
+            return failAsUri(reading, status, scheme, ais, fault);
+        }
+        if (uriStatus == EPC_ERR_OUT_OF_RANGE || uriStatus == EPC_ERR_TRUNCATED) {
+            return failShortKey(reading, status, scheme, ais, gcpLength);
+        }
+    }
+    const StatusSource source = scheme.isPlus ? StatusSource::GS1_PLUS : StatusSource::GS1;
+    readingFail(reading, status, 0, reading.value.size(),
+                {statusMeaning(status, {source, &scheme, options.filter.value_or(0)})});
+}
+
+void failFilter(Reading& reading, EpcStatus status, const EncodeOptions& options) {
+    readingFail(reading, status, 0, reading.value.size(),
+                {"the filter of " + std::string(options.scheme->name) + " is a number from 0 to " +
+                     std::to_string(schemeLargestFilter(*options.scheme)) + ", and " +
+                     std::to_string(options.filter.value_or(0)) + " is not",
+                 "give another filter", "filter"});
+    reading.failure.isOfOptions = true;
 }
 
 } // namespace
 
-Failure failureOfReading(EpcStatus status, ValueForm form, const std::string& text) {
-    if (status == EPC_OK) {
-        return {};
+void failBits(Reading& reading, EpcStatus status, const Explanation& explanation) {
+    const std::string& digits = reading.workspace.text;
+    const ExplainedField& field = explanation.fields.back();
+    const bool isUnknown = status == EPC_ERR_UNKNOWN_HEADER || field.isGood;
+    Complaint complaint = hintForDigits(digits);
+    complaint.message = isUnknown && !field.isGood ? field.meaning : explainedFault(explanation);
+    if (field.isGood) {
+        complaint.message = statusMeaning(status, {StatusSource::BITS});
     }
-    if (form == ValueForm::HEX) {
-        return failureOfBits(status, text);
+    if (status == EPC_ERR_TRUNCATED) {
+        complaint.remedy = missingBits(explanation);
+    } else if (status == EPC_ERR_UNKNOWN_HEADER && complaint.remedy.empty()) {
+        complaint.remedy = hexIsTid(digits)
+                               ? "this is a TID: read it as one"
+                               : "an EPC begins with the header of its scheme, for example 30 for "
+                                 "sgtin-96";
     }
-    if (valueFormIsGs1(form)) {
-        return {status, gs1Message(status, form, text, {StatusSource::GS1_TEXT, nullptr, form, 0})};
+    if (reading.form != Form::HEX && reading.form != Form::TID) {
+        readingFail(reading, status, 0, reading.value.size(), std::move(complaint));
+        return;
     }
-    return {status, statusMeaning(status, {StatusSource::URI, schemeOfUri(form, text), form, 0})};
+    const std::size_t first = field.first / 4;
+    const std::size_t last = field.width == 0 ? first : (field.first + field.width - 1) / 4 + 1;
+    readingFailAt(reading, status, std::min(first, digits.size()),
+                  std::min(last, digits.size()) - std::min(first, digits.size()),
+                  std::move(complaint));
 }
 
-Failure failureOfEncoding(EpcStatus status, ValueForm form, const std::string& text,
-                          const SchemeEntry& scheme, int filter) {
-    if (status == EPC_OK) {
-        return {};
+void failReading(Reading& reading, EpcStatus status) {
+    switch (reading.form) {
+    case Form::HEX:
+    case Form::TID: {
+        Explanation explanation;
+        explainEpc(reading.workspace.text, explanation);
+        return failBits(reading, status, explanation);
     }
-    if (!valueFormIsGs1(form)) {
-        return {status, statusMeaning(status, {StatusSource::URI, &scheme, form, filter})};
+    case Form::TAG_URI:
+    case Form::PURE_IDENTITY:
+        return failUri(reading, status, nullptr, 0);
+    default:
+        return failGs1Text(reading, status);
     }
-    const StatusSource source = schemeIsPlus(scheme) ? StatusSource::GS1_PLUS : StatusSource::GS1;
-    return {status, gs1Message(status, form, text, {source, &scheme, form, filter})};
 }
 
-Failure failureOfAiValue(EpcStatus status, const std::string& code, const std::string& value) {
-    if (status == EPC_OK) {
-        return {};
+void failEncoding(Reading& reading, EpcStatus status, const EncodeOptions& options) {
+    if (status == EPC_ERR_FILTER_LIMIT || status == EPC_ERR_FILTER_FIELD) {
+        return failFilter(reading, status, options);
     }
+    if (reading.form == Form::TAG_URI || reading.form == Form::PURE_IDENTITY) {
+        return failUri(reading, status, options.scheme, options.filter.value_or(0));
+    }
+    ParsedAis ais;
+    const Form form = reading.form == Form::GTIN ? Form::ELEMENT_STRING : reading.form;
+    if (aisParse(form, reading.workspace.text, ais) != EPC_OK || status == EPC_ERR_CHECK_DIGIT) {
+        return failGs1Text(reading, status);
+    }
+    failGs1Encoding(reading, status, options, ais);
+}
+
+void failAiValue(Reading& reading, EpcStatus status, std::string_view code) {
     if (status == EPC_ERR_UNKNOWN_AI) {
-        return {status, "GS1 has assigned no AI " + textForMessage(code)};
+        readingFail(reading, status, 0, 0,
+                    {"GS1 has not assigned an AI " + shownText(code), "give the code of an AI"});
+        return;
     }
-    return {status, "AI " + code + " (" + std::string(aiTitle(code)) + ") cannot hold \"" +
-                        textForMessage(value) +
-                        "\": " + statusMeaning(status, {StatusSource::AI_VALUE})};
+    readingFail(reading, status, 0, reading.value.size(),
+                {"AI " + std::string(code) + " (" + std::string(aiTitle(code)) + ") cannot hold " +
+                     quotedText(reading.value) + ": " +
+                     statusMeaning(status, {StatusSource::AI_VALUE}),
+                 aiValueHint(code)});
 }
 
-Failure failureOfAiBits(EpcStatus status, const std::string& code, const std::string& hexDigits) {
-    if (status == EPC_OK) {
-        return {};
+std::string failureText(const Failure& failure) {
+    std::string text;
+    if (failure.length > 0 || failure.position > 0) {
+        constexpr std::size_t longest = 24;
+        const std::string_view culprit = failure.culprit;
+        text = "character " + std::to_string(failure.position + 1) + ", " +
+               quotedText(culprit.substr(0, longest)) + (culprit.size() > longest ? "..." : "") +
+               ": ";
+        if (culprit.empty()) {
+            text = "after character " + std::to_string(failure.position) + ": ";
+        }
     }
-    if (!code.empty() && aiEntryOf(code) == nullptr) {
-        return {status, "GS1 has assigned no AI " + textForMessage(code)};
-    }
-    WalkedBits explanation{"", {bitsOfHex(hexDigits), 0, {}, true}};
-    if (code.empty()) {
-        walkDataSection(explanation.walk, 0);
-    } else {
-        walkAiValue(explanation.walk, code);
-    }
-    const std::string message = explainFailure(explanation);
-    return {status, message.empty() ? statusMeaning(status, {StatusSource::BITS}) : message};
-}
-
-Failure failureOfTid(EpcStatus status, const std::string& hexDigits) {
-    if (status == EPC_OK) {
-        return {};
-    }
-    const std::string message = explainFailure(explainTid(hexDigits));
-    return {status, message.empty() ? statusMeaning(status, {StatusSource::BITS}) : message};
-}
-
-Failure failureOfHex(const std::string& hexDigits) {
-    if (hexDigits.empty()) {
-        return {EPC_ERR_TRUNCATED, "there is no hexadecimal digit"};
-    }
-    const auto stranger = std::ranges::find_if_not(hexDigits, isHexDigit);
-    if (stranger != hexDigits.end()) {
-        return {EPC_ERR_BAD_CHARACTER, "digit " + std::to_string(stranger - hexDigits.begin() + 1) +
-                                           ", \"" +
-                                           textForMessage(std::string_view(&*stranger, 1)) +
-                                           "\", is no hexadecimal digit"};
-    }
-    if (hexDigits.size() > mostHexDigits) {
-        return {EPC_ERR_TOO_LONG, statusMeaning(EPC_ERR_TOO_LONG, {StatusSource::BITS}) +
-                                      ", and these are " + std::to_string(hexDigits.size()) +
-                                      " digits"};
-    }
-    return {};
-}
-
-char checkDigitOf(std::string_view digits) {
-    int sum = 0;
-    int weight = digits.size() % 2 == 0 ? 1 : 3;
-    for (const char digit : digits) {
-        sum += (digit - '0') * weight;
-        weight = 4 - weight;
-    }
-    return static_cast<char>('0' + (10 - sum % 10) % 10);
+    text += failure.message;
+    return failure.remedy.empty() ? text : text + "; " + failure.remedy;
 }
 
 } // namespace rosetag

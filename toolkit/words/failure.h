@@ -1,41 +1,24 @@
 /*
- * Why a value could not be converted: a status, and a message that says what was wrong with this
- * value, and where.
+ * Why a value could not be converted: what was wrong with it, where, and what to do.
  */
 #ifndef ROSETAG_TOOLKIT_WORDS_FAILURE_H
 #define ROSETAG_TOOLKIT_WORDS_FAILURE_H
 
-#include "recognise/value_form.h"
-#include "words/scheme_dictionary.h"
-
-#include <rosetag/toolkit.hpp>
-
-#include <string>
-#include <string_view>
+#include "recognise/reading.h"
 
 namespace rosetag {
 
-// All of these give no failure for EPC_OK.
+// Of a prepared value in any form that could not be read.
+void failReading(Reading& reading, EpcStatus status);
 
-// Of a value in any form that was read.
-Failure failureOfReading(EpcStatus status, ValueForm form, const std::string& text);
+// Of a prepared value that could not become a value of the scheme.
+void failEncoding(Reading& reading, EpcStatus status, const EncodeOptions& options);
 
-// Of a text that was to become the bits of a scheme.
-Failure failureOfEncoding(EpcStatus status, ValueForm form, const std::string& text,
-                          const SchemeEntry& scheme, int filter);
+// Of the bits of a tag value, of a TID or of AI values, after a walk that explains them.
+void failBits(Reading& reading, EpcStatus status, const Explanation& explanation);
 
-// Of a single AI value as text, and as bits.
-Failure failureOfAiValue(EpcStatus status, const std::string& code, const std::string& value);
-Failure failureOfAiBits(EpcStatus status, const std::string& code, const std::string& hexDigits);
-
-Failure failureOfTid(EpcStatus status, const std::string& hexDigits);
-
-// Of a text that is to be hex, without what stands between its groups: a character that is no
-// digit, none at all, or too many.
-Failure failureOfHex(const std::string& hexDigits);
-
-// The check digit that belongs behind the digits.
-char checkDigitOf(std::string_view digits);
+// Of the value of an AI that could not become bits.
+void failAiValue(Reading& reading, EpcStatus status, std::string_view code);
 
 } // namespace rosetag
 

@@ -33,8 +33,10 @@ constexpr std::array<FormRow, 12> forms = {{
     {Form::UNKNOWN,         "unknown",        "nothing that is known here"},
 }};
 
-constexpr std::array<std::string_view, 5> notes = {
-    "blanks", "left_out", "padded", "several_keys", "needs_gcp_length",
+constexpr std::array<std::string_view, 14> notes = {
+    "blanks",           "left_out",    "padded",    "several_keys", "old_name",
+    "semicolon",        "needs_gcp_length", "not_encoded", "separator", "pc_word",
+    "may_be_pc_word",   "trailing_bits", "odd_digits", "odd_length",
 };
 // clang-format on
 
@@ -47,7 +49,7 @@ constexpr bool formsStandAtTheirNumbers() {
     return forms.back().form == Form::UNKNOWN;
 }
 static_assert(formsStandAtTheirNumbers());
-static_assert(notes.size() == static_cast<std::size_t>(NoteKind::NEEDS_GCP_LENGTH) + 1);
+static_assert(notes.size() == static_cast<std::size_t>(NoteKind::ODD_LENGTH) + 1);
 
 } // namespace
 

@@ -4,8 +4,7 @@
 #ifndef ROSETAG_TOOLKIT_WORDS_STATUS_MEANING_H
 #define ROSETAG_TOOLKIT_WORDS_STATUS_MEANING_H
 
-#include "recognise/value_form.h"
-#include "words/scheme_dictionary.h"
+#include <rosetag/toolkit.hpp>
 
 #include <string>
 #include <string_view>
@@ -18,15 +17,14 @@ enum class StatusSource {
     BITS,
     URI,
     GS1_TEXT, // a text that does not read as AIs
-    GS1,      // one that does, and does not fit its plain scheme
+    GS1,      // one that does, but does not fit its plain scheme
     GS1_PLUS, // the same of a plus scheme
     AI_VALUE,
 };
 
 struct StatusCase {
     StatusSource source = StatusSource::ANY;
-    const SchemeEntry* scheme = nullptr; // null: none is involved
-    ValueForm form = ValueForm::UNKNOWN;
+    const SchemeInfo* scheme = nullptr; // null: none is involved
     int filter = 0;
 };
 

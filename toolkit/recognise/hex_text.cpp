@@ -1,0 +1,83 @@
+#include "recognise/hex_text.h"
+
+#include "recognise/look.h"
+#include "words/shown_text.h"
+
+#include <algorithm>
+
+namespace rosetag {
+
+namespace {
+
+constexpr std::size_t MOST_HEX_DIGITS = std::size_t{2} * EPC_MAX_BINARY_BYTES;
+
+// Keeps the digits of a text that may have 0x before each byte or word. False at another character,
+// which stranger then is. A comma only stands after a byte or a word: elsewhere it separates
+// values.
+bool keepDigits(Reading& reading, std::string_view text, std::string_view& stranger) {
+    std::size_t digits = 0; // since the last gap
+    while (!text.empty()) {
+        if (digits % 2 == 0 && beginsIgnoringCase(text, "0x")) {
+            text.remove_prefix(2);
+            digits = 0;
+            continue;
+        }
+        const char character = text.front();
+        const bool isGap = isHexGap(character) && (character != ',' || digits == 2 || digits == 4);
+        if (!isGap && !isHexDigit(character)) {
+            stranger = text.substr(0, 1);
+            return false;
+        }
+        if (!isGap) {
+            readingKeep(reading, text.substr(0, 1));
+        }
+        digits = isGap ? 0 : digits + 1;
+        text.remove_prefix(1);
+    }
+    return true;
+}
+
+} // namespace
+
+bool hexIsTid(std::string_view value) {
+    if (beginsIgnoringCase(value, "0x")) {
+        value.remove_prefix(2);
+    }
+    return beginsIgnoringCase(value, "e2");
+}
+
+bool prepareHex(Reading& reading, std::string_view value) {
+    std::string_view stranger;
+    readingClear(reading);
+    if (std::all_of(value.begin(), value.end(), isHexDigit)) {
+        readingKeep(reading, value);
+    } else if (!keepDigits(reading, value, stranger)) {
+        return readingFail(reading, EPC_ERR_BAD_CHARACTER, positionIn(reading, stranger), 1,
+                           {quotedText(stranger) + " is not a hexadecimal digit",
+                            "hex has the digits 0 to 9 and A to F"});
+    }
+    const std::size_t digits = reading.workspace.text.size();
+    if (digits == 0) {
+        return readingFail(reading, EPC_ERR_TRUNCATED, positionIn(reading, value), value.size(),
+                           {"there is no hexadecimal digit"});
+    }
+    if (digits > MOST_HEX_DIGITS) {
+        return readingFailAt(reading, EPC_ERR_TOO_LONG, MOST_HEX_DIGITS, digits - MOST_HEX_DIGITS,
+                             {"a tag value has at most " + std::to_string(EPC_MAX_BINARY_BITS) +
+                                  " bits, " + std::to_string(MOST_HEX_DIGITS) +
+                                  " hexadecimal digits, and here are " + std::to_string(digits),
+                              "give one value at a time"});
+    }
+    return true;
+}
+
+std::size_t bytesOfHex(std::string_view digits, std::uint8_t* room) {
+    const std::size_t count = (digits.size() + 1) / 2;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::int32_t low = 2 * i + 1 < digits.size() ? hexDigitValue(digits[2 * i + 1]) : 0;
+        room[i] = static_cast<std::uint8_t>(hexDigitValue(digits[2 * i]) << 4 | low);
+    }
+    return count;
+}
+
+} // namespace rosetag

@@ -1,0 +1,39 @@
+/*
+ * Hex as people have it: with 0x, with blanks, dashes, colons or commas between bytes or words, and
+ * with the words that a reader prints before the EPC.
+ */
+#ifndef ROSETAG_TOOLKIT_RECOGNISE_HEX_TEXT_H
+#define ROSETAG_TOOLKIT_RECOGNISE_HEX_TEXT_H
+
+#include "core/text_cursor.h"
+#include "recognise/reading.h"
+
+namespace rosetag {
+
+inline bool isHexDigit(char character) {
+    return hexDigitValue(character) >= 0;
+}
+
+// A character that is nothing in hex.
+constexpr bool isHexGap(char character) {
+    return character == ' ' || character == '-' || character == ':' || character == ',' ||
+           character == '\t';
+}
+
+inline bool isHexOrGap(char character) {
+    return isHexDigit(character) || isHexGap(character);
+}
+
+// True for hex of a tag's TID memory, which begins with E2.
+bool hexIsTid(std::string_view value);
+
+// Keeps the digits of a value.
+bool prepareHex(Reading& reading, std::string_view value);
+
+// The bytes of digits; an odd last digit fills the high half of its byte. room takes
+// EPC_MAX_BINARY_BYTES.
+std::size_t bytesOfHex(std::string_view digits, std::uint8_t* room);
+
+} // namespace rosetag
+
+#endif

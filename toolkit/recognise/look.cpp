@@ -1,0 +1,162 @@
+#include "recognise/look.h"
+
+#include "core/char_class.h"
+#include "gs1/check_digit.h"
+#include "recognise/barcode_text.h"
+#include "recognise/hex_text.h"
+#include "words/shown_text.h"
+
+#include <algorithm>
+
+namespace rosetag {
+
+namespace {
+
+constexpr char lowerCase(char character) {
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character + ('a' - 'A'))
+                                                : character;
+}
+
+bool isLetter(char character) {
+    return lowerCase(character) >= 'a' && lowerCase(character) <= 'z';
+}
+
+bool looksLikeHex(std::string_view value) {
+    return beginsIgnoringCase(value, "0x") ||
+           (std::all_of(value.begin(), value.end(), isHexOrGap) &&
+            std::any_of(value.begin(), value.end(), isHexDigit));
+}
+
+// A Web address without its scheme: a host with a dot before the first "/".
+bool looksLikeHostAndPath(std::string_view value) {
+    const std::string_view host = value.substr(0, value.find('/'));
+    const auto isHostCharacter = [](char character) {
+        return charIsDigit(character) || isLetter(character) || character == '.' ||
+               character == '-' || character == ':';
+    };
+    return host.size() < value.size() && host.find('.') != std::string_view::npos &&
+           std::all_of(host.begin(), host.end(), isHostCharacter);
+}
+
+std::size_t commonLength(std::string_view value, std::string_view prefix) {
+    std::size_t length = 0;
+    while (length < std::min(value.size(), prefix.size()) &&
+           lowerCase(value[length]) == prefix[length]) {
+        ++length;
+    }
+    return length;
+}
+
+// Files that are not text at all, or not in UTF-8.
+struct FileMark {
+    std::string_view bytes;
+    std::string_view message;
+    std::string_view remedy;
+};
+
+// clang-format off
+constexpr FileMark fileMarks[] = {
+    {{"\xFF\xFE", 2}, "this is UTF-16 text",         "convert it to UTF-8 first: iconv -f UTF-16 -t UTF-8"},
+    {{"\xFE\xFF", 2}, "this is UTF-16 text",         "convert it to UTF-8 first: iconv -f UTF-16 -t UTF-8"},
+    {{"\x1F\x8B", 2}, "this is a gzip file",         "decompress it first: gzip -dc"},
+    {{"PK\x03\x04", 4}, "this is a zip file",        "take the text out of it first"},
+    {{"<?xml", 5},    "this is XML",                 "give the values in it"},
+    {{"{\"", 2},      "this is JSON",                "give the values in it"},
+};
+// clang-format on
+
+constexpr std::string_view forms =
+    "a value is hex of a tag's memory (3074257BF7194E4000001A85), an EPC URI (urn:epc:tag:... or "
+    "urn:epc:id:...), a GS1 element string ((01)80614141123458(21)6789), a barcode string "
+    "(]C1...), a GS1 Digital Link (https://example.com/01/...), or a GTIN";
+
+bool failAfterUrn(Reading& reading, std::string_view value, std::size_t length) {
+    constexpr std::string_view common = "urn:epc:";
+    const std::size_t known = std::min(length, common.size());
+    const std::string expected =
+        known < common.size() ? std::string(common.substr(known)) : std::string("tag:\" or \"id:");
+    const std::string_view rest = value.substr(known);
+    return readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, rest), rest.size(),
+                       {"an EPC URI goes on with \"" + expected + "\" after \"" +
+                            std::string(value.substr(0, known)) + '"',
+                        "write urn:epc:tag: and a tag scheme, or urn:epc:id: and a kind of "
+                        "identity"});
+}
+
+} // namespace
+
+bool beginsIgnoringCase(std::string_view text, std::string_view lowerCasePrefix) {
+    return commonLength(text, lowerCasePrefix) == lowerCasePrefix.size();
+}
+
+bool isAllDigits(std::string_view text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), charIsDigit);
+}
+
+bool isGtin(std::string_view text) {
+    const bool isLength = text.size() == 8 || (text.size() >= 12 && text.size() <= 14);
+    return isLength && isAllDigits(text) &&
+           gs1CheckDigit(text.substr(0, text.size() - 1)) == text.back();
+}
+
+Form formByLook(std::string_view value, const ReadOptions& options) {
+    if (value.empty()) {
+        return Form::UNKNOWN;
+    }
+    if (beginsIgnoringCase(value, TAG_URI_PREFIX)) {
+        return Form::TAG_URI;
+    }
+    if (beginsIgnoringCase(value, PURE_IDENTITY_URI_PREFIX)) {
+        return Form::PURE_IDENTITY;
+    }
+    if (value.front() == '(') {
+        return Form::ELEMENT_STRING;
+    }
+    if (value.front() == '/' || beginsIgnoringCase(value, "https://") ||
+        beginsIgnoringCase(value, "http://")) {
+        return Form::DIGITAL_LINK;
+    }
+    if (options.asBarcode || value.front() == ']' || holdsSeparator(value, options)) {
+        return Form::BARCODE_STRING;
+    }
+    if (isGtin(value)) {
+        return Form::GTIN;
+    }
+    if (looksLikeHex(value)) {
+        return hexIsTid(value) ? Form::TID : Form::HEX;
+    }
+    return looksLikeHostAndPath(value) ? Form::DIGITAL_LINK : Form::UNKNOWN;
+}
+
+bool failUnknown(Reading& reading, std::string_view value) {
+    if (value.empty()) {
+        return readingFail(reading, EPC_ERR_BAD_FORMAT, 0, reading.value.size(),
+                           {"the value is empty", std::string(forms)});
+    }
+    for (const FileMark& mark : fileMarks) {
+        if (value.starts_with(mark.bytes)) {
+            return readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, value),
+                               mark.bytes.size(),
+                               {std::string(mark.message), std::string(mark.remedy)});
+        }
+    }
+    const std::size_t urn = std::max(commonLength(value, TAG_URI_PREFIX),
+                                     commonLength(value, PURE_IDENTITY_URI_PREFIX));
+    if (urn >= std::string_view("ur").size()) {
+        return failAfterUrn(reading, value, urn);
+    }
+    const auto notHex = std::find_if_not(value.begin(), value.end(), isHexOrGap);
+    const std::string_view rest = value.substr(static_cast<std::size_t>(notHex - value.begin()));
+    const std::size_t position = positionIn(reading, rest);
+    if (rest.size() == value.size()) {
+        return readingFail(reading, EPC_ERR_BAD_FORMAT, position, 1,
+                           {"no form of a value begins with " + quotedText(value.substr(0, 1)),
+                            std::string(forms)});
+    }
+    return readingFail(reading, EPC_ERR_BAD_FORMAT, position, 1,
+                       {"this begins like hex, but " + quotedText(rest.substr(0, 1)) +
+                            " is not a hexadecimal digit",
+                        std::string(forms)});
+}
+
+} // namespace rosetag

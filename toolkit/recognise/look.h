@@ -1,0 +1,30 @@
+/*
+ * What a value is by its look: every form has a beginning of its own.
+ */
+#ifndef ROSETAG_TOOLKIT_RECOGNISE_LOOK_H
+#define ROSETAG_TOOLKIT_RECOGNISE_LOOK_H
+
+#include "recognise/reading.h"
+#include "schemes/epc_uri.h"
+
+namespace rosetag {
+
+// The form that a value has the look of. A value without a mark is hex or, asBarcode, a barcode
+// string.
+Form formByLook(std::string_view value, const ReadOptions& options);
+
+// Says where a value of no known form stopped making sense, and what could have followed there.
+// Always false.
+bool failUnknown(Reading& reading, std::string_view value);
+
+// True if text begins with a prefix in lower case, whatever its own case.
+bool beginsIgnoringCase(std::string_view text, std::string_view lowerCasePrefix);
+
+bool isAllDigits(std::string_view text);
+
+// The digits of a GTIN: 8, 12, 13 or 14 of them, with the right check digit.
+bool isGtin(std::string_view text);
+
+} // namespace rosetag
+
+#endif

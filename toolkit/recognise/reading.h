@@ -1,0 +1,63 @@
+/*
+ * A value on its way from what people have to what the library takes: the text so far, where each
+ * part of it was in the value, the notes, and the failure if there is one.
+ */
+#ifndef ROSETAG_TOOLKIT_RECOGNISE_READING_H
+#define ROSETAG_TOOLKIT_RECOGNISE_READING_H
+
+#include <rosetag/toolkit.hpp>
+
+#include <string>
+#include <string_view>
+
+namespace rosetag {
+
+struct Reading {
+    std::string_view value; // as it was given
+    const ReadOptions& options;
+    Workspace& workspace; // workspace.text is what the library gets
+    Rows<Note>& notes;
+    Failure& failure;
+    Form form = Form::UNKNOWN;
+};
+
+// Makes the value ready. False if that is not possible: the failure says why.
+bool readingPrepare(Reading& reading);
+
+// Where a part of the value begins.
+inline std::size_t positionIn(const Reading& reading, std::string_view part) {
+    return static_cast<std::size_t>(part.data() - reading.value.data());
+}
+
+void readingClear(Reading& reading);
+
+// Appends a part of the value, which is a view of it.
+void readingKeep(Reading& reading, std::string_view part);
+
+// Appends text that takes the place of what is at a position of the value.
+void readingPut(Reading& reading, std::string_view text, std::size_t position);
+
+// What is at a position of the prepared text.
+std::size_t givenPosition(const Workspace& workspace, std::size_t prepared);
+
+// What went wrong, in words: the rule, and what to do.
+struct Complaint {
+    std::string message;
+    std::string remedy{};
+    std::string_view option{};
+};
+
+// Sets the failure, about a part of the value. Always false.
+bool readingFail(Reading& reading, EpcStatus status, std::size_t position, std::size_t length,
+                 Complaint complaint);
+
+// The same, about a part of the prepared text.
+bool readingFailAt(Reading& reading, EpcStatus status, std::size_t prepared, std::size_t length,
+                   Complaint complaint);
+
+// Adds a note about a part of the value.
+Note& readingNote(Reading& reading, NoteKind kind, std::string_view part, std::string_view text);
+
+} // namespace rosetag
+
+#endif

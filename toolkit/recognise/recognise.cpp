@@ -1,0 +1,137 @@
+/*
+ * Makes a value ready for the library: what it is, and its text without what people and devices add
+ * to it.
+ */
+#include "recognise/barcode_text.h"
+#include "recognise/hex_text.h"
+#include "recognise/link_text.h"
+#include "recognise/look.h"
+#include "words/ai_words.h"
+#include "words/shown_text.h"
+
+#include <algorithm>
+
+namespace rosetag {
+
+namespace {
+
+std::string_view withoutOuterBlanks(Reading& reading) {
+    constexpr std::string_view blanks = " \t\r\n";
+    const std::string_view value = reading.value;
+    const std::size_t first = std::min(value.find_first_not_of(blanks), value.size());
+    const std::size_t last = value.find_last_not_of(blanks);
+    const std::string_view inner =
+        first == value.size() ? value.substr(first) : value.substr(first, last + 1 - first);
+    if (inner.size() < value.size() && !inner.empty()) {
+        readingNote(reading, NoteKind::BLANKS,
+                    first > 0 ? value.substr(0, first) : value.substr(inner.size()),
+                    "took off the blanks around the value");
+    }
+    return inner;
+}
+
+// Keeps the elements of a bracketed text, GTINs padded.
+void prepareElementString(Reading& reading, std::string_view value) {
+    readingClear(reading);
+    std::string_view rest = value;
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find('(', 1), rest.size());
+        const std::string_view element = rest.substr(0, end);
+        rest.remove_prefix(end);
+        const std::size_t close = element.find(')');
+        if (close == std::string_view::npos || element.front() != '(') {
+            readingKeep(reading, element);
+            continue;
+        }
+        const std::string_view head = element.substr(0, close + 1);
+        const std::string_view number = element.substr(close + 1);
+        readingKeep(reading, head);
+        if (isGtin(number) && number.size() < 14 && (head == "(01)" || head == "(02)")) {
+            keepGtin(reading, number);
+        } else {
+            readingKeep(reading, number);
+        }
+    }
+}
+
+bool prepareUri(Reading& reading, std::string_view value) {
+    const std::string_view prefix =
+        reading.form == Form::TAG_URI ? TAG_URI_PREFIX : PURE_IDENTITY_URI_PREFIX;
+    if (!value.starts_with(prefix)) {
+        return readingFail(
+            reading, EPC_ERR_BAD_FORMAT, positionIn(reading, value), prefix.size(),
+            {"an EPC URI begins with lower-case letters", "write " + std::string(prefix)});
+    }
+    readingClear(reading);
+    readingKeep(reading, value);
+    return true;
+}
+
+bool prepareForm(Reading& reading, std::string_view value) {
+    switch (reading.form) {
+    case Form::HEX:
+    case Form::TID:
+        return prepareHex(reading, value);
+    case Form::TAG_URI:
+    case Form::PURE_IDENTITY:
+        return prepareUri(reading, value);
+    case Form::ELEMENT_STRING:
+        prepareElementString(reading, value);
+        return true;
+    case Form::BARCODE_STRING:
+        return prepareBarcode(reading, value);
+    case Form::DIGITAL_LINK:
+        return prepareLink(reading, value);
+    case Form::GTIN:
+        readingClear(reading);
+        readingPut(reading, "(01)", positionIn(reading, value));
+        keepGtin(reading, value);
+        return true;
+    case Form::AIS:
+    case Form::SERIAL:
+    case Form::FITS_SCHEMES:
+    case Form::UNKNOWN:
+        break;
+    }
+    return failUnknown(reading, value);
+}
+
+} // namespace
+
+bool readingPrepare(Reading& reading) {
+    reading.notes.clear();
+    reading.failure.status = EPC_OK;
+    readingClear(reading);
+    if (reading.value.size() > MAX_VALUE_LENGTH) {
+        return readingFail(reading, EPC_ERR_TOO_LONG, MAX_VALUE_LENGTH, 0,
+                           {"a value has at most " + std::to_string(MAX_VALUE_LENGTH) +
+                                " bytes, and this has " + std::to_string(reading.value.size()),
+                            "give one value at a time"});
+    }
+    if (const std::size_t nul = reading.value.find('\0'); nul != std::string_view::npos) {
+        return readingFail(reading, EPC_ERR_BAD_CHARACTER, nul, 1,
+                           {"a value cannot hold a NUL, the byte 0", "leave it out"});
+    }
+    std::string_view value = withoutOuterBlanks(reading);
+    if (!takeOffIdentifier(reading, value)) {
+        return false;
+    }
+    reading.form = formByLook(value, reading.options);
+    return prepareForm(reading, value);
+}
+
+void recognise(std::string_view value, const ReadOptions& options, Recognition& result) {
+    result.failure = {};
+    Reading reading{value, options, result.workspace, result.notes, result.failure};
+    readingPrepare(reading);
+    result.form = reading.form;
+    result.text = isFailure(result.failure) ? std::string_view() : result.workspace.text;
+}
+
+Recognition recognise(std::string_view value, const ReadOptions& options) {
+    Recognition result;
+    recognise(value, options, result);
+    return result;
+}
+
+} // namespace rosetag

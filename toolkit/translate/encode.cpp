@@ -1,0 +1,287 @@
+/*
+ * From a value to the bits of a tag scheme.
+ */
+#include "recognise/hex_text.h"
+#include "schemes/epc_uri.h"
+#include "translate/parsed_ais.h"
+#include "translate/text_room.h"
+#include "translate/translate.h"
+#include "words/failure.h"
+#include "words/scheme_words.h"
+#include "words/shown_text.h"
+
+namespace rosetag {
+
+namespace {
+
+constexpr std::string_view GCP_LENGTH_REMEDY = "a tag keeps the GS1 company prefix, the 6 to 12 "
+                                               "digits at the beginning of a key that GS1 gave "
+                                               "to its owner, apart from the rest of the key; its "
+                                               "length is in the owner's licence, or look the "
+                                               "key up at the Verified by GS1 service of GS1";
+
+struct EncodeCall {
+    Reading& reading;
+    const EncodeOptions& options;
+    std::string& hex;
+};
+
+// The options do not suffice. Always false.
+bool failOptions(Reading& reading, EpcStatus status, Complaint complaint) {
+    readingFail(reading, status, 0, reading.value.size(), std::move(complaint));
+    reading.failure.isOfOptions = true;
+    return false;
+}
+
+bool isTagValue(Form form) {
+    return form == Form::HEX || form == Form::TAG_URI;
+}
+
+// Whether the options say all that a form needs.
+bool suffices(Reading& reading, const EncodeOptions& options) {
+    if (isTagValue(reading.form)) {
+        return true;
+    }
+    const std::string form(formName(reading.form));
+    if (options.scheme == nullptr) {
+        return failOptions(
+            reading, EPC_ERR_UNKNOWN_SCHEME,
+            {form + " does not say which tag scheme to use", "choose a scheme", "scheme"});
+    }
+    const SchemeInfo& scheme = *options.scheme;
+    if (options.filter.has_value() && scheme.filterLimit == 0) {
+        return failOptions(reading, EPC_ERR_FILTER_FIELD,
+                           {std::string(scheme.name) + " has no filter", "leave it out", "filter"});
+    }
+    if (reading.form != Form::PURE_IDENTITY && scheme.hasUris && scheme.hasGs1Texts &&
+        !options.read.gcpLength.has_value()) {
+        return failOptions(reading, EPC_ERR_BAD_PARTITION,
+                           {form + " does not say how long its GS1 company prefix is, which " +
+                                std::string(scheme.name) + " needs",
+                            std::string(GCP_LENGTH_REMEDY), "gcp_length"});
+    }
+    return true;
+}
+
+template <typename Export>
+EpcStatus encodeText(const EncodeCall& call, const std::string& text, Export encodeText) {
+    const EncodeOptions& options = call.options;
+    return textFrom<EPC_HEX_SIZE>(call.hex, [&](std::int32_t size, char* dst) {
+        return encodeText(text.c_str(), options.scheme->scheme, options.filter.value_or(0),
+                          options.read.gcpLength.value_or(0), options.encoding, size, dst);
+    });
+}
+
+std::string bracketed(const ParsedAis& ais) {
+    std::string text;
+    for (std::size_t i = 0; i < ais.list.count; ++i) {
+        text += '(';
+        text += aiCodeAt(ais, i);
+        text += ')';
+        text += aiValueAt(ais, i);
+    }
+    return text;
+}
+
+// A plain scheme drops the check digit, and the library takes a wrong one in brackets and barcodes.
+// A scan with a wrong one must not become a tag. Separators may follow any value, and a value may
+// hold a "(": as AIs they go on as a bracketed text if they can.
+EpcStatus encodeAis(const EncodeCall& call, Form form) {
+    const std::string& text = call.reading.workspace.text;
+    ParsedAis ais;
+    const EpcStatus status = aisParse(form, text, ais);
+    if (status == EPC_ERR_CHECK_DIGIT) {
+        return status;
+    }
+    if (form == Form::ELEMENT_STRING) {
+        return encodeText(call, text, epc_gs1ElementStringToHexEnc);
+    }
+    return status == EPC_OK && canStandInBrackets(ais)
+               ? encodeText(call, bracketed(ais), epc_gs1ElementStringToHexEnc)
+               : encodeText(call, text, epc_barcodeStringToHexEnc);
+}
+
+// A plus scheme holds no URI, but the AIs that a URI stands for.
+EpcStatus encodePureIdentity(const EncodeCall& call, const std::string& uri) {
+    const EncodeOptions& options = call.options;
+    if (!options.scheme->isPlus) {
+        return textFrom<EPC_HEX_SIZE>(call.hex, [&](std::int32_t size, char* dst) {
+            return epc_epcUriToHex(uri.c_str(), options.scheme->scheme, options.filter.value_or(0),
+                                   size, dst);
+        });
+    }
+    std::string elementString;
+    const EpcStatus status =
+        textFrom<EPC_ELEMENT_STRING_SIZE>(elementString, [&](std::int32_t size, char* dst) {
+            return epc_epcUriToGs1ElementString(uri.c_str(), size, dst);
+        });
+    return status == EPC_OK ? encodeText(call, elementString, epc_gs1ElementStringToHexEnc)
+                            : status;
+}
+
+// The bits of a tag value without what follows them, filled up to a word.
+std::string normalHex(std::string_view hex) {
+    const std::size_t bits = tagValueBits(hex);
+    std::string normal(hex.substr(0, (bits + 15) / 16 * 4));
+    normal.resize((bits + 15) / 16 * 4, '0');
+    for (char& digit : normal) {
+        digit = static_cast<char>(digit >= 'a' ? digit - ('a' - 'A') : digit);
+    }
+    // The last bits of the last word are not part of the value.
+    for (std::size_t bit = bits; bit < 4 * normal.size(); ++bit) {
+        constexpr std::string_view digits = "0123456789ABCDEF";
+        const std::int32_t kept = hexDigitValue(normal[bit / 4]) & ~(8 >> bit % 4);
+        normal[bit / 4] = digits[static_cast<std::size_t>(kept)];
+    }
+    return normal;
+}
+
+// A tag value becomes a value of another scheme, or with another filter, through its identity.
+EpcStatus encodeTagValue(const EncodeCall& call, std::string_view hex) {
+    const EncodeOptions& options = call.options;
+    Translation tag;
+    const EpcStatus status = formsOfHex(hex, Form::PURE_IDENTITY | Form::ELEMENT_STRING, tag);
+    if (status != EPC_OK) {
+        return status;
+    }
+    const bool staysSame = (options.scheme == nullptr || options.scheme == tag.scheme) &&
+                           (!options.filter.has_value() || options.filter == tag.filter);
+    if (staysSame) {
+        call.hex = normalHex(hex);
+        return EPC_OK;
+    }
+    EncodeOptions changed = options;
+    changed.scheme = options.scheme == nullptr ? tag.scheme : options.scheme;
+    changed.filter = options.filter.has_value()        ? options.filter
+                     : changed.scheme->filterLimit > 0 ? tag.filter
+                                                       : std::nullopt;
+    const EncodeCall next = {call.reading, changed, call.hex};
+    if (!tag.pureIdentity.empty()) {
+        return encodePureIdentity(next, tag.pureIdentity);
+    }
+    if (changed.scheme->hasUris && !changed.read.gcpLength.has_value()) {
+        return EPC_ERR_BAD_PARTITION;
+    }
+    return encodeText(next, tag.elementString, epc_gs1ElementStringToHexEnc);
+}
+
+// A tag URI has its own scheme and filter; another that is asked for is a contradiction.
+bool agrees(Reading& reading, const EncodeOptions& options, const std::string& hex) {
+    std::array<std::uint8_t, EPC_MAX_BINARY_BYTES> bytes{};
+    bytesOfHex(hex, bytes.data());
+    const SchemeInfo* const scheme = schemeByHeader(bytes[0]);
+    if (options.scheme != nullptr && options.scheme != scheme) {
+        return readingFail(reading, EPC_ERR_SCHEME_MISMATCH, 0, reading.value.size(),
+                           {"the tag URI is one of " + std::string(scheme->name) +
+                                ", and the scheme asked for is " +
+                                std::string(options.scheme->name),
+                            "give the pure identity URI in its place", "scheme"});
+    }
+    if (options.filter.has_value() &&
+        (scheme->filterLimit == 0 || *options.filter != schemeFilterOf(*scheme, bytes.data()))) {
+        return readingFail(reading, EPC_ERR_FILTER_FIELD, 0, reading.value.size(),
+                           {"the tag URI has a filter of its own, and the filter asked for is " +
+                                std::to_string(*options.filter),
+                            "leave the filter out, or change the URI", "filter"});
+    }
+    return true;
+}
+
+EpcStatus encodeForm(const EncodeCall& call) {
+    const std::string& text = call.reading.workspace.text;
+    switch (call.reading.form) {
+    case Form::HEX:
+        return encodeTagValue(call, text);
+    case Form::TAG_URI:
+        return textFrom<EPC_HEX_SIZE>(call.hex, [&](std::int32_t size, char* dst) {
+            return epc_epcTagUriToHex(text.c_str(), size, dst);
+        });
+    case Form::PURE_IDENTITY:
+        return encodePureIdentity(call, text);
+    case Form::DIGITAL_LINK:
+        return encodeText(call, text, epc_digitalLinkToHexEnc);
+    case Form::BARCODE_STRING:
+        return encodeAis(call, Form::BARCODE_STRING);
+    default:
+        return encodeAis(call, Form::ELEMENT_STRING);
+    }
+}
+
+void failEncodeForm(Reading& reading, EpcStatus status, const EncodeOptions& options) {
+    const bool isUnread =
+        isTagValue(reading.form) && (options.scheme == nullptr || reading.form == Form::TAG_URI);
+    if (reading.form == Form::TID || isUnread) {
+        return failReading(reading, status);
+    }
+    if (reading.form == Form::HEX && status == EPC_ERR_BAD_PARTITION) {
+        failOptions(reading, status,
+                    {"a value of a plus scheme does not say how long its GS1 company prefix is",
+                     std::string(GCP_LENGTH_REMEDY), "gcp_length"});
+        return;
+    }
+    if (reading.form == Form::HEX) {
+        Translation tag;
+        if (formsOfHex(reading.workspace.text, Form::PURE_IDENTITY, tag) != EPC_OK) {
+            return failReading(reading, status);
+        }
+        readingFail(reading, status, 0, reading.value.size(),
+                    {std::string(options.scheme->name) + " cannot hold this value of " +
+                         std::string(tag.scheme->name),
+                     "choose another scheme", "scheme"});
+        return;
+    }
+    failEncoding(reading, status, options);
+}
+
+} // namespace
+
+void encode(std::string_view value, const EncodeOptions& options, FormSet wanted,
+            Translation& result) {
+    translationClear(result, wanted | Form::HEX);
+    Reading reading{value, options.read, result.workspace, result.notes, result.failure};
+    const bool isPrepared = readingPrepare(reading);
+    result.form = reading.form;
+    if (!isPrepared || !suffices(reading, options)) {
+        return;
+    }
+    std::string& hex = result.workspace.more;
+    EpcStatus status = encodeForm({reading, options, hex});
+    if (status == EPC_OK && reading.form == Form::TAG_URI && !agrees(reading, options, hex)) {
+        return;
+    }
+    if (status == EPC_OK) {
+        status = formsOfHex(hex, result.asked, result);
+    }
+    if (status != EPC_OK) {
+        failEncodeForm(reading, status, options);
+    }
+}
+
+Translation encode(std::string_view value, const EncodeOptions& options, FormSet wanted) {
+    Translation result;
+    encode(value, options, wanted, result);
+    return result;
+}
+
+void appendWords(std::string& text, std::string_view hex) {
+    for (std::size_t i = 0; i < hex.size(); i += 4) {
+        if (i > 0) {
+            text += ' ';
+        }
+        text += hex.substr(i, 4);
+    }
+}
+
+void appendBits(std::string& text, std::string_view hex) {
+    for (const char digit : hex) {
+        const std::int32_t value = hexDigitValue(digit);
+        for (const std::int32_t mask : {8, 4, 2, 1}) {
+            text += (value & mask) != 0 ? '1' : '0';
+        }
+    }
+    if (hex.size() % 2 != 0) {
+        text.append(4, '0');
+    }
+}
+
+} // namespace rosetag

@@ -1,0 +1,40 @@
+#include "translate/parsed_ais.h"
+
+#include "gs1/digital_link_parser.h"
+
+namespace rosetag {
+
+namespace {
+
+EpcStatus linkParse(TextCursor& cursor, ParsedAis& ais) {
+    TextBuffer flat =
+        textBufferOver(ais.decoded.data(), static_cast<std::int32_t>(ais.decoded.size()));
+    ais.base = ais.decoded.data();
+    EPC_TRY(digitalLinkParse(ais.list, cursor));
+    return digitalLinkDecodeValues(ais.list, cursor.begin, flat);
+}
+
+} // namespace
+
+EpcStatus aisParse(Form form, std::string_view text, ParsedAis& ais) {
+    TextCursor cursor = textCursorOver(text);
+    aiListClear(ais.list);
+    if (form == Form::DIGITAL_LINK) {
+        return linkParse(cursor, ais);
+    }
+    ais.base = text.data();
+    return aiTextParse(ais.list, cursor,
+                       form == Form::BARCODE_STRING ? BARCODE_STRING_SYNTAX : ELEMENT_STRING_SYNTAX,
+                       0);
+}
+
+bool canStandInBrackets(const ParsedAis& ais) {
+    for (std::size_t i = 0; i < ais.list.count; ++i) {
+        if (aiValueAt(ais, i).find('(') != std::string_view::npos) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace rosetag

@@ -1,0 +1,36 @@
+/*
+ * The AIs of a GS1 text, as the library reads them.
+ */
+#ifndef ROSETAG_TOOLKIT_TRANSLATE_PARSED_AIS_H
+#define ROSETAG_TOOLKIT_TRANSLATE_PARSED_AIS_H
+
+#include "gs1/ai_list.h"
+
+#include <rosetag/toolkit.hpp>
+
+namespace rosetag {
+
+struct ParsedAis {
+    AiList list{};
+    const char* base = nullptr;     // of the values
+    std::array<char, 1800> decoded; // the values of a link, which the library limits to this
+};
+
+// Reads a prepared text of the form ELEMENT_STRING, BARCODE_STRING or DIGITAL_LINK, which ends in a
+// NUL. ais must stay where it is, and so must the text.
+EpcStatus aisParse(Form form, std::string_view text, ParsedAis& ais);
+
+inline std::string_view aiValueAt(const ParsedAis& ais, std::size_t index) {
+    return aiElementValue(ais.list.elements[index], ais.base);
+}
+
+inline std::string_view aiCodeAt(const ParsedAis& ais, std::size_t index) {
+    return aiCodeOf(*ais.list.elements[index].ai);
+}
+
+// True if a bracketed text of the AIs reads back as the same: a "(" in a value would begin another.
+bool canStandInBrackets(const ParsedAis& ais);
+
+} // namespace rosetag
+
+#endif

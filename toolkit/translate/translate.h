@@ -1,0 +1,27 @@
+/*
+ * From a prepared value to its forms.
+ */
+#ifndef ROSETAG_TOOLKIT_TRANSLATE_TRANSLATE_H
+#define ROSETAG_TOOLKIT_TRANSLATE_TRANSLATE_H
+
+#include "recognise/reading.h"
+
+namespace rosetag {
+
+// Clears a result but keeps its memory.
+void translationClear(Translation& result, FormSet asked);
+
+// Fills the forms of a tag value, its scheme, filter and length. On failure they are as far as it
+// could be read.
+EpcStatus formsOfHex(std::string_view hex, FormSet wanted, Translation& result);
+
+// How many bits of a tag value its scheme takes, or 0 if it cannot be read.
+std::size_t tagValueBits(std::string_view hex);
+
+// The schemes that can hold an identity. Their status is that of the roomiest, EPC_OK if there is
+// one.
+EpcStatus schemesThatFit(const std::string& pureIdentity, Rows<const SchemeInfo*>& fits);
+
+} // namespace rosetag
+
+#endif

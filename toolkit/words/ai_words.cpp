@@ -1,0 +1,120 @@
+#include "words/ai_words.h"
+
+#include "core/char_class.h"
+
+#include <array>
+#include <string>
+
+namespace rosetag {
+
+namespace {
+
+// The rows whose codes begin with the same two digits follow one another.
+struct RowRange {
+    std::uint8_t first = 0;
+    std::uint8_t end = 0;
+};
+
+constexpr std::size_t prefixOf(std::string_view code) {
+    return static_cast<std::size_t>((code[0] - '0') * 10 + (code[1] - '0'));
+}
+
+constexpr std::array<RowRange, 100> rowRangesMake() {
+    std::array<RowRange, 100> ranges{};
+    for (std::size_t row = 0; row < aiTable.size(); ++row) {
+        const std::size_t last = prefixOf(aiLastCode(aiTable[row]));
+        for (std::size_t prefix = prefixOf(aiTable[row].codes); prefix <= last; ++prefix) {
+            RowRange& range = ranges[prefix];
+            range.first = range.end == 0 ? static_cast<std::uint8_t>(row) : range.first;
+            range.end = static_cast<std::uint8_t>(row + 1);
+        }
+    }
+    return ranges;
+}
+
+constexpr std::array<RowRange, 100> rowRanges = rowRangesMake();
+static_assert(aiTable.size() < 256);
+
+std::string componentText(const AiComponent& component) {
+    const std::string count = std::to_string(component.digitCount);
+    const std::string most = std::to_string(component.maxLength);
+    switch (component.kind) {
+    case AI_KIND_NUMERIC:
+    case AI_KIND_DIGITS:
+        return component.digitCount == 1 ? "1 digit" : count + " digits";
+    case AI_KIND_TEXT:
+        return "1 to " + most + " characters";
+    case AI_KIND_DIGITS_THEN_TEXT:
+        return "up to " + most + " characters";
+    case AI_KIND_VAR_NUMERIC:
+        return "1 to " + most + " digits";
+    case AI_KIND_FLAG:
+        return "0 or 1";
+    case AI_KIND_DATE:
+        return "a date, YYMMDD";
+    case AI_KIND_DATE_TIME:
+        return "a date and time, YYMMDDHHMM";
+    case AI_KIND_DATE_RANGE:
+        return "a date, YYMMDD, or two";
+    case AI_KIND_DATE_TIME_VAR:
+        return "a date, YYMMDD, and up to six digits of a time, HHMMSS";
+    case AI_KIND_LETTERS:
+        return count + " upper-case letters";
+    case AI_KIND_SIGN:
+        return "a \"-\" or nothing";
+    case AI_KIND_NONE:
+    case AI_KIND_DATE_CODED:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+std::string aiValueHint(std::string_view code) {
+    const AiTableRow* const row = aiRowOf(code);
+    if (row == nullptr) {
+        return {};
+    }
+    std::string text = "AI " + std::string(code) + " holds ";
+    const char* separator = "";
+    for (const AiComponent& component : row->components) {
+        if (component.kind != AI_KIND_NONE) {
+            text += separator + componentText(component);
+            separator = ", then ";
+        }
+    }
+    return text;
+}
+
+const AiTableRow* aiRowOf(std::string_view code) {
+    if (code.size() < 2 || !charIsDigit(code[0]) || !charIsDigit(code[1])) {
+        return nullptr;
+    }
+    const RowRange range = rowRanges[prefixOf(code)];
+    for (const AiTableRow& row : aiTable.subspan(range.first, range.end - range.first)) {
+        if (code.size() == aiFirstCode(row).size() && aiFirstCode(row) <= code &&
+            code <= aiLastCode(row)) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
+
+std::string_view aiTitle(std::string_view code) {
+    const AiTableRow* const row = aiRowOf(code);
+    return row == nullptr ? std::string_view() : row->title;
+}
+
+std::size_t aiFixedLength(const AiTableRow& row) {
+    std::size_t length = 0;
+    for (const AiComponent& component : row.components) {
+        if (component.kind != AI_KIND_NONE && component.digitCount == 0) {
+            return 0;
+        }
+        length += component.digitCount;
+    }
+    return length;
+}
+
+} // namespace rosetag

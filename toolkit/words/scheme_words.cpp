@@ -1,0 +1,114 @@
+#include "words/scheme_words.h"
+
+#include "bridge/gs1_key_table.h"
+#include "values/date_kinds.h"
+
+#include <algorithm>
+#include <array>
+
+namespace rosetag {
+
+namespace {
+
+constexpr std::array<SchemeInfo, EPC_SCHEME_COUNT> infosMake() {
+    std::array<SchemeInfo, EPC_SCHEME_COUNT> infos{};
+    for (const SchemeRow& row : schemeRows) {
+        const bool isPlus = schemeIsPlus(row);
+        infos[static_cast<std::size_t>(row.scheme)] = {row.scheme,
+                                                       row.name,
+                                                       row.familyWord,
+                                                       row.header,
+                                                       schemeFilterLimit(row),
+                                                       !isPlus,
+                                                       schemeHasGs1Key(row),
+                                                       isPlus};
+    }
+    return infos;
+}
+
+constexpr std::array<SchemeInfo, EPC_SCHEME_COUNT> infos = infosMake();
+
+// By the header: the number of the scheme and one more, 0 for none.
+constexpr std::array<std::uint8_t, 256> byHeaderMake() {
+    std::array<std::uint8_t, 256> numbers{};
+    for (const SchemeInfo& info : infos) {
+        numbers[info.header] = static_cast<std::uint8_t>(info.scheme + 1);
+    }
+    return numbers;
+}
+
+constexpr std::array<std::uint8_t, 256> byHeader = byHeaderMake();
+
+// Where the filter of each scheme begins.
+constexpr int filterStart(const SchemeInfo& info) {
+    return TAG_HEADER_BITS + (info.isPlus ? 1 : 0);
+}
+
+std::string dateAis() {
+    std::string text = "a date (AI ";
+    for (const DateKeyRow& row : dateKeyTable) {
+        text += row.dateCode == 0 ? "" : row.dateCode + 1 == dateKeyTable.size() ? " or " : ", ";
+        text += row.ai;
+    }
+    return text + ')';
+}
+
+} // namespace
+
+std::span<const SchemeInfo> schemes() {
+    return infos;
+}
+
+const SchemeInfo* schemeByName(std::string_view name) {
+    const auto* const info = std::find_if(infos.begin(), infos.end(),
+                                          [&](const SchemeInfo& row) { return row.name == name; });
+    return info == infos.end() ? nullptr : info;
+}
+
+const SchemeInfo* schemeByHeader(std::uint8_t header) {
+    return byHeader[header] == 0 ? nullptr : &infos[byHeader[header] - std::size_t{1}];
+}
+
+std::uint8_t schemeFilterOf(const SchemeInfo& info, const std::uint8_t* bytes) {
+    const int bits = schemeFilterBits(schemeRowOf(info));
+    return static_cast<std::uint8_t>(bytes[1] >> (16 - filterStart(info) - bits) &
+                                     ((1 << bits) - 1));
+}
+
+std::uint32_t schemeLargestFilter(const SchemeInfo& info) {
+    const SchemeField* const filter = schemeFindField(schemeRowOf(info), FieldKind::FILTER);
+    return filter == nullptr ? 0 : filter->largest;
+}
+
+std::string schemeKeyText(const SchemeInfo& info) {
+    const SchemeRow& row = schemeRowOf(info);
+    const Gs1KeyDefinition* const key = gs1KeyFindByName(info.family);
+    std::array<std::string_view, MAX_KEY_AIS> ais = schemeKeyAis(row);
+    if (!info.isPlus && key != nullptr) {
+        ais = {key->primaryAi, key->secondaryAi};
+    }
+    const bool hasDate = schemeHasCodedDate(row);
+    std::string text = "AI ";
+    text += ais[0];
+    if (!ais[1].empty()) {
+        text += hasDate ? ", AI " : " and AI ";
+        text += ais[1];
+    }
+    return hasDate ? text + " and " + dateAis() : text;
+}
+
+std::string schemeNamesLike(std::string_view name) {
+    const std::string_view stem = name.substr(0, name.find_first_of("-+0123456789"));
+    const auto isLike = [&](const SchemeInfo& info) { return info.family == stem; };
+    const bool anyLike = std::any_of(infos.begin(), infos.end(), isLike);
+    std::string names;
+    for (const SchemeInfo& info : infos) {
+        if (!anyLike || isLike(info)) {
+            names += names.empty() ? "" : ", ";
+            names += info.name;
+        }
+    }
+    return names;
+}
+
+} // namespace rosetag

@@ -1,0 +1,40 @@
+#include "words/shown_text.h"
+
+#include "gs1/ai_list.h"
+
+namespace rosetag {
+
+std::string shownText(std::string_view text) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    constexpr std::size_t longest = 100;
+    std::string shown;
+    for (const char character : text.substr(0, longest)) {
+        const auto code = static_cast<unsigned char>(character);
+        if (character == GROUP_SEPARATOR) {
+            shown += GROUP_SEPARATOR_SPELLED;
+        } else if (code < 32 || code == 127) {
+            shown += "\\x";
+            shown += digits[code >> 4];
+            shown += digits[code & 15];
+        } else {
+            shown += character;
+        }
+    }
+    if (text.size() > longest) {
+        shown += "... (" + std::to_string(text.size()) + " characters)";
+    }
+    return shown;
+}
+
+std::string quotedText(std::string_view text) {
+    return '"' + shownText(text) + '"';
+}
+
+std::string counted(std::size_t count, std::string_view noun) {
+    std::string text = std::to_string(count);
+    text += ' ';
+    text += noun;
+    return count == 1 ? text : text + 's';
+}
+
+} // namespace rosetag
