@@ -101,8 +101,8 @@ constexpr StatusSet BITS_TO_AI = statusSet(1, 2, 3, 7, 13, 17);
 constexpr StatusSet TID = statusSet(1, 2, 24);
 
 // clang-format off
-#define EXPORT(name) #name, reinterpret_cast<ExportFunction>(name), [](ExportFunction function, const Call& call) { return run(reinterpret_cast<decltype(&name)>(function), call); }
-#define EXPORT_OF(name, source) #name, reinterpret_cast<ExportFunction>(name), [](ExportFunction function, const Call& call) { return run(reinterpret_cast<decltype(&name)>(function), call, call.source); }
+#define EXPORT(name) #name, reinterpret_cast<ExportFunction>(name), [](ExportFunction function, const Call& call) { return run(reinterpret_cast<decltype(&(name))>(function), call); }
+#define EXPORT_OF(name, source) #name, reinterpret_cast<ExportFunction>(name), [](ExportFunction function, const Call& call) { return run(reinterpret_cast<decltype(&(name))>(function), call, call.source); }
 
 // A row starts with the export; this puts its columns into the order of the record.
 Export row(const char* name, ExportFunction function, EpcStatus (*run)(ExportFunction, const Call&), Input input, Output output, StatusSet statuses) {
