@@ -4,6 +4,7 @@
 #include "check/check_associations.h"
 #include "check/check_text.h"
 #include "check/check_value.h"
+#include "recognise/barcode_text.h"
 #include "recognise/look.h"
 #include "words/shown_text.h"
 #include "json/json_writer.h"
@@ -52,15 +53,36 @@ bool isBefore(const Finding& one, const Finding& other) {
     return one.position != other.position ? one.position < other.position : one.rule < other.rule;
 }
 
-void checkPlace(CheckRun& run, Place place) {
+// Takes the identifier off what a plain 2D code holds: a link, or whatever else has a mark.
+Form formOf(const CheckRun& run, Place& place) {
     const std::string_view value = run.value.substr(place.position, place.length);
+    const Form form = formByLook(value, run.options);
+    if (form != Form::BARCODE_STRING || value.front() != ']' || symbologyOf(value) != nullptr ||
+        value.size() <= SYMBOLOGY_IDENTIFIER_LENGTH) {
+        return form;
+    }
+    const Form inner = formByLook(value.substr(SYMBOLOGY_IDENTIFIER_LENGTH), run.options);
+    constexpr FormSet marked =
+        Form::ELEMENT_STRING | Form::DIGITAL_LINK | Form::TAG_URI | Form::PURE_IDENTITY;
+    if (!marked.has(inner)) {
+        return form;
+    }
+    place.position += SYMBOLOGY_IDENTIFIER_LENGTH;
+    place.length -= SYMBOLOGY_IDENTIFIER_LENGTH;
+    return inner;
+}
+
+void checkPlace(CheckRun& run, Place place) {
     const std::size_t end = place.position + place.length;
-    switch (formByLook(value, run.options)) {
+    switch (formOf(run, place)) {
     case Form::ELEMENT_STRING:
         checkElementString(run, place.position, end);
         break;
     case Form::BARCODE_STRING:
         checkBarcodeString(run, place.position, end);
+        break;
+    case Form::GTIN:
+        checkGtinAlone(run, place.position, end);
         break;
     case Form::DIGITAL_LINK:
         checkDigitalLink(run, place.position, end);

@@ -1,85 +1,19 @@
 #include "check/check_text.h"
 #include "check/check_value.h"
-#include "core/char_class.h"
+#include "recognise/barcode_text.h"
 
 #include <algorithm>
-#include <array>
-#include <iterator>
 
 namespace rosetag {
 
 namespace {
 
-constexpr std::size_t IDENTIFIER_SIZE = 3;
-
-enum class SymbolData : std::uint8_t { AIS, GTIN, LINK };
-
-struct Symbology {
-    std::string_view identifier;
-    SymbolData data;
-};
-
-// Source: GS1 General Specifications, section 5.1.2 (symbology identifiers); ISO/IEC 15424.
-//
-// clang-format off
-constexpr Symbology symbologies[] = {
-    {"]C1", SymbolData::AIS},  // GS1-128
-    {"]e0", SymbolData::AIS},  // GS1 DataBar
-    {"]d2", SymbolData::AIS},  // GS1 DataMatrix
-    {"]Q3", SymbolData::AIS},  // GS1 QR Code
-    {"]J1", SymbolData::AIS},  // GS1 DotCode
-    {"]E0", SymbolData::GTIN}, // EAN-13, UPC-A, UPC-E
-    {"]E1", SymbolData::GTIN}, // the same with an add-on symbol
-    {"]E2", SymbolData::GTIN},
-    {"]E3", SymbolData::GTIN},
-    {"]E4", SymbolData::GTIN}, // EAN-8
-    {"]I1", SymbolData::GTIN}, // ITF-14
-    {"]Q1", SymbolData::LINK}, // QR Code
-    {"]d1", SymbolData::LINK}, // Data Matrix
-};
-
-// How people write character 29, GS.
-constexpr std::string_view separators[] = {
-    "\x1d", "{GS}", "{gs}", "<GS>", "[GS]", "{FNC1}", "\\x1d", "\\x1D", "\\u001d", "\\u001D",
-};
-// clang-format on
-
-// The length of the separator at the front of the text, or 0.
-std::size_t separatorLength(std::string_view text) {
-    const auto* const separator =
-        std::find_if(std::begin(separators), std::end(separators),
-                     [&](std::string_view spelling) { return text.starts_with(spelling); });
-    return separator == std::end(separators) ? 0 : separator->size();
-}
-
-constexpr std::array<bool, 256> separatorBeginningsMake() {
-    std::array<bool, 256> beginnings{};
-    for (const std::string_view spelling : separators) {
-        beginnings[static_cast<unsigned char>(spelling[0])] = true;
-    }
-    return beginnings;
-}
-constexpr std::array<bool, 256> separatorBeginnings = separatorBeginningsMake();
-
 // Where the next separator begins, or the end.
-std::size_t findSeparator(std::string_view text, std::size_t position) {
-    while (position < text.size() &&
-           !(separatorBeginnings[static_cast<unsigned char>(text[position])] &&
-             separatorLength(text.substr(position)) != 0)) {
+std::size_t findSeparator(const CheckRun& run, std::string_view text, std::size_t position) {
+    while (position < text.size() && separatorLength(text.substr(position), run.options) == 0) {
         ++position;
     }
     return position;
-}
-
-// A symbol that holds nothing but a GTIN, of whatever length.
-void checkGtinAlone(CheckRun& run, std::size_t position, std::size_t end) {
-    static constexpr std::string_view code = "01";
-    const std::string_view digits = run.value.substr(position, end - position);
-    KnownAi known = knownAiOf(code);
-    if (digits.size() == 8 || digits.size() == 12 || digits.size() == 13) {
-        known.parts[0].least = known.parts[0].most = static_cast<std::uint8_t>(digits.size());
-    }
-    checkAi(run, {code, known.rule, digits, position, 0}, known, {digits, position});
 }
 
 // True if the text begins with an AI that GS1 has assigned.
@@ -107,8 +41,8 @@ struct AiRun {
     std::size_t separator; // where the next one begins, or the end
 };
 
-std::size_t separatorLengthAt(const AiRun& ais, std::size_t position) {
-    return position == ais.separator ? separatorLength(ais.text.substr(position)) : 0;
+std::size_t separatorLengthAt(const CheckRun& run, const AiRun& ais, std::size_t position) {
+    return position == ais.separator ? separatorLength(ais.text.substr(position), run.options) : 0;
 }
 
 // The end of a value that begins at position: at the next separator, or before that where its
@@ -138,7 +72,7 @@ void checkElement(CheckRun& run, AiRun& ais) {
     const std::size_t codeLength = std::min(digits != 0 ? digits : 2, left);
     const KnownAi* const known = checkAiCode(run, ais.position, codeLength);
     if (known == nullptr) {
-        ais.position = ais.separator + separatorLengthAt(ais, ais.separator);
+        ais.position = ais.separator + separatorLengthAt(run, ais, ais.separator);
         return;
     }
     const std::size_t start = ais.position + codeLength;
@@ -146,20 +80,20 @@ void checkElement(CheckRun& run, AiRun& ais) {
     const std::size_t end = findValueEnd(run, ais, start, code, *known);
     const std::string_view value = ais.text.substr(start, end - start);
     checkAi(run, {code, known->rule, value, ais.position, codeLength}, *known, {value, start});
-    const std::size_t next = end + separatorLengthAt(ais, end);
+    const std::size_t next = end + separatorLengthAt(run, ais, end);
     ais.position = predefinedValueLength(code) == 0 && next < ais.text.size() ? next : end;
 }
 
 void checkAiRun(CheckRun& run, std::size_t position, std::size_t end) {
     AiRun ais = {run.value.substr(0, end), position,
-                 findSeparator(run.value.substr(0, end), position)};
+                 findSeparator(run, run.value.substr(0, end), position)};
     // A scanner may deliver the FNC1 that begins the symbol.
-    ais.position += separatorLengthAt(ais, position);
+    ais.position += separatorLengthAt(run, ais, position);
     while (ais.position < end) {
         if (ais.separator < ais.position) {
-            ais.separator = findSeparator(ais.text, ais.position);
+            ais.separator = findSeparator(run, ais.text, ais.position);
         }
-        const std::size_t separator = separatorLengthAt(ais, ais.position);
+        const std::size_t separator = separatorLengthAt(run, ais, ais.position);
         if (separator == 0) {
             checkElement(run, ais);
         } else {
@@ -172,29 +106,35 @@ void checkAiRun(CheckRun& run, std::size_t position, std::size_t end) {
 
 } // namespace
 
+void checkGtinAlone(CheckRun& run, std::size_t position, std::size_t end) {
+    const std::string_view digits = run.value.substr(position, end - position);
+    KnownAi known = knownAiOf(GTIN_AI);
+    if (digits.size() == 8 || digits.size() == 12 || digits.size() == 13) {
+        known.parts[0].least = known.parts[0].most = static_cast<std::uint8_t>(digits.size());
+    }
+    checkAi(run, {GTIN_AI, known.rule, digits, position, 0}, known, {digits, position});
+}
+
 void checkBarcodeString(CheckRun& run, std::size_t position, std::size_t end) {
     run.kind = TextKind::BARCODE_STRING;
-    if (run.value[position] != ']') {
+    const std::string_view value = run.value.substr(position, end - position);
+    if (value.front() != ']') {
         checkAiRun(run, position, end);
         return;
     }
-    const std::string_view identifier =
-        run.value.substr(position, std::min(IDENTIFIER_SIZE, end - position));
-    const auto* const symbology =
-        std::find_if(std::begin(symbologies), std::end(symbologies),
-                     [&](const Symbology& row) { return row.identifier == identifier; });
-    const std::size_t data = position + identifier.size();
-    const bool isKnown = symbology != std::end(symbologies);
-    if (!isKnown) {
-        report(run, CheckRule::SYMBOLOGY, {}, {position, identifier.size()},
-               "symbols of GS1 data are announced by ]C1, ]e0, ]d2, ]Q3 or ]J1");
+    const SymbologyIdentifier* const symbology = symbologyOf(value);
+    const std::size_t data =
+        position + std::min<std::size_t>(SYMBOLOGY_IDENTIFIER_LENGTH, value.size());
+    if (symbology == nullptr) {
+        report(run, CheckRule::SYMBOLOGY, {}, {position, data - position}, knownIdentifiers());
+        if (!beginsWithAi(run.value.substr(data, end - data))) {
+            return;
+        }
     }
-    if (!isKnown || symbology->data == SymbolData::AIS) {
-        checkAiRun(run, data, end);
-    } else if (symbology->data == SymbolData::GTIN) {
+    if (symbology != nullptr && symbology->gtinDigits != 0) {
         checkGtinAlone(run, data, end);
     } else {
-        checkDigitalLink(run, data, end);
+        checkAiRun(run, data, end);
     }
 }
 

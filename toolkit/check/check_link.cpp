@@ -4,9 +4,9 @@
 #include "check/part_rules.h"
 #include "core/char_class.h"
 #include "core/text_cursor.h"
+#include "recognise/link_text.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace rosetag {
 
@@ -14,23 +14,6 @@ namespace {
 
 constexpr std::size_t MAX_SEGMENTS = 64;
 constexpr std::size_t MAX_LINK_VALUE = 255; // decoded; no AI takes as many
-
-struct ShortName {
-    std::string_view name;
-    std::string_view ai;
-};
-
-// Source: GS1 Digital Link Standard 1.1, URI syntax (convenience names), withdrawn since.
-//
-// clang-format off
-constexpr ShortName shortNames[] = {
-    {"gtin",  "01"},   {"itip", "8006"}, {"cpid", "8010"}, {"gln",  "414"},  {"payTo", "415"},
-    {"gsrnp", "8017"}, {"gsrn", "8018"}, {"gcn",  "255"},  {"sscc", "00"},   {"gdti",  "253"},
-    {"ginc",  "401"},  {"gsin", "402"},  {"grai", "8003"}, {"giai", "8004"}, {"gmn",   "8013"},
-    {"party", "417"},  {"cpv",  "22"},   {"lot",  "10"},   {"ser",  "21"},   {"cpsn",  "8011"},
-    {"glnx",  "254"},  {"refno", "8020"}, {"srin", "8019"}, {"exp",  "17"},
-};
-// clang-format on
 
 struct Segment {
     std::size_t position;
@@ -71,10 +54,8 @@ std::string_view aiOfName(std::string_view name) {
     if (name.empty() || charIsDigit(name[0])) {
         return name;
     }
-    const auto* const row =
-        std::find_if(std::begin(shortNames), std::end(shortNames),
-                     [&](const ShortName& entry) { return entry.name == name; });
-    return row == std::end(shortNames) ? name : row->ai;
+    const std::string_view ai = aiOfLinkName(name);
+    return ai.empty() ? name : ai;
 }
 
 // True if the value of a key is as long as it should be and ends in its check digit.
@@ -174,10 +155,10 @@ void decodeValue(CheckRun& run, std::string_view code, const Segment& raw, Decod
 // Checks an AI and its value. Null if it is not assigned.
 const KnownAi* checkLinkAi(CheckRun& run, const Segment& name, const Segment& value) {
     const std::string_view code = aiOfName(textOf(run, name));
-    const bool isShortName = code.data() != textOf(run, name).data();
+    const bool isOldName = code.data() != textOf(run, name).data();
     const KnownAi* const known =
-        isShortName ? &knownAiOf(code) : checkAiCode(run, name.position, name.length);
-    if (isShortName) {
+        isOldName ? &knownAiOf(code) : checkAiCode(run, name.position, name.length);
+    if (isOldName) {
         report(run, CheckRule::LINK_NAME, code, {name.position, name.length});
     }
     if (known != nullptr) {
@@ -294,9 +275,9 @@ void checkParameter(CheckRun& run, std::size_t position, std::size_t end) {
     const std::string_view nameText = textOf(run, name);
     const bool isNumber =
         !nameText.empty() && std::all_of(nameText.begin(), nameText.end(), charIsDigit);
-    const bool isShortName = aiOfName(nameText).data() != nameText.data();
+    const bool isOldName = aiOfName(nameText).data() != nameText.data();
     // Any other parameter is the owner's.
-    if (!isNumber && !isShortName) {
+    if (!isNumber && !isOldName) {
         return;
     }
     const std::size_t start = std::min(name.position + name.length + 1, end);

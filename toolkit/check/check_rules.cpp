@@ -20,7 +20,7 @@ constexpr CheckRuleInfo entries[] = {
     {CheckRule::TAG_VALUE, "tag_value", WRONG,
         "{detail}"},
     {CheckRule::SYMBOLOGY, "symbology", WRONG,
-        "{detail}: leave \"{culprit}\" out, or correct it"},
+        "\"{culprit}\" does not announce GS1 data, as {detail} do: correct it, or leave it out where AIs follow"},
     {CheckRule::BRACKETS, "brackets", WRONG,
         "an element string has each AI between \"(\" and \")\": {detail}"},
     {CheckRule::AI_CODE, "ai_code", WRONG,

@@ -11,6 +11,7 @@ namespace rosetag {
 
 // Each checks a part of the value, from position to end; it is not empty.
 void checkElementString(CheckRun& run, std::size_t position, std::size_t end);
+void checkGtinAlone(CheckRun& run, std::size_t position, std::size_t end);
 void checkBarcodeString(CheckRun& run, std::size_t position, std::size_t end);
 void checkDigitalLink(CheckRun& run, std::size_t position, std::size_t end);
 

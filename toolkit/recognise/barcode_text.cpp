@@ -18,8 +18,25 @@ constexpr std::string_view separator(&GROUP_SEPARATOR, 1);
 // In lower case; any case is taken.
 constexpr std::string_view spellings[] = {"{gs}", "<gs>", "[gs]", "\\x1d", "\\u001d", "{fnc1}"};
 
-// The length of the separator that a text begins with, 0 if it begins with none.
+// Identifiers that the library leaves to others: of symbols that hold AIs or a GTIN as well.
+//
+// Source: GS1 General Specifications, section 5.1.2; ISO/IEC 15424.
+constexpr SymbologyIdentifier furtherIdentifiers[] = {
+    // clang-format off
+    {"]E1", 13}, // add-on symbols of two digits, scanned with their EAN-13
+    {"]E2", 13}, // of five digits
+    {"]E3", 13}, // EAN-13 with an add-on
+    {"]Q3",  0}, // GS1 QR Code
+    {"]J1",  0}, // GS1 DotCode
+    // clang-format on
+};
+
+} // namespace
+
 std::size_t separatorLength(std::string_view text, const ReadOptions& options) {
+    if (text.empty()) {
+        return 0;
+    }
     const char first = text.front();
     if (first == GROUP_SEPARATOR || (options.separator != '\0' && first == options.separator)) {
         return 1;
@@ -35,20 +52,7 @@ std::size_t separatorLength(std::string_view text, const ReadOptions& options) {
     return 0;
 }
 
-// Identifiers that the library leaves to others: of symbols that hold AIs or a GTIN as well.
-//
-// Source: GS1 General Specifications, section 5.1.2; ISO/IEC 15424.
-constexpr SymbologyIdentifier furtherIdentifiers[] = {
-    // clang-format off
-    {"]E1", 13}, // add-on symbols of two digits, scanned with their EAN-13
-    {"]E2", 13}, // of five digits
-    {"]E3", 13}, // EAN-13 with an add-on
-    {"]Q3",  0}, // GS1 QR Code
-    {"]J1",  0}, // GS1 DotCode
-    // clang-format on
-};
-
-const SymbologyIdentifier* identifierOf(std::string_view text) {
+const SymbologyIdentifier* symbologyOf(std::string_view text) {
     const std::string_view identifier = text.substr(0, SYMBOLOGY_IDENTIFIER_LENGTH);
     const auto isSame = [&](const SymbologyIdentifier& row) {
         return row.identifier == identifier;
@@ -74,6 +78,8 @@ std::string knownIdentifiers() {
     names.pop_back();
     return names;
 }
+
+namespace {
 
 // An EAN symbol holds a GTIN of any of three lengths; the zeros before it may be missing.
 bool prepareGtinSymbol(Reading& reading, std::string_view data, const SymbologyIdentifier& row) {
@@ -147,7 +153,7 @@ void noteLikelySeparator(Reading& reading, std::string_view run) {
 } // namespace
 
 bool takeOffIdentifier(Reading& reading, std::string_view& value) {
-    if (!value.starts_with(']') || identifierOf(value) != nullptr) {
+    if (!value.starts_with(']') || symbologyOf(value) != nullptr) {
         return true;
     }
     const std::string_view identifier = value.substr(0, SYMBOLOGY_IDENTIFIER_LENGTH);
@@ -198,7 +204,7 @@ bool keepPaddedGtin(Reading& reading, std::string_view ai, std::string_view valu
 bool prepareBarcode(Reading& reading, std::string_view value) {
     readingClear(reading);
     std::string_view run = value;
-    if (const SymbologyIdentifier* const row = identifierOf(value); row != nullptr) {
+    if (const SymbologyIdentifier* const row = symbologyOf(value); row != nullptr) {
         run = value.substr(SYMBOLOGY_IDENTIFIER_LENGTH);
         if (row->gtinDigits != 0) {
             readingPut(reading, GTIN_AI, positionIn(reading, run));
@@ -206,8 +212,7 @@ bool prepareBarcode(Reading& reading, std::string_view value) {
         }
     }
     // FNC1 in the first place only says that AIs follow.
-    if (const std::size_t mark = run.empty() ? 0 : separatorLength(run, reading.options);
-        mark > 0) {
+    if (const std::size_t mark = separatorLength(run, reading.options); mark > 0) {
         readingNote(reading, NoteKind::LEFT_OUT, run.substr(0, mark),
                     "left out the separator before the first AI");
         run.remove_prefix(mark);

@@ -5,9 +5,20 @@
 #ifndef ROSETAG_TOOLKIT_RECOGNISE_BARCODE_TEXT_H
 #define ROSETAG_TOOLKIT_RECOGNISE_BARCODE_TEXT_H
 
+#include "gs1/barcode_string.h"
 #include "recognise/reading.h"
 
 namespace rosetag {
+
+// The length of the separator that a text begins with, 0 if it begins with none.
+std::size_t separatorLength(std::string_view text, const ReadOptions& options);
+
+// What the identifier at the beginning of a text says of its symbol, null if it is not one of GS1
+// data.
+const SymbologyIdentifier* symbologyOf(std::string_view text);
+
+// "]E0 ]E4 ..."
+std::string knownIdentifiers();
 
 // True if a text holds GS or a spelling of it.
 bool holdsSeparator(std::string_view text, const ReadOptions& options);

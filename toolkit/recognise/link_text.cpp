@@ -67,15 +67,20 @@ Link linkSplit(std::string_view value) {
     return link;
 }
 
-// The AI that a segment of a path is, by its digits or by an old name; empty if it is none.
-std::string_view aiOfSegment(std::string_view segment) {
-    if (aiRowOf(segment) != nullptr) {
-        return segment;
-    }
+} // namespace
+
+std::string_view aiOfLinkName(std::string_view name) {
     const auto* const row =
         std::find_if(std::begin(linkNames), std::end(linkNames),
-                     [&](const LinkName& name) { return name.name == segment; });
+                     [&](const LinkName& candidate) { return candidate.name == name; });
     return row == std::end(linkNames) ? std::string_view() : row->ai;
+}
+
+namespace {
+
+// The AI that a segment of a path is, by its digits or by an old name; empty if it is none.
+std::string_view aiOfSegment(std::string_view segment) {
+    return aiRowOf(segment) != nullptr ? segment : aiOfLinkName(segment);
 }
 
 // A trial keeps the text, but makes no notes.

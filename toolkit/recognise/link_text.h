@@ -12,6 +12,9 @@
 
 namespace rosetag {
 
+// The AI that a name of early versions of the standard stood for; empty if it is none.
+std::string_view aiOfLinkName(std::string_view name);
+
 // Keeps path and query with their AIs, and notes what was left out, padded or renamed.
 bool prepareLink(Reading& reading, std::string_view value);
 
