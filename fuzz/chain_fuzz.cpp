@@ -111,21 +111,39 @@ void requireTagUriHolds(const std::string& uri, const Bytes& value) {
     }
 }
 
-// The same value through Digital Links settles: the order of its AIs may change at first.
-void requireLinkSettles(Bytes value, const Parameters& parameters) {
+// The same value through a text and back settles: the order of its AIs, or the choice among several
+// dates, may change at first.
+void requireTextSettles(Decoder decoder, Encoder encoder, Bytes value,
+                        const Parameters& parameters) {
     std::string last;
     for (int round = 0; round < 4; ++round) {
-        const std::optional<std::string> link = decoded(epc_binaryToDigitalLink, value);
-        if (!link) {
+        const std::optional<std::string> text = decoded(decoder, value);
+        if (!text) {
             return;
         }
-        require(round < 3 || *link == last, "the link stays the same: " + *link);
-        last = *link;
-        const std::optional<Bytes> next = fromGs1(epc_digitalLinkToBinary, *link, parameters);
+        require(round < 3 || *text == last, "the text stays the same: " + *text);
+        last = *text;
+        const std::optional<Bytes> next = fromGs1(encoder, *text, parameters);
         if (!next) {
             return;
         }
         value = *next;
+    }
+}
+
+// A barcode string keeps the AIs of a plus scheme and their order. Only which of several dates is
+// part of the key may change.
+void requireBarcodeKeepsAIs(const Bytes& value, const Parameters& parameters) {
+    if (parameters.scheme < EPC_SCHEME_CPI_PLUS || parameters.scheme >= EPC_SCHEME_DSGTIN_PLUS) {
+        return;
+    }
+    const std::optional<std::string> barcode = decoded(epc_binaryToBarcodeString, value);
+    const auto again =
+        barcode ? fromGs1(epc_barcodeStringToBinary, *barcode, parameters) : std::optional<Bytes>();
+    if (again) {
+        require(decoded(epc_binaryToGs1ElementString, *again) ==
+                    decoded(epc_binaryToGs1ElementString, value),
+                "by way of the barcode string of a plus scheme: " + *barcode);
     }
 }
 
@@ -142,7 +160,10 @@ void chainFromBinary(const Bytes& value) {
         }
         return found;
     }();
-    requireLinkSettles(value, {scheme, 3, 7});
+    const Parameters parameters = {scheme, 3, 7};
+    requireTextSettles(epc_binaryToDigitalLink, epc_digitalLinkToBinary, value, parameters);
+    requireTextSettles(epc_binaryToBarcodeString, epc_barcodeStringToBinary, value, parameters);
+    requireBarcodeKeepsAIs(value, parameters);
 }
 
 void chainFromTagUri(const std::string& text) {

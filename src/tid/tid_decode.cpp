@@ -15,7 +15,7 @@ constexpr std::size_t SEGMENTS = std::size(tidSegments);
 struct TidReader {
     BitBuffer& bits;
     TidRecord& record;
-    std::uint64_t words[SEGMENTS][TID_MAX_WORDS]; // 0 where the word is not present
+    std::uint64_t words[SEGMENTS][TID_MAX_WORDS]; // 0 if not read
 };
 
 // Some bits of a word.
@@ -39,7 +39,7 @@ constexpr TidPlace placeOf(std::size_t segment, std::size_t word, std::size_t fi
     return {segment, word, tidWidth(fields.subspan(field + 1)), fields[field].width};
 }
 
-// The first field of the bank that matches; a width of 0 if none does.
+// The first field of the bank that matches; of width 0 if there is none.
 template <typename Predicate>
 constexpr TidPlace findPlace(Predicate matches) {
     for (std::size_t segment = 0; segment < SEGMENTS; ++segment) {
@@ -54,7 +54,7 @@ constexpr TidPlace findPlace(Predicate matches) {
     return {};
 }
 
-// The bits of the fields of a word that have this meaning.
+// A mask of the fields of a word that have this meaning.
 constexpr std::uint64_t maskOf(std::size_t segment, std::size_t word, TidMeaning meaning) {
     std::uint64_t mask = 0;
     for (std::size_t field = 0; field < fieldsOf(segment, word).size(); ++field) {
@@ -65,8 +65,8 @@ constexpr std::uint64_t maskOf(std::size_t segment, std::size_t word, TidMeaning
     return mask;
 }
 
-// What the field adds to the record: all bits of its member at the member's first field, and
-// nothing at the others.
+// The bits that make up the member of a field, if this is the first of the fields that name it;
+// else none.
 constexpr TidPlace memberPlace(std::size_t segment, std::size_t word, std::size_t field) {
     const TidWord& fields = fieldsOf(segment, word);
     const TidMember& member = fields[field].member;
@@ -101,7 +101,7 @@ EpcStatus checkWord(std::uint64_t value) {
     return isGood ? EPC_OK : EPC_ERR_BAD_TID;
 }
 
-// The number begins at a byte and has whole bytes, so that its digits are those of the bytes.
+// The number begins at a byte and consists of whole bytes, so the bytes can be written as they are.
 EpcStatus readSerial(TidReader& reader) {
     constexpr TidPlace length =
         findPlace([](const TidField& field) { return field.meaning == TidMeaning::SERIAL_LENGTH; });

@@ -1,9 +1,9 @@
 /*
- * The TID memory bank of a Gen2 tag of allocation class 0xE2 with its extended part, the XTID:
- * which fields stand where, and which member of TidRecord each fills.
+ * The fields of the TID memory bank of a Gen2 tag, allocation class 0xE2 with its extended part,
+ * the XTID, and the members of TidRecord that they fill.
  *
- * A word is read as one: where the bank ends inside it, or one of its fields is refused, none of
- * its members is set. A member that several fields of a word name is made of all of them.
+ * A word is read and checked as a whole before any of its members is set. A member that several
+ * fields of a word name is made of all of them.
  *
  * Source: EPC Tag Data Standard, section 16 (tag identification memory bank contents).
  */
@@ -27,10 +27,10 @@ enum class TidMeaning : std::uint8_t {
     SERIAL_LENGTH, // the length of the serial number, see tidSerialBits
     SERIAL,        // as long as SERIAL_LENGTH says
     WORDS,         // a count of 16-bit words
-    LARGEST_BLOCK, // the same; 0 only where the whole word is 0: then it describes no command
+    LARGEST_BLOCK, // the same; 0 only if the whole word is 0, which describes no command
 };
 
-// Where the decoder puts a field.
+// The member that a field fills, if any.
 struct TidMember {
     std::uint16_t TidRecord::*number = nullptr;
     std::uint8_t TidRecord::*small = nullptr;

@@ -19,7 +19,6 @@ struct KindRow {
     AiDecode decode;
 };
 
-// In the order of AiKind, from the first on.
 // clang-format off
 constexpr KindRow kindTable[] = {
     // kind                    encode                  decode
@@ -49,7 +48,7 @@ static_assert(
         }
         return kind == AI_KIND_SIGN + 1U;
     }(),
-    "the rows stand in the order of the kinds");
+    "the rows are in the order of the kinds");
 
 constexpr const KindRow& kindRow(AiKind kind) {
     return kindTable[kind - AI_KIND_NUMERIC];

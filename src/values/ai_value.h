@@ -13,7 +13,7 @@
 
 namespace rosetag {
 
-// The definition of exactly this code. EPC_ERR_UNKNOWN_AI if there is none.
+// EPC_ERR_UNKNOWN_AI if no AI has exactly this code.
 inline EpcStatus aiDefinitionOf(std::string_view code, const AiDefinition*& ai) {
     ai = aiFind(code);
     return ai != nullptr ? EPC_OK : EPC_ERR_UNKNOWN_AI;
@@ -24,8 +24,8 @@ inline EpcStatus aiDefinitionOf(std::string_view code, const AiDefinition*& ai) 
 EpcStatus aiValueEncode(TextCursor& cursor, BitBuffer& out, const AiDefinition& ai,
                         std::uint8_t componentIndex, AiKind kindOverride, std::int32_t encoding);
 
-// Reads all components, which follow each other without a gap: the value as it stands in an element
-// string. It is appended to the text.
+// Reads all components and appends them to the text without a gap: the value as an element string
+// has it.
 EpcStatus aiValueDecode(BitBuffer& bits, TextBuffer& text, const AiDefinition& ai);
 
 } // namespace rosetag

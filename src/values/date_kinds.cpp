@@ -86,7 +86,7 @@ EpcStatus decodeDate(BitBuffer& bits, TextBuffer& text) {
     return dayIsInMonth(date) ? EPC_OK : EPC_ERR_BAD_FORMAT;
 }
 
-// Reads hour, minute and second, as many as stand before the end.
+// Reads hour, minute and second, as many of them as the text has.
 EpcStatus aiParseTime(TextCursor& cursor, AiTime& time) {
     if (textCursorLeft(cursor) < 2) {
         return EPC_ERR_TRUNCATED;

@@ -101,7 +101,7 @@ bool hasData(const AiList& list) {
                        [](const AiElement& element) { return !element.isConsumed; });
 }
 
-// Each component gets exactly its own characters, one that is absent an empty slice.
+// A component is given exactly its own characters, and none if it is missing.
 EpcStatus putComponents(const PlusEncoder& encoder, const AiDefinition& ai, std::string_view value,
                         AiKind kindOverride) {
     for (std::uint8_t i = 0; i < ai.componentCount; ++i) {
@@ -152,8 +152,8 @@ EpcStatus getDate(BitBuffer& bits, TextBuffer& text, AiList& list) {
     return aiListAdd(list, *ai, 0, static_cast<std::uint32_t>(textBufferLength(text)), DATE_PASS);
 }
 
-// There is neither a count nor an end mark: the section ends with the bits, or with zeros that are
-// too few to be an AI 00.
+// Nothing counts the AIs or marks their end: the section ends with the bits, or with zeros too few
+// for an AI 00.
 EpcStatus getDataSection(BitBuffer& bits, TextBuffer& text, AiList& list) {
     while (bitBufferLeft(bits) > AI_PREFIX_BITS) {
         char code[AI_CODE_SIZE] = {};

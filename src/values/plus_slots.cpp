@@ -8,7 +8,7 @@ namespace rosetag {
 
 namespace {
 
-// Whoever calls a slot has tested the filter against the limit of the scheme.
+// The caller of a slot has tested the upper limit.
 EpcStatus checkFilter(const EncodeArguments& arguments) {
     return arguments.filter < 0 ? EPC_ERR_FILTER_LIMIT : EPC_OK;
 }

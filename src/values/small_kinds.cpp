@@ -69,7 +69,7 @@ EpcStatus aiEncodeSign(TextCursor& cursor, BitBuffer& out, const AiEncodeField&)
 EpcStatus aiDecodeSign(BitBuffer& bits, TextBuffer& text, const AiComponent&) {
     std::uint64_t sign = 0;
     if (bitBufferGet(bits, 1, sign) != 0) {
-        return EPC_OK; // no bit left is no sign
+        return EPC_OK; // the bits may end before the sign
     }
     return sign == 1 ? textBufferPutChar(text, '-') : EPC_OK;
 }

@@ -21,7 +21,7 @@ constexpr std::int32_t LETTER_BITS = 6;
 EpcStatus aiEncodeLetters(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeLetters(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 
-// "-" or nothing in one bit. Where the bits end before it, there is no sign.
+// "-" or nothing in one bit. There is no sign if the bits end before it.
 EpcStatus aiEncodeSign(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeSign(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 

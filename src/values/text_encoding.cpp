@@ -9,7 +9,7 @@ namespace rosetag {
 
 namespace {
 
-// The values of the characters by their code, -1 for one that the alphabet does not hold.
+// The values of the characters by their code; -1 for a character outside the alphabet.
 template <std::int32_t encoding>
 constexpr std::array<std::int8_t, 256> charValues = [] {
     std::array<std::int8_t, 256> values{};
@@ -42,7 +42,7 @@ EpcStatus encodeCharacters(TextCursor& cursor, BitBuffer& out) {
     return status;
 }
 
-// The room is tested once for all characters, if they have it.
+// Where there is room for all characters, it is tested only once.
 template <std::int32_t encoding>
 EpcStatus decodeCharacters(BitBuffer& bits, TextBuffer& text, std::int32_t count) {
     constexpr std::string_view alphabet = textEncodings[encoding].alphabet;
@@ -89,7 +89,7 @@ EpcStatus encodeCode40(TextCursor& cursor, BitBuffer& out) {
     });
 }
 
-// Fill is skipped wherever it stands.
+// Padding is skipped wherever it occurs.
 EpcStatus decodeCode40(BitBuffer& bits, TextBuffer& text, std::int32_t count) {
     constexpr std::uint32_t base = CODE40_BASE;
     return fieldRunGet<code40.groupBits>(
@@ -133,7 +133,7 @@ constexpr std::uint32_t flagOf(std::int32_t encoding) {
     return 1U << encoding;
 }
 
-// The encodings that hold a character, as flags; none where no AI may hold it.
+// The encodings whose alphabet has the character, as flags; 0 if no AI value may contain it.
 constexpr std::array<std::uint8_t, 256> encodingsOfChar = [] {
     std::array<std::uint8_t, 256> flags{};
     for (const char character : textEncodings[AI_ENC_ISO646].alphabet) {
@@ -147,8 +147,8 @@ constexpr std::array<std::uint8_t, 256> encodingsOfChar = [] {
     return flags;
 }();
 
-// Integers and hexadecimal come first, then what is shorter of base64url and code-40. ISO 646 holds
-// every character.
+// Integer and hexadecimal come first, then the shorter of base64url and code-40. ISO 646 has every
+// character.
 std::int32_t encodingOf(std::uint32_t fitting, std::ptrdiff_t count) {
     constexpr std::uint32_t digits =
         flagOf(AI_ENC_INTEGER) | flagOf(AI_ENC_HEX_UPPER) | flagOf(AI_ENC_HEX_LOWER);
@@ -170,7 +170,7 @@ std::int32_t encodingOf(std::uint32_t fitting, std::ptrdiff_t count) {
 EpcStatus aiChooseEncoding(const TextCursor& cursor, std::int32_t& encoding) {
     const std::ptrdiff_t count = textCursorLeft(cursor);
     if (textCursorAtEnd(cursor)) {
-        // Before a NUL inside the text there is nothing to choose by; hexadecimal refuses the NUL.
+        // A text that begins with a NUL gives nothing to choose by; hexadecimal refuses the NUL.
         encoding = count == 0 ? AI_ENC_ISO646 : AI_ENC_HEX_UPPER;
         return EPC_OK;
     }

@@ -26,10 +26,10 @@ struct TextEncoding {
     std::string_view name;
     std::int32_t groupSize; // characters that are encoded together; 0: all of them
     std::int32_t groupBits;
-    std::string_view alphabet; // by value; NUL where a value stands for no character
+    std::string_view alphabet; // by value; NUL for a value that is not a character
 };
 
-// The characters that AI values may hold, by their code.
+// The characters that AI values may contain, by their code.
 inline constexpr std::array<char, 128> iso646Alphabet = [] {
     std::array<char, 128> alphabet{};
     for (std::size_t code = 0; code < alphabet.size(); ++code) {
@@ -66,11 +66,12 @@ constexpr std::ptrdiff_t textPayloadBits(std::int32_t encoding, std::ptrdiff_t c
 constexpr std::uint32_t CODE40_BASE = 40;
 constexpr std::uint32_t CODE40_LARGEST = CODE40_BASE * CODE40_BASE * CODE40_BASE;
 
-// The encoding for all characters up to the end. EPC_ERR_BAD_CHARACTER at one that no AI may hold.
+// The encoding for all characters up to the end. EPC_ERR_BAD_CHARACTER at one that no AI value may
+// contain.
 EpcStatus aiChooseEncoding(const TextCursor& cursor, std::int32_t& encoding);
 
-// Writes the characters up to the end. EPC_ERR_BAD_CHARACTER at one that the encoding does not
-// hold, EPC_ERR_BAD_FORMAT for an encoding that does not exist.
+// Writes the characters up to the end. EPC_ERR_BAD_CHARACTER at one outside the alphabet,
+// EPC_ERR_BAD_FORMAT for an encoding that does not exist.
 EpcStatus aiEncodePayload(TextCursor& cursor, BitBuffer& out, std::int32_t encoding);
 
 // Reads count characters.

@@ -10,8 +10,7 @@
 
 namespace rosetag {
 
-// The encoder refuses a character that no AI may hold; of the decoders only that of an encoding
-// that can hold such characters does.
+// Both refuse a character that no AI value may contain.
 EpcStatus aiEncodeText(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeText(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 

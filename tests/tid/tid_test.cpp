@@ -1,4 +1,4 @@
-// The TID bank and its six exports, by banks whose segments stand in rows.
+// The TID bank and its six exports, by rows of banks.
 #include "rosetag/rosetag.h"
 #include "support/bits.h"
 #include "support/guarded_area.h"
@@ -73,10 +73,10 @@ TEST(Tid, DecodesEachSegmentAndRefusesWhatTheLayoutForbids) {
         {"another class", "E3", EPC_ERR_BAD_TID, ""},
         {"class alone", "E2", EPC_ERR_TRUNCATED, ""},
         {"short TID", SHORT_TID, EPC_OK, "mdid=12 tmid=345 "},
-        {"short TID, bits behind", "E2 7FF FFF FFFF", EPC_OK, "mdid=7ff tmid=fff "},
+        {"short TID, bits after it", "E2 7FF FFF FFFF", EPC_OK, "mdid=7ff tmid=fff "},
         {"no XTID header", "E2 800 001", EPC_ERR_TRUNCATED, "mdid=800 tmid=1 "},
         {"no segments", "E2 800 001 0000", EPC_OK, "mdid=800 tmid=1 "},
-        {"no segments, bits behind", "E2 800 001 0000 FFFF", EPC_OK, "mdid=800 tmid=1 "},
+        {"no segments, bits after them", "E2 800 001 0000 FFFF", EPC_OK, "mdid=800 tmid=1 "},
         {"extended header", "E2 800 001 0001", EPC_ERR_BAD_TID, "mdid=800 tmid=1 "},
         {"lowest reserved bit", "E2 800 001 0002", EPC_ERR_BAD_TID, "mdid=800 tmid=1 "},
         {"highest reserved bit", "E2 800 001 0200", EPC_ERR_BAD_TID, "mdid=800 tmid=1 "},

@@ -129,7 +129,7 @@ TEST(AiValueExports, ReadValuesOfANamedAi) {
         TextResult expected, actual;
     } cases[] = {
         {"hex", {EPC_OK, "ABCG"}, hexValue("64001086", "21")},
-        {"hex, lower case, bits behind", {EPC_OK, "000189"}, hexValue("000bdfff", "3103")},
+        {"hex, lower case, bits after it", {EPC_OK, "000189"}, hexValue("000bdfff", "3103")},
         {"an odd digit counts as a byte", {EPC_OK, "0"}, hexValue("3", "4321")},
         {"no bits", {EPC_ERR_TRUNCATED, ""}, hexValue("", "4330")},
         {"no digit", {EPC_ERR_NO_ROOM, "untouched"}, hexValue("64001G86", "21")},
@@ -149,7 +149,7 @@ TEST(AiValueExports, ReadValuesOfANamedAi) {
     }
 }
 
-TEST(AiValueExports, ReadValuesBehindTheirAi) {
+TEST(AiValueExports, ReadValuesAfterTheirAi) {
     const struct {
         const char* bits;
         TextResult expected;
@@ -201,7 +201,7 @@ TEST(AiValueExports, ReadValuesBehindTheirAi) {
     } hexCases[] = {
         {"2164001086", {EPC_OK, "ABCG"}, "21..."},
         {"", {EPC_ERR_TRUNCATED, ""}, "~~..."},
-        {"1", {EPC_ERR_TRUNCATED, ""}, "10..."}, // 10, and no bits behind it
+        {"1", {EPC_ERR_TRUNCATED, ""}, "10..."}, // 10, and no bits after it
         {"21640010X6", {EPC_ERR_NO_ROOM, "untouched"}, "~~~~~"},
         {std::string(125, '1'), {EPC_ERR_TOO_LONG, "untouched"}, "~~~~~"},
     };

@@ -1,4 +1,4 @@
-// Each kind of component: its bits in both directions, and what stands after each failure.
+// Each kind of component: its bits in both directions, and what each failure leaves.
 #include "support/status.h"
 #include "values/value_bits.h"
 
@@ -58,7 +58,7 @@ TEST(AiValue, StandsInItsBitsAndComesBack) {
         {"4330", "000123-", "123/20 1"},
         {"255", "9506000134376", "`95060001343760`/4"},
         {"253", "9506000134376X", "`9506000134376`/4 011 1/5 23/6"},
-        {"3910", "978", "978/10 0/4"}, // a numeric one in front of another
+        {"3910", "978", "978/10 0/4"}, // a numeric one before another
         {"3910", "9780012", "978/10 4/4 12/14"},
         {"421", "528AB-", "528/10 101 3/4 1708/16"},
         {"7030", "528", "528/10 100 0/5"},

@@ -1,5 +1,5 @@
 // The twelve plus schemes: which AIs go where in the bits, where the data section ends, and what
-// stands after each failure.
+// each failure leaves.
 #include "support/ai_result.h"
 #include "support/status.h"
 #include "values/value_bits.h"
@@ -129,7 +129,7 @@ TEST(PlusScheme, TakesTheKeyWhereverItStands) {
         std::string text, same;
     } cases[] = {
         {"key", EPC_SCHEME_SGTIN_PLUS, "(21)XY" + GTIN, GTIN + "(21)XY"},
-        {"key behind data", EPC_SCHEME_SGTIN_PLUS, "(10)A(21)XY(17)240229" + GTIN,
+        {"key after data", EPC_SCHEME_SGTIN_PLUS, "(10)A(21)XY(17)240229" + GTIN,
          GTIN + "(21)XY(10)A(17)240229"},
         {"date by its rank", EPC_SCHEME_DSGTIN_PLUS, "(17)240229" + GTIN + "(11)240201(21)XY",
          GTIN + "(21)XY(11)240201(17)240229"},
@@ -249,8 +249,8 @@ TEST(PlusScheme, ReadsTheDataSectionToItsEnd) {
         std::string bits;
         TextResult expected;
     } cases[] = {
-        {"no toggle, bits behind", "249/8 0 0/3" + SSCC_BITS + "15/4 15/4 15/4", {EPC_OK, SSCC}},
-        {"nothing behind the key", sscc, {EPC_OK, SSCC}},
+        {"no toggle, bits after it", "249/8 0 0/3" + SSCC_BITS + "15/4 15/4 15/4", {EPC_OK, SSCC}},
+        {"nothing after the key", sscc, {EPC_OK, SSCC}},
         {"8 bits are not read", sscc + "255/8", {EPC_OK, SSCC}},
         {"9 zeros", sscc + "0/9", {EPC_OK, SSCC}},
         {"15 zeros", sscc + "0/15", {EPC_OK, SSCC}},
@@ -328,7 +328,7 @@ TEST(PlusScheme, WritesItsTextsInOrder) {
             EXPECT_EQ(0U, row.text.find(cut.text)) << cut.text;
         }
     }
-    // The rows stand in the order in which they were read: the date in front.
+    // The rows come in the order of the bits: the date first.
     EXPECT_EQ(AiResult(EPC_OK, "17=240229 01=09506000134352 21=XY 20=07 4330=000123 10=A #6"),
               decodeRows(bits));
     EXPECT_EQ(AiResult(EPC_ERR_TOO_MANY_AIS, "17=240229 01=09506000134352 "), decodeRows(bits, 2));

@@ -188,7 +188,7 @@ TEST(TextEncoding, RefusesWhenForced) {
 TEST(TextEncoding, EndsWhereItsLengthIsFull) {
     const struct {
         const char* ai;
-        const char* before; // what the characters that are counted stand behind
+        const char* before; // what precedes the characters that are counted
         std::size_t most;
         const char* left;
     } cases[] = {

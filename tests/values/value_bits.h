@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-// What stands in a room of so many bits when the next field did not fit.
+// What is left in a room of so many bits when the next field did not fit.
 inline std::string wholeFieldsOf(const std::string& pattern, std::size_t room) {
     std::string bits;
     for (const std::string& field : fieldsOf(pattern)) {
@@ -28,7 +28,7 @@ inline std::string wholeFieldsOf(const std::string& pattern, std::size_t room) {
 }
 
 // What an export that writes binary has given. Of a failure the bits end in the last 1, since all
-// behind it is cleared; before the call the storage was not.
+// after it is cleared; before the call the storage was not.
 struct BitsResult {
     BitsResult(EpcStatus ended, std::string left) : status(ended), bits(std::move(left)) {
         if (status != EPC_OK && bits != "untouched") {
@@ -65,7 +65,7 @@ BitsResult bitsResult(std::int32_t maxBytes, std::int32_t bitsPerUnit, Work work
     if (status == EPC_OK) {
         const auto count = static_cast<std::size_t>(outCount * bitsPerUnit);
         const bool isClear = bits.find('1', count) == std::string::npos;
-        bits = isClear ? bits.substr(0, count) : "not cleared behind its end";
+        bits = isClear ? bits.substr(0, count) : "not cleared after its end";
     }
     return {status, bits};
 }
