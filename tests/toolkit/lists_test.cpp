@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 
 using namespace rosetag;
@@ -101,6 +102,56 @@ TEST(GcpList, IsAskedFromWhereThePrefixOfAKeyBegins) {
     for (const Row& row : rows) {
         EXPECT_EQ(row.digits, companyPrefixOnwards(row.ai, row.value)) << row.ai;
     }
+}
+
+TEST(GcpList, GivesTheLengthThatAKeyNeeds) {
+    GcpList list;
+    ASSERT_FALSE(isFailure(readGcpList(xmlList, list)));
+    struct Row {
+        const char* value;
+        std::optional<int> gcpLength;
+        const char* pureIdentity; // or what is said in its place
+    };
+    const Row rows[] = {
+        {"(01)09506123434353(21)1", {}, "urn:epc:id:sgtin:9506123.043435.1"},
+        {"(01)09506000134352(21)1", {}, "urn:epc:id:sgtin:950600013.0435.1"},
+        {"(01)09506000134352(21)1", 8, "urn:epc:id:sgtin:95060001.03435.1"},
+        {"/00/395060001343520001", {}, "urn:epc:id:sscc:950600013.34352000"},
+        {"(01)00201234567899(21)1",
+         {},
+         "no GS1 company prefix begins as 0201234567899, says the "
+         "prefix list of 2026-01-01T00:00:00"},
+        {"(01)01234567890128(21)1",
+         {},
+         "1234567890128 begins with no prefix of the prefix list of "
+         "2026-01-01T00:00:00"},
+        {"(01)00201234567899(21)1", 7, "urn:epc:id:sgtin:0201234.056789.1"},
+    };
+    for (const Row& row : rows) {
+        ReadOptions read;
+        read.gcpList = &list;
+        read.gcpLength = row.gcpLength;
+        const Translation item = translate(row.value, read);
+        const std::string_view shown = item.pureIdentity.empty() && !item.notes.empty()
+                                           ? std::string_view(item.notes.back().text)
+                                           : std::string_view(item.pureIdentity);
+        EXPECT_TRUE(shown.ends_with(row.pureIdentity)) << shown;
+        EncodeOptions options;
+        options.read = read;
+        const bool isSscc = row.value[0] == '/';
+        options.scheme = schemeByName(isSscc ? "sscc-96" : "sgtin-198");
+        const Translation tag = encode(row.value, options, Form::PURE_IDENTITY);
+        EXPECT_EQ(row.pureIdentity,
+                  isFailure(tag.failure) ? tag.failure.message : tag.pureIdentity);
+    }
+    // A value of a plus scheme says no more of its prefix than a text.
+    EncodeOptions options;
+    options.scheme = schemeByName("sgtin+");
+    const std::string plus = encode("(01)09506000134352(21)1", options).hex;
+    options.scheme = schemeByName("sgtin-96");
+    options.read.gcpList = &list;
+    EXPECT_EQ("urn:epc:id:sgtin:950600013.0435.1",
+              encode(plus, options, Form::PURE_IDENTITY).pureIdentity);
 }
 
 const std::string designerList = R"({"name": "x", "version": "2026-01-01", "further": {"mdid": 1},

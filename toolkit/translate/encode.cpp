@@ -3,7 +3,7 @@
  */
 #include "recognise/hex_text.h"
 #include "schemes/epc_uri.h"
-#include "translate/parsed_ais.h"
+#include "translate/company_prefix.h"
 #include "translate/text_room.h"
 #include "translate/translate.h"
 #include "words/failure.h"
@@ -37,8 +37,27 @@ bool isTagValue(Form form) {
     return form == Form::HEX || form == Form::TAG_URI;
 }
 
+// Looks up the length of the company prefix where the options have a list in its place. False if
+// the failure is set.
+bool completeGcpLength(Reading& reading, EncodeOptions& options) {
+    ParsedAis ais;
+    const bool isAsked = options.read.gcpList != nullptr && !options.read.gcpLength.has_value() &&
+                         aisParse(reading.form, reading.workspace.text, ais) == EPC_OK;
+    CompanyPrefix prefix = isAsked ? companyPrefixOf(options.read, ais) : CompanyPrefix{};
+    if (!prefix.problem.empty()) {
+        return failOptions(reading, EPC_ERR_BAD_PARTITION,
+                           {std::move(prefix.problem),
+                            "correct the key, take a newer list, or give the length",
+                            "gcp_length"});
+    }
+    if (isAsked) {
+        options.read.gcpLength = prefix.length;
+    }
+    return true;
+}
+
 // Whether the options say all that a form needs.
-bool suffices(Reading& reading, const EncodeOptions& options) {
+bool suffices(Reading& reading, EncodeOptions& options) {
     if (isTagValue(reading.form)) {
         return true;
     }
@@ -53,8 +72,12 @@ bool suffices(Reading& reading, const EncodeOptions& options) {
         return failOptions(reading, EPC_ERR_FILTER_FIELD,
                            {std::string(scheme.name) + " has no filter", "leave it out", "filter"});
     }
-    if (reading.form != Form::PURE_IDENTITY && scheme.hasUris && scheme.hasGs1Texts &&
-        !options.read.gcpLength.has_value()) {
+    const bool needsPrefix =
+        reading.form != Form::PURE_IDENTITY && scheme.hasUris && scheme.hasGs1Texts;
+    if (needsPrefix && !completeGcpLength(reading, options)) {
+        return false;
+    }
+    if (needsPrefix && !options.read.gcpLength.has_value()) {
         return failOptions(reading, EPC_ERR_BAD_PARTITION,
                            {form + " does not say how long its GS1 company prefix is, which " +
                                 std::string(scheme.name) + " needs",
@@ -159,6 +182,11 @@ EpcStatus encodeTagValue(const EncodeCall& call, std::string_view hex) {
     if (!tag.pureIdentity.empty()) {
         return encodePureIdentity(next, tag.pureIdentity);
     }
+    ParsedAis ais;
+    if (changed.scheme->hasUris &&
+        aisParse(Form::ELEMENT_STRING, tag.elementString, ais) == EPC_OK) {
+        changed.read.gcpLength = companyPrefixOf(options.read, ais).length;
+    }
     if (changed.scheme->hasUris && !changed.read.gcpLength.has_value()) {
         return EPC_ERR_BAD_PARTITION;
     }
@@ -241,19 +269,20 @@ void encode(std::string_view value, const EncodeOptions& options, FormSet wanted
     Reading reading{value, options.read, result.workspace, result.notes, result.failure};
     const bool isPrepared = readingPrepare(reading);
     result.form = reading.form;
-    if (!isPrepared || !suffices(reading, options)) {
+    EncodeOptions completed = options;
+    if (!isPrepared || !suffices(reading, completed)) {
         return;
     }
     std::string& hex = result.workspace.more;
-    EpcStatus status = encodeForm({reading, options, hex});
-    if (status == EPC_OK && reading.form == Form::TAG_URI && !agrees(reading, options, hex)) {
+    EpcStatus status = encodeForm({reading, completed, hex});
+    if (status == EPC_OK && reading.form == Form::TAG_URI && !agrees(reading, completed, hex)) {
         return;
     }
     if (status == EPC_OK) {
         status = formsOfHex(hex, result.asked, result);
     }
     if (status != EPC_OK) {
-        failEncodeForm(reading, status, options);
+        failEncodeForm(reading, status, completed);
     }
 }
 

@@ -7,7 +7,7 @@
 #include "recognise/look.h"
 #include "schemes/epc_uri.h"
 #include "schemes/tag_scheme.h"
-#include "translate/parsed_ais.h"
+#include "translate/company_prefix.h"
 #include "translate/text_room.h"
 #include "words/failure.h"
 #include "words/scheme_words.h"
@@ -203,19 +203,20 @@ EpcStatus writeAis(std::string& text, EpcStatus (*write)(TextBuffer&, List, cons
 }
 
 // Whether there would be a pure identity URI is found out with any length of the prefix.
-void addPureIdentity(Reading& reading, FormSet wanted, Translation& result) {
+void addPureIdentity(Reading& reading, const ParsedAis& ais, FormSet wanted, Translation& result) {
     constexpr int anyLength = 7;
-    const std::optional<int>& gcpLength = reading.options.gcpLength;
+    const CompanyPrefix prefix = companyPrefixOf(reading.options, ais);
     std::string& uri = result.workspace.more;
     if (textFrom<EPC_URI_SIZE>(uri, [&](std::int32_t size, char* dst) {
             return epc_gs1ElementStringToEpcUri(result.elementString.c_str(),
-                                                gcpLength.value_or(anyLength), size, dst);
+                                                prefix.length.value_or(anyLength), size, dst);
         }) != EPC_OK) {
         return;
     }
-    if (!gcpLength.has_value()) {
+    if (!prefix.length.has_value()) {
         readingNote(reading, NoteKind::NEEDS_GCP_LENGTH, reading.value,
-                    "the pure identity URI needs the length of the GS1 company prefix")
+                    "the pure identity URI needs the length of the GS1 company prefix" +
+                        (prefix.problem.empty() ? "" : ", and " + prefix.problem))
             .option = "gcp_length";
         return;
     }
@@ -240,7 +241,7 @@ EpcStatus textsOfAis(Reading& reading, ParsedAis& ais, FormSet wanted, Translati
         finishAis(wanted, result);
     }
     if (needsUri) {
-        addPureIdentity(reading, wanted, result);
+        addPureIdentity(reading, ais, wanted, result);
     }
     if (wanted.has(Form::DIGITAL_LINK) && hasBrackets) {
         writeAis<EPC_DIGITAL_LINK_SIZE, AiList&>(result.digitalLink, digitalLinkWrite, ais.list,
