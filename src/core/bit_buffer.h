@@ -8,6 +8,7 @@
 #ifndef ROSETAG_CORE_BIT_BUFFER_H
 #define ROSETAG_CORE_BIT_BUFFER_H
 
+#include "core/byte_order.h"
 #include "core/status.h"
 
 #include <algorithm>
@@ -64,20 +65,6 @@ inline BitWindow bitWindowAt(const BitBuffer& buffer) {
 inline bool bitWindowTakes(const BitBuffer& buffer, std::int32_t bitCount) {
     return bitCount >= 1 && bitCount <= BIT_WINDOW_BITS && buffer.capacity >= 64 &&
            bitCount <= buffer.capacity - buffer.position;
-}
-
-// Written out, so that compilers make one load and a byte swap of it on any byte order, and one
-// store of its twin.
-inline std::uint64_t loadBigEndian(const std::uint8_t* bytes) {
-    const auto byte = [bytes](int i) { return std::uint64_t{bytes[i]} << (56 - 8 * i); };
-    return byte(0) | byte(1) | byte(2) | byte(3) | byte(4) | byte(5) | byte(6) | byte(7);
-}
-
-inline void storeBigEndian(std::uint8_t* bytes, std::uint64_t value) {
-    const auto put = [bytes, value](int i) {
-        bytes[i] = static_cast<std::uint8_t>(value >> (56 - 8 * i) & 0xFF);
-    };
-    put(0), put(1), put(2), put(3), put(4), put(5), put(6), put(7);
 }
 
 // Writes a field that a window takes.

@@ -5,12 +5,14 @@
 #ifndef ROSETAG_CORE_CHAR_SCAN_H
 #define ROSETAG_CORE_CHAR_SCAN_H
 
+#include "core/byte_order.h"
 #include "core/char_class.h"
 
 #include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 namespace rosetag {
 
@@ -24,12 +26,19 @@ constexpr std::uint64_t inEveryByte(char character) {
 // Marks on characters: the highest bit of their bytes.
 constexpr std::uint64_t ALL_MARKS = 0x8080808080808080;
 
-// Written out, so that compilers make one load of it on any byte order.
 constexpr std::uint64_t loadCharacters(const char* characters) {
-    const auto byte = [characters](int i) {
-        return std::uint64_t{static_cast<unsigned char>(characters[i])} << (8 * i);
-    };
-    return byte(0) | byte(1) | byte(2) | byte(3) | byte(4) | byte(5) | byte(6) | byte(7);
+    if (!std::is_constant_evaluated()) {
+        return bytesLoad<std::endian::little, std::uint64_t>(characters);
+    }
+    std::uint64_t loaded = 0;
+    for (int i = 0; i < SCAN_WIDTH; ++i) {
+        loaded |= std::uint64_t{static_cast<unsigned char>(characters[i])} << (8 * i);
+    }
+    return loaded;
+}
+
+inline void storeCharacters(char* out, std::uint64_t characters) {
+    bytesStore<std::endian::little>(out, characters);
 }
 
 // The characters before the first mark.
@@ -37,10 +46,14 @@ constexpr std::ptrdiff_t countBeforeMark(std::uint64_t marks) {
     return std::countr_zero(marks) / 8;
 }
 
+// Marks what is not the value of a digit.
+constexpr std::uint64_t nonDigits(std::uint64_t values) {
+    return (((values & ~ALL_MARKS) + inEveryByte(0x80 - 10)) | values) & ALL_MARKS;
+}
+
 // Marks what is not a digit. Without the bits of '0' a digit is below 10.
 constexpr std::uint64_t markNonDigits(std::uint64_t characters) {
-    const std::uint64_t rest = characters ^ inEveryByte('0');
-    return (((rest & ~ALL_MARKS) + inEveryByte(0x80 - 10)) | rest) & ALL_MARKS;
+    return nonDigits(characters ^ inEveryByte('0'));
 }
 
 // Marks the first NUL; marks after it mean nothing.

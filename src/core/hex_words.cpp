@@ -1,10 +1,37 @@
 #include "core/hex_words.h"
 
+#include "core/byte_order.h"
 #include "core/text_cursor.h"
 
 namespace rosetag {
 
+// Takes the bytes of a number's digits from the text, two digits each. False if one of the
+// characters is not a digit. The bytes are stored at once, as wide as they will be read: a load of
+// what was stored just before in parts has to wait for it.
+template <typename Number>
+static bool takeBytes(std::string_view& hex, std::uint8_t*& bytes) {
+    Number number = 0;
+    std::int32_t values = 0;
+    for (std::size_t i = 0; i < sizeof number; ++i) {
+        const std::int32_t value = hexDigitValue(hex[2 * i]) * 16 | hexDigitValue(hex[2 * i + 1]);
+        number |= static_cast<Number>(static_cast<std::uint8_t>(value)) << (8 * i);
+        values |= value;
+    }
+    bytesStore<std::endian::little>(bytes, number);
+    bytes += sizeof number;
+    hex.remove_prefix(2 * sizeof number);
+    return values >= 0;
+}
+
 EpcStatus hexToBytes(std::string_view hex, std::uint8_t* bytes) {
+    while (hex.size() >= 16) {
+        if (!takeBytes<std::uint64_t>(hex, bytes)) {
+            return EPC_ERR_NO_ROOM;
+        }
+    }
+    if (hex.size() >= 8 && !takeBytes<std::uint32_t>(hex, bytes)) {
+        return EPC_ERR_NO_ROOM;
+    }
     const std::size_t wholeBytes = hex.size() / 2;
     for (std::size_t i = 0; i < wholeBytes; ++i) {
         const std::int32_t value = hexDigitValue(hex[2 * i]) * 16 | hexDigitValue(hex[2 * i + 1]);

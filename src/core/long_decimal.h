@@ -6,29 +6,16 @@
 #define ROSETAG_CORE_LONG_DECIMAL_H
 
 #include "core/bit_buffer.h"
+#include "core/digit_words.h"
 #include "core/text_buffer.h"
 
 #include <array>
 #include <cstdint>
-#include <limits>
 #include <string_view>
 
 namespace rosetag {
 
 constexpr std::int32_t MAX_LONG_DIGITS = 90;
-
-using PowersOfTen = std::array<std::uint64_t, std::numeric_limits<std::uint64_t>::digits10 + 1>;
-
-constexpr PowersOfTen powersOfTenMake() {
-    PowersOfTen powers{1};
-    for (std::size_t exponent = 1; exponent < powers.size(); ++exponent) {
-        powers[exponent] = powers[exponent - 1] * 10;
-    }
-    return powers;
-}
-
-// The powers of ten that 64 bits hold, by their exponent.
-inline constexpr PowersOfTen powersOfTen = powersOfTenMake();
 
 constexpr std::array<std::int32_t, MAX_LONG_DIGITS + 1> aiDigitBitsTableMake() {
     std::array<std::int32_t, MAX_LONG_DIGITS + 1> bits{};

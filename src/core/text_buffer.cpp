@@ -1,11 +1,9 @@
 #include "core/text_buffer.h"
 
 #include "core/char_scan.h"
-#include "core/long_decimal.h"
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstring>
 
 namespace rosetag {
@@ -46,6 +44,20 @@ void putDigits(TextBuffer& buffer, std::uint64_t value, std::int32_t width) {
     *end = '\0';
 }
 
+// As many digits as there is room for, of more bytes than that.
+EpcStatus putHexCut(TextBuffer& buffer, const std::uint8_t* bytes, std::int32_t room) {
+    char* out = buffer.writePointer;
+    for (; room >= 2; room -= 2, out += 2) {
+        putPair(out, hexPairs, *bytes++);
+    }
+    if (room > 0) {
+        *out++ = hexPairs[2 * std::size_t{*bytes}];
+    }
+    buffer.writePointer = out;
+    *out = '\0';
+    return EPC_ERR_NO_ROOM;
+}
+
 // As much of the text as there is room for.
 EpcStatus putFitting(TextBuffer& buffer, std::string_view text) {
     const auto room = static_cast<std::size_t>(textBufferRoom(buffer));
@@ -75,13 +87,6 @@ EpcStatus putEscapedRange(TextBuffer& buffer, const char* base, std::uint32_t st
 
 } // namespace
 
-std::int32_t decimalDigitCount(std::uint64_t value) {
-    // 1233 / 4096 is below log10(2) by so little that the whole part is right for all 64 widths.
-    const auto bits = static_cast<std::int32_t>(std::bit_width(value | 1));
-    const std::int32_t lower = bits * 1233 >> 12;
-    return lower + (value >= powersOfTen[static_cast<std::size_t>(lower)] || value == 0 ? 1 : 0);
-}
-
 EpcStatus textBufferPutDecimal(TextBuffer& buffer, std::uint64_t value) {
     const std::int32_t digits = decimalDigitCount(value);
     if (digits > textBufferRoom(buffer)) {
@@ -107,18 +112,22 @@ EpcStatus textBufferPutPadded(TextBuffer& buffer, std::uint64_t value, std::int3
 
 EpcStatus textBufferPutHex(TextBuffer& buffer, const std::uint8_t* bytes, std::int32_t count) {
     const std::int32_t room = textBufferRoom(buffer);
-    const std::int32_t wholeBytes = std::clamp(room / 2, 0, std::max(count, 0));
-    char* out = buffer.writePointer;
-    for (std::int32_t i = 0; i < wholeBytes; ++i, out += 2) {
-        putPair(out, hexPairs, bytes[i]);
+    if (count > room / 2) {
+        return putHexCut(buffer, bytes, room);
     }
-    const bool isCut = wholeBytes < count;
-    if (isCut && room % 2 != 0) {
-        *out++ = hexPairs[2 * std::size_t{bytes[wholeBytes]}];
+    char* out = buffer.writePointer;
+    for (; count >= 4; count -= 4, bytes += 4, out += 8) { // unrolled: half the instructions
+        putPair(out, hexPairs, bytes[0]);
+        putPair(out + 2, hexPairs, bytes[1]);
+        putPair(out + 4, hexPairs, bytes[2]);
+        putPair(out + 6, hexPairs, bytes[3]);
+    }
+    for (; count > 0; --count, ++bytes, out += 2) {
+        putPair(out, hexPairs, *bytes);
     }
     buffer.writePointer = out;
     *out = '\0';
-    return isCut ? EPC_ERR_NO_ROOM : EPC_OK;
+    return EPC_OK;
 }
 
 EpcStatus textBufferPutEscape(TextBuffer& buffer, char character) {

@@ -9,6 +9,7 @@
 #define ROSETAG_CORE_TEXT_BUFFER_H
 
 #include "core/char_class.h"
+#include "core/digit_words.h"
 #include "core/status.h"
 
 #include <algorithm>
@@ -72,9 +73,6 @@ inline EpcStatus textBufferPutRange(TextBuffer& buffer, const char* base, std::u
                                     std::uint32_t end) {
     return start < end ? textBufferPutString(buffer, {base + start, end - start}) : EPC_OK;
 }
-
-// The number of decimal digits of a number: 1 for 0, at most 20.
-std::int32_t decimalDigitCount(std::uint64_t value);
 
 EpcStatus textBufferPutDecimal(TextBuffer& buffer, std::uint64_t value);
 

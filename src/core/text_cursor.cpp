@@ -1,6 +1,7 @@
 #include "core/text_cursor.h"
 
 #include "core/char_scan.h"
+#include "core/digit_words.h"
 
 #include <algorithm>
 
@@ -36,19 +37,11 @@ struct DigitGroup {
     std::int32_t count; // of digits before the first other character
 };
 
-// Up to eight digits at once: neighbours join to numbers below 100, 10^4 and 10^8. Halves the time
-// of a number of seven digits.
+// Up to eight digits at once, which halves the time of a number of seven digits.
 DigitGroup readDigitGroup(const char* characters) {
-    std::uint64_t bytes = loadCharacters(characters);
-    const auto count = static_cast<std::int32_t>(countBeforeMark(markNonDigits(bytes)));
-    if (count == 0) {
-        return {0, 0};
-    }
-    const std::int32_t rest = 64 - 8 * count;
-    bytes = ((bytes ^ inEveryByte('0')) & ~std::uint64_t{0} >> rest) << rest;
-    bytes = (bytes * 10 + (bytes >> 8)) & 0x00FF00FF00FF00FF;
-    bytes = (bytes * 100 + (bytes >> 16)) & 0x0000FFFF0000FFFF;
-    return {(bytes * 10000 + (bytes >> 32)) & 0xFFFFFFFF, count};
+    const std::uint64_t word = loadCharacters(characters) ^ DIGIT_CHARACTERS;
+    const auto count = static_cast<std::int32_t>(countBeforeMark(nonDigits(word)));
+    return {count != 0 ? digitWordValue(word << (8 * (WORD_DIGITS - count))) : 0, count};
 }
 
 // Copies up to where isDone tells, percent escapes resolved.
@@ -138,7 +131,7 @@ EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
     const DigitLimit limit = digitLimit(MAX_NUMBER_DIGITS, stopAfter);
     const char* const digits = cursor.current;
     DigitGroup group = {0, 0};
-    if (limit.most >= SCAN_WIDTH && textCursorLeft(cursor) >= SCAN_WIDTH) {
+    if (limit.most >= WORD_DIGITS && textCursorLeft(cursor) >= WORD_DIGITS) {
         group = readDigitGroup(digits);
     }
     auto [value, count] = group;

@@ -14,6 +14,15 @@ constexpr std::int32_t sumOfPlaces(std::uint64_t digits, int firstPlace) {
     return static_cast<std::int32_t>(places * 0x0001000100010001 >> 48);
 }
 
+// The sum of sixteen digits in two words with the weights of the check digit that follows them: 3
+// for the last one, then 1 and 3 in turn.
+constexpr std::uint64_t weightedSumOf(std::uint64_t high, std::uint64_t low) {
+    constexpr std::uint64_t places = 0x00FF00FF00FF00FF;
+    const std::uint64_t even = (high & places) + (low & places);
+    const std::uint64_t odd = (high >> 8 & places) + (low >> 8 & places);
+    return (even + 3 * odd) * 0x0001000100010001 >> 48;
+}
+
 // The GS1 modulo 10 check digit, '0' to '9', over the characters before it, up to a NUL. A
 // character that is not a digit goes into the sum by its code less that of '0'.
 //

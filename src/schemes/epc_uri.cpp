@@ -1,13 +1,20 @@
 #include "schemes/epc_uri.h"
 
+#include "schemes/scheme_word.h"
+
 namespace rosetag {
 
 EpcStatus bitsToEpcUri(BitBuffer& bits, std::int32_t dstSize, char* dst, UriForm form) {
     const bool isTagUri = form == UriForm::TAG;
     TextBuffer text = textBufferOver(dst, dstSize);
-    EPC_TRY(textBufferPutString(text, isTagUri ? TAG_URI_PREFIX : PURE_IDENTITY_URI_PREFIX));
     const TagSchemeOps* row = nullptr;
-    EPC_TRY(tagSchemeReadHeader(bits, row));
+    const EpcStatus headerStatus = tagSchemeReadHeader(bits, row);
+    if (row != nullptr && row->numericBitsToUri != nullptr &&
+        row->numericBitsToUri(bits, text, form)) {
+        return EPC_OK;
+    }
+    EPC_TRY(textBufferPutString(text, isTagUri ? TAG_URI_PREFIX : PURE_IDENTITY_URI_PREFIX));
+    EPC_TRY(headerStatus);
     if (row->binaryToUriBody == nullptr) {
         return EPC_ERR_NOT_SUPPORTED;
     }
@@ -17,11 +24,20 @@ EpcStatus bitsToEpcUri(BitBuffer& bits, std::int32_t dstSize, char* dst, UriForm
 }
 
 EpcStatus tagUriReadScheme(TextCursor& cursor, const TagSchemeOps*& row) {
-    std::string_view word;
     EPC_TRY(textCursorExpect(cursor, TAG_URI_PREFIX));
-    EPC_TRY(textCursorReadUntil(cursor, ':', SCHEME_WORD_SIZE, word));
-    row = tagSchemeFindByName(word);
-    return row != nullptr ? EPC_OK : EPC_ERR_UNKNOWN_SCHEME;
+    row = nullptr;
+    SchemeWord word;
+    if (!schemeWordRead(cursor, word)) {
+        std::string_view name;
+        EPC_TRY(textCursorReadUntil(cursor, ':', SCHEME_WORD_SIZE, name));
+        word = schemeWordOf(name);
+    }
+    const EpcScheme scheme = schemeFindByWord(word);
+    if (scheme < 0) {
+        return EPC_ERR_UNKNOWN_SCHEME;
+    }
+    row = &tagSchemeTable[scheme];
+    return EPC_OK;
 }
 
 EpcStatus tagUriReadFilter(TextCursor& cursor, const TagSchemeInfo& info, std::uint32_t& filter) {
@@ -54,6 +70,10 @@ EpcStatus tagUriToBits(BitBuffer& bits, std::string_view text) {
     const TagSchemeOps* row = nullptr;
     std::uint32_t filter = 0;
     EPC_TRY(tagUriReadScheme(cursor, row));
+    if (row->numericTagUriToBits != nullptr &&
+        row->numericTagUriToBits({cursor.current, textCursorEnd(cursor)}, bits)) {
+        return EPC_OK;
+    }
     EPC_TRY(tagUriReadFilter(cursor, row->info, filter));
     return epcUriBodyToBits(cursor, filter, *row, bits);
 }

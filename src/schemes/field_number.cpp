@@ -1,16 +1,12 @@
 #include "schemes/field_number.h"
 
-#include "core/long_decimal.h"
+#include "core/digit_words.h"
 
 #include <algorithm>
 
 namespace rosetag {
 
 namespace {
-
-constexpr std::uint64_t powerOfTen(std::int32_t exponent) {
-    return powersOfTen[static_cast<std::size_t>(exponent)];
-}
 
 EpcStatus writeFitting(BitBuffer& bits, std::uint64_t value, std::int32_t width) {
     return fitsBits(value, width) ? bitBufferWrite(bits, value, width) : EPC_ERR_OUT_OF_RANGE;

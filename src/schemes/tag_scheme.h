@@ -32,6 +32,8 @@ struct TagSchemeOps;
 
 // The slots of a row. All but the bodies of URIs are given their own row, so that nobody looks for
 // it again. Binary slots start after the header.
+using NumericBitsToUri = bool (*)(BitBuffer& bits, TextBuffer& text, UriForm form);
+using NumericTagUriToBits = bool (*)(std::string_view rest, BitBuffer& bits);
 using BinaryToUriBody = EpcStatus (*)(BitBuffer& bits, TextBuffer& text, UriForm form);
 using BinaryToText = EpcStatus (*)(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text);
 using BinaryToAIs = EpcStatus (*)(const TagSchemeOps& row, BitBuffer& bits, const AiRows& rows);
@@ -44,7 +46,9 @@ using TextToBinary = EpcStatus (*)(const TagSchemeOps& row, TextCursor& cursor, 
 
 struct TagSchemeOps {
     const TagSchemeInfo& info;
-    const Gs1KeyDefinition* key; // of the family, or null if it has none
+    const Gs1KeyDefinition* key;                 // of the family, or null if it has none
+    NumericBitsToUri numericBitsToUri = nullptr; // both of numeric schemes, tried before the others
+    NumericTagUriToBits numericTagUriToBits = nullptr;
     BinaryToUriBody binaryToUriBody = nullptr;
     UriBodyToBinary uriBodyToBinary = nullptr;
     BinaryToText binaryToElementString = nullptr;
@@ -69,8 +73,21 @@ inline bool tagSchemeIsKnown(EpcScheme scheme) {
     return scheme >= 0 && scheme < EPC_SCHEME_COUNT;
 }
 
-// Reads the header and finds its row. EPC_ERR_TRUNCATED below eight bits, EPC_ERR_UNKNOWN_HEADER.
-EpcStatus tagSchemeReadHeader(BitBuffer& bits, const TagSchemeOps*& row);
+// Reads the header that a buffer begins with and finds its row. EPC_ERR_TRUNCATED below eight bits,
+// EPC_ERR_UNKNOWN_HEADER; row is null then.
+inline EpcStatus tagSchemeReadHeader(BitBuffer& bits, const TagSchemeOps*& row) {
+    row = nullptr;
+    if (bits.capacity < TAG_HEADER_BITS) {
+        return EPC_ERR_TRUNCATED;
+    }
+    const EpcScheme scheme = tagSchemeByHeader[bits.bytes[0]];
+    if (scheme < 0) {
+        return EPC_ERR_UNKNOWN_HEADER;
+    }
+    bits.position = TAG_HEADER_BITS;
+    row = &tagSchemeTable[scheme];
+    return EPC_OK;
+}
 
 // The number of the scheme with exactly this name; outScheme may be null.
 EpcStatus tagSchemeNameToNumber(std::string_view name, EpcScheme* outScheme);

@@ -1,5 +1,7 @@
 #include "bridge/gs1_key_table.h"
+#include "bridge/numeric_slots.h"
 #include "bridge/plain_slots.h"
+#include "schemes/numeric_uri.h"
 #include "schemes/scheme_codec.h"
 #include "schemes/tag_scheme.h"
 #include "values/plus_slots.h"
@@ -29,6 +31,11 @@ constexpr TagSchemeOps opsOfScheme() {
     } else {
         ops.binaryToUriBody = schemeReadBody<scheme>;
         ops.uriBodyToBinary = schemeWriteBody<scheme>;
+        if constexpr (NUMERIC_ROAD && schemeIsNumeric(row)) {
+            ops.numericBitsToUri = numericBitsToUri<scheme>;
+            ops.numericTagUriToBits = numericTagUriToBits<scheme>;
+            ops.uriBodyToBinary = numericWriteBody<scheme>;
+        }
         if constexpr (schemeHasGs1Key(row)) {
             static_assert(gs1KeyFindByName(row.familyWord) != nullptr);
             ops.binaryToElementString = plainBinaryToElementString;
@@ -38,6 +45,15 @@ constexpr TagSchemeOps opsOfScheme() {
             ops.barcodeStringToBinary = plainBarcodeStringToBinary;
             ops.binaryToDigitalLink = plainBinaryToDigitalLink;
             ops.digitalLinkToBinary = plainDigitalLinkToBinary;
+            if constexpr (NUMERIC_ROAD && schemeIsNumeric(row)) {
+                ops.binaryToElementString = numericBinaryToElementString<scheme>;
+                ops.binaryToAIs = numericBinaryToAIs<scheme>;
+                ops.elementStringToBinary = numericElementStringToBinary<scheme>;
+                ops.binaryToBarcodeString = numericBinaryToBarcodeString<scheme>;
+                ops.barcodeStringToBinary = numericBarcodeStringToBinary<scheme>;
+                ops.binaryToDigitalLink = numericBinaryToDigitalLink<scheme>;
+                ops.digitalLinkToBinary = numericDigitalLinkToBinary<scheme>;
+            }
         }
         return ops;
     }

@@ -1,0 +1,48 @@
+/*
+ * Four or eight bytes as one number, in either order and at any address, on machines of any byte
+ * order.
+ */
+#ifndef ROSETAG_CORE_BYTE_ORDER_H
+#define ROSETAG_CORE_BYTE_ORDER_H
+
+#include <bit>
+#include <cstdint>
+#include <cstring>
+
+namespace rosetag {
+
+// Compilers know these for the swaps of all bytes that they are.
+constexpr std::uint32_t bytesSwapped(std::uint32_t value) {
+    return value << 24 | (value << 8 & 0x00FF0000) | (value >> 8 & 0x0000FF00) | value >> 24;
+}
+
+constexpr std::uint64_t bytesSwapped(std::uint64_t value) {
+    return std::uint64_t{bytesSwapped(static_cast<std::uint32_t>(value))} << 32 |
+           bytesSwapped(static_cast<std::uint32_t>(value >> 32));
+}
+
+// Number is an unsigned integer of 32 or 64 bits.
+template <std::endian order, typename Number>
+Number bytesLoad(const void* bytes) {
+    Number value = 0;
+    std::memcpy(&value, bytes, sizeof value);
+    return order == std::endian::native ? value : bytesSwapped(value);
+}
+
+template <std::endian order, typename Number>
+void bytesStore(void* bytes, Number value) {
+    value = order == std::endian::native ? value : bytesSwapped(value);
+    std::memcpy(bytes, &value, sizeof value);
+}
+
+inline std::uint64_t loadBigEndian(const std::uint8_t* bytes) {
+    return bytesLoad<std::endian::big, std::uint64_t>(bytes);
+}
+
+inline void storeBigEndian(std::uint8_t* bytes, std::uint64_t value) {
+    bytesStore<std::endian::big>(bytes, value);
+}
+
+} // namespace rosetag
+
+#endif
