@@ -1,6 +1,7 @@
 #include "core/digit_run.h"
 
 #include "core/char_scan.h"
+#include "core/digit_words.h"
 
 #include <algorithm>
 #include <cstring>
@@ -9,7 +10,6 @@ namespace rosetag {
 
 namespace {
 
-constexpr std::int32_t WORD_DIGITS = SCAN_WIDTH;
 constexpr std::int32_t WORD_BITS = WORD_DIGITS * DIGIT_BITS;
 
 // Eight digits of four bits become eight bytes, the first in the highest one, and back.
