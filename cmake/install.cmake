@@ -22,6 +22,12 @@ install(TARGETS rosetag_toolkit EXPORT rosetag-toolkit
 install(EXPORT rosetag-toolkit NAMESPACE rosetag:: FILE rosetag-toolkit-targets.cmake
     DESTINATION ${rosetag_cmake_dir} COMPONENT toolkit)
 
+if(TARGET rosetag_lists)
+    install(TARGETS rosetag_lists EXPORT rosetag-lists ARCHIVE COMPONENT toolkit)
+    install(EXPORT rosetag-lists NAMESPACE rosetag:: FILE rosetag-lists-targets.cmake
+        DESTINATION ${rosetag_cmake_dir} COMPONENT toolkit)
+endif()
+
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/rosetag-config-version.cmake
     COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/rosetag-config-version.cmake

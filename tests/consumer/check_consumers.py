@@ -25,12 +25,22 @@ int main(int, char** arguments) {
     std::cout << rosetag::translate(arguments[1]).tagUri << '\\n';
 }
 """
+LISTS_PROGRAM = """\
+#include <rosetag/toolkit.hpp>
+#include <iostream>
+int main() {
+    rosetag::GcpList list;
+    std::cout << rosetag::readGcpList("<a><b></a>", list).message << '\\n';
+}
+"""
 TOOLKIT_PROJECT = """\
 cmake_minimum_required(VERSION 3.25)
 project(consumer LANGUAGES CXX)
-find_package(rosetag CONFIG REQUIRED COMPONENTS toolkit)
+find_package(rosetag CONFIG REQUIRED COMPONENTS toolkit lists)
 add_executable(whatever whatever.cpp)
 target_link_libraries(whatever PRIVATE rosetag::toolkit)
+add_executable(lists lists.cpp)
+target_link_libraries(lists PRIVATE rosetag::lists)
 """
 C_FLAGS = ["-std=c99", "-Wall", "-Wextra", "-Wpedantic", "-Werror"]
 DECODE = os.path.join(SOURCE, "examples/decode.c")
@@ -112,10 +122,13 @@ class Consumers(unittest.TestCase):
         self.run_command("c++", "-std=c++20", self.path("whatever.cpp"), "-o", self.path("whatever"),
                          *self.flags_of("rosetag-toolkit"))
         self.expect_decodes(self.path("whatever"))
+        with open(self.path("lists.cpp"), "w", encoding="ascii") as file:
+            file.write(LISTS_PROGRAM)
         with open(self.path("CMakeLists.txt"), "w", encoding="ascii") as file:
             file.write(TOOLKIT_PROJECT)
         build = self.build(self.work, f"-DCMAKE_PREFIX_PATH={self.prefix}")
         self.expect_decodes(os.path.join(build, "whatever"))
+        self.assertIn("this is not XML", self.run_command(os.path.join(build, "lists")))
 
     def test_installed_files(self):
         self.environment["DESTDIR"] = self.path("root")
