@@ -32,6 +32,16 @@ void reportFailure(CheckRun& run, Place place, const Translation& translation) {
     report(run, rule, {}, hasPlace ? culprit : place, detail);
 }
 
+// What looks wrong in the bits of a tag value, although they can be read.
+void reportWarnings(CheckRun& run, Place place, const Translation& translation) {
+    for (const Note& note : translation.notes) {
+        if (note.severity == Severity::WARNING) {
+            const Place culprit = {place.position + note.position, note.length};
+            report(run, CheckRule::TAG_VALUE, {}, culprit, note.text).severity = note.severity;
+        }
+    }
+}
+
 // Of a value whose AIs do not stand in it as text: each has the place of the whole.
 void checkTranslated(CheckRun& run, Place place) {
     Translation translation;
@@ -41,6 +51,7 @@ void checkTranslated(CheckRun& run, Place place) {
         return;
     }
     run.kind = TextKind::TAG_VALUE;
+    reportWarnings(run, place, translation);
     for (const AiValue& ai : translation.ais) {
         const KnownAi& known = knownAiOf(ai.ai);
         checkAi(run, {ai.ai, known.rule, ai.value, place.position, place.length}, known,
@@ -90,6 +101,9 @@ void checkPlace(CheckRun& run, Place place) {
     default:
         checkTranslated(run, place);
         return;
+    }
+    if (run.count == 0 && run.findings.empty()) {
+        report(run, CheckRule::UNKNOWN_FORM, {}, place, "there is no AI in it: give one");
     }
     std::sort(run.findings.begin(), run.findings.end(), isBefore);
     checkAssociations(run);
