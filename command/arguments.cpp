@@ -1,11 +1,13 @@
 #include "arguments.h"
 
+#include <rosetag/toolkit.hpp>
+
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <map>
+#include <numeric>
 
 namespace rosetag {
 
@@ -69,17 +71,19 @@ constexpr const char* tidExamples = R"(Examples:
   rosetag tid E2003412
   rosetag tid "E280 1130 2000 1234 5678 9ABC")";
 
-const std::map<std::string, int> encodingWords = {
-    {"auto", AI_ENC_AUTO},           {"integer", AI_ENC_INTEGER},
-    {"hex-upper", AI_ENC_HEX_UPPER}, {"hex-lower", AI_ENC_HEX_LOWER},
-    {"base64url", AI_ENC_BASE64URL}, {"iso646", AI_ENC_ISO646},
-    {"code40", AI_ENC_CODE40},
-};
+constexpr const char* autoWord = "auto";
+
+// AI_ENC_AUTO for the word that is no encoding's.
+int encodingOf(std::string_view word) {
+    const auto words = encodingWords();
+    const auto found = std::find(words.begin(), words.end(), word);
+    return found == words.end() ? AI_ENC_AUTO : static_cast<int>(found - words.begin());
+}
 
 // What CLI11 fills before it becomes Arguments.
 struct Words {
     std::string scheme;
-    std::string encoding = "auto";
+    std::string encoding = autoWord;
     std::string aiValue;
     std::string hex;
     std::string column;
@@ -152,14 +156,16 @@ void addGcpLength(CLI::App& command, Arguments& arguments) {
 }
 
 void addEncoding(CLI::App& command, Words& words) {
-    std::vector<std::string> names;
-    for (const auto& [name, value] : encodingWords) {
-        names.push_back(name);
+    std::vector<std::string> names = {autoWord};
+    for (const std::string_view word : encodingWords()) {
+        names.emplace_back(word);
     }
+    const std::string listed = std::accumulate(
+        names.begin() + 1, names.end() - 1, names.front(),
+        [](const std::string& list, const std::string& name) { return list + ", " + name; });
     command
         .add_option("--encoding", words.encoding,
-                    "how texts stand in the bits of a plus scheme: auto, integer, hex-upper, "
-                    "hex-lower, base64url, iso646 or code40")
+                    "how texts are encoded in a plus scheme: " + listed + " or " + names.back())
         ->type_name("E")
         ->check(CLI::IsMember(names));
 }
@@ -223,7 +229,7 @@ CLI::App& addHexReader(CLI::App& app, Arguments& arguments, const char* name,
 }
 
 void applyWords(Arguments& arguments, const Words& words) {
-    arguments.encode.encoding = encodingWords.at(words.encoding);
+    arguments.encode.encoding = encodingOf(words.encoding);
     if (!words.scheme.empty()) {
         arguments.encode.scheme = schemeByName(words.scheme);
         if (arguments.encode.scheme == nullptr) {

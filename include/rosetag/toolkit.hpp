@@ -414,6 +414,10 @@ std::string describe(const Translation& translation);
  * ---- Encoding ----
  */
 
+/** The words for the encodings of text, by AI_ENC_INTEGER to AI_ENC_CODE40: "integer", "hex-upper".
+ */
+std::span<const std::string_view> encodingWords();
+
 /** What a text does not tell of the tag value that it becomes. */
 struct EncodeOptions {
     ReadOptions read;                   ///< gcpLength counts here too.

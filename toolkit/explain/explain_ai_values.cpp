@@ -2,7 +2,10 @@
 
 #include "explain/explain_ai_text.h"
 #include "gs1/ai_prefix.h"
+#include "values/ai_code_bits.h"
 #include "values/date_kinds.h"
+#include "values/small_kinds.h"
+#include "values/text_kinds.h"
 #include "words/ai_words.h"
 
 #include <array>
@@ -11,12 +14,9 @@ namespace rosetag {
 
 namespace {
 
-constexpr std::size_t digitBits = 4;
-constexpr std::size_t letterBits = 6;
-
 // Reads digits of four bits each. False at something else, which other then is.
 bool extendDigit(Walk& walk, std::string& digits, std::uint64_t& other) {
-    const std::string_view bits = walkExtend(walk, digitBits);
+    const std::string_view bits = walkExtend(walk, DIGIT_BITS);
     other = numberOfBits(bits);
     if (!walk.isGood || other > 9) {
         return false;
@@ -27,7 +27,7 @@ bool extendDigit(Walk& walk, std::string& digits, std::uint64_t& other) {
 
 void walkDigits(Walk& walk, const AiSubject& subject, std::size_t count) {
     walkTake(walk, fieldName(subject, "digits"), 0);
-    walkGroup(walk, digitBits);
+    walkGroup(walk, DIGIT_BITS);
     std::string digits;
     std::uint64_t other = 0;
     while (digits.size() < count) {
@@ -40,19 +40,17 @@ void walkDigits(Walk& walk, const AiSubject& subject, std::size_t count) {
 
 // Digits up to a mark: one that ends the value, or one that a text follows.
 void walkDigitsThenText(Walk& walk, const AiSubject& subject, const AiComponent& component) {
-    constexpr std::uint64_t textMark = 14;
-    constexpr std::uint64_t endMark = 15;
     walkTake(walk, fieldName(subject, "digits"), 0);
-    walkGroup(walk, digitBits);
+    walkGroup(walk, DIGIT_BITS);
     std::string digits;
     std::uint64_t mark = 0;
     while (extendDigit(walk, digits, mark)) {
     }
-    if (mark != textMark && mark != endMark) {
+    if (mark != SWITCH_TO_TEXT && mark != END_OF_DIGITS) {
         walkFail(walk, std::to_string(mark) + " is neither a digit nor an end");
     }
     meanValue(walk, subject, digits);
-    if (walk.isGood && mark == textMark) {
+    if (walk.isGood && mark == SWITCH_TO_TEXT) {
         walkField(walk).meaning += ", then text";
         walkText(walk, subject, component);
     }
@@ -119,10 +117,10 @@ void walkDateTimeVar(Walk& walk, const AiSubject& subject) {
 
 void walkLetters(Walk& walk, const AiSubject& subject, std::size_t count) {
     walkTake(walk, fieldName(subject, "letters"), 0);
-    walkGroup(walk, letterBits);
+    walkGroup(walk, LETTER_BITS);
     std::string letters;
     while (letters.size() < count) {
-        const std::uint64_t letter = numberOfBits(walkExtend(walk, letterBits));
+        const std::uint64_t letter = numberOfBits(walkExtend(walk, LETTER_BITS));
         if (!walk.isGood || letter > 25) {
             return walkFail(walk, std::to_string(letter) + " is not a letter");
         }
@@ -194,7 +192,7 @@ std::string codeAndTitle(std::string_view code) {
 
 std::string walkAiCode(Walk& walk) {
     walkTake(walk, "AI code", 0);
-    walkGroup(walk, digitBits);
+    walkGroup(walk, DIGIT_BITS);
     std::string code;
     std::size_t length = 2;
     std::uint64_t other = 0;
@@ -217,13 +215,13 @@ std::string walkAiCode(Walk& walk) {
 // The section has ended where its rest cannot be an AI: 0000 0000 with too few bits for an SSCC
 // after it is filling.
 bool dataSectionEnds(const Walk& walk) {
-    constexpr std::size_t bitsOfTwoDigits = 2 * digitBits;
-    const std::size_t bitsOfSscc = aiRowOf("00")->components[0].digitCount * digitBits;
     const std::size_t left = walkLeft(walk);
+    if (left <= AI_PREFIX_BITS) {
+        return true;
+    }
     const std::string_view bits = walk.explanation.bits;
-    return left <= bitsOfTwoDigits ||
-           (left - bitsOfTwoDigits < bitsOfSscc &&
-            numberOfBits(bits.substr(walk.position, bitsOfTwoDigits)) == 0);
+    return left < AI_PREFIX_BITS + AI_00_VALUE_BITS &&
+           numberOfBits(bits.substr(walk.position, AI_PREFIX_BITS)) == 0;
 }
 
 } // namespace
