@@ -28,8 +28,8 @@ class RosetagError(ValueError):
     >>> try:
     ...     rosetag.decode("(01)80614141123459")
     ... except rosetag.RosetagError as error:
-    ...     print(error.status.name, error.position, error.culprit)
-    CHECK_DIGIT 17 9
+    ...     print(error.status.name)
+    CHECK_DIGIT
 
     Attributes:
         status: what was wrong, a :class:`Status`.

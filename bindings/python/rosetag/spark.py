@@ -1,0 +1,163 @@
+"""The functions on columns of Apache Spark.
+
+:func:`decode` and :func:`encode` are column functions; :func:`register` gives them to SQL. Batches
+go to them as Arrow arrays, so that a row costs little more than the library itself. The executors
+need the wheel of this package, see ``docs/spark.md``.
+
+    import rosetag.spark as rs
+    reads.select("epc", rs.decode("epc", to="gtin").alias("gtin"))
+"""
+
+from __future__ import annotations
+
+from collections.abc import Callable, Iterable
+from typing import Any
+
+import pyarrow as pa
+from pyspark.sql import Column, SparkSession
+from pyspark.sql import functions as F
+from pyspark.sql.types import BinaryType, ByteType, DataType, ShortType, StringType
+from pyspark.sql.types import StructField, StructType
+
+from rosetag import columns
+from rosetag._api import Encoding
+
+__all__ = ["SQL_FUNCTIONS", "decode", "encode", "register"]
+
+# Spark has no unsigned bytes.
+_TYPES: dict[str, DataType] = {
+    "bytes": BinaryType(),
+    "filter": ByteType(),
+    "status": ShortType(),
+}
+_ARROW_TYPES = {"status": pa.int16()}
+
+
+def _type_of(output: str) -> DataType:
+    return _TYPES.get(output, StringType())
+
+
+def _arrays(rows: columns.Columns) -> list[pa.Array]:
+    batch = pa.record_batch(rows)
+    return [
+        array.cast(_ARROW_TYPES[name]) if name in _ARROW_TYPES else array
+        for name, array in zip(batch.schema.names, batch.columns)
+    ]
+
+
+def _function(to: str | Iterable[str], call: Callable[..., columns.Columns]) -> Any:
+    """An Arrow function: one column for one output, a struct for several."""
+    if isinstance(to, str):
+        return F.arrow_udf(lambda *arrays: _arrays(call(*arrays))[0], _type_of(to))
+    outputs = list(to)
+    struct = StructType([StructField(name, _type_of(name)) for name in outputs])
+
+    def rows(*arrays: pa.Array) -> pa.Array:
+        return pa.StructArray.from_arrays(_arrays(call(*arrays)), names=outputs)
+
+    return F.arrow_udf(rows, struct)
+
+
+def _column(option: Any) -> Column:
+    """A column as it is, a name as the column of that name."""
+    return F.col(option) if isinstance(option, str) else option
+
+
+def decode(
+    values: Column | str,
+    to: str | Iterable[str],
+    *,
+    gcp_length: Column | int | None = None,
+    as_barcode: bool = False,
+    strict: bool = False,
+) -> Column:
+    """Translates a column of values.
+
+    Args:
+        values: a column, or its name: texts in any form, or the bytes of tag values as binary.
+        to: an output of :func:`rosetag.columns.decode`; several become a struct.
+        gcp_length: digits of the company prefix, 6 to 12; or a column of them.
+        as_barcode, strict: as for :func:`rosetag.decode`.
+
+    Returns:
+        A column. A row that fails is null, and so is a null; "status" and "status_name" say why.
+    """
+    outputs = to if isinstance(to, str) else tuple(to)
+    options = {"as_barcode": as_barcode, "strict": strict}
+    if isinstance(gcp_length, Column):
+        return _function(
+            outputs,
+            lambda array, lengths: columns.decode(
+                array, outputs, gcp_length=lengths, **options
+            ),
+        )(_column(values), gcp_length)
+    return _function(
+        outputs, lambda array: columns.decode(array, outputs, gcp_length=gcp_length, **options)
+    )(_column(values))
+
+
+def encode(
+    values: Column | str,
+    scheme: Column | str,
+    *,
+    filter: Column | int = 0,
+    gcp_length: Column | int | None = None,
+    encoding: Encoding = "auto",
+    to: str | Iterable[str] = "hex",
+) -> Column:
+    """Makes tag values of a column.
+
+    Args:
+        values: a column, or its name.
+        scheme: the name of a scheme, or a column of names.
+        filter, gcp_length: numbers, or columns of them.
+        encoding: how texts stand in the bits of a plus scheme.
+        to: an output of :func:`rosetag.columns.encode`; several become a struct.
+    """
+    outputs = to if isinstance(to, str) else tuple(to)
+    given = {"scheme": scheme, "filter": filter, "gcp_length": gcp_length}
+    of_rows = {name: option for name, option in given.items() if isinstance(option, Column)}
+    constants = {name: option for name, option in given.items() if name not in of_rows}
+
+    def call(array: pa.Array, *others: pa.Array) -> columns.Columns:
+        options: dict[str, Any] = {**constants, **dict(zip(of_rows, others))}
+        return columns.encode(array, encoding=encoding, to=outputs, **options)
+
+    return _function(outputs, call)(_column(values), *of_rows.values())
+
+
+SQL_FUNCTIONS = {
+    "epc_scheme": "scheme",
+    "epc_tag_uri": "tag_uri",
+    "epc_pure_identity": "pure_identity",
+    "epc_element_string": "element_string",
+    "epc_barcode_string": "barcode_string",
+    "epc_digital_link": "digital_link",
+    "epc_hex": "hex",
+    "epc_gtin": "gtin",
+    "epc_serial": "serial",
+    "epc_filter": "filter",
+    "epc_status": "status_name",
+}
+"""The functions of one value that :func:`register` gives to SQL, and the output of each."""
+
+
+def register(spark: SparkSession) -> None:
+    """Gives the functions to SQL: ``SELECT epc_gtin(epc), count(*) FROM reads GROUP BY 1``.
+
+    The names are those of :data:`SQL_FUNCTIONS`, and
+    ``epc_encode(text, scheme, filter, gcp_length)``, whose gcp_length may be null.
+    """
+    for name, output in SQL_FUNCTIONS.items():
+        spark.udf.register(
+            name, _function(output, lambda array, output=output: columns.decode(array, output))
+        )
+    spark.udf.register(
+        "epc_encode",
+        _function(
+            "hex",
+            lambda array, schemes, filters, lengths: columns.encode(
+                array, schemes, filter=filters, gcp_length=lengths, to="hex"
+            ),
+        ),
+    )

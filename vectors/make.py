@@ -1,0 +1,380 @@
+#!/usr/bin/env python3
+"""Makes rosetag.tsv: python3 vectors/make.py > vectors/rosetag.tsv
+
+The inputs are made here: every scheme at the borders of its fields, every AI, texts that fail. What
+becomes of them is asked of the library, through its Python package. Where this file can work a
+result out by itself (the bits of numeric schemes, the GS1 texts of keys, check digits) it does, and
+stops at the first that differs.
+"""
+
+import itertools
+import random
+import sys
+
+import rosetag
+
+COLUMNS = ["id", "op", "input", "scheme", "filter", "gcp_length", "encoding", "status", "output"]
+
+FORMS = [
+    "hex", "tag_uri", "pure_identity", "element_string", "barcode_string", "digital_link",
+    "gtin", "serial",
+]
+
+GROUP_SEPARATOR = "\x1d"
+
+generator = random.Random(1)
+rows: list[list[str]] = []
+
+
+def escaped(text: str) -> str:
+    """A cell: backslash, tab, line feed and whatever is not printable ASCII as escapes."""
+    named = {"\\": "\\\\", "\t": "\\t", "\n": "\\n"}
+    return "".join(
+        named.get(chr(byte), chr(byte) if 0x20 <= byte < 0x7F else f"\\x{byte:02X}")
+        for byte in text.encode("utf-8", "surrogateescape")
+    )
+
+
+def add(kind: str, op: str, value: str, result, scheme="", filter="", gcp_length="", encoding=""):
+    """Runs result() and adds its row. Returns the output, None after a failure."""
+    try:
+        output, status = result(), "EPC_OK"
+        output = "" if output is None else str(output)
+    except rosetag.RosetagError as error:
+        name = error.status.name
+        output, status = None, name if name == "OK" else f"EPC_ERR_{name}"
+    cells = [value, scheme, filter, gcp_length, encoding, status, output or ""]
+    rows.append([f"{kind}-{len(rows) + 1:04}", op, *(escaped(str(cell)) for cell in cells)])
+    return output
+
+
+def expect(expected: str, found: str | None, what: str) -> None:
+    if expected != found:
+        sys.exit(f"{what}: worked out {expected!r}, the library says {found!r}")
+
+
+def decode_rows(kind: str, value: str, forms=FORMS, also=("scheme", "filter", "ais")) -> dict[str, str | None]:
+    found = {form: add(kind, form, value, lambda: rosetag.convert(value, form)) for form in forms}
+
+    details = {
+        "scheme": lambda: rosetag.decode(value).scheme,
+        "filter": lambda: rosetag.decode(value).filter,
+        "ais": lambda: "".join(f"({ai}){text}" for ai, text, _ in rosetag.decode(value).ais),
+    }
+    for op, result in details.items():
+        found[op] = add(kind, op, value, result) if op in also else None
+    return found
+
+
+def encode_row(kind, value, scheme, filter="", gcp_length="", encoding="auto"):
+    return add(
+        kind, "encode", value,
+        lambda: rosetag.encode(
+            value, scheme or None, filter=None if filter == "" else filter,
+            gcp_length=None if gcp_length == "" else gcp_length, encoding=encoding,
+        ),
+        scheme, filter, gcp_length, "" if encoding == "auto" else encoding,
+    )
+
+
+# ---- What this file knows by itself ----
+
+
+def check_digit(digits: str) -> str:
+    weighted = sum(int(d) * (3 if i % 2 == 0 else 1) for i, d in enumerate(reversed(digits)))
+    return str(-weighted % 10)
+
+
+# Bits of the company prefix by the partition value.
+PREFIX_BITS = [40, 37, 34, 30, 27, 24, 20]
+
+# EPC Tag Data Standard, section 14.6: bits and digits of prefix and reference together, what
+# follows, and how they stand in AIs.
+#   numbers: header, bits of prefix and reference, digits of both, bits of the serial
+NUMERIC = {
+    "sgtin-96": (0x30, 44, 13, 38),
+    "sscc-96": (0x31, 58, 17, 24),
+    "sgln-96": (0x32, 41, 12, 41),
+    "grai-96": (0x33, 44, 12, 38),
+    "gsrn-96": (0x2D, 58, 17, 24),
+    "gsrnp-96": (0x2E, 58, 17, 24),
+    "gdti-96": (0x2C, 41, 12, 41),
+}
+HAS_SERIAL = {"sgtin-96", "sgln-96", "grai-96", "gdti-96"}
+
+
+def numeric_hex(scheme: str, filter: int, prefix: str, reference: str, serial: str) -> str:
+    header, both_bits, _, serial_bits = NUMERIC[scheme]
+    partition = 12 - len(prefix)
+    prefix_bits = PREFIX_BITS[partition]
+    bits = f"{header:08b}{filter:03b}{partition:03b}{int(prefix):0{prefix_bits}b}"
+    bits += f"{int(reference or 0):0{both_bits - prefix_bits}b}{int(serial or 0):0{serial_bits}b}"
+    return f"{int(bits, 2):024X}"
+
+
+def element_string(scheme: str, prefix: str, reference: str, serial: str) -> str:
+    """The AIs of a key, by the correspondence of EPC Tag Data Standard, section 7."""
+    family = scheme.split("-")[0].rstrip("+")
+    if family in ("sgtin", "itip", "sscc"):
+        key = reference[0] + prefix + reference[1:]
+    elif family == "grai":
+        key = "0" + prefix + reference
+    else:
+        key = prefix + reference
+    if family not in ("giai", "cpi"):
+        key += check_digit(key)
+    return {
+        "sgtin": f"(01){key}(21){serial}",
+        "sscc": f"(00){key}",
+        "sgln": f"(414){key}(254){serial}",
+        "grai": f"(8003){key}{serial}",
+        "giai": f"(8004){key}",
+        "gsrn": f"(8018){key}",
+        "gsrnp": f"(8017){key}",
+        "gdti": f"(253){key}{serial}",
+        "cpi": f"(8010){key}(8011){serial}",
+        "sgcn": f"(255){key}{serial}",
+        "itip": f"(8006){key}0102(21){serial}",
+    }[family]
+
+
+# ---- Plain schemes ----
+
+# Digits or characters of the reference at a company prefix of 12 digits, and serials at the borders.
+PLAIN = {
+    "sgtin-96": (1, ["0", "1", "274877906943"]),
+    "sgtin-198": (1, ["A", "a/b", "!\"%&'()*+,-./0123"]),
+    "sscc-96": (5, [""]),
+    "sgln-96": (0, ["0", "5678", "2199023255551"]),
+    "sgln-195": (0, ["0", "32a/b", "Z" * 20]),
+    "grai-96": (0, ["0", "5678", "274877906943"]),
+    "grai-170": (0, ["0", "32a/b", "Z" * 16]),
+    "giai-96": (None, ["0", "5678", "999999999999"]),
+    "giai-202": (None, ["0", "32a/b", "Z" * 18]),
+    "gsrn-96": (5, [""]),
+    "gsrnp-96": (5, [""]),
+    "gdti-96": (0, ["0", "5678", "2199023255551"]),
+    "gdti-113": (0, ["0", "006789", "12345678901234567"]),
+    "gdti-174": (0, ["0", "ABCDefgh012345678", "a/b"]),
+    "cpi-96": (None, ["0", "12345", "2147483647"]),
+    "cpi-var": (None, ["0", "12345", "999999999999"]),
+    "sgcn-96": (0, ["0", "04711", "999999999999"]),
+    "itip-110": (1, ["0", "981", "274877906943"]),
+    "itip-212": (1, ["mw133", "a/b", "Z" * 20]),
+}
+
+
+def number(digits: int) -> str:
+    return "".join(generator.choice("0123456789") for _ in range(digits))
+
+
+def plain_keys(scheme: str, prefix_length: int):
+    """(prefix, reference, serial) at the borders of a scheme and at random."""
+    at_twelve, serials = PLAIN[scheme]
+    for position, serial in enumerate(serials):
+        prefix = ["0" * prefix_length, "9" * prefix_length, number(prefix_length)][position % 3]
+        if at_twelve is not None:
+            size = at_twelve + 12 - prefix_length
+            yield prefix, ["0" * size, "9" * size, number(size)][(position + 1) % 3], serial
+        elif scheme.startswith("cpi"):
+            yield prefix, ["1", "123", "5PQ7/Z43"[: 3 if scheme == "cpi-96" else 8]][
+                position % (2 if scheme == "cpi-96" else 3)
+            ], serial
+        else:
+            yield prefix, serial, ""
+
+
+def plain_rows() -> None:
+    for scheme, prefix_length in itertools.product(PLAIN, range(6, 13)):
+        for prefix, reference, serial in plain_keys(scheme, prefix_length):
+            filter = generator.randrange(8)
+            text = element_string(scheme, prefix, reference, serial)
+            value = encode_row("plain", text, scheme, filter, prefix_length)
+            if value is None:
+                continue
+            if scheme in NUMERIC:
+                expect(numeric_hex(scheme, filter, prefix, reference, serial), value, text)
+            also = generator.choice(["scheme", "filter", "ais"])
+            found = decode_rows("plain", value, generator.sample(FORMS, 2), [also])
+            expect({"scheme": scheme, "filter": str(filter), "ais": text}[also], found[also], value)
+            expect(text, rosetag.convert(value, "element_string"), value)
+            uri = rosetag.convert(value, "tag_uri")
+            expect(value, add("uri", "hex", uri, lambda: rosetag.convert(uri, "hex")), uri)
+            link = add("text", "digital_link", text, lambda: rosetag.convert(text, "digital_link"))
+            expect(value, encode_row("link", link, scheme, filter, prefix_length), link)
+
+
+def uri_rows() -> None:
+    """The schemes that have no GS1 form."""
+    bodies = {
+        "gid-96": ["0.0.0", "268435455.16777215.68719476735", "31415.271828.1414"],
+        "usdod-96": ["CAGEY.0", "2S194.68719476735", "DODAAC.12345"],
+        "adi-var": ["35962.PQ7VZ4.M37GXB92", "W81X9C..%2312345", "1AAAA.%2F.A", "35962..ABC"],
+    }
+    limits = {"gid-96": [None], "usdod-96": [0, 7, 14], "adi-var": [0, 31, 63]}
+    for scheme, texts in bodies.items():
+        for text, filter in itertools.product(texts, limits[scheme]):
+            head = "" if filter is None else f"{filter}."
+            uri = f"urn:epc:tag:{scheme}:{head}{text}"
+            value = add("uri", "hex", uri, lambda: rosetag.convert(uri, "hex"))
+            if value is not None:
+                found = decode_rows("uri", value)
+                expect(uri, found["tag_uri"], value)
+
+
+# ---- Plus schemes ----
+
+PLUS = {
+    "sgtin+": ["(01)80614141123458(21)6789", "(01)80614141123458(21)a/b(10)LOT7(17)251231"],
+    "dsgtin+": [
+        "(01)80614141123458(21)6789(17)251231", "(01)80614141123458(21)ABC(11)240229(10)LOT",
+        "(01)80614141123458(21)1(15)260400", "(01)80614141123458(21)1(7007)240101",
+    ],
+    "sscc+": ["(00)106141412345678908", "(00)106141412345678908(02)80614141123458(37)12"],
+    "sgln+": ["(414)0614141123452(254)5678", "(414)0614141123452(254)a/b"],
+    "grai+": ["(8003)006141411234525678", "(8003)00614141123452A/b", "(8003)00614141123452"],
+    "giai+": ["(8004)061414112345", "(8004)0614141ABC/d", "(8004)0614141Z"],
+    "gsrn+": ["(8018)061414112345678902"],
+    "gsrnp+": ["(8017)061414112345678902"],
+    "gdti+": ["(253)06141411234525678", "(253)0614141123452ABC", "(253)0614141123452"],
+    "cpi+": ["(8010)0614141123(8011)12345", "(8010)0614141PQ7/Z43(8011)0"],
+    "sgcn+": ["(255)061414112345204711", "(255)0614141123452"],
+    "itip+": ["(8006)806141411234580102(21)981", "(8006)806141411234580102(21)a/b(10)L"],
+}
+ENCODINGS = ["auto", "integer", "hex-upper", "hex-lower", "base64url", "iso646", "code40"]
+
+
+def plus_rows() -> None:
+    for scheme, texts in PLUS.items():
+        for text, filter in itertools.product(texts, [0, 7]):
+            value = encode_row("plus", text, scheme, filter)
+            if value is None:
+                sys.exit(f"{text} does not go into {scheme}")
+            found = decode_rows("plus", value)
+            expect(scheme, found["scheme"], value)
+            expect(str(filter), found["filter"], value)
+            link = found["digital_link"]
+            expect(value, encode_row("link", link, scheme, filter), link)
+            barcode = found["barcode_string"]
+            expect(value, encode_row("barcode", "]C1" + barcode, scheme, filter), barcode)
+    for serial, encoding in itertools.product(["123", "0123", "AB", "ab", "a-B", "A/B"], ENCODINGS):
+        encode_row("encoding", f"(01)80614141123458(21){serial}", "sgtin+", 0, "", encoding)
+
+
+# ---- Single AI values ----
+
+AI_VALUES = {
+    "00": "106141412345678908", "01": "80614141123458", "02": "80614141123458",
+    "10": "LOT7", "11": "240229", "17": "260400", "20": "07", "21": "ABCG", "22": "2A",
+    "235": "X0g,Bz0", "240": "A-1", "242": "000123", "253": "0614141123452ABC",
+    "254": "32a/b", "255": "061414112345204711", "30": "12", "3103": "001250", "3202": "999999",
+    "37": "20", "3902": "1250", "3912": "9781250", "3922": "1", "3932": "9781", "3941": "0250",
+    "3953": "000100", "400": "PO-1", "401": "0614141ABC", "402": "06141411234567894",
+    "410": "0614141123452", "414": "0614141123452", "417": "0614141123452", "420": "12345",
+    "421": "276AB12", "422": "276", "423": "276250", "426": "840", "427": "NY", "4300": "A%20B",
+    "4307": "DE", "4309": "02790858483015297971", "4321": "1", "4324": "2601010830",
+    "4326": "260101", "4330": "000123", "4331": "000123-", "7001": "1234567890123",
+    "7003": "2601010830", "7004": "1234", "7005": "12.3", "7006": "260101", "7007": "260101260131",
+    "7008": "COD", "7011": "2601010830", "7020": "R1", "7023": "0614141ABC", "7030": "276AB12",
+    "7040": "1ABC", "710": "PZN1", "7230": "EM123", "7240": "P1", "7241": "10", "7242": "V1",
+    "8001": "12345678901234", "8002": "CMT", "8003": "00614141123452A1", "8004": "0614141ABC",
+    "8005": "001250", "8006": "806141411234580102", "8007": "DE89370400440532013000",
+    "8008": "260101083015", "8009": "OPT", "8010": "0614141ABC", "8011": "12345", "8012": "1.0",
+    "8013": "1987654Ad4X4bL5ttr2310c2K", "8017": "061414112345678902", "8018": "061414112345678902",
+    "8019": "123", "8020": "REF", "8026": "806141411234580102", "8030": "abc-_", "8110": "123",
+    "8111": "0100", "8112": "123", "8200": "https://example.com", "90": "X", "99": "a b"[:1],
+}
+
+
+def ai_rows() -> None:
+    for ai, value in AI_VALUES.items():
+        for encoding in ["auto", *generator.sample(ENCODINGS[1:], 1)]:
+            bits = add(
+                "ai", "encode_ai", f"({ai}){value}",
+                lambda: rosetag.encode_ai(ai, value, with_code=True, encoding=encoding).hex,
+                encoding="" if encoding == "auto" else encoding,
+            )
+            if bits is None:
+                continue
+            found = add("ai", "decode_ai", bits, lambda: "({0}){1}".format(*rosetag.decode_ai(bits)))
+            if encoding == "auto":
+                expect(f"({ai}){value}", found, bits)
+    for ai, value in [
+        ("01", "80614141123459"), ("17", "261301"), ("17", "26010"), ("10", "A" * 21), ("20", "X1"),
+        ("9999", "1"), ("21", "ä"), ("4321", "2"), ("8011", "1234567890123"), ("7003", "2601012530"),
+    ]:
+        add("ai", "encode_ai", f"({ai}){value}",
+            lambda: rosetag.encode_ai(ai, value, with_code=True).hex)
+
+
+# ---- TIDs ----
+
+
+def tid_rows() -> None:
+    for value in [
+        "E2003412", "E280113020001234567890AB", "E2801130200012345678 9ABC".replace(" ", ""),
+        "E2806894200050012345678F", "E20034120000000000000000", "E2C0110120000123456789AB",
+        "E28011052000", "E2801105", "E0040100", "E2", "", "3074257BF7194E4000001A85", "E28011302001",
+    ]:
+        def text():
+            memory = rosetag.tid(value)
+            return f"{memory.designer} {memory.model} {memory.serial or ''}".rstrip()
+        add("tid", "tid", value, text)
+
+
+# ---- What fails, and what people really paste ----
+
+FAILURES = [
+    "", " ", "0", "30", "307", "FF74257BF7194E4000001A85", "307C257BF7194E4000001A85",
+    "3074257BF7194E40000", "3074257BF7194E4000001A8G", "30FFFFFFFFFFFFFFFFFFFFFF",
+    "3174257BF4499602D2000001", "F7", "F70", "E2003412", "hello", "urn:", "urn:epc:",
+    "urn:epc:tag:sgtin-96", "urn:epc:tag:sgtin-97:3.0614141.812345.6789",
+    "urn:epc:tag:sgtin-96:8.0614141.812345.6789", "urn:epc:tag:sgtin-96:3.0614141.812345",
+    "urn:epc:tag:sgtin-96:3.0614141.812345.06789", "urn:epc:tag:sgtin-96:3.0614141.812345.6789x",
+    "urn:epc:tag:sgtin-96:3.06141.41812345.6789", "urn:epc:tag:sgtin-96:3.0614141.812345.274877906944",
+    "urn:epc:tag:sgtin-198:3.0614141.812345.A%2", "urn:epc:tag:sgtin-198:3.0614141.812345.A B",
+    "urn:epc:tag:gid-96:268435456.1.1", "urn:epc:tag:usdod-96:15.CAGEY.1",
+    "urn:epc:tag:adi-var:1.IOIOI..A", "urn:epc:id:sgtin:0614141.812345", "urn:epc:id:none:1.2.3",
+    "(01)80614141123459", "(01)8061414112345", "(01)80614141123458(21)", "(01)80614141123458(21",
+    "(9999)1", "(04)1", "(01)80614141123458(17)261301", "(01)80614141123458(10)ABC(",
+    "(01)80614141123458(00)106141412345678908", "()", "(0", "0180614141123459", "]C10180614141123459",
+    "]X90180614141123458", "https://example.com/01/80614141123459", "https://example.com/",
+    "https://example.com/01/80614141123458/10/%", "https://example.com/01/80614141123458?17=1",
+    "(10)LOT7", "(21)A", "]E09506000134352", "]E09506000134353", "9506000134352", "95060001343520",
+    "(01)80614141123458(21)" + "A" * 21, "(8008)26010199",
+    "(01)80614141123458(01)80614141123458", "".join(f"(91){n}" for n in range(21)), "(4321)2", "(3103)12345",
+    "(01)80614141123458(21)\u00e4", "3074257BF7194E4000001A85\t", "0x3074257BF7194E4000001A85",
+    "30 74 25 7B F7 19 4E 40 00 00 1A 85", "3074-257B-F719-4E40-0000-1A85",
+]
+ENCODE_FAILURES = [
+    ("(01)80614141123458(21)6789", "sgtin-96", 8, 7), ("(01)80614141123458(21)6789", "sgtin-96", 0, ""),
+    ("(01)80614141123458(21)6789", "sgtin-96", 0, 5), ("(01)80614141123458(21)6789", "sgtin-96", 0, 13),
+    ("(01)80614141123458(21)A", "sgtin-96", 0, 7), ("(01)80614141123458(21)0123", "sgtin-96", 0, 7),
+    ("(01)80614141123458(21)274877906944", "sgtin-96", 0, 7), ("(01)80614141123458", "sgtin-96", 0, 7),
+    ("(00)106141412345678908", "sgtin-96", 0, 7), ("(01)80614141123459(21)1", "sgtin-96", 0, 7),
+    ("(8003)00614141123452A", "grai-96", 0, 7), ("(8004)0614141ABC", "giai-96", 0, 7),
+    ("(01)80614141123458(21)1", "dsgtin+", 0, ""), ("(01)80614141123458", "sgtin+", 0, ""),
+    ("(01)80614141123458(21)1(17)261301", "sgtin+", 0, ""), ("(00)106141412345678908", "gid-96", "", 7),
+    ("urn:epc:id:sgtin:0614141.812345.6789", "sscc-96", 0, ""),
+    ("urn:epc:tag:sgtin-96:3.0614141.812345.6789", "sgtin-198", 3, ""),
+    ("(01)80614141123458(21)1(8112)" + "9" * 70 + "(8110)" + "9" * 70, "sgtin+", 0, ""),
+    ("(01)80614141123458(21)1(7007)240101241231", "dsgtin+", 0, ""), ("nothing", "sgtin-96", 0, 7), ("", "sgtin-96", 0, 7),
+]
+
+
+def failure_rows() -> None:
+    for value in FAILURES:
+        decode_rows("odd", value, ["hex", "tag_uri", "element_string", "digital_link", "gtin"])
+    for value, scheme, filter, gcp_length in ENCODE_FAILURES:
+        encode_row("odd", value, scheme, filter, gcp_length)
+
+
+plain_rows()
+uri_rows()
+plus_rows()
+ai_rows()
+tid_rows()
+failure_rows()
+print("\t".join(COLUMNS))
+for row in rows:
+    print("\t".join(row))
