@@ -120,9 +120,12 @@ EpcStatus gs1TextsOfBits(const BitBuffer& bits, FormSet wanted, Translation& res
         EPC_TRY(gs1TextOfBits<EPC_BARCODE_STRING_SIZE>(bits, &TagSchemeOps::binaryToBarcodeString,
                                                        result.barcodeString));
     }
-    if (wanted.has(Form::DIGITAL_LINK)) {
+    if (wanted.has(Form::DIGITAL_LINK) &&
         gs1TextOfBits<EPC_DIGITAL_LINK_SIZE>(bits, &TagSchemeOps::binaryToDigitalLink,
-                                             result.digitalLink);
+                                             result.digitalLink) != EPC_OK) {
+        // Whether the bits can be read at all.
+        EPC_TRY(gs1TextOfBits<EPC_ELEMENT_STRING_SIZE>(bits, &TagSchemeOps::binaryToElementString,
+                                                       result.elementString));
     }
     if (wanted.hasAny(AI_FORMS)) {
         EPC_TRY(aisOfBits(bits, result));
