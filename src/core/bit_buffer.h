@@ -150,11 +150,14 @@ inline bool fitsBits(std::uint64_t value, std::int32_t bitCount) {
     return bitCount >= 64 || (value >> bitCount) == 0;
 }
 
-// Fills up the last 16-bit word with zero bits, as every EPC binary value that is built from text
-// ends.
+// Steps over zero bits to the end of a 16-bit word, where every EPC binary value that is built from
+// text ends.
 inline EpcStatus bitBufferPadToWord(BitBuffer& buffer) {
     const std::int32_t overhang = buffer.position % 16;
-    return overhang == 0 ? EPC_OK : bitBufferWrite(buffer, 0, 16 - overhang);
+    if (overhang == 0) {
+        return EPC_OK;
+    }
+    return bitBufferSkip(buffer, 16 - overhang) == 0 ? EPC_OK : EPC_ERR_NO_ROOM;
 }
 
 } // namespace rosetag

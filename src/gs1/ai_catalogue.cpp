@@ -114,7 +114,7 @@ EpcStatus aiReadCode(TextCursor& cursor, const AiDefinition*& ai) {
         number = number * 10 + static_cast<std::size_t>(code[place] - '0');
     }
     cursor.current += block.codeDigits;
-    ai = aiAtSlot(block.firstSlot + number);
+    ai = &aiCatalogue[block.firstSlot + number];
     return EPC_OK;
 }
 

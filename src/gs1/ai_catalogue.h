@@ -21,9 +21,9 @@ constexpr std::size_t AI_CODE_SIZE = EPC_AI_CODE_SIZE;
 struct AiDefinition {
     char code[AI_CODE_SIZE]; // filled up with NULs
     std::uint8_t codeLength;
-    std::uint16_t packedCode; // four bits a digit
-    std::uint8_t linkKey;     // 1 and the index of its first row among the keys of links, or 0
-    std::uint8_t componentCount;
+    std::uint16_t packedCode;    // four bits a digit
+    std::uint8_t linkKey;        // 1 and the index of its first row among the keys of links, or 0
+    std::uint8_t componentCount; // 0 in an empty slot
     AiComponent components[AI_MAX_COMPONENTS];
 };
 
@@ -86,8 +86,9 @@ const AiDefinition* aiFind(std::string_view code);
 // so.
 std::int32_t aiCodeLength(char first, char second);
 
-// Reads the code at the cursor, whose span is not followed by a digit. ai is null if the code is
-// well formed but not assigned; EPC_ERR_UNKNOWN_AI if no AI begins with its two leading digits.
+// Reads the code at the cursor, whose span is not followed by a digit. ai is an empty slot if the
+// code is well formed but not assigned; EPC_ERR_UNKNOWN_AI if no AI begins with its two leading
+// digits.
 EpcStatus aiReadCode(TextCursor& cursor, const AiDefinition*& ai);
 
 } // namespace rosetag

@@ -118,7 +118,7 @@ EpcStatus readElement(AiElement& element, TextCursor& cursor, const AiSyntax& sy
     const AiDefinition* ai = nullptr;
     EPC_TRY(aiReadCode(cursor, ai));
     EPC_TRY(readDelimiter(cursor, syntax.codeDelimiter));
-    if (ai == nullptr) {
+    if (ai->componentCount == 0) {
         return EPC_ERR_UNKNOWN_AI;
     }
     const char* const value = cursor.current;
