@@ -116,7 +116,8 @@ void addBaseline(const Shared<std::vector<TagSample>>& samples, const SgtinBasel
 
 // The baselines must give what the library gives, or they are no measure of it.
 bool baselinesAgree(const std::vector<TagSample>& samples) {
-    for (const SgtinBaseline* baseline : {&straightforwardBaseline, &handTunedBaseline}) {
+    for (const SgtinBaseline* baseline :
+         {&straightforwardBaseline, &handTunedBaseline, &numbersBaseline}) {
         for (const TagSample& sample : samples) {
             char out[TEXT_SIZE];
             const bool agrees =
@@ -230,6 +231,7 @@ int main(int argc, char** argv) {
     addPrint();
     addBaseline(sgtin, straightforwardBaseline);
     addBaseline(sgtin, handTunedBaseline);
+    addBaseline(sgtin, numbersBaseline);
     for (EpcScheme scheme = 0; scheme < EPC_SCHEME_COUNT; ++scheme) {
         addScheme(scheme);
     }

@@ -56,7 +56,7 @@ constexpr std::int32_t SCHEME_WORD_HASH_BITS = 7;
 
 struct SchemeWordTable {
     std::uint64_t factor;
-    std::array<std::int8_t, 1 << SCHEME_WORD_HASH_BITS> schemes; // -1 in an empty slot
+    std::array<EpcScheme, 1 << SCHEME_WORD_HASH_BITS> schemes; // -1 in an empty slot
     SchemeArray<SchemeWord> words;
 
     constexpr std::size_t slotOf(const SchemeWord& word) const {
@@ -70,11 +70,11 @@ constexpr bool schemeWordTableFill(SchemeWordTable& table) {
     table.schemes.fill(-1);
     for (const SchemeRow& row : schemeRows) {
         table.words.rows[row.scheme] = schemeWordOf(row.name);
-        std::int8_t& slot = table.schemes[table.slotOf(table.words[row.scheme])];
+        EpcScheme& slot = table.schemes[table.slotOf(table.words[row.scheme])];
         if (slot >= 0) {
             return false;
         }
-        slot = static_cast<std::int8_t>(row.scheme);
+        slot = row.scheme;
     }
     return true;
 }
