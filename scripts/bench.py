@@ -31,9 +31,13 @@ SGTIN = ["hex-to-tag-uri", "tag-uri-to-hex", "hex-to-element-string", "element-s
 # what the machine gives).
 RATIOS = (
     [(f"SGTIN-96, {name}", f"sgtin-96/{name}", "the hand-tuned program", f"hand-tuned/{name}",
-      2.5 if "tag-uri" in name else 4.0) for name in SGTIN]
+      limit) for name, limit in zip(SGTIN, (1.25, 1.7, 1.05, 1.2))]
+    + [(f"SGTIN-96, {name}", f"sgtin-96/{name}", "the program of numbers", f"numbers/{name}",
+        1.4) for name in SGTIN]
     + [(f"SGTIN-96, {name}", f"sgtin-96/{name}", "the straightforward program",
         f"straightforward/{name}", 1 / 10 if "tag-uri" in name else 1 / 6) for name in SGTIN]
+    + [(f"{scheme}, {name}", f"{scheme}/{name}", "SGTIN-96", f"sgtin-96/{name}", 1.3)
+       for scheme in ("sscc-96", "giai-96", "gdti-113", "cpi-96", "itip-110") for name in SGTIN]
     + [
         ("element string of five AIs to Digital Link", "five-ais/element-string-to-digital-link",
          "one snprintf", "snprintf/tag-uri", 2.5),
@@ -45,9 +49,9 @@ RATIOS = (
          "one snprintf", "snprintf/tag-uri", 9.0),
         ("TID with serial and all segments", "tid/decode", "one snprintf", "snprintf/tag-uri", 0.6),
         ("sgtin-198 of 20 characters, hex-to-tag-uri", "sgtin-198-long/hex-to-tag-uri",
-         "its numeric twin", "sgtin-96/hex-to-tag-uri", 2.0),
+         "one snprintf", "snprintf/tag-uri", 1.2),
         ("sgtin-198 of 20 characters, tag-uri-to-hex", "sgtin-198-long/tag-uri-to-hex",
-         "its numeric twin", "sgtin-96/tag-uri-to-hex", 2.0),
+         "one snprintf", "snprintf/tag-uri", 1.2),
         ("AI value of 90 digits to hex", "ai-90-digits/to-hex",
          "one snprintf", "snprintf/tag-uri", 10.0),
         ("two threads, time per call", "threads/hex-to-tag-uri/real_time/threads:2",

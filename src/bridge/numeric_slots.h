@@ -144,7 +144,7 @@ ROSETAG_INLINE bool keyRead(NumericReader& reader, std::int32_t prefixDigits,
     NumericPart& reference = identity.parts[1];
     NumericReader digits = {start + leadingDigits<scheme>, start + length - 1};
     reader.current += length;
-    if (!numericReadPrefix(digits, prefixDigits, identity) ||
+    if (!numericReadPrefix<PrefixDigits::ASSUMED>(digits, prefixDigits, identity) ||
         !numericReadDigits<mostRest>(digits, static_cast<std::int32_t>(digits.end - digits.current),
                                      reference) ||
         !charIsDigit(check)) {
@@ -286,7 +286,7 @@ ROSETAG_INLINE bool numericReadGs1Field(NumericReader& reader, std::int32_t pref
     if constexpr (kind == FieldKind::COMPANY_PREFIX && keyIsFixed<scheme>) {
         return keyRead<scheme, syntax>(reader, prefixDigits, identity);
     } else if constexpr (kind == FieldKind::COMPANY_PREFIX) {
-        return numericReadPrefix(reader, prefixDigits, identity);
+        return numericReadPrefix<PrefixDigits::ASSUMED>(reader, prefixDigits, identity);
     } else if constexpr (!fieldIsPart(kind) || (index == REFERENCE_INDEX && keyIsFixed<scheme>)) {
         return true;
     } else {

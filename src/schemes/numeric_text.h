@@ -58,11 +58,11 @@ ROSETAG_INLINE bool literalRead(NumericReader& reader, const Literal<size>& lite
     return true;
 }
 
-// Reads exactly count digits.
+// Reads exactly count digits, mostDigits at most.
 template <std::int32_t mostDigits>
 ROSETAG_INLINE bool numericReadDigits(NumericReader& reader, std::int32_t count,
                                       NumericPart& part) {
-    if (count > mostDigits || count > reader.end - reader.current) {
+    if (count > reader.end - reader.current) {
         return false;
     }
     reader.current += count;
@@ -70,14 +70,18 @@ ROSETAG_INLINE bool numericReadDigits(NumericReader& reader, std::int32_t count,
     return digitsReadBefore<mostDigits>(reader.current, count, part.value);
 }
 
-// Reads a company prefix of count digits, and decides on the partition. Its first digits are taken
-// by themselves, as a whole word before the others may not belong to the text.
+enum class PrefixDigits : std::uint8_t { COUNTED, ASSUMED };
+
+// Reads a company prefix of count digits, and decides on the partition; digits that were counted
+// are known to be digits. The first ones are taken by themselves, as a whole word before the others
+// may not belong to the text.
+template <PrefixDigits digits>
 ROSETAG_INLINE bool numericReadPrefix(NumericReader& reader, std::int32_t count,
                                       NumericIdentity& identity) {
     constexpr std::int32_t most = companyPrefixSizes.front().digits;
     const std::int32_t partition = partitionFindByDigits(count);
-    if (partition < 0 || reader.end - reader.current < WORD_DIGITS ||
-        reader.end - reader.current < count) {
+    const std::ptrdiff_t left = reader.end - reader.current;
+    if (partition < 0 || left < WORD_DIGITS || (digits == PrefixDigits::ASSUMED && left < count)) {
         return false;
     }
     const std::uint64_t first = loadCharacters(reader.current) ^ DIGIT_CHARACTERS;
@@ -86,7 +90,7 @@ ROSETAG_INLINE bool numericReadPrefix(NumericReader& reader, std::int32_t count,
     const std::uint64_t low = digitWordBefore(reader.current, count);
     identity.partition = static_cast<std::size_t>(partition);
     identity.parts[0] = {digitWordValue(high) * WORD_LIMIT + digitWordValue(low), count};
-    return (nonDigits(high) | nonDigits(low)) == 0;
+    return digits == PrefixDigits::COUNTED || (nonDigits(high) | nonDigits(low)) == 0;
 }
 
 // Reads the part of a field after the company prefix. The last one of a text takes what is left.
@@ -109,7 +113,8 @@ ROSETAG_INLINE bool numericReadPart(NumericReader& reader, NumericIdentity& iden
             isLast ? static_cast<std::int32_t>(std::min<std::ptrdiff_t>(left, most + 1))
                    : digitsCount(digits, reader.end);
         const bool isWritten = field.kind == NUMBER_AFTER_ONE || count == 1 || *digits != '0';
-        return count > 0 && isWritten && numericReadDigits<most>(reader, count, part);
+        return count > 0 && count <= most && isWritten &&
+               numericReadDigits<most>(reader, count, part);
     }
 }
 

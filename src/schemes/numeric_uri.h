@@ -94,7 +94,8 @@ template <EpcScheme scheme, std::size_t index>
 ROSETAG_INLINE bool numericReadUriField(NumericReader& reader, NumericIdentity& identity) {
     constexpr FieldKind kind = schemeRows[scheme].fields[index].kind;
     if constexpr (kind == FieldKind::COMPANY_PREFIX) {
-        return numericReadPrefix(reader, digitsCount(reader.current, reader.end), identity);
+        return numericReadPrefix<PrefixDigits::COUNTED>(
+            reader, digitsCount(reader.current, reader.end), identity);
     } else if constexpr (fieldIsPart(kind)) {
         constexpr bool isFirst = fieldPartIndex(schemeRows[scheme], index) == 0;
         return (isFirst || literalRead(reader, Literal<1>{{'.'}})) &&
