@@ -55,14 +55,16 @@ install(FILES ${PROJECT_SOURCE_DIR}/LICENSE
 
 if(TARGET rosetag_command)
     install(TARGETS rosetag_command RUNTIME COMPONENT tools)
-    set(completions ${PROJECT_SOURCE_DIR}/command/completions)
-    install(FILES ${PROJECT_SOURCE_DIR}/command/man/rosetag.1
-        DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
-    install(FILES ${completions}/rosetag
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tools)
-    install(FILES ${completions}/_rosetag DESTINATION ${ROSETAG_ZSH_DIR} COMPONENT tools)
-    install(FILES ${completions}/rosetag.fish
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT tools)
+    if(rosetag_pages_dir)
+        install(FILES ${rosetag_pages_dir}/rosetag.1
+            DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
+        install(FILES ${rosetag_pages_dir}/rosetag
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tools)
+        install(FILES ${rosetag_pages_dir}/_rosetag
+            DESTINATION ${ROSETAG_ZSH_DIR} COMPONENT tools)
+        install(FILES ${rosetag_pages_dir}/rosetag.fish
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT tools)
+    endif()
 
     # What the packages are made of, as a list for programs (SPDX).
     file(STRINGS ${PROJECT_SOURCE_DIR}/CHANGELOG.md rosetag_release_date LIMIT_COUNT 1

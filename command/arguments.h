@@ -1,11 +1,13 @@
 /*
- * The arguments of the command.
+ * What the command is told on its command line.
  */
 #ifndef ROSETAG_COMMAND_ARGUMENTS_H
 #define ROSETAG_COMMAND_ARGUMENTS_H
 
-#include "before/translate/encoding.h"
 #include "line_run.h"
+#include "output.h"
+
+#include <rosetag/toolkit.hpp>
 
 #include <optional>
 #include <string>
@@ -13,22 +15,26 @@
 
 namespace rosetag {
 
-enum class Command { DECODE, ENCODE, EXPLAIN, AI_ENCODE, AI_DECODE, TID, SCHEMES };
-
-inline constexpr std::string_view COMMAND_WORDS = "decode encode explain ai tid schemes";
+enum class Command { DECODE, ENCODE, EXPLAIN, CHECK, AI_ENCODE, AI_DECODE, TID, SCHEMES };
 
 struct Arguments {
     Command command = Command::DECODE;
-    std::vector<std::string> values;
     bool isBare = false; // a value without a command
+    std::vector<std::string> values;
     ReadOptions read;
-    EncodeRequest encode;
-    std::string to;     // one field; empty: not given
-    std::string fields; // separated by commas
     bool isJson = false;
     bool isRaw = false;
-    bool withCode = false; // of ai encode
-    std::string ai;        // of ai encode and ai decode
+    std::string to;                  // one field; empty: not given
+    std::vector<std::string> fields; // several; empty: not given
+    // Of encode; they may name columns.
+    std::string text;
+    std::string scheme;
+    std::string filter;
+    std::string gcpLength; // of decode too
+    std::string encoding = "auto";
+    // Of ai.
+    std::string ai;
+    bool withCode = false;
     RunOptions run;
 };
 

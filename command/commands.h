@@ -1,5 +1,5 @@
 /*
- * The commands. Each gives the exit status, and throws UsageError and IoError.
+ * Runs the command that the arguments name, over values or over lines.
  */
 #ifndef ROSETAG_COMMAND_COMMANDS_H
 #define ROSETAG_COMMAND_COMMANDS_H
@@ -8,19 +8,11 @@
 
 namespace rosetag {
 
-int decodeCommand(Output& output, const Arguments& arguments);
-int encodeCommand(Output& output, const Arguments& arguments);
-int explainCommand(Output& output, const Arguments& arguments);
-int aiEncodeCommand(Output& output, const Arguments& arguments);
-int aiDecodeCommand(Output& output, const Arguments& arguments);
-int tidCommand(Output& output, const Arguments& arguments);
-int schemesCommand(Output& output, const Arguments& arguments);
+// Gives the exit status. Throws UsageError and IoError.
+int commandRun(Output& output, const Arguments& arguments);
 
-// What a TID tells, for a person or as JSON.
-Failure tidText(const std::string& value, bool isJson, std::string& text);
-
-// Tells on standard error why a value failed, and gives the exit status.
-int complainOfFailure(Output& output, std::string_view value, const Failure& failure);
+// Lists the tag schemes.
+void schemesCommand(Output& output, bool isJson);
 
 } // namespace rosetag
 

@@ -1,9 +1,7 @@
 #include "human_text.h"
 
-#include "before/recognise/barcode_text.h"
-#include "before/words/ai_dictionary.h"
-
 #include <algorithm>
+#include <vector>
 
 namespace rosetag {
 
@@ -18,33 +16,38 @@ std::size_t characterCount(std::string_view text) {
         std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; }));
 }
 
-std::string shown(const std::string& text, bool raw) {
-    return raw ? text : groupSeparatorsSpelled(text);
+std::string shown(std::string_view text, bool raw) {
+    std::string result(text);
+    for (std::size_t at = result.find('\x1d'); !raw && at != std::string::npos;
+         at = result.find('\x1d', at)) {
+        result.replace(at, 1, "{GS}");
+    }
+    return result;
 }
 
-std::string lineOf(std::string_view label, const std::string& text) {
+std::string lineOf(std::string_view label, std::string_view text) {
     return text.empty() ? std::string() : labelled(label, text);
 }
 
-std::string aiLines(const std::vector<AiValue>& ais, bool raw) {
+std::string aiLines(const Rows<AiValue>& ais, bool raw) {
     std::size_t codeWidth = 0;
     std::size_t titleWidth = 0;
     for (const AiValue& ai : ais) {
         codeWidth = std::max(codeWidth, ai.ai.size() + 2);
-        titleWidth = std::max(titleWidth, characterCount(aiTitle(ai.ai)) + 2);
+        titleWidth = std::max(titleWidth, characterCount(ai.title) + 2);
     }
     std::string lines;
     for (const AiValue& ai : ais) {
         lines += labelled(lines.empty() ? "AIs" : "", padded(ai.ai, codeWidth) +
-                                                          padded(aiTitle(ai.ai), titleWidth) +
+                                                          padded(ai.title, titleWidth) +
                                                           shown(ai.value, raw));
     }
     return lines;
 }
 
-std::string fitsText(const Forms& forms) {
+std::string schemeNames(const Rows<const SchemeInfo*>& schemes) {
     std::string names;
-    for (const SchemeEntry* scheme : forms.fits) {
+    for (const SchemeInfo* scheme : schemes) {
         names += (names.empty() ? "" : ", ") + std::string(scheme->name);
     }
     return names;
@@ -83,14 +86,65 @@ std::string explainedRow(const std::string& bits, std::size_t nameWidth,
     constexpr std::size_t widthWidth = 7;
     const std::vector<std::string> raw =
         rawLines(std::string_view(bits).substr(field.first, field.width), field.groups);
-    std::string row =
-        padded(rangeText(field), bitsWidth) + padded(std::to_string(field.width), widthWidth) +
-        padded(field.name, nameWidth) + padded(raw.front(), rawWidth + 2) +
-        (field.isGood ? "" : "WRONG: ") + groupSeparatorsSpelled(field.meaning) + '\n';
+    std::string row = padded(rangeText(field), bitsWidth) +
+                      padded(std::to_string(field.width), widthWidth) +
+                      padded(field.name, nameWidth) + padded(raw.front(), rawWidth + 2) +
+                      (field.isGood ? "" : "WRONG: ") + shown(field.meaning, false) + '\n';
     for (std::size_t i = 1; i < raw.size(); ++i) {
         row += std::string(bitsWidth + widthWidth + nameWidth, ' ') + raw[i] + '\n';
     }
     return row;
+}
+
+std::string hexOf(unsigned number) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string text;
+    for (int shift = 8; shift >= 0; shift -= 4) {
+        text += digits[number >> shift & 15];
+    }
+    return "0x" + text;
+}
+
+std::string yesNo(unsigned flag) {
+    return flag != 0 ? "yes" : "no";
+}
+
+std::string wordCount(unsigned words) {
+    return std::to_string(words) + (words == 1 ? " word" : " words") + " of 16 bits";
+}
+
+std::string alignment(unsigned isFree, unsigned offset, std::string_view bank) {
+    return isFree != 0 ? "no block boundaries in the " + std::string(bank) + " bank"
+                       : "the first whole block of the " + std::string(bank) +
+                             " bank begins at word " + std::to_string(offset);
+}
+
+// Without a size the record tells nothing of a command.
+std::string blockLines(std::string_view command, const TidBlockInfo& block) {
+    if (block.maxBlockSize == 0) {
+        return labelled(command, "not described");
+    }
+    return labelled(command, "blocks of up to " + wordCount(block.maxBlockSize) +
+                                 (block.variableSize != 0 ? ", smaller ones too"
+                                                          : ", smaller ones are refused")) +
+           labelled("", alignment(block.noEpcAlignment, block.epcAddressOffset, "EPC")) +
+           labelled("", alignment(block.noUserAlignment, block.userAddressOffset, "User"));
+}
+
+std::string commandLines(const TidRecord& record) {
+    if (record.hasOptionalCommands == 0) {
+        return labelled("commands", "not told");
+    }
+    return labelled("largest EPC", wordCount(record.maxEpcSize)) +
+           labelled("recommission", yesNo(record.recomSupport)) +
+           labelled("access", yesNo(record.accessSupport)) +
+           labelled("lock bits", record.separateLockbits != 0 ? "apart for each bank"
+                                                              : "not apart for each bank") +
+           labelled("automatic UMI", yesNo(record.autoUmiSupport)) +
+           labelled("phase jitter", yesNo(record.pjmSupport)) +
+           labelled("BlockWrite", yesNo(record.blockWriteSupported)) +
+           labelled("BlockErase", yesNo(record.blockEraseSupported)) +
+           labelled("BlockPermaLock", yesNo(record.blockPermaLockSupported));
 }
 
 } // namespace
@@ -104,46 +158,67 @@ std::string labelled(std::string_view label, std::string_view text) {
     return padded(label, labelWidth) + std::string(text) + '\n';
 }
 
-std::string humanForms(const Result& result, bool raw) {
-    const Forms& forms = result.forms;
+std::string humanForms(const Translation& translation, bool raw) {
     std::string text;
-    if (forms.scheme != nullptr) {
-        text += labelled("scheme", forms.scheme->name);
+    if (translation.scheme != nullptr) {
+        text += labelled("scheme", translation.scheme->name);
     }
-    text += forms.filter.has_value() ? labelled("filter", std::to_string(*forms.filter)) : "";
-    text += lineOf("tag URI", forms.tagUri);
-    text += lineOf("pure identity", forms.pureUri);
-    text += forms.lacksGcpLength ? labelled("pure identity", "(needs --gcp-length)") : "";
-    text += lineOf("fits schemes", fitsText(forms));
-    text += lineOf("element string", shown(forms.elementString, raw));
-    text += lineOf("barcode string", shown(forms.barcodeString, raw));
-    text += lineOf("Digital Link", shown(forms.link, raw));
-    text += lineOf("hex", forms.hex);
-    text += forms.bits == 0 ? "" : labelled("length", std::to_string(forms.bits) + " bits");
-    return text + aiLines(forms.ais, raw);
+    if (translation.filter.has_value()) {
+        text += labelled("filter", std::to_string(*translation.filter));
+    }
+    text += lineOf("tag URI", translation.tagUri);
+    text += lineOf("pure identity", translation.pureIdentity);
+    for (const Note& note : translation.notes) {
+        text += note.kind == NoteKind::NEEDS_GCP_LENGTH
+                    ? labelled("pure identity", "(needs --gcp-length)")
+                    : "";
+    }
+    text += lineOf("fits schemes", schemeNames(translation.fitsSchemes));
+    text += lineOf("element string", shown(translation.elementString, raw));
+    text += lineOf("barcode string", shown(translation.barcodeString, raw));
+    text += lineOf("Digital Link", shown(translation.digitalLink, raw));
+    text += lineOf("hex", translation.hex);
+    if (translation.bits != 0) {
+        text += labelled("length", std::to_string(translation.bits) + " bits");
+    }
+    return text + aiLines(translation.ais, raw);
 }
 
-std::string humanSentence(const Result& result) {
-    const ValueForm form = result.prepared.form;
-    std::string sentence = "This is " + std::string(valueFormName(form));
-    if (result.forms.scheme != nullptr) {
-        sentence += ", scheme " + std::string(result.forms.scheme->name);
-    }
-    return sentence + ".\n";
-}
-
-std::string humanExplanation(const WalkedBits& explanation) {
-    const Walk& walk = explanation.walk;
+std::string humanExplanation(const Explanation& explanation) {
     std::size_t nameWidth = 0;
-    for (const ExplainedField& field : walk.fields) {
+    for (const ExplainedField& field : explanation.fields) {
         nameWidth = std::max(nameWidth, field.name.size() + 2);
     }
     std::string text = padded("bits", 9) + padded("width", 7) + padded("field", nameWidth) +
                        padded("raw bits", rawWidth + 2) + "meaning\n";
-    for (const ExplainedField& field : walk.fields) {
-        text += explainedRow(walk.bits, nameWidth, field);
+    for (const ExplainedField& field : explanation.fields) {
+        text += explainedRow(explanation.bits, nameWidth, field);
     }
     return text;
+}
+
+std::string humanTid(const TidRecord& record) {
+    const unsigned mdid = record.mdid;
+    std::string text = labelled("designer", hexOf(mdid & TID_DESIGNER_MASK) + " (MDID)") +
+                       labelled("model", hexOf(record.tmid) + " (TMN)") +
+                       labelled("security", yesNo(mdid & TID_SECURITY_MASK)) +
+                       labelled("file", yesNo(mdid & TID_FILE_MASK)) +
+                       labelled("extended TID", yesNo(mdid & TID_XTID_MASK));
+    if ((mdid & TID_XTID_MASK) == 0) {
+        return text;
+    }
+    text += labelled("serial number", record.serialBits == 0
+                                          ? "none"
+                                          : std::string(record.serial) + " (" +
+                                                std::to_string(record.serialBits) + " bits)");
+    text += commandLines(record);
+    text += blockLines("block writing", record.blockWrite);
+    text += blockLines("block erasing", record.blockErase);
+    text += labelled("user memory",
+                     record.userMemorySize == 0 ? "not told" : wordCount(record.userMemorySize));
+    return text + labelled("perma-lock", record.blockPermaLockBlockSize == 0
+                                             ? "not told"
+                                             : wordCount(record.blockPermaLockBlockSize));
 }
 
 } // namespace rosetag

@@ -1,26 +1,26 @@
 /*
- * What a person reads of a converted value, aligned.
+ * What a person reads of a value, aligned.
  */
 #ifndef ROSETAG_COMMAND_HUMAN_TEXT_H
 #define ROSETAG_COMMAND_HUMAN_TEXT_H
 
-#include "before/explain/explain.h"
-#include "results.h"
+#include <rosetag/toolkit.hpp>
 
 #include <string>
+#include <string_view>
 
 namespace rosetag {
 
 // All forms of a value, a line each.
-std::string humanForms(const Result& result, bool raw);
-
-// A sentence that says what a value is.
-std::string humanSentence(const Result& result);
+std::string humanForms(const Translation& translation, bool raw);
 
 // The fields of a value in columns.
-std::string humanExplanation(const WalkedBits& explanation);
+std::string humanExplanation(const Explanation& explanation);
 
-// Text with blanks behind it up to a width, counted in characters.
+// What a TID says, a line each.
+std::string humanTid(const TidRecord& record);
+
+// Text filled up with blanks to a width, counted in characters.
 std::string padded(std::string_view text, std::size_t width);
 
 // A line of a label and a text.

@@ -29,6 +29,9 @@ void addTally(LineTally& total, LineTally& tally) {
     total.lines += tally.lines;
     total.blanks += tally.blanks;
     total.failures += tally.failures;
+    for (std::size_t i = 0; i < total.notes.size(); ++i) {
+        total.notes[i] += tally.notes[i];
+    }
     if (total.firstFailure.empty()) {
         total.firstFailure = std::move(tally.firstFailure);
     }
@@ -38,7 +41,7 @@ void deliver(Sink& sink, LineWork& work) {
     addTally(sink.total, work.tally);
     // Errors first: should the output fail, each of its empty lines is accounted for.
     outputWrite(sink.errors, work.errors);
-    outputWrite(sink.output, textAreaView(work.out));
+    outputWrite(sink.output, work.out);
     if (sink.isUnbuffered) {
         outputFlush(sink.errors);
         outputFlush(sink.output);
@@ -92,17 +95,6 @@ void closeErrorsAfterFailure(Output& errors) {
     }
 }
 
-std::vector<std::string_view> columnNames(const LineFormat& format) {
-    std::vector<std::string_view> names;
-    for (const ResultField* field : format.fields) {
-        names.push_back(field->name);
-    }
-    if (format.hasStatusColumn) {
-        names.emplace_back("status");
-    }
-    return names;
-}
-
 void dropBytes(LineBlock& block, std::size_t count) {
     std::memmove(block.text.data.get(), block.text.data.get() + count, block.text.size - count);
     block.text.size -= count;
@@ -112,14 +104,10 @@ void dropBytes(LineBlock& block, std::size_t count) {
 // the new columns. False if more must be read first.
 bool beginTable(LineSource& source, LineRules& rules, const TableOptions& options, LineBlock& block,
                 Output& output) {
-    LineFormat& format = rules.format;
-    if (!format.table.has_value()) {
-        format.table = tableFind(options, textAreaView(block.text));
-        for (const std::string_view name :
-             format.isJson ? std::vector<std::string_view>{} : columnNames(format)) {
-            format.table->added.push_back({name, resultIsNumber(name)});
-        }
-        const auto reader = std::make_shared<TableReader>(tableReader(*format.table));
+    if (!rules.table.has_value()) {
+        rules.table = tableFind(options, textAreaView(block.text));
+        rules.table->added = rules.addedColumns;
+        const auto reader = std::make_shared<TableReader>(tableReader(*rules.table));
         source.wholeRows = [reader](std::string_view text) {
             return tableWholeRows(*reader, text);
         };
@@ -128,13 +116,13 @@ bool beginTable(LineSource& source, LineRules& rules, const TableOptions& option
             return false;
         }
     }
-    if (format.table->hasHeader) {
-        TableReader reader = tableReader(*format.table);
+    if (rules.table->hasHeader) {
+        TableReader reader = tableReader(*rules.table);
         TableRow row;
         std::string_view text = textAreaView(block.text);
         tableReadRow(reader, text, row);
-        if (!format.isJson) {
-            outputWrite(output, tableHeader(*format.table, row));
+        if (rules.keepsRows) {
+            outputWrite(output, tableHeader(*rules.table, row));
             const bool isAll = text.empty() && block.lacksLastEnd;
             outputWrite(output, isAll ? "" : row.lineEnd);
         }
@@ -144,13 +132,15 @@ bool beginTable(LineSource& source, LineRules& rules, const TableOptions& option
     return true;
 }
 
-// The names of fields have a line of their own.
-std::string fieldHeader(const LineFormat& format) {
-    std::string header;
-    for (const std::string_view name : columnNames(format)) {
-        header += (header.empty() ? "" : "\t") + std::string(name);
+std::string noteSummary(const NoteCounts& notes) {
+    std::string text;
+    for (std::size_t i = 0; i < notes.size(); ++i) {
+        if (notes[i] > 0) {
+            text += (text.empty() ? "; notes: " : ", ") + groupedDigits(notes[i]) + ' ' +
+                    std::string(noteWord(static_cast<NoteKind>(i)));
+        }
     }
-    return header + '\n';
+    return text;
 }
 
 std::string summary(const LineTally& total, bool hasStopped) {
@@ -160,6 +150,7 @@ std::string summary(const LineTally& total, bool hasStopped) {
     if (total.blanks > 0) {
         text += ", " + groupedDigits(total.blanks) + " empty";
     }
+    text += noteSummary(total.notes);
     if (hasStopped) {
         text += "; stopped at the first failure";
     }
@@ -183,8 +174,8 @@ void runAll(LineSource& source, LineRules& rules, const RunOptions& options, Sin
                 return;
             }
         }
-    } else if (rules.format.hasFieldHeader && !rules.format.isJson) {
-        outputWrite(sink.output, fieldHeader(rules.format));
+    } else {
+        outputWrite(sink.output, rules.header);
     }
     const LinePoolCalls calls = {
         .deliver =
@@ -205,12 +196,11 @@ void runAll(LineSource& source, LineRules& rules, const RunOptions& options, Sin
 
 int lineRun(Output& output, LineRules& rules, const RunOptions& options) {
     LineSource source = lineSourceOpen(options.inputFile);
-    if (options.inputFile.empty() && isTerminal(STDIN_FILENO)) {
+    if (source.descriptor == STDIN_FILENO && isTerminal(STDIN_FILENO)) {
         complain(output, std::string("reads values from the terminal, one a line; ") +
                              END_OF_INPUT_KEYS + " ends them");
     }
     rules.writesErrors = !options.errorsFile.empty();
-    rules.format.hasStatusColumn = rules.format.hasStatusColumn && !rules.writesErrors;
     throwIfInputIsOutput(source, STDOUT_FILENO, "standard output");
     Sink sink{output,
               openErrors(options.errorsFile, source),

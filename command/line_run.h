@@ -10,8 +10,9 @@
 namespace rosetag {
 
 struct RunOptions {
-    std::string inputFile; // empty: standard input
+    std::string inputFile; // empty, -: standard input
     std::string errorsFile;
+    std::string column; // that of --column
     TableOptions table;
     unsigned jobs = 1;
     bool isUnbuffered = false;

@@ -141,7 +141,7 @@ LineSource lineSourceOpen(const std::string& fileName) {
     LineSource source;
     source.descriptor = STDIN_FILENO;
     source.name = "standard input";
-    if (!fileName.empty()) {
+    if (!fileName.empty() && fileName != "-") {
         source.name = fileName;
         source.descriptor = openForReading(fileName);
         if (source.descriptor < 0) {

@@ -2,229 +2,174 @@
 
 #include "before/translate/library_calls.h"
 #include "csv_cells.h"
+#include "fields.h"
 #include "output.h"
 
-#include <algorithm>
-#include <array>
 #include <cstring>
 
 namespace rosetag {
 
 namespace {
 
-struct HexRoad {
-    std::string_view field;
-    HexExport call;
-};
-
-constexpr std::array<HexRoad, 5> hexRoads = {{
-    {"tag-uri", epc_hexToEpcTagUri},
-    {"pure-uri", epc_hexToEpcUri},
-    {"element-string", epc_hexToGs1ElementString},
-    {"digital-link", epc_hexToDigitalLink},
-    {"scheme", epc_hexToTagSchemeName},
-}};
-
 // One line, and where its result goes.
 struct LineTask {
     const LineRules& rules;
     LineWork& work;
     std::uint64_t number;
-    std::string scratch;
 };
 
-void appendFailure(LineTask& task, const Result& result) {
+// The first line of a message says what is wrong; further ones are advice.
+std::string firstLine(const std::string& message) {
+    return message.substr(0, message.find('\n'));
+}
+
+void noteFailure(LineTask& task) {
+    const Converter& converter = *task.work.converter;
     LineTally& tally = task.work.tally;
     ++tally.failures;
-    const std::string status(epc_statusName(result.failure.status));
-    // The first line of a message says what is wrong; further ones are advice.
-    const std::string message = result.failure.message.substr(0, result.failure.message.find('\n'));
+    const std::string word(converter.failureWord());
+    const std::string message = firstLine(failureMessage(converter.failure()));
     if (tally.firstFailure.empty()) {
         tally.firstFailure = "line " + std::to_string(task.number) + ", \"" +
-                             textForMessage(result.value) + "\": " + status + ": " + message;
+                             shownValue(converter.value()) + "\": " + word + ": " + message;
     }
     if (task.rules.writesErrors) {
-        task.work.errors += std::to_string(task.number) + '\t' + status + '\t';
-        tsvAppendCell(task.work.errors, result.value);
-        task.work.errors += '\t';
-        tsvAppendCell(task.work.errors, message);
-        task.work.errors += '\n';
+        std::string& errors = task.work.errors;
+        errors += std::to_string(task.number) + '\t' + word + '\t';
+        tsvAppendCell(errors, converter.value());
+        errors += '\t';
+        tsvAppendCell(errors, message);
+        errors += '\n';
     }
 }
 
-void appendResult(LineTask& task, const Result& result) {
-    const LineFormat& format = task.rules.format;
-    std::string& line = task.scratch;
-    line.clear();
-    if (format.isJson) {
-        line = resultJson(result);
+void countNotes(LineTask& task) {
+    const Rows<Note>* const notes = task.work.converter->notes();
+    for (std::size_t i = 0; notes != nullptr && i < notes->size(); ++i) {
+        ++task.work.tally.notes[static_cast<std::size_t>((*notes)[i].kind)];
+    }
+}
+
+// Converts one line. False where the arguments of the command do not suffice.
+bool convertItem(LineTask& task, const InputItem& item, Failure refusal, bool isBlank) {
+    Converter& converter = *task.work.converter;
+    LineTally& tally = task.work.tally;
+    ++tally.lines;
+    tally.blanks += isBlank ? 1U : 0U;
+    if (isBlank || isFailure(refusal)) {
+        converter.refuse(item, std::move(refusal));
     } else {
-        appendTsvRow(line, format.fields, result, format.isRaw);
-        if (format.hasStatusColumn && (format.hasFieldHeader || isFailure(result.failure))) {
-            line += '\t' + std::string(epc_statusName(result.failure.status));
+        try {
+            converter.convert(item);
+        } catch (const UsageError& error) {
+            tally.usageError = "line " + std::to_string(item.line) + ": " + error.what();
+            return false;
         }
+        countNotes(task);
     }
-    textAreaAppend(task.work.out, line);
-}
-
-// The row as it was, and the results after it.
-void appendTableRow(LineTask& task, const TableRow& row, const Result& result, bool isBlank) {
-    const LineFormat& format = task.rules.format;
-    std::vector<std::string> cells;
-    for (const ResultField* field : format.fields) {
-        cells.push_back(isBlank ? "" : resultText(*field, result, format.isRaw));
+    if (isFailure(converter.failure())) {
+        noteFailure(task);
     }
-    if (format.hasStatusColumn) {
-        cells.emplace_back(isBlank ? "" : epc_statusName(result.failure.status));
-    }
-    task.scratch.clear();
-    tableAppend(*format.table, row, cells, task.scratch);
-    textAreaAppend(task.work.out, task.scratch);
-}
-
-// Converts the value of a result. False where the arguments of the command do not suffice.
-bool convertLine(LineTask& task, Result& result) {
-    if (task.work.block.isOverlong) {
-        result.failure = {EPC_ERR_TOO_LONG, "the line is longer than " +
-                                                std::to_string(LONGEST_LINE >> 20) +
-                                                " MiB; this is its beginning"};
-        return true;
-    }
-    try {
-        task.rules.convert(result);
-    } catch (const UsageError& error) {
-        task.work.tally.usageError =
-            "line " + std::to_string(task.number) + ": " + std::string(error.what());
-    }
-    return task.work.tally.usageError.empty();
-}
-
-void runRow(LineTask& task, const TableRow& row) {
-    Result result;
-    result.line = task.number;
-    result.value = row.status == EPC_OK ? std::string_view(row.cells.front()) : row.text;
-    const bool isBlank = result.value.empty();
-    if (row.status != EPC_OK) {
-        result.failure = {row.status, row.fault};
-    } else if (!isBlank && !convertLine(task, result)) {
-        return;
-    }
-    task.work.tally.blanks += isBlank ? 1U : 0U;
-    if (isFailure(result.failure)) {
-        appendFailure(task, result);
-    }
-    if (task.rules.format.isJson) {
-        appendResult(task, result);
-    } else {
-        appendTableRow(task, row, result, isBlank);
-    }
-}
-
-void runLine(LineTask& task, std::string_view line) {
-    Result result;
-    result.line = task.number;
-    result.value = line;
-    if (!line.empty() && !convertLine(task, result)) {
-        return;
-    }
-    task.work.tally.blanks += line.empty() ? 1U : 0U;
-    if (isFailure(result.failure)) {
-        appendFailure(task, result);
-    }
-    if (!line.empty() || task.rules.format.isJson) {
-        appendResult(task, result);
-    }
-}
-
-// The line is hex and nothing else: one call makes its result.
-bool runHexLine(HexExport call, const char* line, TextArea& out) {
-    textAreaReserve(out, TEXT_SIZE + 1);
-    char* const dst = out.data.get() + out.size;
-    if (call(line, TEXT_SIZE, dst) != EPC_OK) {
-        return false;
-    }
-    out.size += std::strlen(dst);
     return true;
 }
 
-// False where the run ends with the line.
-bool goesOn(const LineTask& task) {
-    const LineTally& tally = task.work.tally;
-    return tally.usageError.empty() && !(task.rules.stopsAtFailure && tally.failures > 0);
+Failure overlong() {
+    Failure failure;
+    failure.status = EPC_ERR_TOO_LONG;
+    failure.message = "the line is longer than " + std::to_string(LONGEST_LINE >> 20) +
+                      " MiB; this is its beginning";
+    return failure;
+}
+
+Failure refusalOf(const LineTask& task, const TableRow& row) {
+    Failure failure;
+    if (task.work.block.isOverlong) {
+        return overlong();
+    }
+    failure.status = row.status;
+    failure.message = row.status == EPC_OK ? "" : row.fault;
+    return failure;
+}
+
+bool isEmptyRow(const TableRow& row) {
+    for (const std::string& cell : row.cells) {
+        if (!cell.empty()) {
+            return false;
+        }
+    }
+    return row.status == EPC_OK;
 }
 
 void runRows(LineTask& task, std::string_view text) {
-    TableReader reader = tableReader(*task.rules.format.table);
+    const Table& table = *task.rules.table;
+    TableReader reader = tableReader(table);
     TableRow row;
-    while (!text.empty()) {
+    std::vector<std::string> cells;
+    std::string& out = task.work.out;
+    for (; !text.empty(); task.number += row.lines) {
         tableReadRow(reader, text, row);
-        ++task.work.tally.lines;
-        runRow(task, row);
-        if (!task.work.tally.usageError.empty()) {
+        const bool isWhole = row.status == EPC_OK && !task.work.block.isOverlong;
+        const std::string_view value = isWhole ? std::string_view(row.cells.front()) : row.text;
+        if (!convertItem(task, {value, task.number, row.cells}, refusalOf(task, row),
+                         isEmptyRow(row))) {
             return;
         }
-        const bool isWithoutEnd = text.empty() && task.work.block.lacksLastEnd;
-        textAreaAppend(task.work.out, task.rules.format.isJson ? "\n"
-                                      : isWithoutEnd           ? ""
-                                                               : row.lineEnd);
-        if (!goesOn(task)) {
+        if (!task.rules.keepsRows) {
+            task.work.converter->writeLine(out);
+        } else {
+            task.work.converter->writeCells(cells);
+            tableAppend(table, row, cells, out);
+            out += text.empty() && task.work.block.lacksLastEnd ? "" : row.lineEnd;
+        }
+        if (task.rules.stopsAtFailure && task.work.tally.failures > 0) {
             return;
         }
-        task.number += row.lines;
     }
 }
 
-// The length of a line without what Windows puts in front of its end.
-std::size_t lineLength(const char* line, const char* end) {
-    const auto length = static_cast<std::size_t>(end - line);
-    return length > 0 && line[length - 1] == '\r' ? length - 1 : length;
+void runLines(LineTask& task, std::string_view text) {
+    for (; !text.empty(); ++task.number) {
+        const std::size_t end = text.find('\n');
+        std::string_view line = text.substr(0, end);
+        text.remove_prefix(end + 1);
+        line.remove_suffix(line.ends_with('\r') ? 1 : 0);
+        if (!convertItem(task, {line, task.number, {}},
+                         task.work.block.isOverlong ? overlong() : Failure(), line.empty())) {
+            return;
+        }
+        task.work.converter->writeLine(task.work.out);
+        if (task.rules.stopsAtFailure && task.work.tally.failures > 0) {
+            return;
+        }
+    }
+}
+
+void clear(std::string& text) {
+    if (text.capacity() > 4 * LINE_BLOCK_SIZE) {
+        text = {};
+    }
+    text.clear();
 }
 
 } // namespace
 
-HexExport hexExportOf(std::string_view fieldName) {
-    const auto* const road = std::ranges::find(hexRoads, fieldName, &HexRoad::field);
-    return road == hexRoads.end() ? nullptr : road->call;
-}
-
 void lineWorkTrim(LineWork& work) {
     textAreaClear(work.block.text);
-    textAreaClear(work.out);
-    if (work.errors.capacity() > LINE_BLOCK_SIZE) {
-        work.errors = {};
-    }
-    work.errors.clear();
+    clear(work.out);
+    clear(work.errors);
     work.tally = {};
 }
 
 void lineWorkRun(const LineRules& rules, LineWork& work) {
-    LineTask task{rules, work, work.block.firstLine, {}};
-    const std::string_view text = textAreaView(work.block.text);
-    if (rules.format.table.has_value()) {
-        return runRows(task, text);
+    if (work.converter == nullptr) {
+        work.converter = rules.makeConverter();
     }
-    const bool holdsNul = text.find('\0') != std::string_view::npos;
-    const HexExport hexExport = holdsNul ? nullptr : rules.format.hexExport;
-    char* line = work.block.text.data.get();
-    char* const end = line + text.size();
-    while (line != end) {
-        auto* const lineEnd =
-            static_cast<char*>(std::memchr(line, '\n', static_cast<std::size_t>(end - line)));
-        const std::size_t length = lineLength(line, lineEnd);
-        line[length] = '\0';
-        ++work.tally.lines;
-        if (hexExport == nullptr || !isHexDigit(*line) || !runHexLine(hexExport, line, work.out)) {
-            runLine(task, {line, length});
-        }
-        if (!work.tally.usageError.empty()) {
-            return;
-        }
-        textAreaAppend(work.out, "\n");
-        if (!goesOn(task)) {
-            return;
-        }
-        ++task.number;
-        line = lineEnd + 1;
+    LineTask task{rules, work, work.block.firstLine};
+    const std::string_view text = textAreaView(work.block.text);
+    if (rules.table.has_value()) {
+        runRows(task, text);
+    } else {
+        runLines(task, text);
     }
 }
 

@@ -1,7 +1,7 @@
 """Runs every example that the help of the command shows, and holds the man page and the completions
-against its options.
+that the build wrote against its options.
 
-usage: check_help.py ROSETAG TOOLS_DIR
+usage: check_help.py ROSETAG PAGES_DIR
 """
 import os
 import re
@@ -10,8 +10,8 @@ import subprocess
 import sys
 import unittest
 
-ROSETAG, TOOLS = os.path.abspath(sys.argv[1]), sys.argv[2]
-COMMANDS = ["", "decode", "encode", "explain", "ai", "ai encode", "ai decode", "tid", "schemes"]
+ROSETAG, PAGES = os.path.abspath(sys.argv[1]), sys.argv[2]
+COMMANDS = ["", "decode", "encode", "explain", "check", "ai", "ai encode", "ai decode", "tid", "schemes"]
 ENVIRONMENT = dict(os.environ, PATH=os.path.dirname(ROSETAG) + os.pathsep + os.environ["PATH"])
 
 
@@ -38,10 +38,9 @@ class Help(unittest.TestCase):
         self.assertGreater(count, 20)
 
     def test_options_are_told_everywhere(self):
-        files = ["man/rosetag.1", "completions/rosetag", "completions/_rosetag",
-                 "completions/rosetag.fish"]
+        files = ["rosetag.1", "rosetag", "_rosetag", "rosetag.fish"]
         for name in files:
-            with open(os.path.join(TOOLS, name), encoding="utf-8") as file:
+            with open(os.path.join(PAGES, name), encoding="utf-8") as file:
                 text = file.read().replace("\\-", "-")
             for command in COMMANDS:
                 for option in re.findall(r"^  (?:-\w,)?--([a-z-]+)", help_of(command), re.M):
@@ -51,14 +50,14 @@ class Help(unittest.TestCase):
 
     # A completion offers a command's own options and nothing else.
     def test_bash_completes(self):
-        script = os.path.join(TOOLS, "completions/rosetag")
+        script = os.path.join(PAGES, "rosetag")
         for words, offered in [("rosetag e", "encode explain"), ("rosetag ai ", "encode decode --help"),
                                ("rosetag decode --un", "--unbuffered"),
                                ("rosetag encode --encoding hex-", "hex-upper hex-lower"),
                                ("rosetag encode --scheme dsg", "dsgtin+"),
-                               ("rosetag tid --j", "--json"), ("rosetag schemes --col", ""),
+                               ("rosetag tid --js", "--json"), ("rosetag schemes --col", ""),
                                ("rosetag decode --fields hex,b", "hex,binary hex,bits "
-                                                                 "hex,barcode-string")]:
+                                                                 "hex,barcode_string")]:
             with self.subTest(words=words):
                 result = run(f"source {script}; COMP_LINE='{words}'; COMP_WORDBREAKS=' '; "
                              f"read -ra COMP_WORDS <<< \"$COMP_LINE\"; "
@@ -67,9 +66,16 @@ class Help(unittest.TestCase):
                              f"echo \"${{COMPREPLY[@]}}\"")
                 self.assertEqual(set(result.stdout.split()), set(offered.split()), result.stderr)
 
+    def test_shells_read_their_completions(self):
+        for shell, name in [("bash", "rosetag"), ("zsh", "_rosetag"), ("fish", "rosetag.fish")]:
+            if shutil.which(shell):
+                with self.subTest(shell=shell):
+                    result = run(f"{shell} -n {PAGES}/{name}")
+                    self.assertEqual((result.stderr, result.returncode), ("", 0))
+
     @unittest.skipUnless(shutil.which("groff"), "needs groff")
     def test_man_page_is_sound(self):
-        result = run(f"groff -man -Tutf8 -ww -z {TOOLS}/man/rosetag.1")
+        result = run(f"groff -man -Tutf8 -ww -z {PAGES}/rosetag.1")
         self.assertEqual((result.stderr, result.returncode), ("", 0))
 
 

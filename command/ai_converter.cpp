@@ -1,0 +1,81 @@
+#include "converters.h"
+#include "csv_cells.h"
+#include "human_text.h"
+
+namespace rosetag {
+
+namespace {
+
+class AiConverter : public Converter {
+public:
+    AiConverter(const AiEncoding& theEncoding, bool isEncoder, bool isJsonWanted)
+        : encoding(theEncoding), isEncode(isEncoder), isJson(isJsonWanted) {}
+
+    void convert(const InputItem& input) override {
+        given = input.value;
+        result = isEncode ? encodeAi(encoding.ai, given, encoding.withCode, encoding.encoding)
+                          : decodeAi(given, encoding.ai);
+    }
+    void refuse(const InputItem& input, Failure failure) override {
+        given = input.value;
+        result = {};
+        result.failure = std::move(failure);
+    }
+    const Failure& failure() const override {
+        return result.failure;
+    }
+    std::string_view value() const override {
+        return given;
+    }
+
+    // Encoding writes hex, decoding the AI and its value.
+    void writeLine(std::string& out) override {
+        if (isJson) {
+            return writeArgument(out);
+        }
+        if (isFailure(failure())) {
+            out += '\t';
+            out += failureWord();
+        } else if (isEncode) {
+            out += result.hex;
+        } else if (!given.empty()) {
+            out += result.ai.ai + '\t';
+            tsvAppendCell(out, result.ai.value);
+        }
+        out += '\n';
+    }
+    void writeArgument(std::string& out) override {
+        if (isJson) {
+            appendJson(out, result);
+            out += '\n';
+        } else if (!isFailure(failure())) {
+            out += labelled("AI", result.ai.ai + "  " + std::string(result.ai.title));
+            out += labelled("value", result.ai.value);
+            out += labelled("hex", result.hex);
+            out +=
+                result.bits == 0 ? "" : labelled("length", std::to_string(result.bits) + " bits");
+        }
+    }
+    bool writesBlocks() const override {
+        return !isJson;
+    }
+
+private:
+    const AiEncoding encoding;
+    const bool isEncode;
+    const bool isJson;
+    std::string_view given;
+    AiTranslation result;
+};
+
+} // namespace
+
+std::unique_ptr<Converter> aiEncodeConverter(const AiEncoding& encoding, bool isJson) {
+    return std::make_unique<AiConverter>(encoding, true, isJson);
+}
+
+std::unique_ptr<Converter> aiDecodeConverter(const std::string& ai, bool isJson) {
+    return std::make_unique<AiConverter>(AiEncoding{ai}, false, isJson);
+}
+
+} // namespace rosetag

@@ -1,0 +1,122 @@
+#include "converters.h"
+#include "csv_cells.h"
+#include "fields.h"
+
+namespace rosetag {
+
+namespace {
+
+class CheckConverter : public Converter {
+public:
+    CheckConverter(const ReadOptions& theOptions, bool isJsonWanted)
+        : options(theOptions), isJson(isJsonWanted) {}
+
+    void convert(const InputItem& input) override {
+        given = input.value;
+        line = input.line;
+        check(given, options, findings);
+        setFailure();
+    }
+    void refuse(const InputItem& input, Failure failure) override {
+        given = input.value;
+        line = input.line;
+        findings.clear();
+        problem = std::move(failure);
+    }
+
+    // The first error.
+    const Failure& failure() const override {
+        return problem;
+    }
+    std::string_view failureWord() const override {
+        const Finding* const error = firstError();
+        return error == nullptr ? Converter::failureWord() : checkRuleWord(error->rule);
+    }
+    std::string_view value() const override {
+        return given;
+    }
+
+    // A row for each finding: line, severity, rule, AI, position, culprit, message.
+    void writeLine(std::string& out) override {
+        if (isJson) {
+            return writeArgument(out);
+        }
+        for (const Finding& finding : findings) {
+            out += std::to_string(line) + '\t';
+            out += severityWord(finding.severity);
+            out += '\t';
+            out += checkRuleWord(finding.rule);
+            out += '\t' + finding.ai + '\t' + std::to_string(finding.position + 1) + '\t';
+            tsvAppendCell(out, finding.culprit);
+            out += '\t';
+            tsvAppendCell(out, finding.message);
+            out += '\n';
+        }
+        if (findings.empty() && isFailure(problem)) {
+            out += std::to_string(line) + "\terror\t" + std::string(Converter::failureWord()) +
+                   "\t\t1\t\t" + problem.message + '\n';
+        }
+    }
+    void writeArgument(std::string& out) override {
+        if (isJson) {
+            appendJson(out, findings, given, line);
+            out += '\n';
+            return;
+        }
+        out += shownValue(given) + '\n';
+        for (const Finding& finding : findings) {
+            out += "  ";
+            out += severityWord(finding.severity);
+            out += ' ' + findingText(finding) + '\n';
+        }
+        out += findings.empty() ? "  no findings\n" : "";
+    }
+    bool showsFailures() const override {
+        return true;
+    }
+
+    void writeCells(std::vector<std::string>& cells) override {
+        cells.assign(2, {});
+        if (!findings.empty() || isFailure(problem)) {
+            cells[0] = severityWord(isFailure(problem) ? Severity::ERROR : Severity::WARNING);
+        }
+        for (const Finding& finding : findings) {
+            cells[1] += (cells[1].empty() ? "" : "; ") + findingText(finding);
+        }
+        cells[1] += findings.empty() ? problem.message : "";
+    }
+
+private:
+    const Finding* firstError() const {
+        for (const Finding& finding : findings) {
+            if (finding.severity == Severity::ERROR) {
+                return &finding;
+            }
+        }
+        return nullptr;
+    }
+
+    void setFailure() {
+        const Finding* const error = firstError();
+        problem = {};
+        if (error != nullptr) {
+            problem.status = EPC_ERR_BAD_FORMAT;
+            problem.message = findingText(*error);
+        }
+    }
+
+    const ReadOptions options;
+    const bool isJson;
+    std::string_view given;
+    std::uint64_t line = 0;
+    Rows<Finding> findings;
+    Failure problem;
+};
+
+} // namespace
+
+std::unique_ptr<Converter> checkConverter(const ReadOptions& options, bool isJson) {
+    return std::make_unique<CheckConverter>(options, isJson);
+}
+
+} // namespace rosetag

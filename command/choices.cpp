@@ -1,0 +1,122 @@
+#include "choices.h"
+
+#include "fields.h"
+
+#include <algorithm>
+#include <cctype>
+#include <iterator>
+
+namespace rosetag {
+
+namespace {
+
+struct EncodingWord {
+    std::string_view word;
+    int encoding;
+};
+
+constexpr EncodingWord encodingWords[] = {
+    {"auto", AI_ENC_AUTO},           {"integer", AI_ENC_INTEGER},
+    {"hex-upper", AI_ENC_HEX_UPPER}, {"hex-lower", AI_ENC_HEX_LOWER},
+    {"base64url", AI_ENC_BASE64URL}, {"iso646", AI_ENC_ISO646},
+    {"code40", AI_ENC_CODE40},
+};
+
+struct DelimiterWord {
+    std::string_view word;
+    char delimiter;
+};
+
+constexpr DelimiterWord delimiterWords[] = {
+    {"tab", '\t'},
+    {"comma", ','},
+    {"semicolon", ';'},
+    {"bar", '|'},
+};
+
+template <typename Rows, typename Member>
+std::vector<std::string> wordsOf(const Rows& rows, Member member) {
+    std::vector<std::string> words;
+    for (const auto& row : rows) {
+        words.emplace_back(row.*member);
+    }
+    return words;
+}
+
+bool beginsLike(std::string_view word, std::string_view start) {
+    return word.size() >= start.size() &&
+           std::equal(start.begin(), start.end(), word.begin(), [](char one, char other) {
+               return std::tolower(static_cast<unsigned char>(one)) ==
+                      std::tolower(static_cast<unsigned char>(other));
+           });
+}
+
+// Those of the words that begin like what was given, as far as any does; all where none does.
+std::vector<std::string> wordsLike(const std::vector<std::string>& words, std::string_view given) {
+    for (; given.size() > 1; given.remove_suffix(1)) {
+        std::vector<std::string> found;
+        std::ranges::copy_if(words, std::back_inserter(found),
+                             [&](const std::string& word) { return beginsLike(word, given); });
+        if (!found.empty()) {
+            return found;
+        }
+    }
+    return words;
+}
+
+std::string joined(const std::vector<std::string>& words) {
+    std::string text;
+    for (const std::string& word : words) {
+        text += (text.empty() ? "" : " ") + word;
+    }
+    return text;
+}
+
+} // namespace
+
+std::vector<std::string> choicesOf(std::string_view typeName) {
+    if (typeName.starts_with("FIELD")) {
+        return wordsOf(fields(), &Field::name);
+    }
+    if (typeName == "SCHEME") {
+        return wordsOf(schemes(), &SchemeInfo::name);
+    }
+    if (typeName == "ENCODING") {
+        return wordsOf(encodingWords, &EncodingWord::word);
+    }
+    if (typeName == "DELIMITER") {
+        return wordsOf(delimiterWords, &DelimiterWord::word);
+    }
+    if (typeName == "GCP-LENGTH") {
+        return {"6", "7", "8", "9", "10", "11", "12"};
+    }
+    return {};
+}
+
+std::string choicesText(std::string_view typeName) {
+    return joined(choicesOf(typeName));
+}
+
+std::string choiceError(std::string_view typeName, std::string_view what, std::string_view given) {
+    const std::vector<std::string> words = choicesOf(typeName);
+    if (std::ranges::find(words, given) != words.end()) {
+        return {};
+    }
+    const std::vector<std::string> like = wordsLike(words, given);
+    return "there is no " + std::string(what) + " \"" + std::string(given) + "\"; there " +
+           (like.size() == 1 ? "is " : "are ") + joined(like);
+}
+
+int encodingByWord(std::string_view word) {
+    return std::ranges::find(encodingWords, word, &EncodingWord::word)->encoding;
+}
+
+char delimiterOf(std::string_view given) {
+    const auto* const found = std::ranges::find(delimiterWords, given, &DelimiterWord::word);
+    if (found != std::end(delimiterWords)) {
+        return found->delimiter;
+    }
+    return given.size() == 1 && given != "\"" && given != "\n" && given != "\r" ? given[0] : '\0';
+}
+
+} // namespace rosetag

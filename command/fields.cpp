@@ -1,0 +1,177 @@
+#include "fields.h"
+
+#include <algorithm>
+#include <array>
+
+namespace rosetag {
+
+namespace {
+
+constexpr char groupSeparator = '\x1d';
+
+void appendValue(std::string& text, const Item& item) {
+    text += item.value;
+}
+void appendLine(std::string& text, const Item& item) {
+    text += std::to_string(item.line);
+}
+void appendForm(std::string& text, const Item& item) {
+    text += formWord(item.translation.form);
+}
+void appendScheme(std::string& text, const Item& item) {
+    if (item.translation.scheme != nullptr) {
+        text += item.translation.scheme->name;
+    }
+}
+void appendFilter(std::string& text, const Item& item) {
+    if (item.translation.filter.has_value()) {
+        text += std::to_string(*item.translation.filter);
+    }
+}
+template <Form form>
+void appendText(std::string& text, const Item& item) {
+    text += formText(item.translation, form);
+}
+void appendHexWords(std::string& text, const Item& item) {
+    appendWords(text, item.translation.hex);
+}
+void appendBinary(std::string& text, const Item& item) {
+    appendBits(text, item.translation.hex);
+}
+void appendLength(std::string& text, const Item& item) {
+    if (item.translation.bits != 0) {
+        text += std::to_string(item.translation.bits);
+    }
+}
+void appendAis(std::string& text, const Item& item) {
+    std::string_view blank;
+    for (const AiValue& ai : item.translation.ais) {
+        text += blank;
+        text += ai.ai;
+        text += '=';
+        text += ai.value;
+        blank = " ";
+    }
+}
+void appendSchemes(std::string& text, const Item& item) {
+    std::string_view blank;
+    for (const SchemeInfo* scheme : item.translation.fitsSchemes) {
+        text += blank;
+        text += scheme->name;
+        blank = " ";
+    }
+}
+void appendNotes(std::string& text, const Item& item) {
+    std::string_view separator;
+    for (const Note& note : item.translation.notes) {
+        text += separator;
+        text += note.text;
+        separator = "; ";
+    }
+}
+void appendStatus(std::string& text, const Item& item) {
+    text += epc_statusName(item.translation.failure.status);
+}
+void appendMessage(std::string& text, const Item& item) {
+    if (isFailure(item.translation.failure)) {
+        text += failureMessage(item.translation.failure);
+    }
+}
+
+// clang-format off
+constexpr std::array fieldTable = {
+    // name                  append                             needs                 form   failed number given
+    Field{"value",          appendValue,                        {},                   false, true,  false, true},
+    Field{"line",           appendLine,                         {},                   false, true,  true,  false},
+    Field{"form",           appendForm,                         {},                   false, true,  false, false},
+    Field{"scheme",         appendScheme,                       {},                   false, false, false, false},
+    Field{"filter",         appendFilter,                       {},                   false, false, true,  false},
+    Field{"tag_uri",        appendText<Form::TAG_URI>,          Form::TAG_URI,        true,  false, false, false},
+    Field{"pure_identity",  appendText<Form::PURE_IDENTITY>,    Form::PURE_IDENTITY,  true,  false, false, false},
+    Field{"element_string", appendText<Form::ELEMENT_STRING>,   Form::ELEMENT_STRING, true,  false, false, true},
+    Field{"barcode_string", appendText<Form::BARCODE_STRING>,   Form::BARCODE_STRING, true,  false, false, true},
+    Field{"digital_link",   appendText<Form::DIGITAL_LINK>,     Form::DIGITAL_LINK,   true,  false, false, true},
+    Field{"gtin",           appendText<Form::GTIN>,             Form::GTIN,           true,  false, false, false},
+    Field{"serial",         appendText<Form::SERIAL>,           Form::SERIAL,         true,  false, false, true},
+    Field{"hex",            appendText<Form::HEX>,              Form::HEX,            true,  false, false, false},
+    Field{"words",          appendHexWords,                     Form::HEX,            true,  false, false, false},
+    Field{"binary",         appendBinary,                       Form::HEX,            true,  false, false, false},
+    Field{"bits",           appendLength,                       {},                   true,  false, true,  false},
+    Field{"ais",            appendAis,                          Form::AIS,            true,  false, false, true},
+    Field{"fits_schemes",   appendSchemes,                      Form::FITS_SCHEMES,   true,  false, false, false},
+    Field{"notes",          appendNotes,                        {},                   false, true,  false, true},
+    Field{"status",         appendStatus,                       {},                   false, true,  false, false},
+    Field{"message",        appendMessage,                      {},                   false, true,  false, true},
+};
+// clang-format on
+
+// Names that fields had before.
+constexpr std::pair<std::string_view, std::string_view> formerNames[] = {
+    {"pure_uri", "pure_identity"},
+};
+
+void spellSeparators(std::string& text, std::size_t from) {
+    for (std::size_t at = text.find(groupSeparator, from); at != std::string::npos;
+         at = text.find(groupSeparator, at)) {
+        text.replace(at, 1, "{GS}");
+    }
+}
+
+} // namespace
+
+std::span<const Field> fields() {
+    return fieldTable;
+}
+
+const Field* fieldByName(std::string_view given) {
+    std::string name(given);
+    std::replace(name.begin(), name.end(), '-', '_');
+    for (const auto& [former, now] : formerNames) {
+        name = name == former ? now : name;
+    }
+    const auto* const field = std::ranges::find(fieldTable, name, &Field::name);
+    return field == fieldTable.end() ? nullptr : field;
+}
+
+void fieldAppend(const Field& field, const Item& item, bool raw, std::string& text) {
+    const std::size_t from = text.size();
+    if (!isFailure(item.translation.failure) || field.isOfFailure) {
+        field.append(text, item);
+    }
+    if (field.holdsGivenText && !raw) {
+        spellSeparators(text, from);
+    }
+}
+
+std::string failureMessage(const Failure& failure) {
+    std::string text = failureText(failure);
+    if (!failure.option.empty()) {
+        std::string option =
+            failure.option == "as_barcode" ? "barcode" : std::string(failure.option);
+        std::replace(option.begin(), option.end(), '_', '-');
+        text += " (--" + option + ')';
+    }
+    return text;
+}
+
+std::string shownValue(std::string_view value) {
+    constexpr std::size_t most = 100;
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string text;
+    for (const char character : value.substr(0, most)) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (character == groupSeparator) {
+            text += "{GS}";
+        } else if (byte < 0x20 || byte == 0x7F) {
+            text += {'\\', 'x', digits[byte >> 4], digits[byte & 15]};
+        } else {
+            text += character;
+        }
+    }
+    if (value.size() > most) {
+        text += "... (" + std::to_string(value.size()) + " characters)";
+    }
+    return text;
+}
+
+} // namespace rosetag

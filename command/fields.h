@@ -1,0 +1,49 @@
+/*
+ * The fields that can be written of a value.
+ */
+#ifndef ROSETAG_COMMAND_FIELDS_H
+#define ROSETAG_COMMAND_FIELDS_H
+
+#include <rosetag/toolkit.hpp>
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace rosetag {
+
+// What fields are made of.
+struct Item {
+    std::string_view value; // as it was given
+    std::uint64_t line = 0; // of the input; 0 for an argument
+    Translation translation;
+};
+
+// A field's name is its column name and, where JSON has it too, its key there.
+struct Field {
+    std::string_view name;
+    void (*append)(std::string& text, const Item& item);
+    FormSet needs;       // the forms that must have been asked for
+    bool isForm;         // a form that a value may not have
+    bool isOfFailure;    // a value that failed has it
+    bool isNumber;       // its text is always a number
+    bool holdsGivenText; // may hold any character
+};
+
+std::span<const Field> fields();
+
+// The field of that name, in which "-" is taken for "_"; null for none.
+const Field* fieldByName(std::string_view name);
+
+// Appends the text of a field. Separators of barcode strings are spelled {GS} unless raw.
+void fieldAppend(const Field& field, const Item& item, bool raw, std::string& text);
+
+// The message of a failure with the options that it names as the command spells them.
+std::string failureMessage(const Failure& failure);
+
+// Text with control characters spelled out, a long one cut.
+std::string shownValue(std::string_view value);
+
+} // namespace rosetag
+
+#endif

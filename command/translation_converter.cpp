@@ -1,0 +1,224 @@
+#include "translation_converter.h"
+
+#include "csv_cells.h"
+#include "human_text.h"
+#include "output.h"
+
+#include <charconv>
+
+namespace rosetag {
+
+namespace {
+
+std::optional<int> numberOf(std::string_view text) {
+    int number = 0;
+    const char* const last = text.data() + text.size();
+    const auto [end, error] = std::from_chars(text.data(), last, number);
+    return error == std::errc() && end == last ? std::optional(number) : std::nullopt;
+}
+
+class TranslationConverter : public Converter {
+public:
+    explicit TranslationConverter(const TranslationSettings& theSettings)
+        : settings(theSettings), options(theSettings.options) {}
+
+    void convert(const InputItem& input) override {
+        take(input);
+        if (!settings.text.pieces.empty()) {
+            composed = templateFillValue(settings.text, input.cells);
+            item.value = composed;
+        }
+        if (settings.hasWordsOfRows && !takeWords(input.cells)) {
+            return;
+        }
+        if (settings.isEncode) {
+            encode(item.value, options, settings.wanted, item.translation);
+        } else {
+            translate(item.value, options.read, settings.wanted, item.translation);
+        }
+        Failure& failure = item.translation.failure;
+        if (failure.isOfOptions && !settings.hasWordsOfRows) {
+            throw UsageError(failureMessage(failure));
+        }
+        if (settings.required != nullptr && !isFailure(failure)) {
+            require(*settings.required, failure);
+        }
+    }
+
+    void refuse(const InputItem& input, Failure failure) override {
+        take(input);
+        item.translation.form = Form::UNKNOWN;
+        item.translation.scheme = nullptr;
+        item.translation.filter.reset();
+        item.translation.notes.clear();
+        item.translation.asked = {};
+        item.translation.bits = 0;
+        item.translation.ais.clear();
+        item.translation.fitsSchemes.clear();
+        item.translation.failure = std::move(failure);
+    }
+
+    const Failure& failure() const override {
+        return item.translation.failure;
+    }
+    std::string_view value() const override {
+        return item.value;
+    }
+    const Rows<Note>* notes() const override {
+        return &item.translation.notes;
+    }
+
+    void writeLine(std::string& out) override {
+        if (settings.writing == Writing::JSON) {
+            appendJson(out, item.translation, item.value, item.line);
+        } else if (!item.value.empty() || item.line == 0) {
+            writeFields(out);
+            if (settings.hasStatus && (settings.hasHeader || isFailure(failure()))) {
+                out += '\t';
+                out += epc_statusName(failure().status);
+            }
+        }
+        out += '\n';
+    }
+
+    void writeArgument(std::string& out) override {
+        if (settings.writing == Writing::JSON) {
+            writeLine(out);
+        } else if (isFailure(failure())) {
+            return;
+        } else if (settings.writing == Writing::HUMAN) {
+            out += settings.hasSentence ? "This is " + describe(item.translation) + ".\n" : "";
+            out += humanForms(item.translation, settings.isRaw);
+        } else {
+            writeFields(out);
+            out += '\n';
+        }
+    }
+
+    bool writesBlocks() const override {
+        return settings.writing == Writing::HUMAN;
+    }
+
+    void writeCells(std::vector<std::string>& cells) override {
+        cells.clear();
+        const bool isBlank = item.value.empty();
+        for (const Field* field : settings.fields) {
+            cells.emplace_back();
+            if (!isBlank) {
+                fieldAppend(*field, item, settings.isRaw, cells.back());
+            }
+        }
+        if (settings.hasStatus) {
+            cells.emplace_back(isBlank ? "" : epc_statusName(failure().status));
+        }
+    }
+
+private:
+    void take(const InputItem& input) {
+        item.value = input.value;
+        item.line = input.line;
+    }
+
+    // Takes scheme, filter and prefix length of this row.
+    bool takeWords(std::span<const std::string> cells) {
+        options = settings.options;
+        std::string error = encodeOptionsOf(settings.words, cells, options);
+        if (!error.empty()) {
+            const InputItem whole{item.value, item.line, {}};
+            refuse(whole, {EPC_ERR_OUT_OF_RANGE, std::move(error)});
+            return false;
+        }
+        return true;
+    }
+
+    static bool lacksGcpLength(const Translation& translation) {
+        for (const Note& note : translation.notes) {
+            if (note.kind == NoteKind::NEEDS_GCP_LENGTH) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    void require(const Field& field, Failure& failure) {
+        std::string text;
+        field.append(text, item);
+        if (text.empty()) {
+            failure.status = EPC_ERR_NOT_SUPPORTED;
+            failure.message = "this value has no " + std::string(field.name);
+            if (lacksGcpLength(item.translation)) {
+                failure.message += " without the length of the company prefix";
+                failure.option = "gcp_length";
+            } else {
+                failure.remedy = "--to chooses a form";
+            }
+        }
+    }
+
+    void writeFields(std::string& out) {
+        const char* tab = "";
+        for (const Field* field : settings.fields) {
+            out += tab;
+            tab = "\t";
+            if (!field->holdsGivenText) {
+                fieldAppend(*field, item, settings.isRaw, out);
+            } else {
+                scratch.clear();
+                fieldAppend(*field, item, settings.isRaw, scratch);
+                tsvAppendCell(out, scratch);
+            }
+        }
+    }
+
+    const TranslationSettings& settings;
+    EncodeOptions options;
+    Item item;
+    std::string composed;
+    std::string scratch;
+};
+
+} // namespace
+
+std::string encodeOptionsOf(const EncodeWords& words, std::span<const std::string> cells,
+                            EncodeOptions& options) {
+    const std::string scheme = templateFill(words.scheme, cells);
+    const std::string filter = templateFill(words.filter, cells);
+    const std::string gcpLength = templateFill(words.gcpLength, cells);
+    if (!scheme.empty()) {
+        options.scheme = schemeByName(scheme);
+        if (options.scheme == nullptr) {
+            return "--scheme: there is no scheme \"" + scheme + "\"; rosetag schemes lists all";
+        }
+    }
+    if (!filter.empty()) {
+        options.filter = numberOf(filter);
+        if (!options.filter.has_value()) {
+            return "--filter: \"" + filter + "\" is not a number";
+        }
+    }
+    if (!gcpLength.empty()) {
+        options.read.gcpLength = numberOf(gcpLength);
+        if (options.read.gcpLength.value_or(0) < 6 || *options.read.gcpLength > 12) {
+            return "--gcp-length: a company prefix has 6 to 12 digits, and \"" + gcpLength +
+                   "\" is none of these numbers";
+        }
+    }
+    return {};
+}
+
+std::vector<AddedColumn> addedColumns(const TranslationSettings& settings) {
+    std::vector<AddedColumn> columns;
+    for (const Field* field : settings.fields) {
+        columns.push_back({field->name, field->isNumber});
+    }
+    if (settings.hasStatus) {
+        columns.push_back({"status", false});
+    }
+    return columns;
+}
+
+std::unique_ptr<Converter> translationConverter(const TranslationSettings& settings) {
+    return std::make_unique<TranslationConverter>(settings);
+}
+
+} // namespace rosetag
