@@ -132,11 +132,17 @@ std::string headerOf(const TranslationSettings& settings) {
 
 void tellNotes(Output& output, const Converter& converter) {
     const Rows<Note>* const notes = converter.notes();
-    for (std::size_t i = 0; notes != nullptr && i < notes->size(); ++i) {
-        const Note& note = (*notes)[i];
-        if (note.kind != NoteKind::NEEDS_GCP_LENGTH) {
-            complain(output, std::string(severityWord(note.severity)) + ": " +
-                                 shownValue(converter.value()) + ": " + note.text);
+    for (const Severity severity : {Severity::NOTE, Severity::WARNING}) {
+        std::string text;
+        for (std::size_t i = 0; notes != nullptr && i < notes->size(); ++i) {
+            const Note& note = (*notes)[i];
+            if (note.severity == severity && note.kind != NoteKind::NEEDS_GCP_LENGTH) {
+                text += (text.empty() ? "" : "; ") + note.text;
+            }
+        }
+        if (!text.empty()) {
+            complain(output, std::string(severityWord(severity)) + ": " +
+                                 shownValue(converter.value()) + ": " + text);
         }
     }
 }

@@ -110,6 +110,15 @@ constexpr std::pair<std::string_view, std::string_view> formerNames[] = {
     {"pure_uri", "pure_identity"},
 };
 
+std::string optionHint(const Failure& failure) {
+    if (failure.option.empty()) {
+        return {};
+    }
+    std::string option = failure.option == "as_barcode" ? "barcode" : std::string(failure.option);
+    std::replace(option.begin(), option.end(), '_', '-');
+    return " (see --" + option + ')';
+}
+
 void spellSeparators(std::string& text, std::size_t from) {
     for (std::size_t at = text.find(groupSeparator, from); at != std::string::npos;
          at = text.find(groupSeparator, at)) {
@@ -144,14 +153,12 @@ void fieldAppend(const Field& field, const Item& item, bool raw, std::string& te
 }
 
 std::string failureMessage(const Failure& failure) {
-    std::string text = failureText(failure);
-    if (!failure.option.empty()) {
-        std::string option =
-            failure.option == "as_barcode" ? "barcode" : std::string(failure.option);
-        std::replace(option.begin(), option.end(), '_', '-');
-        text += " (--" + option + ')';
-    }
-    return text;
+    return failureText(failure) + optionHint(failure);
+}
+
+std::string optionsMessage(const Failure& failure) {
+    return failure.message + (failure.remedy.empty() ? "" : "; ") + failure.remedy +
+           optionHint(failure);
 }
 
 std::string shownValue(std::string_view value) {

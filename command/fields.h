@@ -41,6 +41,9 @@ void fieldAppend(const Field& field, const Item& item, bool raw, std::string& te
 // The message of a failure with the options that it names as the command spells them.
 std::string failureMessage(const Failure& failure);
 
+// The same of a failure of the options, which has no place in the value.
+std::string optionsMessage(const Failure& failure);
+
 // Text with control characters spelled out, a long one cut.
 std::string shownValue(std::string_view value);
 

@@ -1,6 +1,5 @@
 #include "line_work.h"
 
-#include "before/translate/library_calls.h"
 #include "csv_cells.h"
 #include "fields.h"
 #include "output.h"

@@ -1,4 +1,3 @@
-#include "before/explain/explain_walk.h"
 #include "commands.h"
 #include "human_text.h"
 

@@ -38,7 +38,7 @@ public:
         }
         Failure& failure = item.translation.failure;
         if (failure.isOfOptions && !settings.hasWordsOfRows) {
-            throw UsageError(failureMessage(failure));
+            throw UsageError(optionsMessage(failure));
         }
         if (settings.required != nullptr && !isFailure(failure)) {
             require(*settings.required, failure);
@@ -144,6 +144,7 @@ private:
         std::string text;
         field.append(text, item);
         if (text.empty()) {
+            failure = Failure();
             failure.status = EPC_ERR_NOT_SUPPORTED;
             failure.message = "this value has no " + std::string(field.name);
             if (lacksGcpLength(item.translation)) {

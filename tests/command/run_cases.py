@@ -7,7 +7,9 @@ status other than 0. Empty lines at the end of a case do not count: an empty lin
 written as a lone \\n. An output without an end of its last line has \\c there. Lines that begin
 with "#" between cases are comments.
 
-usage: run_cases.py ROSETAG FILE...
+usage: run_cases.py [--update] ROSETAG FILE...
+
+--update writes what the command does now into the cases that differ, for a look at the changes.
 """
 import os
 import subprocess
@@ -43,18 +45,53 @@ def joined(lines):
     return text.removesuffix("\\c\n").encode()
 
 
-def run(case, rosetag, folder):
+def execute(case, rosetag, folder):
     environment = dict(os.environ, LC_ALL="C",
                        PATH=os.path.dirname(rosetag) + os.pathsep + os.environ["PATH"])
     result = subprocess.run(["bash", "-c", case["command"]], cwd=folder, env=environment,
                             stdin=subprocess.DEVNULL, capture_output=True, timeout=60, check=False)
+    return {"standard output": result.stdout, "standard error": result.stderr,
+            "exit status": result.returncode}
+
+
+def run(case, rosetag, folder):
     expected = {"standard output": joined(case["out"]), "standard error": joined(case["err"]),
                 "exit status": case["status"]}
-    actual = {"standard output": result.stdout, "standard error": result.stderr,
-              "exit status": result.returncode}
+    actual = execute(case, rosetag, folder)
+    if expected != actual:
+        case["actual"] = actual
     return [f"{case['place']}: $ {case['command']}\n  {name}\n--- expected\n{shown(expected[name])}\n"
             f"--- actual\n{shown(actual[name])}\n"
             for name in expected if expected[name] != actual[name]]
+
+
+def written(output):
+    """The lines of a case that stand for an output: joined() backwards."""
+    text = output.decode()
+    if not text:
+        return []
+    lines = (text + "\\c\n" if not text.endswith("\n") else text).split("\n")[:-1]
+    end = len(lines)
+    while end > 0 and lines[end - 1] == "":
+        end -= 1
+    return lines[:end] + ["\\n"] * (len(lines) - end)
+
+
+def update(path, cases):
+    with open(path, encoding="utf-8") as file:
+        lines = file.read().split("\n")
+    for case in reversed([case for case in cases if "actual" in case]):
+        actual = case["actual"]
+        begin = int(case["place"].rpartition(":")[2])
+        end = begin
+        while end < len(lines) and not lines[end].startswith(("$ ", "#")):
+            end += 1
+        status = actual["exit status"]
+        lines[begin:end] = (written(actual["standard output"])
+                            + ["! " + line for line in written(actual["standard error"])]
+                            + [f"? {status}"] * (status != 0) + [""])
+    with open(path, "w", encoding="utf-8") as file:
+        file.write("\n".join(lines).rstrip("\n") + "\n")
 
 
 def shown(what):
@@ -62,15 +99,20 @@ def shown(what):
 
 
 def main():
-    rosetag, *paths = sys.argv[1:]
+    arguments = sys.argv[1:]
+    updates = arguments[0] == "--update"
+    rosetag, *paths = arguments[updates:]
     failures = []
     count = 0
     for path in paths:
         in_file = 0
+        cases = read_cases(path)
         with tempfile.TemporaryDirectory() as folder:
-            for case in read_cases(path):
+            for case in cases:
                 failures += run(case, os.path.abspath(rosetag), folder)
                 in_file += 1
+        if updates:
+            update(path, cases)
         if in_file == 0:
             failures.append(f"{path} holds no case")
         count += in_file

@@ -242,6 +242,11 @@ void failFilter(Reading& reading, EpcStatus status, const EncodeOptions& options
 
 void failBits(Reading& reading, EpcStatus status, const Explanation& explanation) {
     const std::string& digits = reading.workspace.text;
+    if (explanation.fields.empty()) {
+        readingFail(reading, status, 0, reading.value.size(),
+                    {statusMeaning(status, {StatusSource::BITS})});
+        return;
+    }
     const ExplainedField& field = explanation.fields.back();
     const bool isUnknown = status == EPC_ERR_UNKNOWN_HEADER || field.isGood;
     Complaint complaint = hintForDigits(digits);
