@@ -10,17 +10,7 @@ namespace rosetag {
 
 namespace {
 
-struct EncodingWord {
-    std::string_view word;
-    int encoding;
-};
-
-constexpr EncodingWord encodingWords[] = {
-    {"auto", AI_ENC_AUTO},           {"integer", AI_ENC_INTEGER},
-    {"hex-upper", AI_ENC_HEX_UPPER}, {"hex-lower", AI_ENC_HEX_LOWER},
-    {"base64url", AI_ENC_BASE64URL}, {"iso646", AI_ENC_ISO646},
-    {"code40", AI_ENC_CODE40},
-};
+constexpr std::string_view autoEncoding = "auto";
 
 struct DelimiterWord {
     std::string_view word;
@@ -82,7 +72,9 @@ std::vector<std::string> choicesOf(std::string_view typeName) {
         return wordsOf(schemes(), &SchemeInfo::name);
     }
     if (typeName == "ENCODING") {
-        return wordsOf(encodingWords, &EncodingWord::word);
+        std::vector<std::string> words = {std::string(autoEncoding)};
+        words.insert(words.end(), encodingWords().begin(), encodingWords().end());
+        return words;
     }
     if (typeName == "DELIMITER") {
         return wordsOf(delimiterWords, &DelimiterWord::word);
@@ -108,7 +100,9 @@ std::string choiceError(std::string_view typeName, std::string_view what, std::s
 }
 
 int encodingByWord(std::string_view word) {
-    return std::ranges::find(encodingWords, word, &EncodingWord::word)->encoding;
+    const auto words = encodingWords();
+    const auto found = std::ranges::find(words, word);
+    return found == words.end() ? AI_ENC_AUTO : static_cast<int>(found - words.begin());
 }
 
 char delimiterOf(std::string_view given) {
