@@ -90,21 +90,24 @@ EpcStatus encodeCode40(TextCursor& cursor, BitBuffer& out) {
 }
 
 // Padding is skipped wherever it occurs.
-EpcStatus decodeCode40(BitBuffer& bits, TextBuffer& text, std::int32_t count) {
+EpcStatus putCode40Group(TextBuffer& text, std::uint32_t group) {
     constexpr std::uint32_t base = CODE40_BASE;
-    return fieldRunGet<code40.groupBits>(
-        bits, code40Groups(count), [&text](std::uint32_t group) -> EpcStatus {
-            if (group < 1 || group > CODE40_LARGEST) {
-                return EPC_ERR_BAD_FORMAT;
-            }
-            const std::uint32_t sum = group - 1;
-            for (const std::uint32_t value : {sum / (base * base), sum / base % base, sum % base}) {
-                if (code40.alphabet[value] != '\0') {
-                    EPC_TRY(textBufferPutChar(text, code40.alphabet[value]));
-                }
-            }
-            return EPC_OK;
-        });
+    if (group < 1 || group > CODE40_LARGEST) {
+        return EPC_ERR_BAD_FORMAT;
+    }
+    const std::uint32_t sum = group - 1;
+    for (const std::uint32_t value : {sum / (base * base), sum / base % base, sum % base}) {
+        if (code40.alphabet[value] != '\0') {
+            EPC_TRY(textBufferPutChar(text, code40.alphabet[value]));
+        }
+    }
+    return EPC_OK;
+}
+
+EpcStatus decodeCode40(BitBuffer& bits, TextBuffer& text, std::int32_t count) {
+    return fieldRunGet<code40.groupBits>(bits, code40Groups(count), [&text](std::uint32_t group) {
+        return putCode40Group(text, group);
+    });
 }
 
 struct PayloadCodec {
