@@ -46,7 +46,7 @@ RATIOS = (
         ("that hex back to a Digital Link", "five-ais/sgtin+-hex-to-digital-link",
          "one snprintf", "snprintf/tag-uri", 3.0),
         ("check of an element string of four AIs", "four-ais/check",
-         "one snprintf", "snprintf/tag-uri", 9.0),
+         "one snprintf", "snprintf/tag-uri", 8.0),
         ("TID with serial and all segments", "tid/decode", "one snprintf", "snprintf/tag-uri", 0.6),
         ("sgtin-198 of 20 characters, hex-to-tag-uri", "sgtin-198-long/hex-to-tag-uri",
          "one snprintf", "snprintf/tag-uri", 1.2),
