@@ -293,7 +293,7 @@ bool faultOfSchemeName(UriFault& fault, std::string_view word) {
     const std::string lower = lowerCaseOf(word);
     fault.length = word.size();
     if (schemeByName(lower) != nullptr && lower != word) {
-        fault.complaint = {"the names of tag schemes are lower case", "write " + lower};
+        fault.complaint = {"the names of tag schemes are lower case", "write " + shownText(lower)};
     } else {
         fault.complaint = {"there is no tag scheme " + quotedText(word),
                            "there are " + schemeNamesLike(lower)};
@@ -305,7 +305,8 @@ bool faultOfFamily(UriFault& fault, std::string_view word) {
     const std::string lower = lowerCaseOf(word);
     fault.length = word.size();
     if (lower != word) {
-        fault.complaint = {"the names of kinds of identity are lower case", "write " + lower};
+        fault.complaint = {"the names of kinds of identity are lower case",
+                           "write " + shownText(lower)};
         return true;
     }
     fault.complaint = {"there is no kind of identity " + quotedText(word), "there are"};
