@@ -26,7 +26,7 @@ constexpr std::int32_t AI_00_VALUE_BITS = 18 * DIGIT_BITS;
 // True if the prefix is 00 and fewer bits follow it than a value of AI 00 takes: then it is
 // padding.
 constexpr bool aiCodeIsPadding(std::string_view prefix, std::int32_t bitsAfter) {
-    return prefix == "00" && bitsAfter < AI_00_VALUE_BITS;
+    return bitsAfter < AI_00_VALUE_BITS && prefix == "00";
 }
 
 } // namespace rosetag
