@@ -11,13 +11,19 @@ namespace {
 
 // put: EpcStatus(const AiElement& element)
 template <typename Put>
+EpcStatus putPass(const AiList& list, AiPass pass, Put& put) {
+    for (const AiElement& element : std::span(list.elements, list.count)) {
+        if (element.pass == pass) {
+            EPC_TRY(put(element));
+        }
+    }
+    return EPC_OK;
+}
+
+template <typename Put>
 EpcStatus putPassByPass(const AiList& list, Put put) {
     for (const AiPass pass : {KEY_PASS, DATE_PASS, DATA_PASS}) {
-        for (const AiElement& element : std::span(list.elements, list.count)) {
-            if (element.pass == pass) {
-                EPC_TRY(put(element));
-            }
-        }
+        EPC_TRY(putPass(list, pass, put));
     }
     return EPC_OK;
 }
