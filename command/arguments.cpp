@@ -44,7 +44,7 @@ std::optional<int> argumentsRead(int argc, char** argv, Output& output, Argument
     }
     const std::vector<std::string> commands = commandNames();
     arguments.isBare = std::ranges::find(commands, words.back()) == commands.end();
-    if (arguments.isBare && words.back() != "--help" && words.back() != "-h") {
+    if (arguments.isBare && app.get_option_no_throw(words.back()) == nullptr) {
         commandLineAddBareDecode(app, arguments);
     }
     try {

@@ -8,6 +8,10 @@ void tsvAppendCell(std::string& row, std::string_view cell) {
     constexpr std::string_view special("\t\n\r\0", 4);
     constexpr std::string_view letters = "tnr0";
     for (const char character : cell) {
+        if (character > '\r') {
+            row += character;
+            continue;
+        }
         const std::size_t found = special.find(character);
         if (found == std::string_view::npos) {
             row += character;
@@ -22,8 +26,10 @@ void csvAppendCell(std::string& row, char delimiter, std::string_view cell) {
     if (delimiter == '\t') {
         return tsvAppendCell(row, cell);
     }
-    const char special[] = {delimiter, '"', '\n', '\r'};
-    if (cell.find_first_of(std::string_view(special, sizeof special)) == std::string_view::npos) {
+    const bool needsQuotes = std::any_of(cell.begin(), cell.end(), [delimiter](char character) {
+        return character == delimiter || character == '"' || character == '\n' || character == '\r';
+    });
+    if (!needsQuotes) {
         row += cell;
         return;
     }

@@ -108,7 +108,7 @@ void linePoolRun(LineSource& source, const LineRules& rules, LineWork first, uns
                  const LinePoolCalls& calls) {
     Pool pool;
     // Blocks of ordinary lines never wait; one with a very long line goes alone.
-    pool.mostBytes = threads * 2 * LINE_BLOCK_SIZE;
+    pool.mostBytes = threads * 8 * LINE_BLOCK_SIZE;
     pool.read = 1;
     pool.bytes = first.block.text.capacity;
     std::vector<std::jthread> others;

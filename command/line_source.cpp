@@ -130,7 +130,7 @@ void textAreaAppend(TextArea& area, std::string_view text) {
 }
 
 void textAreaClear(TextArea& area) {
-    constexpr std::size_t mostKept = 4 * LINE_BLOCK_SIZE;
+    constexpr std::size_t mostKept = 16 * LINE_BLOCK_SIZE;
     if (area.capacity > mostKept) {
         area = {};
     }

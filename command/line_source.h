@@ -42,7 +42,7 @@ struct LineBlock {
 };
 
 // So much is read at a time.
-inline constexpr std::size_t LINE_BLOCK_SIZE = std::size_t{256} << 10;
+inline constexpr std::size_t LINE_BLOCK_SIZE = std::size_t{64} << 10;
 
 // A line may have so many characters. Of a longer one the beginning is kept.
 inline constexpr std::size_t LONGEST_LINE = std::size_t{16} << 20;

@@ -50,13 +50,13 @@ void countNotes(LineTask& task) {
 }
 
 // Converts one line. False where the arguments of the command do not suffice.
-bool convertItem(LineTask& task, const InputItem& item, Failure refusal, bool isBlank) {
+bool convertItem(LineTask& task, const InputItem& item, const Failure* refusal, bool isBlank) {
     Converter& converter = *task.work.converter;
     LineTally& tally = task.work.tally;
     ++tally.lines;
     tally.blanks += isBlank ? 1U : 0U;
-    if (isBlank || isFailure(refusal)) {
-        converter.refuse(item, std::move(refusal));
+    if (isBlank || refusal != nullptr) {
+        converter.refuse(item, refusal == nullptr ? Failure() : *refusal);
     } else {
         try {
             converter.convert(item);
@@ -80,13 +80,10 @@ Failure overlong() {
     return failure;
 }
 
-Failure refusalOf(const LineTask& task, const TableRow& row) {
+Failure faultOf(const TableRow& row) {
     Failure failure;
-    if (task.work.block.isOverlong) {
-        return overlong();
-    }
     failure.status = row.status;
-    failure.message = row.status == EPC_OK ? "" : row.fault;
+    failure.message = row.fault;
     return failure;
 }
 
@@ -109,7 +106,10 @@ void runRows(LineTask& task, std::string_view text) {
         tableReadRow(reader, text, row);
         const bool isWhole = row.status == EPC_OK && !task.work.block.isOverlong;
         const std::string_view value = isWhole ? std::string_view(row.cells.front()) : row.text;
-        if (!convertItem(task, {value, task.number, row.cells}, refusalOf(task, row),
+        const Failure refusal = isWhole                      ? Failure()
+                                : task.work.block.isOverlong ? overlong()
+                                                             : faultOf(row);
+        if (!convertItem(task, {value, task.number, row.cells}, isWhole ? nullptr : &refusal,
                          isEmptyRow(row))) {
             return;
         }
@@ -127,13 +127,14 @@ void runRows(LineTask& task, std::string_view text) {
 }
 
 void runLines(LineTask& task, std::string_view text) {
+    const Failure refusal = task.work.block.isOverlong ? overlong() : Failure();
     for (; !text.empty(); ++task.number) {
         const std::size_t end = text.find('\n');
         std::string_view line = text.substr(0, end);
         text.remove_prefix(end + 1);
         line.remove_suffix(line.ends_with('\r') ? 1 : 0);
         if (!convertItem(task, {line, task.number, {}},
-                         task.work.block.isOverlong ? overlong() : Failure(), line.empty())) {
+                         task.work.block.isOverlong ? &refusal : nullptr, line.empty())) {
             return;
         }
         task.work.converter->writeLine(task.work.out);
@@ -144,7 +145,8 @@ void runLines(LineTask& task, std::string_view text) {
 }
 
 void clear(std::string& text) {
-    if (text.capacity() > 4 * LINE_BLOCK_SIZE) {
+    constexpr std::size_t mostKept = 32 * LINE_BLOCK_SIZE;
+    if (text.capacity() > mostKept) {
         text = {};
     }
     text.clear();

@@ -100,16 +100,16 @@ public:
     }
 
     void writeCells(std::vector<std::string>& cells) override {
-        cells.clear();
         const bool isBlank = item.value.empty();
-        for (const Field* field : settings.fields) {
-            cells.emplace_back();
+        cells.resize(settings.fields.size() + (settings.hasStatus ? 1 : 0));
+        for (std::size_t i = 0; i < settings.fields.size(); ++i) {
+            cells[i].clear();
             if (!isBlank) {
-                fieldAppend(*field, item, settings.isRaw, cells.back());
+                fieldAppend(*settings.fields[i], item, settings.isRaw, cells[i]);
             }
         }
         if (settings.hasStatus) {
-            cells.emplace_back(isBlank ? "" : epc_statusName(failure().status));
+            cells.back() = isBlank ? "" : epc_statusName(failure().status);
         }
     }
 

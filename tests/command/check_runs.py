@@ -14,7 +14,7 @@ ROSETAG = os.path.abspath(sys.argv[1])
 LINE = b"3074257BF7194E4000001A85\n"
 URI = b"urn:epc:tag:sgtin-96:3.0614141.812345.6789\n"
 
-BLOCK = 256 << 10  # so much is read at a time
+BLOCK = 64 << 10  # so much is read at a time
 
 
 def peak_of_run(lines, options, line=LINE, exit_status=0):

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cstring>
 
 namespace rosetag {
 
@@ -16,6 +17,30 @@ unsigned char byteAt(std::string_view text, std::size_t at) {
 bool isPlain(char character) {
     const auto code = static_cast<unsigned char>(character);
     return code >= 0x20 && code < 0x80 && character != '"' && character != '\\';
+}
+
+// How many characters at the start of a text stand for themselves.
+std::size_t plainLength(std::string_view text) {
+    constexpr std::uint64_t ones = 0x0101010101010101;
+    constexpr std::uint64_t highs = 0x8080808080808080;
+    std::size_t length = 0;
+    // Eight at a time: a high bit is set for a byte that is below 0x20, above 0x7F, a quote or a
+    // backslash, and perhaps for one beside it.
+    for (; length + 8 <= text.size(); length += 8) {
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, text.data() + length, 8);
+        const std::uint64_t quote = bytes ^ (ones * '"');
+        const std::uint64_t backslash = bytes ^ (ones * '\\');
+        const std::uint64_t special =
+            bytes | (bytes - ones * 0x20) | (quote - ones) | (backslash - ones);
+        if ((special & highs) != 0) {
+            break;
+        }
+    }
+    while (length < text.size() && isPlain(text[length])) {
+        ++length;
+    }
+    return length;
 }
 
 // The length of the UTF-8 sequence at the start of a text, 0 if it is none.
@@ -105,10 +130,7 @@ void jsonText(JsonWriter& json, std::string_view text) {
     putComma(json);
     json.text += '"';
     while (!text.empty()) {
-        std::size_t plain = 0;
-        while (plain < text.size() && isPlain(text[plain])) {
-            ++plain;
-        }
+        const std::size_t plain = plainLength(text);
         json.text += text.substr(0, plain);
         text.remove_prefix(plain);
         if (text.empty()) {

@@ -173,8 +173,22 @@ bool takeOffIdentifier(Reading& reading, std::string_view& value) {
 }
 
 bool holdsSeparator(std::string_view text, const ReadOptions& options) {
+    // Letters and digits are passed at once: no spelling begins with one.
+    constexpr auto isLetterOrDigit = [] {
+        std::array<bool, 256> table{};
+        for (int i = 0; i < 26; ++i) {
+            table[static_cast<std::size_t>('A' + i)] = true;
+            table[static_cast<std::size_t>('a' + i)] = true;
+        }
+        for (int i = 0; i < 10; ++i) {
+            table[static_cast<std::size_t>('0' + i)] = true;
+        }
+        return table;
+    }();
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (separatorLength(text.substr(i), options) > 0) {
+        const bool isSkipped =
+            isLetterOrDigit[static_cast<unsigned char>(text[i])] && text[i] != options.separator;
+        if (!isSkipped && separatorLength(text.substr(i), options) > 0) {
             return true;
         }
     }
