@@ -138,6 +138,7 @@ enum class Form : std::uint8_t {
     AIS,            ///< The AIs and their values. Only asked for.
     SERIAL,         ///< What tells one object from the others of its key. Only asked for.
     FITS_SCHEMES,   ///< The schemes that can hold an identity. Only asked for.
+    FINDINGS,       ///< What check finds. Only asked for.
     TID,            ///< The TID memory of a tag in hex. Only given.
     UNKNOWN,        ///< Nothing that is known here. Only given.
 };
@@ -210,6 +211,19 @@ std::span<const SchemeInfo> schemes();
 
 /** The scheme with exactly this name, or null. */
 const SchemeInfo* schemeByName(std::string_view name);
+
+/** A filter value that has a meaning. */
+struct FilterWord {
+    int filter;
+    std::string_view word; ///< "inner_pack"
+    std::string_view name; ///< "inner pack: trade items grouped for handling"
+};
+
+/** The filter values of a scheme that the EPC Tag Data Standard gives a meaning. */
+std::span<const FilterWord> filterWords(const SchemeInfo& scheme);
+
+/** The filter that a word means for a scheme; none if it means none. "-" is taken for "_". */
+std::optional<int> filterByWord(const SchemeInfo& scheme, std::string_view word);
 
 /** The short title of an AI, "SERIAL" for "21"; empty for a code that GS1 has not assigned. */
 std::string_view aiTitle(std::string_view code);
@@ -316,6 +330,7 @@ struct Workspace {
     };
     std::string text;
     std::string more;
+    std::string bankWords; ///< The words before the EPC that were taken off.
     std::vector<Piece> pieces;
 };
 
@@ -350,6 +365,98 @@ void recognise(std::string_view value, const ReadOptions& options, Recognition& 
 Recognition recognise(std::string_view value, const ReadOptions& options = {});
 
 /*
+ * ---- Rules and findings ----
+ */
+
+/** What GS1 demands of a value. checkRuleWord gives the word of a rule: "check_digit". */
+enum class CheckRule : std::uint8_t {
+    // The text.
+    UNKNOWN_FORM,       ///< It is nothing that is known here.
+    TAG_VALUE,          ///< A tag value or an EPC URI cannot be read.
+    SYMBOLOGY,          ///< A scanner's identifier is not one of GS1 data.
+    BRACKETS,           ///< An element string has each AI between "(" and ")".
+    AI_CODE,            ///< An AI has two to four digits.
+    UNKNOWN_AI,         ///< GS1 has not assigned the AI.
+    NEWER_AI,           ///< The AI is newer than this version. A warning.
+    REPEATED_AI,        ///< An AI stands once. A warning where the values are the same.
+    TOO_MANY_AIS,       ///< More AIs than can be converted. A warning.
+    MISSING_SEPARATOR,  ///< A separator must end the value.
+    NEEDLESS_SEPARATOR, ///< A separator ends nothing. A warning.
+    // The value of an AI.
+    EMPTY_VALUE,
+    TOO_SHORT,
+    TOO_LONG,
+    SHORT_GTIN,        ///< A GTIN of 8, 12 or 13 digits where 14 belong. In links a warning.
+    DIGITS,            ///< Only digits may stand here.
+    CHARACTER_SET_82,  ///< Only the GS1 character set 82 may stand here.
+    CHARACTER_SET_39,  ///< Only the GS1 character set 39 may stand here.
+    BASE64URL,         ///< Only base64url may stand here.
+    CHECK_DIGIT,       ///< The check digit does not match.
+    CHECK_PAIR,        ///< The check character pair of a GMN does not match.
+    ONLY_DIGITS,       ///< At least one character is not a digit.
+    COMPANY_PREFIX,    ///< A GS1 company prefix begins here.
+    UNASSIGNED_PREFIX, ///< By the prefix list of the options no company prefix begins so.
+    DATE,              ///< The day exists.
+    TIME,              ///< The time exists.
+    COUNTRY_NUMBER,    ///< ISO 3166-1 has assigned the number.
+    COUNTRY_LETTERS,   ///< ISO 3166-1 has assigned the letters.
+    CURRENCY_NUMBER,   ///< ISO 4217 has assigned the number.
+    FLAG,              ///< 0 or 1.
+    ZERO,              ///< The digit 0.
+    NOT_ZERO,
+    LEADING_ZERO, ///< There is none.
+    MINUS,        ///< "-" or nothing.
+    PIECE_OF_TOTAL,
+    POSITION_OF_TOTAL,
+    PERCENT_ESCAPE, ///< Two hexadecimal digits follow each "%".
+    LATITUDE,
+    LONGITUDE,
+    WINDING, ///< 0, 1 or 9.
+    SEX,     ///< 0, 1, 2 or 9.
+    IBAN,
+    MEDIA_TYPE,
+    PACKAGE_TYPE,
+    // What stands together.
+    NEEDS,    ///< An AI stands beside another one. A warning: it may be in another symbol.
+    EXCLUDES, ///< An AI does not stand beside another one.
+    // Links.
+    LINK_KEY,       ///< The path has a key.
+    LINK_QUALIFIER, ///< Only qualifiers of the key follow it in the path.
+    LINK_ORDER,     ///< They follow in a fixed order.
+    LINK_QUERY,     ///< The AI may not stand in the query.
+    LINK_CHARACTER, ///< The character must be escaped.
+    LINK_ESCAPE,    ///< Two hexadecimal digits follow each "%".
+    LINK_NAME,      ///< Names in place of AIs are no longer part of the standard. A warning.
+    LINK_SEMICOLON, ///< Only "&" separates parameters. A warning.
+};
+inline constexpr std::size_t CHECK_RULE_COUNT = 54;
+
+/** What is known of a rule. */
+struct CheckRuleInfo {
+    CheckRule rule;
+    std::string_view word;     ///< "check_digit"
+    Severity severity;         ///< Of most findings; see the rule.
+    std::string_view sentence; ///< {ai}, {culprit} and {detail} stand for what is at hand.
+};
+
+/** All rules: element n is the rule with the number n. */
+std::span<const CheckRuleInfo> checkRules();
+
+/** The word of a rule: "check_digit". */
+std::string_view checkRuleWord(CheckRule rule);
+
+/** A place where a value breaks a rule. */
+struct Finding {
+    Severity severity = Severity::ERROR;
+    CheckRule rule = CheckRule::UNKNOWN_FORM;
+    std::string ai;           ///< Empty where the rule is about the text as a whole.
+    std::size_t position = 0; ///< In the value as given. All of a tag value is one place.
+    std::size_t length = 0;   ///< 0: between two bytes, or at the end.
+    std::string culprit; ///< What is wrong: the bytes there, with the escapes of a link resolved.
+    std::string message; ///< What the rule is and how to mend the value.
+};
+
+/*
  * ---- Translating ----
  */
 
@@ -371,11 +478,12 @@ struct Translation {
     Rows<AiValue> ais;
     Rows<const SchemeInfo*> fitsSchemes;
     Rows<Note> notes;
+    Rows<Finding> findings; ///< What check finds, of the value as given.
     FormSet asked;
     Workspace workspace;
 };
 
-/** The text of a form that is one text; empty for AIS and FITS_SCHEMES. */
+/** The text of a form that is one text; empty for AIS, FITS_SCHEMES and FINDINGS. */
 std::string_view formText(const Translation& translation, Form form);
 
 /** The value of an AI of a translation that was asked for Form::AIS; empty if it is not there. */
@@ -488,8 +596,9 @@ struct Explanation {
     Failure failure;
     Form form = Form::UNKNOWN;          ///< What was given.
     const SchemeInfo* scheme = nullptr; ///< Null for a TID, an AI value and an unknown header.
-    std::string hex;
-    std::string bits; ///< The characters 0 and 1, whole bytes.
+    std::string hex;                    ///< With the words before the EPC.
+    std::string bits;                   ///< The characters 0 and 1, whole bytes.
+    std::size_t bankAddress = 0;        ///< Where the first bit is in its memory bank, in bits.
     Rows<ExplainedField> fields;
     Rows<Note> notes;
     Workspace workspace;
@@ -606,94 +715,6 @@ Tid tid(std::string_view hex);
 /*
  * ---- Checking ----
  */
-
-/** What GS1 demands of a value. checkRuleWord gives the word of a rule: "check_digit". */
-enum class CheckRule : std::uint8_t {
-    // The text.
-    UNKNOWN_FORM,       ///< It is nothing that is known here.
-    TAG_VALUE,          ///< A tag value or an EPC URI cannot be read.
-    SYMBOLOGY,          ///< A scanner's identifier is not one of GS1 data.
-    BRACKETS,           ///< An element string has each AI between "(" and ")".
-    AI_CODE,            ///< An AI has two to four digits.
-    UNKNOWN_AI,         ///< GS1 has not assigned the AI.
-    NEWER_AI,           ///< The AI is newer than this version. A warning.
-    REPEATED_AI,        ///< An AI stands once. A warning where the values are the same.
-    TOO_MANY_AIS,       ///< More AIs than can be converted. A warning.
-    MISSING_SEPARATOR,  ///< A separator must end the value.
-    NEEDLESS_SEPARATOR, ///< A separator ends nothing. A warning.
-    // The value of an AI.
-    EMPTY_VALUE,
-    TOO_SHORT,
-    TOO_LONG,
-    SHORT_GTIN,        ///< A GTIN of 8, 12 or 13 digits where 14 belong. In links a warning.
-    DIGITS,            ///< Only digits may stand here.
-    CHARACTER_SET_82,  ///< Only the GS1 character set 82 may stand here.
-    CHARACTER_SET_39,  ///< Only the GS1 character set 39 may stand here.
-    BASE64URL,         ///< Only base64url may stand here.
-    CHECK_DIGIT,       ///< The check digit does not match.
-    CHECK_PAIR,        ///< The check character pair of a GMN does not match.
-    ONLY_DIGITS,       ///< At least one character is not a digit.
-    COMPANY_PREFIX,    ///< A GS1 company prefix begins here.
-    UNASSIGNED_PREFIX, ///< By the prefix list of the options no company prefix begins so.
-    DATE,              ///< The day exists.
-    TIME,              ///< The time exists.
-    COUNTRY_NUMBER,    ///< ISO 3166-1 has assigned the number.
-    COUNTRY_LETTERS,   ///< ISO 3166-1 has assigned the letters.
-    CURRENCY_NUMBER,   ///< ISO 4217 has assigned the number.
-    FLAG,              ///< 0 or 1.
-    ZERO,              ///< The digit 0.
-    NOT_ZERO,
-    LEADING_ZERO, ///< There is none.
-    MINUS,        ///< "-" or nothing.
-    PIECE_OF_TOTAL,
-    POSITION_OF_TOTAL,
-    PERCENT_ESCAPE, ///< Two hexadecimal digits follow each "%".
-    LATITUDE,
-    LONGITUDE,
-    WINDING, ///< 0, 1 or 9.
-    SEX,     ///< 0, 1, 2 or 9.
-    IBAN,
-    MEDIA_TYPE,
-    PACKAGE_TYPE,
-    // What stands together.
-    NEEDS,    ///< An AI stands beside another one. A warning: it may be in another symbol.
-    EXCLUDES, ///< An AI does not stand beside another one.
-    // Links.
-    LINK_KEY,       ///< The path has a key.
-    LINK_QUALIFIER, ///< Only qualifiers of the key follow it in the path.
-    LINK_ORDER,     ///< They follow in a fixed order.
-    LINK_QUERY,     ///< The AI may not stand in the query.
-    LINK_CHARACTER, ///< The character must be escaped.
-    LINK_ESCAPE,    ///< Two hexadecimal digits follow each "%".
-    LINK_NAME,      ///< Names in place of AIs are no longer part of the standard. A warning.
-    LINK_SEMICOLON, ///< Only "&" separates parameters. A warning.
-};
-inline constexpr std::size_t CHECK_RULE_COUNT = 54;
-
-/** What is known of a rule. */
-struct CheckRuleInfo {
-    CheckRule rule;
-    std::string_view word;     ///< "check_digit"
-    Severity severity;         ///< Of most findings; see the rule.
-    std::string_view sentence; ///< {ai}, {culprit} and {detail} stand for what is at hand.
-};
-
-/** All rules: element n is the rule with the number n. */
-std::span<const CheckRuleInfo> checkRules();
-
-/** The word of a rule: "check_digit". */
-std::string_view checkRuleWord(CheckRule rule);
-
-/** A place where a value breaks a rule. */
-struct Finding {
-    Severity severity = Severity::ERROR;
-    CheckRule rule = CheckRule::UNKNOWN_FORM;
-    std::string ai;           ///< Empty where the rule is about the text as a whole.
-    std::size_t position = 0; ///< In the value as given. All of a tag value is one place.
-    std::size_t length = 0;   ///< 0: between two bytes, or at the end.
-    std::string culprit; ///< What is wrong: the bytes there, with the escapes of a link resolved.
-    std::string message; ///< What the rule is and how to mend the value.
-};
 
 /**
  * Finds everything in a value that is not as GS1 demands: after a fault it goes on as far as the

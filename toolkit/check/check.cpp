@@ -7,7 +7,6 @@
 #include "recognise/barcode_text.h"
 #include "recognise/look.h"
 #include "words/shown_text.h"
-#include "json/json_writer.h"
 
 #include <algorithm>
 
@@ -140,31 +139,6 @@ std::string findingText(const Finding& finding) {
         text += ", " + quotedText(finding.culprit);
     }
     return text + ": " + finding.message;
-}
-
-void appendJson(std::string& json, const Rows<Finding>& findings, std::string_view value,
-                std::uint64_t line) {
-    JsonWriter writer = {json};
-    jsonBegin(writer, '{');
-    if (line != 0) {
-        jsonMember(writer, "line", line);
-    }
-    jsonMember(writer, "value", value);
-    jsonKey(writer, "findings");
-    jsonBegin(writer, '[');
-    for (const Finding& finding : findings) {
-        jsonBegin(writer, '{');
-        jsonMember(writer, "severity", severityWord(finding.severity));
-        jsonMember(writer, "rule", checkRuleWord(finding.rule));
-        jsonMemberIfAny(writer, "ai", finding.ai);
-        jsonMember(writer, "position", finding.position);
-        jsonMember(writer, "length", finding.length);
-        jsonMemberIfAny(writer, "culprit", finding.culprit);
-        jsonMember(writer, "message", finding.message);
-        jsonEnd(writer, '}');
-    }
-    jsonEnd(writer, ']');
-    jsonEnd(writer, '}');
 }
 
 } // namespace rosetag

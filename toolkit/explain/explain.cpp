@@ -3,6 +3,7 @@
  */
 #include "explain/explain_epc.h"
 #include "recognise/hex_text.h"
+#include "translate/tag_notes.h"
 #include "translate/text_room.h"
 #include "translate/translate.h"
 #include "words/failure.h"
@@ -58,10 +59,13 @@ void explain(std::string_view value, const ReadOptions& options, Explanation& re
         return failReading(reading, status);
     }
     const bool isTid = reading.form == Form::TID;
-    const bool isGood = isTid ? explainTid(hex, result) : explainEpc(hex, result);
+    const bool isGood =
+        isTid ? explainTid(hex, result) : explainEpc(result.workspace.bankWords, hex, result);
     const EpcStatus status = isTid ? tid(hex).failure.status : statusOfEpc(hex);
     if (!isGood || status != EPC_OK) {
         failBits(reading, status, result);
+    } else if (reading.form == Form::HEX) {
+        noteTagBits(reading);
     }
 }
 

@@ -2,13 +2,18 @@
 
 #include "core/char_class.h"
 #include "explain/explain_ai_values.h"
+#include "recognise/bank_words.h"
 #include "schemes/field_cage_code.h"
 #include "schemes/field_chars.h"
 #include "schemes/scheme_table.h"
+#include "words/shown_text.h"
 
 namespace rosetag {
 
 namespace {
+
+// The EPC begins at the third word of its memory bank.
+constexpr std::size_t EPC_ADDRESS = 32;
 
 // What the fields so far say of those that follow.
 struct LayoutState {
@@ -230,6 +235,35 @@ void walkRest(Walk& walk) {
     walkMean(walk, isFilling ? "fills the last word" : "not part of the value");
 }
 
+// The CRC if there is one, the PC word, and its extensions. There is a CRC where the bits before
+// the EPC are more than the PC word needs.
+void walkBankWords(Walk& walk, std::string_view words) {
+    const std::size_t count = words.size() / WORD_DIGITS;
+    if (count == 0) {
+        return;
+    }
+    const bool hasCrc =
+        count > 1 &&
+        crc16Of(std::string_view(walk.explanation.hex).substr(WORD_DIGITS)) == wordAt(words, 0);
+    if (hasCrc) {
+        const std::string_view bits = walkTake(walk, "CRC", 16);
+        walkMean(walk, "0x" + hexOfBits(bits) + ", right");
+    }
+    const std::uint64_t length = walkNumber(walk, "EPC length", 5);
+    walkMean(walk, counted(length, "word") + ", " + std::to_string(16 * length) + " bits");
+    const bool hasUserMemory = walkNumber(walk, "user memory", 1) != 0;
+    walkMean(walk, hasUserMemory ? "holds something" : "empty");
+    const bool hasExtension = walkNumber(walk, "extended PC", 1) != 0;
+    walkMean(walk, hasExtension ? "follows the PC word" : "none");
+    const bool isOtherFamily = walkNumber(walk, "toggle", 1) != 0;
+    walkMean(walk, isOtherFamily ? "an application family of ISO" : "an EPC of GS1");
+    const std::string_view last = walkTake(walk, isOtherFamily ? "AFI" : "attribute bits", 8);
+    walkMean(walk, "0x" + hexOfBits(last));
+    for (std::size_t i = hasCrc ? 2 : 1; i < count; ++i) {
+        walkMean(walk, "0x" + hexOfBits(walkTake(walk, "extended PC word", 16)));
+    }
+}
+
 const SchemeRow* walkHeader(Walk& walk) {
     const std::string_view bits = walkTake(walk, "header", TAG_HEADER_BITS);
     if (!walk.isGood) {
@@ -248,8 +282,10 @@ const SchemeRow* walkHeader(Walk& walk) {
 
 } // namespace
 
-bool explainEpc(std::string_view hexDigits, Explanation& explanation) {
-    Walk walk = walkBegin(explanation, hexDigits);
+bool explainEpc(std::string_view bankWords, std::string_view hexDigits, Explanation& explanation) {
+    Walk walk = walkBegin(explanation, std::string(bankWords).append(hexDigits));
+    walkBankWords(walk, bankWords);
+    explanation.bankAddress = EPC_ADDRESS - 4 * bankWords.size();
     const SchemeRow* const row = walkHeader(walk);
     explanation.scheme =
         row == nullptr ? nullptr : &schemes()[static_cast<std::size_t>(row->scheme)];

@@ -9,7 +9,8 @@
 namespace rosetag {
 
 // Fills scheme, hex, bits and fields. False if the bits break the layout: the last field says how.
-bool explainEpc(std::string_view hexDigits, Explanation& explanation);
+// bankWords are those of the memory bank before the EPC, if any.
+bool explainEpc(std::string_view bankWords, std::string_view hexDigits, Explanation& explanation);
 
 // The same of the TID memory of a tag.
 bool explainTid(std::string_view hexDigits, Explanation& explanation);

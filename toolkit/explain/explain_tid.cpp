@@ -80,6 +80,7 @@ bool isPresent(const Explanation& explanation, const TidSegment& segment) {
 bool explainTid(std::string_view hexDigits, Explanation& explanation) {
     Walk walk = walkBegin(explanation, hexDigits);
     explanation.scheme = nullptr;
+    explanation.bankAddress = 0;
     std::uint64_t serialLength = 0;
     for (const TidSegment& segment : tidSegments) {
         if (!isPresent(explanation, segment)) {

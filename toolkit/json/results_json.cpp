@@ -45,6 +45,27 @@ void putNotes(JsonWriter& json, const Rows<Note>& notes) {
     jsonEnd(json, ']');
 }
 
+void putFinding(JsonWriter& json, const Finding& finding) {
+    jsonBegin(json, '{');
+    jsonMember(json, "severity", severityWord(finding.severity));
+    jsonMember(json, "rule", checkRuleWord(finding.rule));
+    jsonMemberIfAny(json, "ai", finding.ai);
+    jsonMember(json, "position", finding.position);
+    jsonMember(json, "length", finding.length);
+    jsonMemberIfAny(json, "culprit", finding.culprit);
+    jsonMember(json, "message", finding.message);
+    jsonEnd(json, '}');
+}
+
+void putFindings(JsonWriter& json, const Rows<Finding>& findings) {
+    jsonKey(json, formWord(Form::FINDINGS));
+    jsonBegin(json, '[');
+    for (const Finding& finding : findings) {
+        putFinding(json, finding);
+    }
+    jsonEnd(json, ']');
+}
+
 void putAi(JsonWriter& json, const AiValue& ai) {
     jsonMember(json, "ai", ai.ai);
     jsonMember(json, "title", ai.title);
@@ -182,6 +203,9 @@ void appendJson(std::string& text, const Translation& result, std::string_view v
         putForms(json, result);
     }
     putNotes(json, result.notes);
+    if (!result.findings.empty()) {
+        putFindings(json, result.findings);
+    }
     jsonEnd(json, '}');
 }
 
@@ -194,6 +218,7 @@ void appendJson(std::string& text, const Explanation& result, std::string_view v
         jsonMember(json, "scheme", result.scheme->name);
     }
     jsonMemberIfAny(json, "hex", result.hex);
+    jsonMember(json, "bank_address", result.bankAddress);
     jsonKey(json, "fields");
     jsonBegin(json, '[');
     for (const ExplainedField& field : result.fields) {
@@ -245,6 +270,18 @@ void appendJson(std::string& text, const SchemeInfo& scheme) {
     jsonMemberBool(json, "uri", scheme.hasUris);
     jsonMemberBool(json, "gs1", scheme.hasGs1Texts);
     jsonMemberBool(json, "further_ais", scheme.isPlus);
+    jsonEnd(json, '}');
+}
+
+void appendJson(std::string& text, const Rows<Finding>& findings, std::string_view value,
+                std::uint64_t line) {
+    JsonWriter json{text};
+    jsonBegin(json, '{');
+    if (line != 0) {
+        jsonMember(json, "line", line);
+    }
+    jsonMember(json, "value", value);
+    putFindings(json, findings);
     jsonEnd(json, '}');
 }
 

@@ -100,7 +100,12 @@ bool prepareGtinSymbol(Reading& reading, std::string_view data, const SymbologyI
                          : quotedText(data.substr(at, 1)) + " is not one"),
              "scan the symbol again"});
     }
+    const std::size_t before = reading.notes.size();
     keepGtin(reading, data);
+    // The zeros of a whole symbol are part of how it is read.
+    if (data.size() == row.gtinDigits && reading.notes.size() > before) {
+        reading.notes.removeLast();
+    }
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "recognise/look.h"
 
 #include "core/char_class.h"
+#include "gs1/ai_prefix.h"
 #include "gs1/check_digit.h"
 #include "recognise/barcode_text.h"
 #include "recognise/hex_text.h"
@@ -153,10 +154,15 @@ bool failUnknown(Reading& reading, std::string_view value) {
                            {"no form of a value begins with " + quotedText(value.substr(0, 1)),
                             std::string(forms)});
     }
+    const bool mayBeBarcode =
+        aiPrefixOf(value[0], value.size() < 2 ? ' ' : value[1]).codeDigits != 0;
     return readingFail(reading, EPC_ERR_BAD_FORMAT, position, 1,
                        {"this begins like hex, but " + quotedText(rest.substr(0, 1)) +
                             " is not a hexadecimal digit",
-                        std::string(forms)});
+                        mayBeBarcode ? "if it is a barcode string, say so; if the character stands "
+                                       "for GS, say which"
+                                     : std::string(forms),
+                        mayBeBarcode ? "as_barcode" : ""});
 }
 
 } // namespace rosetag

@@ -2,6 +2,7 @@
  * Makes a value ready for the library: what it is, and its text without what people and devices add
  * to it.
  */
+#include "recognise/bank_words.h"
 #include "recognise/barcode_text.h"
 #include "recognise/hex_text.h"
 #include "recognise/link_text.h"
@@ -70,6 +71,7 @@ bool prepareUri(Reading& reading, std::string_view value) {
 bool prepareForm(Reading& reading, std::string_view value) {
     switch (reading.form) {
     case Form::HEX:
+        return prepareHex(reading, value) && takeOffBankWords(reading);
     case Form::TID:
         return prepareHex(reading, value);
     case Form::TAG_URI:
@@ -90,6 +92,7 @@ bool prepareForm(Reading& reading, std::string_view value) {
     case Form::AIS:
     case Form::SERIAL:
     case Form::FITS_SCHEMES:
+    case Form::FINDINGS:
     case Form::UNKNOWN:
         break;
     }
@@ -101,6 +104,7 @@ bool prepareForm(Reading& reading, std::string_view value) {
 bool readingPrepare(Reading& reading) {
     reading.notes.clear();
     reading.failure.status = EPC_OK;
+    reading.workspace.bankWords.clear();
     readingClear(reading);
     if (reading.value.size() > MAX_VALUE_LENGTH) {
         return readingFail(reading, EPC_ERR_TOO_LONG, MAX_VALUE_LENGTH, 0,

@@ -1,9 +1,11 @@
 /*
  * From a value to the bits of a tag scheme.
  */
+#include "bridge/gs1_key_table.h"
 #include "recognise/hex_text.h"
 #include "schemes/epc_uri.h"
 #include "translate/company_prefix.h"
+#include "translate/parsed_ais.h"
 #include "translate/text_room.h"
 #include "translate/translate.h"
 #include "words/failure.h"
@@ -45,7 +47,7 @@ bool completeGcpLength(Reading& reading, EncodeOptions& options) {
                          aisParse(reading.form, reading.workspace.text, ais) == EPC_OK;
     CompanyPrefix prefix = isAsked ? companyPrefixOf(options.read, ais) : CompanyPrefix{};
     if (!prefix.problem.empty()) {
-        return failOptions(reading, EPC_ERR_BAD_PARTITION,
+        return readingFail(reading, EPC_ERR_BAD_PARTITION, 0, reading.value.size(),
                            {std::move(prefix.problem),
                             "correct the key, take a newer list, or give the length",
                             "gcp_length"});
@@ -86,6 +88,26 @@ bool suffices(Reading& reading, EncodeOptions& options) {
     return true;
 }
 
+bool holdsAi(const SchemeInfo& scheme, std::string_view ai) {
+    const Gs1KeyDefinition* const key = gs1KeyFindByName(scheme.family);
+    return scheme.isPlus || key == nullptr || ai == key->primaryAi || ai == key->secondaryAi;
+}
+
+// The AIs of a text that a plain scheme leaves out.
+void noteLeftOut(const EncodeCall& call, const ParsedAis& ais) {
+    const SchemeInfo& scheme = *call.options.scheme;
+    for (std::size_t i = 0; i < ais.list.count; ++i) {
+        const std::string_view ai = aiCodeAt(ais, i);
+        if (!holdsAi(scheme, ai)) {
+            Note& note = readingNote(call.reading, NoteKind::NOT_ENCODED, call.reading.value, {});
+            note.text = "left out AI " + std::string(ai) + " (" + std::string(aiTitle(ai)) + ") " +
+                        quotedText(aiValueAt(ais, i)) + ", which " + std::string(scheme.name) +
+                        " does not hold";
+            note.option = "scheme";
+        }
+    }
+}
+
 template <typename Export>
 EpcStatus encodeText(const EncodeCall& call, const std::string& text, Export encodeText) {
     const EncodeOptions& options = call.options;
@@ -106,22 +128,32 @@ std::string bracketed(const ParsedAis& ais) {
     return text;
 }
 
-// A plain scheme drops the check digit, and the library takes a wrong one in brackets and barcodes.
-// A scan with a wrong one must not become a tag. Separators may follow any value, and a value may
-// hold a "(": as AIs they go on as a bracketed text if they can.
-EpcStatus encodeAis(const EncodeCall& call, Form form) {
+// Separators may follow any value of a barcode string, and a value may hold a "(": the AIs go on as
+// a bracketed text if they can.
+EpcStatus encodeSyntax(const EncodeCall& call, Form form, const ParsedAis* ais) {
     const std::string& text = call.reading.workspace.text;
-    ParsedAis ais;
-    const EpcStatus status = aisParse(form, text, ais);
-    if (status == EPC_ERR_CHECK_DIGIT) {
-        return status;
-    }
     if (form == Form::ELEMENT_STRING) {
         return encodeText(call, text, epc_gs1ElementStringToHexEnc);
     }
-    return status == EPC_OK && canStandInBrackets(ais)
-               ? encodeText(call, bracketed(ais), epc_gs1ElementStringToHexEnc)
+    if (form == Form::DIGITAL_LINK) {
+        return encodeText(call, text, epc_digitalLinkToHexEnc);
+    }
+    return ais != nullptr && canStandInBrackets(*ais)
+               ? encodeText(call, bracketed(*ais), epc_gs1ElementStringToHexEnc)
                : encodeText(call, text, epc_barcodeStringToHexEnc);
+}
+
+// A plain scheme drops the check digit, and the library takes a wrong one in brackets and barcodes:
+// a scan with a wrong one must not become a tag. It looks at no further AI than those of the key.
+EpcStatus encodeAis(const EncodeCall& call, Form form) {
+    ParsedAis ais;
+    const EpcStatus status = aisParse(form, call.reading.workspace.text, ais);
+    if (status == EPC_ERR_CHECK_DIGIT) {
+        return status;
+    }
+    EPC_TRY(encodeSyntax(call, form, status == EPC_OK ? &ais : nullptr));
+    noteLeftOut(call, ais);
+    return EPC_OK;
 }
 
 // A plus scheme holds no URI, but the AIs that a URI stands for.
@@ -227,9 +259,8 @@ EpcStatus encodeForm(const EncodeCall& call) {
     case Form::PURE_IDENTITY:
         return encodePureIdentity(call, text);
     case Form::DIGITAL_LINK:
-        return encodeText(call, text, epc_digitalLinkToHexEnc);
     case Form::BARCODE_STRING:
-        return encodeAis(call, Form::BARCODE_STRING);
+        return encodeAis(call, call.reading.form);
     default:
         return encodeAis(call, Form::ELEMENT_STRING);
     }
@@ -281,7 +312,7 @@ void encode(std::string_view value, const EncodeOptions& options, FormSet wanted
     if (status == EPC_OK) {
         status = formsOfHex(hex, result.asked, result);
     }
-    if (status != EPC_OK) {
+    if (status != EPC_OK && !isFailure(result.failure)) {
         failEncodeForm(reading, status, completed);
     }
 }

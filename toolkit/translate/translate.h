@@ -11,6 +11,9 @@ namespace rosetag {
 // Clears a result but keeps its memory.
 void translationClear(Translation& result, FormSet asked);
 
+// Takes out what was only made on the way to something else.
+void dropUnasked(FormSet asked, Translation& result);
+
 // Fills the forms of a tag value, its scheme, filter and length. On failure they are as far as it
 // could be read.
 EpcStatus formsOfHex(std::string_view hex, FormSet wanted, Translation& result);

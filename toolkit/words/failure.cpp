@@ -20,19 +20,35 @@ namespace {
 
 // ---- GS1 texts ----
 
-// The longest beginning of a text that is a text of its own.
-std::size_t readableLength(Form form, std::string_view text) {
-    constexpr std::size_t longest = 400;
-    ParsedAis ais;
-    std::size_t length = std::min(text.size(), longest);
-    while (length > 0) {
-        const std::string part(text.substr(0, length));
-        if (aisParse(form, part, ais) == EPC_OK) {
-            break;
+// The finding of check that says why a text failed: an error, of the AI if there is one given, and
+// of the check digit if that is what the status says.
+const Finding* findingOf(const Rows<Finding>& findings, EpcStatus status, std::string_view ai) {
+    const Finding* found = nullptr;
+    for (const Finding& finding : findings) {
+        const bool isRight =
+            (status == EPC_ERR_CHECK_DIGIT) == (finding.rule == CheckRule::CHECK_DIGIT);
+        if (finding.severity != Severity::ERROR || (!ai.empty() && finding.ai != ai) ||
+            finding.rule == CheckRule::EXCLUDES) {
+            continue;
         }
-        --length;
+        if (isRight) {
+            return &finding;
+        }
+        found = found == nullptr ? &finding : found;
     }
-    return length;
+    return found;
+}
+
+// Lets check say what is wrong with a text. False if it finds nothing.
+bool failByFinding(Reading& reading, EpcStatus status, std::string_view ai) {
+    Rows<Finding> findings;
+    check(reading.value, reading.options, findings);
+    const Finding* const finding = findingOf(findings, status, ai);
+    if (finding == nullptr) {
+        return false;
+    }
+    readingFail(reading, status, finding->position, finding->length, {finding->message});
+    return true;
 }
 
 void failGs1Text(Reading& reading, EpcStatus status) {
@@ -43,9 +59,10 @@ void failGs1Text(Reading& reading, EpcStatus status) {
             {"a link that is taken as it is begins with \"/\"", "take its host off", "strict"});
         return;
     }
-    const std::size_t position = readableLength(reading.form, text);
-    readingFailAt(reading, status, position, text.size() - position,
-                  {statusMeaning(status, {StatusSource::GS1_TEXT})});
+    if (!failByFinding(reading, status, {})) {
+        readingFail(reading, status, 0, reading.value.size(),
+                    {statusMeaning(status, {StatusSource::GS1_TEXT})});
+    }
 }
 
 // ---- Hex ----
@@ -187,6 +204,9 @@ bool failAnyAi(Reading& reading, const ParsedAis& ais, int encoding) {
         if (status == EPC_OK || status == EPC_ERR_NO_ROOM) {
             continue;
         }
+        if (failByFinding(reading, status, code)) {
+            return true;
+        }
         const ValuePlace place = placeOfValue(reading, ais, code);
         readingFailAt(reading, status, place.position, place.length,
                       {"AI " + code + " (" + std::string(aiTitle(code)) + ") cannot hold " +
@@ -266,8 +286,10 @@ void failBits(Reading& reading, EpcStatus status, const Explanation& explanation
         readingFail(reading, status, 0, reading.value.size(), std::move(complaint));
         return;
     }
-    const std::size_t first = field.first / 4;
-    const std::size_t last = field.width == 0 ? first : (field.first + field.width - 1) / 4 + 1;
+    const std::size_t before = explanation.hex.size() - digits.size(); // words before the EPC
+    const std::size_t first = field.first / 4 - before;
+    const std::size_t last =
+        field.width == 0 ? first : (field.first + field.width - 1) / 4 + 1 - before;
     readingFailAt(reading, status, std::min(first, digits.size()),
                   std::min(last, digits.size()) - std::min(first, digits.size()),
                   std::move(complaint));
@@ -278,7 +300,7 @@ void failReading(Reading& reading, EpcStatus status) {
     case Form::HEX:
     case Form::TID: {
         Explanation explanation;
-        explainEpc(reading.workspace.text, explanation);
+        explainEpc({}, reading.workspace.text, explanation);
         return failBits(reading, status, explanation);
     }
     case Form::TAG_URI:
@@ -305,9 +327,13 @@ void failEncoding(Reading& reading, EpcStatus status, const EncodeOptions& optio
 }
 
 void failAiValue(Reading& reading, EpcStatus status, std::string_view code) {
-    if (status == EPC_ERR_UNKNOWN_AI) {
-        readingFail(reading, status, 0, 0,
-                    {"GS1 has not assigned an AI " + shownText(code), "give the code of an AI"});
+    const std::string ai = '(' + std::string(code) + ')';
+    Rows<Finding> findings;
+    check(ai + std::string(reading.value), reading.options, findings);
+    const Finding* const finding = findingOf(findings, status, code);
+    if (finding != nullptr && finding->position >= ai.size()) {
+        readingFail(reading, status, finding->position - ai.size(), finding->length,
+                    {finding->message});
         return;
     }
     readingFail(reading, status, 0, reading.value.size(),

@@ -17,7 +17,7 @@ struct FormRow {
 };
 
 // clang-format off
-constexpr std::array<FormRow, 12> forms = {{
+constexpr std::array<FormRow, 13> forms = {{
     // form                  word              name
     {Form::HEX,             "hex",            "an EPC value in hex"},
     {Form::TAG_URI,         "tag_uri",        "an EPC tag URI"},
@@ -29,6 +29,7 @@ constexpr std::array<FormRow, 12> forms = {{
     {Form::AIS,             "ais",            "a list of AIs"},
     {Form::SERIAL,          "serial",         "a serial number"},
     {Form::FITS_SCHEMES,    "fits_schemes",   "a list of schemes"},
+    {Form::FINDINGS,        "findings",       "a list of findings"},
     {Form::TID,             "tid",            "the TID of a Gen2 tag in hex"},
     {Form::UNKNOWN,         "unknown",        "nothing that is known here"},
 }};

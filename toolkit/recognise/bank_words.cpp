@@ -1,0 +1,196 @@
+#include "recognise/bank_words.h"
+
+#include "recognise/hex_text.h"
+#include "translate/translate.h"
+#include "words/scheme_words.h"
+#include "words/shown_text.h"
+
+namespace rosetag {
+
+namespace {
+
+// How many words precede the EPC: the CRC if there is one, the PC, and its extensions.
+struct BankLayout {
+    bool hasCrc = false;
+    std::size_t pcIndex = 0;
+    std::size_t words = 0;
+};
+
+std::size_t wordCount(std::string_view digits) {
+    return digits.size() / WORD_DIGITS;
+}
+
+// The words before the EPC if the value begins with a PC word whose length field is right; 0 words
+// if it does not.
+BankLayout layoutWithPc(std::string_view digits, bool hasCrc) {
+    constexpr unsigned furtherExtension = 0x8000; // in the first extended PC word
+    BankLayout layout = {hasCrc, hasCrc ? std::size_t{1} : 0, 0};
+    const std::size_t count = wordCount(digits);
+    if (digits.size() % WORD_DIGITS != 0 || count < layout.pcIndex + 2) {
+        return layout;
+    }
+    const PcWord pc = pcWordOf(wordAt(digits, layout.pcIndex));
+    std::size_t extensions = 0;
+    if (pc.hasExtension) {
+        extensions = (wordAt(digits, layout.pcIndex + 1) & furtherExtension) != 0 ? 2 : 1;
+    }
+    const std::size_t after = count - layout.pcIndex - 1;
+    const bool isLength = pc.epcWords == after || pc.epcWords + extensions == after;
+    const bool isCrc = !hasCrc || crc16Of(digits.substr(WORD_DIGITS)) == wordAt(digits, 0);
+    if (isLength && isCrc && after > extensions) {
+        layout.words = layout.pcIndex + 1 + extensions;
+    }
+    return layout;
+}
+
+// True if digits are a tag value, and nothing but zeros follows it.
+bool isSound(std::string_view digits) {
+    Translation tag;
+    if (formsOfHex(digits, {}, tag) != EPC_OK) {
+        return false;
+    }
+    const std::size_t bits = tagValueBits(digits);
+    std::string rest;
+    appendBits(rest, digits);
+    return rest.find('1', bits) == std::string::npos;
+}
+
+bool hasKnownHeader(std::string_view digits) {
+    const unsigned header =
+        digits.size() < 2 ? 0U : wordAt(std::string(digits.substr(0, 2)) + "00", 0) >> 8;
+    return schemeByHeader(static_cast<std::uint8_t>(header)) != nullptr;
+}
+
+std::string layoutText(const BankLayout& layout) {
+    const std::size_t extensions = layout.words - layout.pcIndex - 1;
+    std::string text = layout.hasCrc ? "the CRC and the PC word" : "the PC word";
+    return extensions == 0 ? text : text + " with " + counted(extensions, "extension");
+}
+
+std::string_view givenWords(const Reading& reading, std::size_t words) {
+    const std::size_t first = givenPosition(reading.workspace, 0);
+    const std::size_t end = givenPosition(reading.workspace, words * WORD_DIGITS - 1) + 1;
+    return reading.value.substr(first, end - first);
+}
+
+void takeOff(Reading& reading, const BankLayout& layout) {
+    const std::string_view part = givenWords(reading, layout.words);
+    const std::size_t digits = layout.words * WORD_DIGITS;
+    if (reading.options.bank == Bank::AUTO) {
+        readingNote(reading, NoteKind::PC_WORD, part,
+                    "took off " + layoutText(layout) + ' ' + shownText(part) + " before the EPC");
+    }
+    reading.workspace.bankWords.assign(reading.workspace.text, 0, digits);
+    const std::string_view rest = reading.value.substr(givenPosition(reading.workspace, digits));
+    readingClear(reading);
+    prepareHex(reading, rest);
+}
+
+bool failOtherFamily(Reading& reading, const BankLayout& layout, const PcWord& pc) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string family = "0x";
+    family += digits[pc.familyOrAttribute >> 4];
+    family += digits[pc.familyOrAttribute & 15];
+    const std::string_view part = givenWords(reading, layout.pcIndex + 1);
+    return readingFail(reading, EPC_ERR_UNKNOWN_HEADER, positionIn(reading, part), part.size(),
+                       {"the PC word says that this tag is not one of GS1, but of the application "
+                        "family (AFI) " +
+                            family,
+                        "read it with software of its application", "bank"});
+}
+
+// The options say what precedes the EPC.
+bool takeOffAsked(Reading& reading) {
+    const std::string_view digits = reading.workspace.text;
+    const bool hasCrc = reading.options.bank == Bank::CRC_PC;
+    const std::size_t pcIndex = hasCrc ? 1 : 0;
+    if (wordCount(digits) < pcIndex + 2) {
+        return readingFail(reading, EPC_ERR_TRUNCATED, reading.value.size(), 0,
+                           {"an EPC follows the words before it, and here is none",
+                            "give the bank from its first word on", "bank"});
+    }
+    BankLayout layout = layoutWithPc(digits, hasCrc);
+    if (layout.words == 0 && hasCrc && crc16Of(digits.substr(WORD_DIGITS)) != wordAt(digits, 0)) {
+        const std::string_view part = givenWords(reading, 1);
+        return readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, part), part.size(),
+                           {"the CRC does not match the PC word and the EPC",
+                            "read the tag again, or say what the value begins with", "bank"});
+    }
+    const PcWord pc = pcWordOf(wordAt(digits, pcIndex));
+    if (layout.words == 0) {
+        const std::string_view part = givenWords(reading, pcIndex + 1);
+        return readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, part), part.size(),
+                           {"the PC word says that " + counted(pc.epcWords, "word") +
+                                " follow, and here are " +
+                                std::to_string(wordCount(digits) - pcIndex - 1),
+                            "read the tag again, or say what the value begins with", "bank"});
+    }
+    if (pc.isOtherFamily) {
+        return failOtherFamily(reading, layout, pc);
+    }
+    takeOff(reading, layout);
+    return true;
+}
+
+} // namespace
+
+PcWord pcWordOf(unsigned word) {
+    return {word >> 11, (word & 0x400) != 0, (word & 0x200) != 0, (word & 0x100) != 0, word & 0xFF};
+}
+
+unsigned wordAt(std::string_view digits, std::size_t index) {
+    unsigned word = 0;
+    for (const char digit : digits.substr(index * WORD_DIGITS, WORD_DIGITS)) {
+        word = word << 4 | static_cast<unsigned>(hexDigitValue(digit));
+    }
+    return word;
+}
+
+unsigned crc16Of(std::string_view digits) {
+    constexpr unsigned polynomial = 0x1021; // x^16 + x^12 + x^5 + 1
+    unsigned crc = 0xFFFF;
+    for (const char digit : digits) {
+        crc ^= static_cast<unsigned>(hexDigitValue(digit)) << 12;
+        for (int bit = 0; bit < 4; ++bit) {
+            crc = ((crc << 1) ^ ((crc & 0x8000) != 0 ? polynomial : 0)) & 0xFFFF;
+        }
+    }
+    return crc ^ 0xFFFF;
+}
+
+bool takeOffBankWords(Reading& reading) {
+    const Bank bank = reading.options.bank;
+    if (bank != Bank::AUTO) {
+        return bank == Bank::EPC || takeOffAsked(reading);
+    }
+    const std::string_view digits = reading.workspace.text;
+    for (const bool hasCrc : {false, true}) {
+        const BankLayout layout = layoutWithPc(digits, hasCrc);
+        if (layout.words == 0) {
+            continue;
+        }
+        const std::string_view rest = digits.substr(layout.words * WORD_DIGITS);
+        const PcWord pc = pcWordOf(wordAt(digits, layout.pcIndex));
+        const bool isPlain = isSound(digits);
+        if (pc.isOtherFamily && pc.familyOrAttribute != 0 && !isPlain) {
+            return failOtherFamily(reading, layout, pc);
+        }
+        if (pc.isOtherFamily || !hasKnownHeader(rest)) {
+            continue;
+        }
+        if (!isPlain) {
+            takeOff(reading, layout);
+            return true;
+        }
+        if (isSound(rest)) {
+            Note& note =
+                readingNote(reading, NoteKind::MAY_BE_PC_WORD, givenWords(reading, layout.words),
+                            "the value could also begin with " + layoutText(layout) +
+                                "; it was taken as an EPC");
+            note.option = "bank";
+        }
+    }
+    return true;
+}
+
+} // namespace rosetag

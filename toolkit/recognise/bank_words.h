@@ -1,0 +1,40 @@
+/*
+ * The words of a tag's EPC memory bank that readers print before the EPC: the CRC, the PC word and
+ * the extended PC words.
+ *
+ * Source: EPC UHF Gen2 Air Interface Protocol, section 6.3.2.1.2 (EPC memory bank).
+ */
+#ifndef ROSETAG_TOOLKIT_RECOGNISE_BANK_WORDS_H
+#define ROSETAG_TOOLKIT_RECOGNISE_BANK_WORDS_H
+
+#include "recognise/reading.h"
+
+namespace rosetag {
+
+inline constexpr std::size_t WORD_DIGITS = 4;
+
+// A PC word. Of the last eight bits the toggle says what they are.
+struct PcWord {
+    unsigned epcWords;  // the length of the EPC in words
+    bool hasUserMemory; // the user memory holds something
+    bool hasExtension;  // an extended PC word follows
+    bool isOtherFamily; // toggle: the tag is not of GS1, but of an application family of ISO
+    unsigned familyOrAttribute; // AFI, or attribute bits
+};
+
+PcWord pcWordOf(unsigned word);
+
+// The number of a word of hexadecimal digits.
+unsigned wordAt(std::string_view digits, std::size_t index);
+
+// The CRC-16 of words, as the first word of the bank holds it.
+unsigned crc16Of(std::string_view digits);
+
+// Takes the words before the EPC off the prepared hex as the options say, or, of themselves, where
+// the value is not a sound EPC and what follows them is. They go into workspace.bankWords. False if
+// the value does not match the options or is of another family: the failure says so.
+bool takeOffBankWords(Reading& reading);
+
+} // namespace rosetag
+
+#endif

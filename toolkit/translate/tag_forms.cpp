@@ -1,0 +1,150 @@
+/*
+ * The forms of a tag value.
+ */
+#include "bridge/gs1_conversions.h"
+#include "gs1/ai_list.h"
+#include "recognise/hex_text.h"
+#include "schemes/epc_uri.h"
+#include "schemes/tag_scheme.h"
+#include "translate/numbers.h"
+#include "translate/text_room.h"
+#include "translate/translate.h"
+#include "words/scheme_words.h"
+
+#include <array>
+
+namespace rosetag {
+
+namespace {
+
+constexpr FormSet GS1_TEXTS = Form::ELEMENT_STRING | Form::BARCODE_STRING | Form::DIGITAL_LINK;
+
+// A tag value in bytes.
+struct TagBits {
+    std::array<std::uint8_t, EPC_MAX_BINARY_BYTES> bytes;
+    std::int32_t count; // of bits
+};
+
+TagBits tagBitsOf(std::string_view hex) {
+    TagBits bits;
+    bits.count = static_cast<std::int32_t>(8 * bytesOfHex(hex, bits.bytes.data()));
+    return bits;
+}
+
+EpcStatus aisOfBits(BitBuffer bits, Translation& result) {
+    std::array<char, std::size_t{EPC_MAX_AIS} * EPC_AI_CODE_SIZE> codes;
+    std::array<char, std::size_t{EPC_MAX_AIS} * EPC_AI_VALUE_SIZE> values;
+    std::uint32_t count = 0;
+    EPC_TRY(bitsToAIs(bits, {EPC_MAX_AIS, EPC_AI_VALUE_SIZE, codes.data(), values.data(), &count}));
+    for (std::size_t i = 0; i < count; ++i) {
+        addAi(result, &codes[i * EPC_AI_CODE_SIZE], &values[i * EPC_AI_VALUE_SIZE]);
+    }
+    return EPC_OK;
+}
+
+template <std::size_t size>
+EpcStatus gs1TextOfBits(BitBuffer bits, BinaryToText TagSchemeOps::*slot, std::string& text) {
+    return textFrom<size>(text, [&](std::int32_t dstSize, char* dst) {
+        return bitsToGs1Text(bits, dstSize, dst, slot);
+    });
+}
+
+EpcStatus uriOfBits(BitBuffer bits, UriForm form, std::string& text) {
+    return textFrom<EPC_URI_SIZE>(text, [&](std::int32_t dstSize, char* dst) {
+        return bitsToEpcUri(bits, dstSize, dst, form);
+    });
+}
+
+// The texts of a value that has a GS1 key. A value need not have a link: further AIs can be a key
+// too, and a serial number can hold what the link writer takes for an escape.
+EpcStatus gs1TextsOfBits(const BitBuffer& bits, FormSet wanted, Translation& result) {
+    if (wanted.has(Form::ELEMENT_STRING)) {
+        EPC_TRY(gs1TextOfBits<EPC_ELEMENT_STRING_SIZE>(bits, &TagSchemeOps::binaryToElementString,
+                                                       result.elementString));
+    }
+    if (wanted.has(Form::BARCODE_STRING)) {
+        EPC_TRY(gs1TextOfBits<EPC_BARCODE_STRING_SIZE>(bits, &TagSchemeOps::binaryToBarcodeString,
+                                                       result.barcodeString));
+    }
+    if (wanted.has(Form::DIGITAL_LINK) &&
+        gs1TextOfBits<EPC_DIGITAL_LINK_SIZE>(bits, &TagSchemeOps::binaryToDigitalLink,
+                                             result.digitalLink) != EPC_OK) {
+        // Whether the bits can be read at all.
+        EPC_TRY(gs1TextOfBits<EPC_ELEMENT_STRING_SIZE>(bits, &TagSchemeOps::binaryToElementString,
+                                                       result.elementString));
+    }
+    if (wanted.hasAny(AI_FORMS)) {
+        EPC_TRY(aisOfBits(bits, result));
+        finishAis(wanted, result);
+    }
+    return EPC_OK;
+}
+
+EpcStatus urisOfBits(const BitBuffer& bits, FormSet wanted, Translation& result) {
+    if (wanted.has(Form::TAG_URI)) {
+        EPC_TRY(uriOfBits(bits, UriForm::TAG, result.tagUri));
+    }
+    if (wanted.has(Form::PURE_IDENTITY)) {
+        EPC_TRY(uriOfBits(bits, UriForm::PURE_IDENTITY, result.pureIdentity));
+    }
+    return EPC_OK;
+}
+
+// Some form that tells whether the bits can be read, if none was asked for.
+FormSet readable(FormSet wanted, const SchemeInfo& scheme) {
+    if (wanted.hasAny(scheme.hasUris ? Form::TAG_URI | Form::PURE_IDENTITY : FormSet()) ||
+        wanted.hasAny(scheme.hasGs1Texts ? GS1_TEXTS | AI_FORMS : FormSet())) {
+        return wanted;
+    }
+    return wanted | (scheme.hasUris ? Form::PURE_IDENTITY : Form::ELEMENT_STRING);
+}
+
+} // namespace
+
+EpcStatus formsOfHex(std::string_view hex, FormSet wanted, Translation& result) {
+    if (wanted.has(Form::HEX)) {
+        result.hex = hex;
+    }
+    TagBits tag = tagBitsOf(hex);
+    result.bits = tag.count;
+    if (tag.count < TAG_HEADER_BITS) {
+        return EPC_ERR_TRUNCATED;
+    }
+    result.scheme = schemeByHeader(tag.bytes[0]);
+    if (result.scheme == nullptr) {
+        return EPC_ERR_UNKNOWN_HEADER;
+    }
+    if (result.scheme->filterLimit > 0 && tag.count >= 2 * TAG_HEADER_BITS) {
+        result.filter = schemeFilterOf(*result.scheme, tag.bytes.data());
+    }
+    const BitBuffer bits = bitBufferForReading(tag.bytes.data(), tag.count);
+    const FormSet forms = readable(wanted, *result.scheme);
+    if (result.scheme->hasUris) {
+        EPC_TRY(urisOfBits(bits, forms, result));
+    }
+    if (result.scheme->hasGs1Texts) {
+        EPC_TRY(gs1TextsOfBits(bits, forms, result));
+    }
+    dropUnasked(wanted, result);
+    return EPC_OK;
+}
+
+std::size_t tagValueBits(std::string_view hex) {
+    TagBits tag = tagBitsOf(hex);
+    BitBuffer bits = bitBufferForReading(tag.bytes.data(), tag.count);
+    const TagSchemeOps* row = nullptr;
+    if (tagSchemeReadHeader(bits, row) != EPC_OK) {
+        return 0;
+    }
+    if (const std::int32_t fixed = schemeBits(schemeRows[row->info.scheme]); fixed != 0) {
+        return static_cast<std::size_t>(fixed);
+    }
+    std::array<char, EPC_BARCODE_STRING_SIZE> room;
+    TextBuffer text = textBufferOver(room.data(), static_cast<std::int32_t>(room.size()));
+    const EpcStatus status = row->binaryToUriBody != nullptr
+                                 ? row->binaryToUriBody(bits, text, UriForm::PURE_IDENTITY)
+                                 : row->binaryToElementString(*row, bits, text);
+    return status == EPC_OK ? static_cast<std::size_t>(bits.position) : 0;
+}
+
+} // namespace rosetag

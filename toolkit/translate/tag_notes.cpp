@@ -1,0 +1,59 @@
+#include "translate/tag_notes.h"
+
+#include "recognise/hex_text.h"
+#include "translate/translate.h"
+
+#include <algorithm>
+
+namespace rosetag {
+
+namespace {
+
+constexpr std::size_t WORD_BITS = 16;
+
+// The part of the value that holds digits of the prepared text, from one to the last.
+std::string_view fromDigit(const Reading& reading, std::size_t digit) {
+    const std::size_t last = reading.workspace.text.size() - 1;
+    const std::size_t first = givenPosition(reading.workspace, digit);
+    return reading.value.substr(first, givenPosition(reading.workspace, last) + 1 - first);
+}
+
+void warn(Reading& reading, NoteKind kind, std::size_t digit, const std::string& text) {
+    readingNote(reading, kind, fromDigit(reading, digit), text).severity = Severity::WARNING;
+}
+
+// The first bit that is 1, from one on; the count of bits if there is none.
+std::size_t findBit(std::string_view hex, std::size_t bit) {
+    for (; bit < 4 * hex.size(); ++bit) {
+        if ((hexDigitValue(hex[bit / 4]) & 8 >> bit % 4) != 0) {
+            break;
+        }
+    }
+    return bit;
+}
+
+} // namespace
+
+void noteTagBits(Reading& reading) {
+    const std::string_view hex = reading.workspace.text;
+    if (hex.size() % 2 != 0) {
+        warn(reading, NoteKind::ODD_DIGITS, hex.size() - 1,
+             "an odd number of hexadecimal digits: one is missing, taken as a 0 at the end");
+    }
+    const std::size_t bits = tagValueBits(hex);
+    const std::size_t given = 4 * hex.size();
+    if (given <= bits) {
+        return;
+    }
+    const std::string counts =
+        std::to_string(bits) + " bits, and here are " + std::to_string(given);
+    if (const std::size_t bit = findBit(hex, bits); bit < given) {
+        warn(reading, NoteKind::TRAILING_BITS, bit / 4,
+             "bits other than 0 follow the value, which has " + counts);
+    } else if (given > (bits + WORD_BITS - 1) / WORD_BITS * WORD_BITS) {
+        warn(reading, NoteKind::ODD_LENGTH, (bits + WORD_BITS - 1) / WORD_BITS * 4,
+             "no scheme has values of this length: this one has " + counts);
+    }
+}
+
+} // namespace rosetag

@@ -1,0 +1,147 @@
+#include "translate/text_forms.h"
+
+#include "gs1/text_writers.h"
+#include "translate/company_prefix.h"
+#include "translate/numbers.h"
+#include "translate/parsed_ais.h"
+#include "translate/text_room.h"
+#include "translate/translate.h"
+
+#include <array>
+
+namespace rosetag {
+
+namespace {
+
+void addAis(const ParsedAis& ais, Translation& result) {
+    for (std::size_t i = 0; i < ais.list.count; ++i) {
+        addAi(result, aiCodeAt(ais, i), aiValueAt(ais, i));
+    }
+}
+
+// Makes a text of AIs by one of the library's writers.
+template <std::size_t size, typename List>
+EpcStatus writeAis(std::string& text, EpcStatus (*write)(TextBuffer&, List, const char*), List list,
+                   const char* base) {
+    std::array<char, size> room;
+    TextBuffer buffer = textBufferOver(room.data(), static_cast<std::int32_t>(size));
+    EPC_TRY(write(buffer, list, base));
+    text = textBufferView(buffer);
+    return EPC_OK;
+}
+
+// Whether there would be a pure identity URI is found out with any length of the prefix.
+void addPureIdentity(Reading& reading, const ParsedAis& ais, FormSet wanted, Translation& result) {
+    constexpr int anyLength = 7;
+    const CompanyPrefix prefix = companyPrefixOf(reading.options, ais);
+    std::string& uri = result.workspace.more;
+    if (textFrom<EPC_URI_SIZE>(uri, [&](std::int32_t size, char* dst) {
+            return epc_gs1ElementStringToEpcUri(result.elementString.c_str(),
+                                                prefix.length.value_or(anyLength), size, dst);
+        }) != EPC_OK) {
+        return;
+    }
+    if (!prefix.length.has_value()) {
+        readingNote(reading, NoteKind::NEEDS_GCP_LENGTH, reading.value,
+                    "the pure identity URI needs the length of the GS1 company prefix" +
+                        (prefix.problem.empty() ? "" : ", and " + prefix.problem))
+            .option = "gcp_length";
+        return;
+    }
+    if (schemesThatFit(uri, result.fitsSchemes) == EPC_OK && wanted.has(Form::PURE_IDENTITY)) {
+        result.pureIdentity = uri;
+    }
+}
+
+EpcStatus textsOfAis(Reading& reading, ParsedAis& ais, FormSet wanted, Translation& result) {
+    const bool hasBrackets = canStandInBrackets(ais);
+    const bool needsUri = wanted.hasAny(Form::PURE_IDENTITY | Form::FITS_SCHEMES) && hasBrackets;
+    if (wanted.has(Form::ELEMENT_STRING) || needsUri) {
+        EPC_TRY((writeAis<EPC_ELEMENT_STRING_SIZE, const AiList&>(
+            result.elementString, elementStringWrite, ais.list, ais.base)));
+    }
+    if (wanted.has(Form::BARCODE_STRING)) {
+        EPC_TRY((writeAis<EPC_BARCODE_STRING_SIZE, const AiList&>(
+            result.barcodeString, barcodeStringWrite, ais.list, ais.base)));
+    }
+    if (wanted.hasAny(AI_FORMS)) {
+        addAis(ais, result);
+        finishAis(wanted, result);
+    }
+    if (needsUri) {
+        addPureIdentity(reading, ais, wanted, result);
+    }
+    if (wanted.has(Form::DIGITAL_LINK) && hasBrackets) {
+        writeAis<EPC_DIGITAL_LINK_SIZE, AiList&>(result.digitalLink, digitalLinkWrite, ais.list,
+                                                 ais.base);
+    } else if (wanted.has(Form::DIGITAL_LINK) && reading.form == Form::DIGITAL_LINK) {
+        result.digitalLink = reading.workspace.text;
+    }
+    return EPC_OK;
+}
+
+} // namespace
+
+EpcStatus formsOfGs1Text(Reading& reading, Form form, const std::string& text, FormSet wanted,
+                         Translation& result) {
+    ParsedAis ais;
+    EPC_TRY(aisParse(form, text, ais));
+    return ais.list.count == 0 ? EPC_ERR_NO_KEY_AI : textsOfAis(reading, ais, wanted, result);
+}
+
+EpcStatus formsOfPureIdentity(Reading& reading, FormSet wanted, Translation& result) {
+    const std::string& uri = reading.workspace.text;
+    EPC_TRY(schemesThatFit(uri, result.fitsSchemes));
+    const bool hasSchemes = !result.fitsSchemes.empty();
+    const EpcStatus status =
+        textFrom<EPC_ELEMENT_STRING_SIZE>(result.elementString, [&](std::int32_t size, char* dst) {
+            return epc_epcUriToGs1ElementString(uri.c_str(), size, dst);
+        });
+    if (wanted.has(Form::PURE_IDENTITY)) {
+        result.pureIdentity = uri;
+    }
+    if (status != EPC_OK) {
+        return status == EPC_ERR_NO_KEY_DEFINITION && hasSchemes ? EPC_OK : status;
+    }
+    // The AIs come from the barcode string, whose values may hold a "(". An identity can have a
+    // serial number that its AI is too short for: then it has these two texts only.
+    std::string& barcode = result.workspace.more;
+    EPC_TRY(textFrom<EPC_BARCODE_STRING_SIZE>(barcode, [&](std::int32_t size, char* dst) {
+        return epc_epcUriToBarcodeString(uri.c_str(), size, dst);
+    }));
+    if (wanted.has(Form::BARCODE_STRING)) {
+        result.barcodeString = barcode;
+    }
+    formsOfGs1Text(reading, Form::BARCODE_STRING, barcode, wanted & (AI_FORMS | Form::DIGITAL_LINK),
+                   result);
+    return EPC_OK;
+}
+
+EpcStatus formsOfPlusTagUri(const std::string& uri, FormSet wanted, Translation& result) {
+    if (wanted.has(Form::TAG_URI)) {
+        result.tagUri = uri;
+    }
+    EPC_TRY(
+        textFrom<EPC_ELEMENT_STRING_SIZE>(result.elementString, [&](std::int32_t size, char* dst) {
+            return epc_epcTagUriToGs1ElementString(uri.c_str(), size, dst);
+        }));
+    if (wanted.has(Form::BARCODE_STRING)) {
+        textFrom<EPC_BARCODE_STRING_SIZE>(result.barcodeString, [&](std::int32_t size, char* dst) {
+            return epc_epcTagUriToBarcodeString(uri.c_str(), size, dst);
+        });
+    }
+    if (wanted.has(Form::DIGITAL_LINK)) {
+        textFrom<EPC_DIGITAL_LINK_SIZE>(result.digitalLink, [&](std::int32_t size, char* dst) {
+            return epc_epcTagUriToDigitalLink(uri.c_str(), size, dst);
+        });
+    }
+    if (wanted.hasAny(AI_FORMS)) {
+        ParsedAis ais;
+        EPC_TRY(aisParse(Form::ELEMENT_STRING, result.elementString, ais));
+        addAis(ais, result);
+        finishAis(wanted, result);
+    }
+    return EPC_OK;
+}
+
+} // namespace rosetag
