@@ -238,13 +238,13 @@ void walkRest(Walk& walk) {
 // The CRC if there is one, the PC word, and its extensions. There is a CRC where the bits before
 // the EPC are more than the PC word needs.
 void walkBankWords(Walk& walk, std::string_view words) {
-    const std::size_t count = words.size() / WORD_DIGITS;
+    const std::size_t count = words.size() / HEX_WORD_DIGITS;
     if (count == 0) {
         return;
     }
     const bool hasCrc =
         count > 1 &&
-        crc16Of(std::string_view(walk.explanation.hex).substr(WORD_DIGITS)) == wordAt(words, 0);
+        crc16Of(std::string_view(walk.explanation.hex).substr(HEX_WORD_DIGITS)) == wordAt(words, 0);
     if (hasCrc) {
         const std::string_view bits = walkTake(walk, "CRC", 16);
         walkMean(walk, "0x" + hexOfBits(bits) + ", right");

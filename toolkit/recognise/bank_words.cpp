@@ -17,7 +17,7 @@ struct BankLayout {
 };
 
 std::size_t wordCount(std::string_view digits) {
-    return digits.size() / WORD_DIGITS;
+    return digits.size() / HEX_WORD_DIGITS;
 }
 
 // The words before the EPC if the value begins with a PC word whose length field is right; 0 words
@@ -26,7 +26,7 @@ BankLayout layoutWithPc(std::string_view digits, bool hasCrc) {
     constexpr unsigned furtherExtension = 0x8000; // in the first extended PC word
     BankLayout layout = {hasCrc, hasCrc ? std::size_t{1} : 0, 0};
     const std::size_t count = wordCount(digits);
-    if (digits.size() % WORD_DIGITS != 0 || count < layout.pcIndex + 2) {
+    if (digits.size() % HEX_WORD_DIGITS != 0 || count < layout.pcIndex + 2) {
         return layout;
     }
     const PcWord pc = pcWordOf(wordAt(digits, layout.pcIndex));
@@ -36,7 +36,7 @@ BankLayout layoutWithPc(std::string_view digits, bool hasCrc) {
     }
     const std::size_t after = count - layout.pcIndex - 1;
     const bool isLength = pc.epcWords == after || pc.epcWords + extensions == after;
-    const bool isCrc = !hasCrc || crc16Of(digits.substr(WORD_DIGITS)) == wordAt(digits, 0);
+    const bool isCrc = !hasCrc || crc16Of(digits.substr(HEX_WORD_DIGITS)) == wordAt(digits, 0);
     if (isLength && isCrc && after > extensions) {
         layout.words = layout.pcIndex + 1 + extensions;
     }
@@ -69,13 +69,13 @@ std::string layoutText(const BankLayout& layout) {
 
 std::string_view givenWords(const Reading& reading, std::size_t words) {
     const std::size_t first = givenPosition(reading.workspace, 0);
-    const std::size_t end = givenPosition(reading.workspace, words * WORD_DIGITS - 1) + 1;
+    const std::size_t end = givenPosition(reading.workspace, words * HEX_WORD_DIGITS - 1) + 1;
     return reading.value.substr(first, end - first);
 }
 
 void takeOff(Reading& reading, const BankLayout& layout) {
     const std::string_view part = givenWords(reading, layout.words);
-    const std::size_t digits = layout.words * WORD_DIGITS;
+    const std::size_t digits = layout.words * HEX_WORD_DIGITS;
     if (reading.options.bank == Bank::AUTO) {
         readingNote(reading, NoteKind::PC_WORD, part,
                     "took off " + layoutText(layout) + ' ' + shownText(part) + " before the EPC");
@@ -110,7 +110,8 @@ bool takeOffAsked(Reading& reading) {
                             "give the bank from its first word on", "bank"});
     }
     BankLayout layout = layoutWithPc(digits, hasCrc);
-    if (layout.words == 0 && hasCrc && crc16Of(digits.substr(WORD_DIGITS)) != wordAt(digits, 0)) {
+    if (layout.words == 0 && hasCrc &&
+        crc16Of(digits.substr(HEX_WORD_DIGITS)) != wordAt(digits, 0)) {
         const std::string_view part = givenWords(reading, 1);
         return readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, part), part.size(),
                            {"the CRC does not match the PC word and the EPC",
@@ -140,7 +141,7 @@ PcWord pcWordOf(unsigned word) {
 
 unsigned wordAt(std::string_view digits, std::size_t index) {
     unsigned word = 0;
-    for (const char digit : digits.substr(index * WORD_DIGITS, WORD_DIGITS)) {
+    for (const char digit : digits.substr(index * HEX_WORD_DIGITS, HEX_WORD_DIGITS)) {
         word = word << 4 | static_cast<unsigned>(hexDigitValue(digit));
     }
     return word;
@@ -169,7 +170,7 @@ bool takeOffBankWords(Reading& reading) {
         if (layout.words == 0) {
             continue;
         }
-        const std::string_view rest = digits.substr(layout.words * WORD_DIGITS);
+        const std::string_view rest = digits.substr(layout.words * HEX_WORD_DIGITS);
         const PcWord pc = pcWordOf(wordAt(digits, layout.pcIndex));
         const bool isPlain = isSound(digits);
         if (pc.isOtherFamily && pc.familyOrAttribute != 0 && !isPlain) {

@@ -11,7 +11,7 @@
 
 namespace rosetag {
 
-inline constexpr std::size_t WORD_DIGITS = 4;
+inline constexpr std::size_t HEX_WORD_DIGITS = 4;
 
 // A PC word. Of the last eight bits the toggle says what they are.
 struct PcWord {
