@@ -137,9 +137,8 @@ void keepRun(Reading& reading, std::string_view run) {
 
 // A character that some programs write in place of GS, before something that is an AI.
 void noteLikelySeparator(Reading& reading, std::string_view run) {
-    constexpr std::string_view likely = "^~|";
-    for (std::size_t at = run.find_first_of(likely); at != std::string_view::npos;
-         at = run.find_first_of(likely, at + 1)) {
+    for (std::size_t at = run.find_first_of(LIKELY_SEPARATORS); at != std::string_view::npos;
+         at = run.find_first_of(LIKELY_SEPARATORS, at + 1)) {
         const std::string_view rest = run.substr(at + 1);
         const AiPrefix prefix = rest.size() < 2 ? AiPrefix{} : aiPrefixOf(rest[0], rest[1]);
         if (prefix.codeDigits == 0 || run[at] == reading.options.separator ||

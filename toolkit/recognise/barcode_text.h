@@ -10,6 +10,9 @@
 
 namespace rosetag {
 
+// Characters that some programs write in place of GS.
+inline constexpr std::string_view LIKELY_SEPARATORS = "^~|";
+
 // The length of the separator that a text begins with, 0 if it begins with none.
 std::size_t separatorLength(std::string_view text, const ReadOptions& options);
 

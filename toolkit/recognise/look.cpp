@@ -154,15 +154,14 @@ bool failUnknown(Reading& reading, std::string_view value) {
                            {"no form of a value begins with " + quotedText(value.substr(0, 1)),
                             std::string(forms)});
     }
-    const bool mayBeBarcode =
-        aiPrefixOf(value[0], value.size() < 2 ? ' ' : value[1]).codeDigits != 0;
-    return readingFail(reading, EPC_ERR_BAD_FORMAT, position, 1,
-                       {"this begins like hex, but " + quotedText(rest.substr(0, 1)) +
-                            " is not a hexadecimal digit",
-                        mayBeBarcode ? "if it is a barcode string, say so; if the character stands "
-                                       "for GS, say which"
-                                     : std::string(forms),
-                        mayBeBarcode ? "as_barcode" : ""});
+    const bool maySeparate = LIKELY_SEPARATORS.find(rest.front()) != std::string_view::npos &&
+                             value.size() > 1 && aiPrefixOf(value[0], value[1]).codeDigits != 0;
+    return readingFail(
+        reading, EPC_ERR_BAD_FORMAT, position, 1,
+        {"this begins like hex, but " + quotedText(rest.substr(0, 1)) +
+             " is not a hexadecimal digit",
+         maySeparate ? "if it separates the AIs of a barcode string, say so" : std::string(forms),
+         maySeparate ? "separator" : ""});
 }
 
 } // namespace rosetag

@@ -7,6 +7,7 @@
 #include "translate/text_room.h"
 #include "words/failure.h"
 
+#include <algorithm>
 #include <array>
 
 namespace rosetag {
@@ -36,6 +37,16 @@ EpcStatus formsOf(Reading& reading, FormSet wanted, Translation& result) {
         return formsOfPureIdentity(reading, wanted, result);
     default:
         return formsOfGs1Text(reading, reading.form, reading.workspace.text, wanted, result);
+    }
+}
+
+// What the notes of a tag value say is not said again.
+void findOut(std::string_view value, const ReadOptions& options, Rows<Finding>& findings) {
+    check(value, options, findings);
+    const auto isNote = [](const Finding& finding) { return finding.rule == CheckRule::TAG_VALUE; };
+    const Finding* const end = std::remove_if(findings.begin(), findings.end(), isNote);
+    for (std::size_t left = static_cast<std::size_t>(findings.end() - end); left > 0; --left) {
+        findings.removeLast();
     }
 }
 
@@ -103,7 +114,7 @@ void translate(std::string_view value, const ReadOptions& options, FormSet wante
     }
     dropUnasked(wanted, result);
     if (wanted.has(Form::FINDINGS)) {
-        check(value, options, result.findings);
+        findOut(value, options, result.findings);
     }
 }
 

@@ -20,21 +20,21 @@ namespace {
 
 // ---- GS1 texts ----
 
-// The finding of check that says why a text failed: an error, of the AI if there is one given, and
-// of the check digit if that is what the status says.
+// The finding of check that says why a text failed: an error rather than a warning, of the AI if
+// there is one given, and of the check digit if that is what the status says.
 const Finding* findingOf(const Rows<Finding>& findings, EpcStatus status, std::string_view ai) {
     const Finding* found = nullptr;
+    int most = 0;
     for (const Finding& finding : findings) {
-        const bool isRight =
+        const bool isRule =
             (status == EPC_ERR_CHECK_DIGIT) == (finding.rule == CheckRule::CHECK_DIGIT);
-        if (finding.severity != Severity::ERROR || (!ai.empty() && finding.ai != ai) ||
-            finding.rule == CheckRule::EXCLUDES) {
-            continue;
+        const int weight = (finding.severity == Severity::ERROR ? 3 : 1) + (isRule ? 1 : 0);
+        const bool isOfValue =
+            finding.rule != CheckRule::NEEDS && finding.rule != CheckRule::EXCLUDES;
+        if (isOfValue && weight > most && (ai.empty() || finding.ai == ai)) {
+            found = &finding;
+            most = weight;
         }
-        if (isRight) {
-            return &finding;
-        }
-        found = found == nullptr ? &finding : found;
     }
     return found;
 }
@@ -53,15 +53,21 @@ bool failByFinding(Reading& reading, EpcStatus status, std::string_view ai) {
 
 void failGs1Text(Reading& reading, EpcStatus status) {
     const std::string& text = reading.workspace.text;
-    if (reading.form == Form::DIGITAL_LINK && !text.starts_with('/') && !text.starts_with('?')) {
+    const bool isPath = text.starts_with('/') || text.starts_with('?');
+    if (reading.form == Form::DIGITAL_LINK && reading.options.strict && !isPath) {
         readingFail(
             reading, status, 0, reading.value.size(),
             {"a link that is taken as it is begins with \"/\"", "take its host off", "strict"});
         return;
     }
     if (!failByFinding(reading, status, {})) {
-        readingFail(reading, status, 0, reading.value.size(),
-                    {statusMeaning(status, {StatusSource::GS1_TEXT})});
+        const bool isStrict = reading.form == Form::DIGITAL_LINK && reading.options.strict;
+        Complaint complaint = {statusMeaning(status, {StatusSource::GS1_TEXT})};
+        if (isStrict) {
+            complaint.remedy = "what is not an AI is left out if the link is not taken as it is";
+            complaint.option = "strict";
+        }
+        readingFail(reading, status, 0, reading.value.size(), std::move(complaint));
     }
 }
 
@@ -165,17 +171,39 @@ std::string elementStringOf(const ParsedAis& ais) {
     return text;
 }
 
-void failMissingKey(Reading& reading, EpcStatus status, const SchemeInfo& scheme) {
-    const bool isLocation = scheme.family == "sgln" && status != EPC_ERR_SCHEME_MISMATCH;
-    std::string remedy = isLocation ? "add (254)0 for a location without an extension"
-                                    : "choose a scheme that holds the AIs of the text, or add what "
-                                      "is missing";
-    if (status == EPC_ERR_SECOND_KEY) {
-        remedy = "give one key";
+bool hasAi(const ParsedAis& ais, std::string_view code) {
+    for (std::size_t i = 0; i < ais.list.count; ++i) {
+        if (aiCodeAt(ais, i) == code) {
+            return true;
+        }
     }
+    return false;
+}
+
+Complaint missingKey(EpcStatus status, const SchemeInfo& scheme, const ParsedAis& ais) {
+    const Gs1KeyDefinition* const key = gs1KeyFindByName(scheme.family);
     const StatusSource source = scheme.isPlus ? StatusSource::GS1_PLUS : StatusSource::GS1;
-    readingFail(reading, status, 0, reading.value.size(),
-                {statusMeaning(status, {source, &scheme}), remedy, "scheme"});
+    Complaint complaint = {statusMeaning(status, {source, &scheme}),
+                           "choose a scheme that holds the AIs of the text, or add what is missing",
+                           "scheme"};
+    if (status == EPC_ERR_SECOND_KEY) {
+        complaint.remedy = "give one key";
+    } else if (status == EPC_ERR_NO_SECONDARY_AI && hasAi(ais, key->secondaryAi)) {
+        complaint = {std::string(scheme.name) + " needs " + schemeKeyText(scheme) +
+                         " in this order",
+                     "put AI " + std::string(key->secondaryAi) + " last"};
+    } else if (scheme.family == "sgln" && hasAi(ais, "414")) {
+        complaint.remedy = "add (254)0 for a location without an extension";
+    }
+    return complaint;
+}
+
+// What is missing belongs at the end; anything else is about the text as a whole.
+void failMissingKey(Reading& reading, EpcStatus status, const SchemeInfo& scheme,
+                    const ParsedAis& ais) {
+    const bool isMissing = status == EPC_ERR_NO_SECONDARY_AI || status == EPC_ERR_NO_PRIMARY_KEY;
+    readingFail(reading, status, isMissing ? reading.value.size() : 0,
+                isMissing ? 0 : reading.value.size(), missingKey(status, scheme, ais));
 }
 
 // An identity that its URI form cannot hold either: the key does not reach beyond its prefix.
@@ -228,7 +256,7 @@ void failGs1Encoding(Reading& reading, EpcStatus status, const EncodeOptions& op
                             status == EPC_ERR_NO_KEY_AI || status == EPC_ERR_NO_SECONDARY_AI ||
                             status == EPC_ERR_NO_PRIMARY_KEY;
     if (isAboutKey) {
-        return failMissingKey(reading, status, scheme);
+        return failMissingKey(reading, status, scheme, ais);
     }
     if (scheme.isPlus && failAnyAi(reading, ais, options.encoding)) {
         return;
