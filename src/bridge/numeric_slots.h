@@ -216,6 +216,11 @@ ROSETAG_INLINE std::int32_t gs1TextLength(const NumericIdentity& identity) {
 template <EpcScheme scheme, Gs1Syntax syntax>
 ROSETAG_INLINE void numericPutGs1Text(char* out, std::int32_t length,
                                       const NumericIdentity& identity) {
+    static_assert(fieldIsReference(schemeRows[scheme].fields[REFERENCE_INDEX].kind));
+    static_assert(!keyIsFixed<scheme> ||
+                      sizeof keyLiteral<scheme, syntax> + numericKey<scheme>.keyValueLength >=
+                          2 * WORD_DIGITS,
+                  "both words of the key begin within the text");
     out[length] = '\0';
     numericPutGs1Fields<scheme, syntax>(out + length, identity, NumericFieldSequence<scheme>());
     literalPut(out, keyLiteral<scheme, syntax>);

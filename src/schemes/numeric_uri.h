@@ -72,6 +72,7 @@ ROSETAG_INLINE bool numericToUri(const NumericIdentity& identity, TextBuffer& te
     text.writePointer = end;
     numericPutUriFields<scheme>(end, identity, NumericFieldSequence<scheme>());
     if constexpr (hasFilter) {
+        static_assert(schemeFilterLimit(schemeRows[scheme]) <= 10, "the filter is one digit");
         *--end = '.';
         *--end = static_cast<char>('0' + identity.filter);
     }

@@ -60,7 +60,7 @@ constexpr WalkRow argumentRows[] = {
     {"gcpLength 13, pure",     pureIdentity, "", 0, 0, 13, EPC_ERR_FILTER_FIELD, untouched},
     {"text before scheme",     element, "(01)", 99, 9, 7, EPC_ERR_TRUNCATED, untouched},
     {"scheme -1",              element, "(00)106141412345678908", -1, 9, 7, EPC_ERR_UNKNOWN_SCHEME, untouched},
-    {"scheme 34",              barcode, "00106141412345678908", 34, 9, 7, EPC_ERR_UNKNOWN_SCHEME, untouched},
+    {"no such scheme",         barcode, "00106141412345678908", EPC_SCHEME_COUNT, 9, 7, EPC_ERR_UNKNOWN_SCHEME, untouched},
     {"other family",           element, "(01)80614141123458", sscc96, 9, 7, EPC_ERR_SCHEME_MISMATCH, untouched},
     {"family without a key",   element, "(01)80614141123458", EPC_SCHEME_GID_96, 0, 7, EPC_ERR_SCHEME_MISMATCH, untouched},
     {"dsgtin+ has no key",     element, "(01)80614141123458", EPC_SCHEME_DSGTIN_PLUS, 0, 7, EPC_ERR_SCHEME_MISMATCH, untouched},

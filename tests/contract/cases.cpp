@@ -174,7 +174,7 @@ const UriRow uriToBinaryRows[] = {
     {"filter 8",         "urn:epc:id:sgtin:0614141.812345.6789",             FILTER_FIELD, 0, 8},
     {"filter -1",        "urn:epc:id:sgtin:0614141.812345.6789",             FILTER_FIELD, 0, -1},
     {"other family",     "urn:epc:id:sgln:0614141.12345.6789",               MISMATCH},
-    {"scheme 34",        "urn:epc:id:sgtin:0614141.812345.6789",             SCHEME, 34},
+    {"no such scheme",   "urn:epc:id:sgtin:0614141.812345.6789",             SCHEME, EPC_SCHEME_COUNT},
     {"scheme -1",        "urn:epc:id:sgtin:0614141.812345.6789",             SCHEME, -1},
     {"bad character",    "urn:epc:id:sgtin:0614141.812345.A%2G",             CHARACTER, EPC_SCHEME_SGTIN_198},
     {"plus scheme",      "urn:epc:id:sgtin:0614141.812345.6789",             NOT_SUPPORTED, EPC_SCHEME_SGTIN_PLUS},
@@ -218,14 +218,14 @@ const Gs1Row gs1ToBinaryRows[] = {
     {"filter 8",          "(01)80614141123458(21)6789",              "0180614141123458216789",            "/01/80614141123458/21/6789",          FILTER_LIMIT,   EPC_SCHEME_SGTIN_96, 8},
     {"filter -1",         "(01)80614141123458(21)6789",              "0180614141123458216789",            "/01/80614141123458/21/6789",          FILTER_LIMIT,   EPC_SCHEME_SGTIN_96, -1},
     {"filter -1, plus",   "(01)80614141123458(21)6789",              "0180614141123458216789",            "/01/80614141123458/21/6789",          FILTER_LIMIT,   EPC_SCHEME_SGTIN_PLUS, -1},
-    {"scheme 34",         "(01)80614141123458(21)6789",              "0180614141123458216789",            "/01/80614141123458/21/6789",          SCHEME,         34},
+    {"no such scheme",    "(01)80614141123458(21)6789",              "0180614141123458216789",            "/01/80614141123458/21/6789",          SCHEME,         EPC_SCHEME_COUNT},
     {"scheme -1",         "",                                        "",                                  "x",                                   SCHEME,         -1},
     {"unknown AI",        "(14)1",                                   "141",                               "/14/1",                               UNKNOWN_AI,     EPC_SCHEME_SGTIN_96},
     {"two keys",          "(01)80614141123458(21)6789(8004)A",       "0180614141123458216789\x1D" "8004A", "/01/80614141123458/21/6789?8004=A",  SECOND_KEY,     EPC_SCHEME_SGTIN_96},
     {"no key",            "(10)A",                                   "10A",                               "/10/A",                               NO_KEY_AI,      EPC_SCHEME_SGTIN_96},
     {"no serial",         "(01)80614141123458",                      "0180614141123458",                  "/01/80614141123458",                  NO_SECONDARY,   EPC_SCHEME_SGTIN_96},
     {"bad character",     "(01)80614141123458(21)A B",               "018061414112345821A~B",             "/01/80614141123458/21/A%20B",         CHARACTER,      EPC_SCHEME_SGTIN_198},
-    {"bad identifier",    "",                                        "]X0123",                            "",                                    CHARACTER,      34},
+    {"bad identifier",    "",                                        "]X0123",                            "",                                    CHARACTER,      EPC_SCHEME_COUNT},
     {"gid-96",            "(01)80614141123458(21)6789",              "0180614141123458216789",            "/01/80614141123458/21/6789",          NOT_SUPPORTED,  EPC_SCHEME_GID_96},
     {"no key, plus",      "(10)A",                                   "10A",                               "/10/A",                               NO_PRIMARY_KEY, EPC_SCHEME_SGTIN_PLUS},
     {"21 AIs",            flags21,                                   bareFlags21,                         linkFlags21,                           TOO_MANY,       EPC_SCHEME_SGTIN_PLUS},
@@ -312,7 +312,7 @@ const Gs1ToUriRow gs1ToTagUriRows[] = {
     {"other family",     "(01)80614141123458(21)6",       "0180614141123458216",                  MISMATCH,     UNTOUCHED, EPC_SCHEME_SSCC_96},
     {"filter 8",         "(01)80614141123458(21)6",       "0180614141123458216",                  FILTER_LIMIT, UNTOUCHED, 0, 8},
     {"filter -1",        "(01)80614141123458(21)6",       "0180614141123458216",                  FILTER_LIMIT, UNTOUCHED, 0, -1},
-    {"scheme 34",        "(01)80614141123458(21)6",       "0180614141123458216",                  SCHEME,       UNTOUCHED, 34},
+    {"no such scheme",   "(01)80614141123458(21)6",       "0180614141123458216",                  SCHEME,       UNTOUCHED, EPC_SCHEME_COUNT},
     {"scheme -1",        "(01)80614141123458(21)6",       "0180614141123458216",                  SCHEME,       UNTOUCHED, -1},
     {"unknown AI",       "(14)1",                         "141",                                  UNKNOWN_AI},
     {"two keys",         "(01)80614141123458(21)6(8004)A", "0180614141123458216\x1D" "8004A",     SECOND_KEY},
@@ -591,7 +591,8 @@ void addValueCases(Cases& cases) {
 std::vector<Case> allCases() {
     Cases cases;
     for (const auto& [scheme, status] :
-         {std::pair(0, OK), std::pair(33, OK), std::pair(34, SCHEME), std::pair(-1, SCHEME)}) {
+         {std::pair(0, OK), std::pair(EPC_SCHEME_COUNT - 1, OK),
+          std::pair(EPC_SCHEME_COUNT, SCHEME), std::pair(-1, SCHEME)}) {
         Arguments arguments;
         arguments.scheme = scheme;
         cases.add("epc_tagSchemeEnumToName", std::to_string(scheme), arguments, status, UNTOUCHED);

@@ -94,7 +94,8 @@ TEST(CppFace, GivesWhatItsCTwinGives) {
         std::string given;
     } rows[] = {
         {"enum to name", "sgtin-96", shown(tagSchemeEnumToName(EPC_SCHEME_SGTIN_96))},
-        {"enum out of range", "EPC_ERR_UNKNOWN_SCHEME", shown(tagSchemeEnumToName(34))},
+        {"enum out of range", "EPC_ERR_UNKNOWN_SCHEME",
+         shown(tagSchemeEnumToName(EPC_SCHEME_COUNT))},
         {"name to enum", "33", shown(tagSchemeNameToEnum("dsgtin+"))},
         {"binary to name", "sgtin-96", shown(binaryToTagSchemeName(binary))},
         {"hex to name", "sgtin-96", shown(hexToTagSchemeName(HEX))},

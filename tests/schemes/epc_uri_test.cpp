@@ -241,7 +241,7 @@ constexpr RefusedBits refusedBits[] = {
     {"0x18/7",                             EPC_ERR_TRUNCATED,      ""},
     {"0x00/8 0/64",                        EPC_ERR_UNKNOWN_HEADER, ""},
     {"0x2B/8 0/64",                        EPC_ERR_UNKNOWN_HEADER, ""},
-    {"0x42/8 0/64",                        EPC_ERR_UNKNOWN_HEADER, ""},
+    {"0xEF/8 0/64",                        EPC_ERR_UNKNOWN_HEADER, ""},
     {"0xEF/8 0/64",                        EPC_ERR_UNKNOWN_HEADER, ""},
     {"0xFC/8 0/64",                        EPC_ERR_UNKNOWN_HEADER, ""},
     {"0xF0/8 0/64",                        EPC_ERR_NOT_SUPPORTED,  ""},

@@ -62,7 +62,7 @@ TEST(TagScheme, RefusesUnknownNamesAndNumbers) {
         EXPECT_STATUS(EPC_ERR_UNKNOWN_SCHEME, epc_tagSchemeNameToEnum(name, nullptr)) << name;
         EXPECT_EQ(-7, scheme) << name;
     }
-    for (const EpcScheme scheme : {-1, 34, INT32_MIN, INT32_MAX}) {
+    for (const EpcScheme scheme : {-1, EPC_SCHEME_COUNT, INT32_MIN, INT32_MAX}) {
         EXPECT_EQ(TextResult(EPC_ERR_UNKNOWN_SCHEME, "untouched"), nameOf(scheme, 0)) << scheme;
     }
 }
