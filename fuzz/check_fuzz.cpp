@@ -1,9 +1,8 @@
-// A value, checked: each finding has its place within it, and what breaks no rule can be read.
+// A value, checked: each finding has its place within it, what breaks no rule can be read, and a
+// wrong check digit is found.
 //
-// Input: a byte whose lowest bit says that digits are a barcode string, then the value.
-#include "fuzz.h"
-
-#include <rosetag/toolkit.hpp>
+// Input: as in toolkit.h.
+#include "toolkit.h"
 
 namespace {
 
@@ -22,9 +21,8 @@ bool canBeRead(const std::string& value) {
                                      &count) == EPC_OK;
 }
 
-void checkFinding(const Finding& finding, std::size_t size) {
-    require(finding.position <= size && finding.length <= size - finding.position,
-            "a finding lies within the value");
+void checkFinding(const Finding& finding, const std::string& value) {
+    requirePlace(finding.position, finding.length, value);
     require(!finding.message.empty(), "a finding says what it is");
     require(finding.message.find('\n') == std::string::npos, "a message is one line");
 }
@@ -33,19 +31,18 @@ void checkFinding(const Finding& finding, std::size_t size) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     FuzzInput input(data, size);
-    ReadOptions options;
-    options.asBarcode = (input.number() & 1) != 0;
-    const std::vector<std::uint8_t> bytes = input.rest();
-    const std::string value(bytes.begin(), bytes.end());
+    const ReadOptions options = readOptionsOf(input);
+    const std::string value = input.restAsBytes();
     const Rows<Finding> findings = check(value, options);
     for (const Finding& finding : findings) {
-        checkFinding(finding, value.size());
+        checkFinding(finding, value);
     }
     if (findings.empty() && value.starts_with('(') && value.find_last_of(" \t\r\n") == value.npos &&
         !holdsLongText(value)) {
         require(canBeRead(value), "what breaks no rule can be read");
     }
-    std::string json;
-    appendJson(json, findings, value);
+    requireJson(toJson(findings, value));
+    require(translate(value, options).failure.status != EPC_ERR_CHECK_DIGIT || hasError(findings),
+            "a wrong check digit is found");
     return 0;
 }

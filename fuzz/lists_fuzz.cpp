@@ -1,7 +1,7 @@
 // The text of a list that a user brings: it is refused with a place in it, or can be asked.
 //
 // Input: a byte whose lowest bit chooses the list, then the text.
-#include "fuzz.h"
+#include "fuzz_input.h"
 
 #include <rosetag/toolkit.hpp>
 

@@ -65,7 +65,9 @@ cp /etc/apt/apt.conf.d/* "$clean_root/etc/apt/apt.conf.d/"
 mkdir "$clean_root/rosetag"
 cp -r -- "$packages"/*.deb "$source_dir/examples" "$clean_root/rosetag/"
 
-in_root sh -c 'dpkg -i /rosetag/librosetag1_*.deb /rosetag/rosetag_*.deb'
+in_root apt-get update -qq
+in_root sh -c 'apt-get install -y -qq --no-install-recommends /rosetag/librosetag1_*.deb \
+    /rosetag/rosetag_*.deb'
 expect "$hex" rosetag encode "$uri"
 expect "$uri" rosetag decode --to tag-uri "$hex"
 for file in man/man1/rosetag.1.gz bash-completion/completions/rosetag \
@@ -73,9 +75,9 @@ for file in man/man1/rosetag.1.gz bash-completion/completions/rosetag \
     in_root test -s "/usr/share/$file"
 done
 
-in_root apt-get update -qq
 in_root apt-get install -y -qq --no-install-recommends cmake g++ ninja-build pkg-config
-in_root sh -c 'dpkg -i /rosetag/librosetag-dev_*.deb /rosetag/librosetag-toolkit-dev_*.deb'
+in_root sh -c 'apt-get install -y -qq --no-install-recommends /rosetag/librosetag-dev_*.deb \
+    /rosetag/librosetag-toolkit-dev_*.deb'
 in_root test -s /usr/share/doc/librosetag-dev/c-api.md -o -s /usr/share/doc/librosetag-dev/c-api.md.gz
 in_root cmake -G Ninja -S /rosetag/examples -B /rosetag/build
 in_root cmake --build /rosetag/build

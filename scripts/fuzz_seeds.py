@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Lays the values of fuzz/seeds.txt out as the fuzzers' inputs: fuzz_seeds.py OUTPUT_FOLDER
+"""Makes the fuzzers' inputs of the values in fuzz/seeds.txt: fuzz_seeds.py OUTPUT_FOLDER
 
 Each fuzzer says in its source what its input is.
 """
@@ -14,6 +14,7 @@ ENOUGH_ROOM = 0xFF
 SOME_ROOM = 40
 AUTO = 0xFF
 SEPARATOR = 0x1D
+NO_SCHEME = 0xFF
 
 
 def text_input(scheme, text):
@@ -22,6 +23,16 @@ def text_input(scheme, text):
 
 def chain_input(kind, scheme, rest):
     return kind.encode() + bytes([scheme, FILTER, GCP_LENGTH]) + rest
+
+
+def toolkit_inputs(scheme, text):
+    """A value into the toolkit, with and without a company prefix length, and for a scheme."""
+    for gcp_length in (0, GCP_LENGTH):
+        read = bytes([0, gcp_length])
+        yield "recognise", read + bytes([scheme, FILTER, AUTO]) + text
+        yield "check", read + text
+        yield "columns", read + text + b"\n\n" + text
+    yield "explain", bytes([0, 0]) + text
 
 
 def inputs(kind, argument, rest):
@@ -33,24 +44,35 @@ def inputs(kind, argument, rest):
         yield "binary", bytes([SOME_ROOM, 1]) + value
         yield "text", text_input(0, argument.encode())
         yield "chain", chain_input("b", 0, value)
+        yield from toolkit_inputs(NO_SCHEME, argument.encode())
     elif kind == "tid":
         yield "tid", bytes([ENOUGH_ROOM, 0]) + bytes.fromhex(argument)
+        yield "explain", bytes([0, 0]) + argument.encode()
     elif kind == "tag":
         yield "text", text_input(0, argument.encode())
         yield "chain", chain_input("t", 0, argument.encode())
+        yield from toolkit_inputs(NO_SCHEME, argument.encode())
     elif kind == "id":
         yield "text", text_input(int(argument), text)
+        yield from toolkit_inputs(int(argument), text)
     elif kind in ("element", "barcode", "link"):
         yield "text", text_input(int(argument), text)
         letter = {"element": "e", "barcode": "c", "link": "l"}[kind]
         yield "chain", chain_input(letter, int(argument), text)
+        yield from toolkit_inputs(int(argument), text)
     elif kind == "ai":
         for with_code in (0, 1):
             yield "value", bytes([with_code, AUTO, ENOUGH_ROOM]) + argument.encode() + b"|" + text
         yield "chain", chain_input("v", 0, argument.encode() + b"|" + text)
+        yield "explain", bytes([0, 0]) + argument.encode() + b"|" + text
+        yield "check", bytes([0, 0]) + b"(" + argument.encode() + b")" + text
     elif kind == "bits":
         value = bytes.fromhex(rest)
         yield "value", bytes([0, 0, ENOUGH_ROOM]) + argument.encode() + b"|" + value
+    elif kind == "table":
+        line = f"{argument} {rest}".replace("\\n", "\n").encode()
+        for delimiter in range(4):
+            yield "tables", bytes([delimiter]) + line
     else:
         raise ValueError(f"fuzz/seeds.txt: unknown kind {kind!r}")
 
@@ -66,7 +88,7 @@ def check_inputs(root):
                 code = fields[0].partition("-")[0]
                 text = text.replace("(%)", f"({code})").replace("{GS}", "\x1d")
                 is_barcode = text.startswith("!")
-                yield "check", bytes([is_barcode]) + text.removeprefix("!").encode()
+                yield "check", bytes([is_barcode, 0]) + text.removeprefix("!").encode()
     prefixes = {"GCPPrefixFormatList": {"date": "x", "entry": [{"prefix": "9506", "gcpLength": 7}]}}
     designers = {"version": "x", "registeredMaskDesigners": [
         {"mdid": "000000001", "manufacturer": "A", "chips": [

@@ -20,7 +20,7 @@ constexpr std::ptrdiff_t SCAN_WIDTH = 8;
 
 // The same character in every byte.
 constexpr std::uint64_t inEveryByte(char character) {
-    return 0x0101010101010101 * static_cast<unsigned char>(character);
+    return std::uint64_t{0x0101010101010101} * static_cast<unsigned char>(character);
 }
 
 // Marks on characters: the highest bit of their bytes.

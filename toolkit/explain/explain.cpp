@@ -82,7 +82,7 @@ void tid(std::string_view value, Tid& result) {
     Reading reading{value, options, workspace, notes, result.failure, Form::TID};
     result.record = {};
     result.hex.clear();
-    result.failure.status = EPC_OK;
+    failureClear(result.failure);
     if (!prepareHex(reading, value)) {
         return;
     }

@@ -40,6 +40,17 @@ std::size_t givenPosition(const Workspace& workspace, std::size_t prepared) {
     return given;
 }
 
+void failureClear(Failure& failure) {
+    failure.status = EPC_OK;
+    failure.message.clear();
+    failure.remedy.clear();
+    failure.culprit.clear();
+    failure.position = 0;
+    failure.length = 0;
+    failure.option = {};
+    failure.isOfOptions = false;
+}
+
 bool readingFail(Reading& reading, EpcStatus status, std::size_t position, std::size_t length,
                  Complaint complaint) {
     Failure& failure = reading.failure;

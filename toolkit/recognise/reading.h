@@ -47,6 +47,9 @@ struct Complaint {
     std::string_view option{};
 };
 
+// No failure; its texts keep their memory.
+void failureClear(Failure& failure);
+
 // Sets the failure, about a part of the value. Always false.
 bool readingFail(Reading& reading, EpcStatus status, std::size_t position, std::size_t length,
                  Complaint complaint);

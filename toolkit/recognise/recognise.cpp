@@ -103,7 +103,7 @@ bool prepareForm(Reading& reading, std::string_view value) {
 
 bool readingPrepare(Reading& reading) {
     reading.notes.clear();
-    reading.failure.status = EPC_OK;
+    failureClear(reading.failure);
     reading.workspace.bankWords.clear();
     readingClear(reading);
     if (reading.value.size() > MAX_VALUE_LENGTH) {

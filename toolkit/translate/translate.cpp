@@ -62,7 +62,7 @@ void dropUnasked(FormSet asked, Translation& result) {
 }
 
 void translationClear(Translation& result, FormSet asked) {
-    result.failure.status = EPC_OK;
+    failureClear(result.failure);
     result.form = Form::UNKNOWN;
     result.scheme = nullptr;
     result.filter.reset();

@@ -289,6 +289,11 @@ void failFilter(Reading& reading, EpcStatus status, const EncodeOptions& options
 } // namespace
 
 void failBits(Reading& reading, EpcStatus status, const Explanation& explanation) {
+    if (explanation.fields.empty()) { // the bits end before a field does
+        readingFail(reading, status, 0, reading.value.size(),
+                    {statusMeaning(status, {StatusSource::BITS})});
+        return;
+    }
     const std::string& digits = reading.workspace.text;
     if (explanation.fields.empty()) {
         readingFail(reading, status, 0, reading.value.size(),
