@@ -118,9 +118,10 @@ def encode(
     given = {"scheme": scheme, "filter": filter, "gcp_length": gcp_length}
     of_rows = {name: option for name, option in given.items() if isinstance(option, Column)}
     constants = {name: option for name, option in given.items() if name not in of_rows}
+    names = tuple(of_rows)  # the function goes to the workers, which have no columns
 
     def call(array: pa.Array, *others: pa.Array) -> columns.Columns:
-        options: dict[str, Any] = {**constants, **dict(zip(of_rows, others))}
+        options: dict[str, Any] = {**constants, **dict(zip(names, others))}
         return columns.encode(array, encoding=encoding, to=outputs, **options)
 
     return _function(outputs, call)(_column(values), *of_rows.values())
