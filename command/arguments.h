@@ -22,6 +22,8 @@ struct Arguments {
     bool isBare = false; // a value without a command
     std::vector<std::string> values;
     ReadOptions read;
+    std::string gcpListFile;      // empty: none
+    std::string designerListFile; // empty: none
     bool isJson = false;
     bool isRaw = false;
     std::string to;                  // one field; empty: not given

@@ -3,6 +3,7 @@
 #include "choices.h"
 #include "fields.h"
 #include "help_formatter.h"
+#include "wrapped_text.h"
 
 #include <algorithm>
 
@@ -196,6 +197,17 @@ void addGcpLength(CLI::App& command, Arguments& arguments, bool mayBeColumn) {
                "GCP-LENGTH", "company prefix length", mayBeColumn);
 }
 
+void addGcpList(CLI::App& command, Arguments& arguments) {
+    command
+        .add_option(
+            "--gcp-list", arguments.gcpListFile,
+            "look the length of the company prefix up in this file, the list that GS1 "
+            "publishes, as XML or JSON; the environment variable ROSETAG_GCP_LIST names one "
+            "too")
+        ->type_name("FILE")
+        ->envname("ROSETAG_GCP_LIST");
+}
+
 void addEncoding(CLI::App& command, Arguments& arguments) {
     takeChoice(*command.add_option("--encoding", arguments.encoding,
                                    "how texts are put into the bits of a plus scheme: " +
@@ -207,6 +219,7 @@ void addDecode(CLI::App& command, Arguments& arguments) {
     addValues(command, arguments, "tag values and texts in any form");
     addReading(command, arguments);
     addGcpLength(command, arguments, false);
+    addGcpList(command, arguments);
     addWriting(command, arguments);
     command.add_flag("--raw", arguments.isRaw,
                      "write the separator of barcode strings as character 29, not as {GS}");
@@ -220,9 +233,13 @@ void addEncode(CLI::App& command, Arguments& arguments) {
     takeChoice(*command.add_option("--scheme", arguments.scheme,
                                    "the tag scheme (rosetag schemes lists them)"),
                "SCHEME", "scheme", true);
-    command.add_option("--filter", arguments.filter, "the filter value, 0 if not given")
-        ->type_name("N");
+    command
+        .add_option("--filter", arguments.filter,
+                    "the filter value, a number or its word for the scheme (rosetag schemes lists "
+                    "them); 0 if not given")
+        ->type_name("N|WORD");
     addGcpLength(command, arguments, true);
+    addGcpList(command, arguments);
     addEncoding(command, arguments);
     addReading(command, arguments);
     addWriting(command, arguments);
@@ -245,6 +262,7 @@ void addExplain(CLI::App& command, Arguments& arguments) {
 void addCheck(CLI::App& command, Arguments& arguments) {
     addValues(command, arguments, "tag values and texts in any form");
     addReading(command, arguments);
+    addGcpList(command, arguments);
     addJson(command, arguments);
     addRunning(command, arguments);
     addTable(command, arguments);
@@ -272,6 +290,10 @@ void addAiDecode(CLI::App& command, Arguments& arguments) {
 
 void addTid(CLI::App& command, Arguments& arguments) {
     addValues(command, arguments, "hex");
+    command
+        .add_option("--designer-list", arguments.designerListFile,
+                    "name designers and chips by this file, the list that GS1 publishes, as JSON")
+        ->type_name("FILE");
     addJson(command, arguments);
     addRunning(command, arguments);
     command.footer(tidExamples);

@@ -4,6 +4,7 @@
 #include "command_line.h"
 #include "converters.h"
 #include "translation_converter.h"
+#include "user_lists.h"
 
 #include <algorithm>
 
@@ -230,7 +231,18 @@ int runOther(Output& output, const Arguments& arguments, const MakeConverter& ma
 
 } // namespace
 
-int commandRun(Output& output, const Arguments& arguments) {
+int commandRun(Output& output, const Arguments& given) {
+    Arguments arguments = given;
+    GcpList gcpList;
+    if (!arguments.gcpListFile.empty()) {
+        gcpList = gcpListRead(arguments.gcpListFile);
+        arguments.read.gcpList = &gcpList;
+    }
+    DesignerList designers;
+    if (!arguments.designerListFile.empty()) {
+        designers = designerListRead(arguments.designerListFile);
+    }
+    const DesignerList* const known = arguments.designerListFile.empty() ? nullptr : &designers;
     const bool isJson = arguments.isJson;
     switch (arguments.command) {
     case Command::DECODE:
@@ -249,7 +261,7 @@ int commandRun(Output& output, const Arguments& arguments) {
     case Command::AI_DECODE:
         return runOther(output, arguments, [&] { return aiDecodeConverter(arguments.ai, isJson); });
     case Command::TID:
-        return runOther(output, arguments, [&] { return tidConverter(nullptr, isJson); });
+        return runOther(output, arguments, [&] { return tidConverter(known, isJson); });
     case Command::SCHEMES:
         schemesCommand(output, isJson);
         return EXIT_STATUS_GOOD;

@@ -1,21 +1,8 @@
 #include "help_formatter.h"
 
-namespace rosetag {
+#include "wrapped_text.h"
 
-std::string wrapped(std::string_view text, std::size_t width) {
-    std::string lines;
-    while (text.size() > width) {
-        std::size_t end = text.rfind(' ', width);
-        end = end == std::string_view::npos ? text.find(' ') : end;
-        if (end == std::string_view::npos) {
-            break;
-        }
-        lines += text.substr(0, end);
-        lines += '\n';
-        text.remove_prefix(end + 1);
-    }
-    return lines += text;
-}
+namespace rosetag {
 
 std::string typeNameOf(const CLI::Option& option) {
     const std::string name = option.get_type_name();

@@ -8,9 +8,6 @@
 
 namespace rosetag {
 
-// A text in lines of at most so many characters.
-std::string wrapped(std::string_view text, std::size_t width);
-
 // The type name of an option, without what its checks add.
 std::string typeNameOf(const CLI::Option& option);
 

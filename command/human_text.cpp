@@ -105,6 +105,10 @@ std::string hexOf(unsigned number) {
     return "0x" + text;
 }
 
+std::string named(std::string_view name) {
+    return name.empty() ? std::string() : ", " + std::string(name);
+}
+
 std::string yesNo(unsigned flag) {
     return flag != 0 ? "yes" : "no";
 }
@@ -148,6 +152,19 @@ std::string commandLines(const TidRecord& record) {
 }
 
 } // namespace
+
+std::string_view designerName(const DesignerList* designers, const TidRecord& record) {
+    const ChipDesigner* const designer =
+        designers == nullptr ? nullptr : designerOf(*designers, record.mdid);
+    return designer == nullptr ? std::string_view() : designer->name;
+}
+
+std::string_view chipName(const DesignerList* designers, const TidRecord& record) {
+    const ChipDesigner* const designer =
+        designers == nullptr ? nullptr : designerOf(*designers, record.mdid);
+    const ChipModel* const chip = designer == nullptr ? nullptr : chipOf(*designer, record.tmid);
+    return chip == nullptr ? std::string_view() : chip->name;
+}
 
 std::string padded(std::string_view text, std::size_t width) {
     const std::size_t characters = characterCount(text);
@@ -197,13 +214,15 @@ std::string humanExplanation(const Explanation& explanation) {
     return text;
 }
 
-std::string humanTid(const TidRecord& record) {
+std::string humanTid(const TidRecord& record, const DesignerList* designers) {
     const unsigned mdid = record.mdid;
-    std::string text = labelled("designer", hexOf(mdid & TID_DESIGNER_MASK) + " (MDID)") +
-                       labelled("model", hexOf(record.tmid) + " (TMN)") +
-                       labelled("security", yesNo(mdid & TID_SECURITY_MASK)) +
-                       labelled("file", yesNo(mdid & TID_FILE_MASK)) +
-                       labelled("extended TID", yesNo(mdid & TID_XTID_MASK));
+    std::string text =
+        labelled("designer", hexOf(mdid & TID_DESIGNER_MASK) + " (MDID)" +
+                                 named(designerName(designers, record))) +
+        labelled("model", hexOf(record.tmid) + " (TMN)" + named(chipName(designers, record))) +
+        labelled("security", yesNo(mdid & TID_SECURITY_MASK)) +
+        labelled("file", yesNo(mdid & TID_FILE_MASK)) +
+        labelled("extended TID", yesNo(mdid & TID_XTID_MASK));
     if ((mdid & TID_XTID_MASK) == 0) {
         return text;
     }

@@ -17,8 +17,12 @@ std::string humanForms(const Translation& translation, bool raw);
 // The fields of a value in columns.
 std::string humanExplanation(const Explanation& explanation);
 
-// What a TID says, a line each.
-std::string humanTid(const TidRecord& record);
+// What a TID says, a line each. The list, which may be null, names the designer and the chip.
+std::string humanTid(const TidRecord& record, const DesignerList* designers);
+
+// The names of the designer and of the chip of a TID; empty where the list has none.
+std::string_view designerName(const DesignerList* designers, const TidRecord& record);
+std::string_view chipName(const DesignerList* designers, const TidRecord& record);
 
 // Text filled up with blanks to a width, counted in characters.
 std::string padded(std::string_view text, std::size_t width);

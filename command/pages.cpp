@@ -5,6 +5,7 @@
 #include "choices.h"
 #include "command_line.h"
 #include "help_formatter.h"
+#include "wrapped_text.h"
 
 #include <fstream>
 #include <iostream>
@@ -80,14 +81,6 @@ std::map<std::string, std::vector<std::string>> optionsByType(const CLI::App& ap
 
 std::string firstSentence(const std::string& text) {
     return text.substr(0, text.find(';'));
-}
-
-std::string replaced(std::string text, const std::string& from, const std::string& to) {
-    for (std::size_t at = text.find(from); at != std::string::npos;
-         at = text.find(from, at + to.size())) {
-        text.replace(at, from.size(), to);
-    }
-    return text;
 }
 
 // ---- bash ----

@@ -1,5 +1,6 @@
 #include "commands.h"
 #include "human_text.h"
+#include "wrapped_text.h"
 
 namespace rosetag {
 
@@ -28,6 +29,34 @@ std::string filterText(const SchemeInfo& scheme) {
     return scheme.filterLimit == 0 ? "none" : "below " + std::to_string(scheme.filterLimit);
 }
 
+std::string wordsText(const SchemeInfo& scheme) {
+    std::string text;
+    for (const FilterWord& word : filterWords(scheme)) {
+        text +=
+            (text.empty() ? "" : ", ") + std::to_string(word.filter) + ' ' + std::string(word.word);
+    }
+    return text;
+}
+
+// The words of the filters, with the schemes that have the same.
+std::string filterList() {
+    std::string list;
+    for (const SchemeInfo& scheme : schemes()) {
+        std::string names;
+        bool isFirst = true;
+        for (const SchemeInfo& other : schemes()) {
+            const bool isSame = wordsText(other) == wordsText(scheme);
+            isFirst = isFirst && (!isSame || other.scheme >= scheme.scheme);
+            names += isSame ? (names.empty() ? "" : " ") + std::string(other.name) : "";
+        }
+        if (isFirst && !wordsText(scheme).empty()) {
+            list += wrapped(names, 100) + "\n  " +
+                    replaced(wrapped(wordsText(scheme), 98), "\n", "\n  ") + '\n';
+        }
+    }
+    return list;
+}
+
 } // namespace
 
 void schemesCommand(Output& output, bool isJson) {
@@ -39,6 +68,8 @@ void schemesCommand(Output& output, bool isJson) {
                                 : row(std::to_string(scheme.scheme), scheme.name,
                                       headerText(scheme), filterText(scheme), reachText(scheme)));
     }
+    outputWrite(output, isJson ? "" : "\nThe filters; those that have no word are reserved:\n");
+    outputWrite(output, isJson ? "" : filterList());
 }
 
 } // namespace rosetag

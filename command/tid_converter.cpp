@@ -1,6 +1,7 @@
 #include "converters.h"
 #include "fields.h"
 #include "human_text.h"
+#include "json_lines.h"
 
 namespace rosetag {
 
@@ -40,9 +41,10 @@ public:
     void writeArgument(std::string& out) override {
         if (isJson) {
             appendJson(out, result, given);
+            appendNames(out);
             out += '\n';
         } else if (!isFailure(failure())) {
-            out += humanTid(result.record);
+            out += humanTid(result.record, designers);
         }
     }
     bool writesBlocks() const override {
@@ -50,6 +52,20 @@ public:
     }
 
 private:
+    // The names are members at the end of the object.
+    void appendNames(std::string& json) const {
+        const std::string_view designer = designerName(designers, result.record);
+        const std::string_view chip = chipName(designers, result.record);
+        if (isFailure(failure()) || designer.empty()) {
+            return;
+        }
+        std::vector<JsonMember> members = {{"designer", designer, false}};
+        if (!chip.empty()) {
+            members.push_back({"chip", chip, false});
+        }
+        jsonLineAppend(json, members);
+    }
+
     const DesignerList* const designers;
     const bool isJson;
     std::string_view given;

@@ -17,6 +17,22 @@ std::optional<int> numberOf(std::string_view text) {
     return error == std::errc() && end == last ? std::optional(number) : std::nullopt;
 }
 
+std::string setFilterByWord(const std::string& word, EncodeOptions& options) {
+    if (options.scheme == nullptr) {
+        return "--filter: the word \"" + word + "\" needs --scheme, or give a number";
+    }
+    options.filter = filterByWord(*options.scheme, word);
+    if (options.filter.has_value()) {
+        return {};
+    }
+    std::string words;
+    for (const FilterWord& filter : filterWords(*options.scheme)) {
+        words += ' ' + std::string(filter.word);
+    }
+    return "--filter: " + std::string(options.scheme->name) + " has no filter \"" + word + "\"" +
+           (words.empty() ? "" : "; it has" + words + ", or give a number");
+}
+
 class TranslationConverter : public Converter {
 public:
     explicit TranslationConverter(const TranslationSettings& theSettings)
@@ -37,7 +53,7 @@ public:
             translate(item.value, options.read, settings.wanted, item.translation);
         }
         Failure& failure = item.translation.failure;
-        if (failure.isOfOptions && !settings.hasWordsOfRows) {
+        if (failure.isOfOptions && !settings.hasWordsOfRows && options.read.gcpList == nullptr) {
             throw UsageError(optionsMessage(failure));
         }
         if (settings.required != nullptr && !isFailure(failure)) {
@@ -191,17 +207,17 @@ std::string encodeOptionsOf(const EncodeWords& words, std::span<const std::strin
             return "--scheme: there is no scheme \"" + scheme + "\"; rosetag schemes lists all";
         }
     }
-    if (!filter.empty()) {
-        options.filter = numberOf(filter);
-        if (!options.filter.has_value()) {
-            return "--filter: \"" + filter + "\" is not a number";
-        }
-    }
     if (!gcpLength.empty()) {
         options.read.gcpLength = numberOf(gcpLength);
         if (options.read.gcpLength.value_or(0) < 6 || *options.read.gcpLength > 12) {
             return "--gcp-length: a company prefix has 6 to 12 digits, and \"" + gcpLength +
                    "\" is none of these numbers";
+        }
+    }
+    if (!filter.empty()) {
+        options.filter = numberOf(filter);
+        if (!options.filter.has_value()) {
+            return setFilterByWord(filter, options);
         }
     }
     return {};

@@ -172,6 +172,23 @@ void putTid(JsonWriter& json, const TidRecord& record) {
     jsonMember(json, "block_perma_lock_block_size", record.blockPermaLockBlockSize);
 }
 
+void putFilterWords(JsonWriter& json, const SchemeInfo& scheme) {
+    const std::span<const FilterWord> words = filterWords(scheme);
+    if (words.empty()) {
+        return;
+    }
+    jsonKey(json, "filters");
+    jsonBegin(json, '[');
+    for (const FilterWord& word : words) {
+        jsonBegin(json, '{');
+        jsonMember(json, "filter", static_cast<std::uint64_t>(word.filter));
+        jsonMember(json, "word", word.word);
+        jsonMember(json, "meaning", word.meaning);
+        jsonEnd(json, '}');
+    }
+    jsonEnd(json, ']');
+}
+
 } // namespace
 
 void appendJson(std::string& text, const Recognition& result, std::string_view value) {
@@ -267,6 +284,7 @@ void appendJson(std::string& text, const SchemeInfo& scheme) {
     jsonMember(json, "name", scheme.name);
     jsonMember(json, "header", std::string_view(header.data(), header.size()));
     jsonMember(json, "filter_limit", static_cast<std::uint64_t>(scheme.filterLimit));
+    putFilterWords(json, scheme);
     jsonMemberBool(json, "uri", scheme.hasUris);
     jsonMemberBool(json, "gs1", scheme.hasGs1Texts);
     jsonMemberBool(json, "further_ais", scheme.isPlus);

@@ -48,6 +48,29 @@ constexpr FilterWord aerospace[] = {
     {10, "seat_belt",    "seat belt"},
     {11, "galley_cart",  "galley cart"},
     {12, "unit_load",    "unit load device, cargo container"},
+    {13, "security",     "aircraft security item"},
+    {14, "life_vest",    "life vest"},
+    {15, "oxygen",       "oxygen generator, oxygen cylinder"},
+    {16, "engine",       "engine, engine component"},
+    {17, "avionics",     "avionics"},
+    {18, "flight_test",  "experimental (flight test) equipment"},
+    {19, "emergency",    "other emergency equipment"},
+    {20, "rotable",      "other rotable"},
+    {21, "repairable",   "other repairable"},
+    {22, "cabin",        "other cabin interior"},
+    {23, "repair",       "other repair, not of a component"},
+    {24, "passenger_seat", "passenger seat (structure)"},
+    {25, "ife",          "in-flight entertainment system"},
+    {56, "location",     "location identifier"},
+    {57, "documentation", "documentation"},
+    {58, "tool",         "tool"},
+    {59, "ground_support", "ground support equipment"},
+    {60, "non_flyable",  "other non-flyable equipment"},
+};
+
+constexpr FilterWord document[] = {
+    {0, "all_others",      "none of the others"},
+    {1, "travel_document", "travel document"},
 };
 
 constexpr FilterWord others[] = {
@@ -64,6 +87,7 @@ constexpr FamilyFilters families[] = {
     {"dsgtin", tradeItem},
     {"sscc",   logisticUnit},
     {"giai",   asset},
+    {"gdti",   document},
     {"usdod",  defence},
     {"adi",    aerospace},
 };
