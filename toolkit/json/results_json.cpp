@@ -183,7 +183,7 @@ void putFilterWords(JsonWriter& json, const SchemeInfo& scheme) {
         jsonBegin(json, '{');
         jsonMember(json, "filter", static_cast<std::uint64_t>(word.filter));
         jsonMember(json, "word", word.word);
-        jsonMember(json, "meaning", word.meaning);
+        jsonMember(json, "name", word.name);
         jsonEnd(json, '}');
     }
     jsonEnd(json, ']');
