@@ -514,6 +514,55 @@ PyObject* schemes(PyObject*, PyObject*) {
     return list.release();
 }
 
+// The words of the encodings, by AI_ENC_INTEGER and so on.
+PyObject* encodings(PyObject*, PyObject*) {
+    Ref list(PyList_New(0));
+    for (const std::string_view word : rosetag::encodingWords()) {
+        const Ref text(textOf(word));
+        if (!list || !text || PyList_Append(list.get(), text.get()) != 0) {
+            return nullptr;
+        }
+    }
+    return list.release();
+}
+
+PyObject* findingsOf(const rosetag::Rows<rosetag::Finding>& findings, const Value& value) {
+    Ref list(PyList_New(0));
+    for (const rosetag::Finding& finding : findings) {
+        const std::string_view severity = rosetag::severityWord(finding.severity);
+        const std::string_view rule = rosetag::checkRuleWord(finding.rule);
+        const Py_ssize_t first = charactersBefore(value.text, finding.position);
+        const Py_ssize_t end = charactersBefore(value.text, finding.position + finding.length);
+        const Ref culprit(textOf(finding.culprit));
+        const Ref message(textOf(finding.message));
+        const Ref row(Py_BuildValue("(s#s#s#nnOO)", severity.data(),
+                                    static_cast<Py_ssize_t>(severity.size()), rule.data(),
+                                    static_cast<Py_ssize_t>(rule.size()), finding.ai.data(),
+                                    static_cast<Py_ssize_t>(finding.ai.size()), first, end - first,
+                                    culprit.get(), message.get()));
+        if (!list || !row || PyList_Append(list.get(), row.get()) != 0) {
+            return nullptr;
+        }
+    }
+    return list.release();
+}
+
+PyObject* check(PyObject*, PyObject* positional, PyObject* named) {
+    static const char* const names[] = {"", "as_barcode", "strict", "gcp_length", nullptr};
+    PyObject* given = nullptr;
+    Reading reading;
+    Value value;
+    rosetag::ReadOptions options;
+    if (!PyArg_ParseTupleAndKeywords(positional, named, "O|$ppO", words(names), &given,
+                                     &reading.asBarcode, &reading.strict, &reading.gcpLength) ||
+        !value.read(given) || !reading.fill(options)) {
+        return nullptr;
+    }
+    rosetag::Rows<rosetag::Finding> findings;
+    rosetag::check(value.text, options, findings);
+    return findingsOf(findings, value);
+}
+
 PyObject* version(PyObject*, PyObject*) {
     return textOf(rosetag::version());
 }
@@ -801,6 +850,8 @@ PyMethodDef functions[] = {
     {"encode_ai", asFunction(encodeAi), METH_VARARGS | METH_KEYWORDS, nullptr},
     {"decode_ai", asFunction(decodeAi), METH_VARARGS | METH_KEYWORDS, nullptr},
     {"schemes", schemes, METH_NOARGS, nullptr},
+    {"encodings", encodings, METH_NOARGS, nullptr},
+    {"check", asFunction(check), METH_VARARGS | METH_KEYWORDS, nullptr},
     {"version", version, METH_NOARGS, nullptr},
     {"status_words", statusWords, METH_O, nullptr},
     {"set_error_class", setErrorClass, METH_O, nullptr},

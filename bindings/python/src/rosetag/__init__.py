@@ -12,15 +12,17 @@ Whatever a value is, :func:`decode` finds out and gives every form that it has:
 'urn:epc:tag:sgtin-96:3.0614141.812345.6789'
 
 :func:`encode` makes the bits of a tag, :func:`convert` makes one form of a value,
-:func:`explain` takes its bits apart, :func:`tid` reads the TID memory of a tag.
+:func:`check` finds what is wrong with it, :func:`explain` takes its bits apart, :func:`tid` reads
+the TID memory of a tag.
 :mod:`rosetag.columns` does the same to whole columns, :mod:`rosetag.spark` on a cluster.
 """
 
 from rosetag import columns
 from rosetag._api import (
+    check,
+    convert,
     decode,
     decode_ai,
-    convert,
     encode,
     encode_ai,
     explain,
@@ -34,6 +36,7 @@ from rosetag._results import (
     AiBits,
     Explanation,
     Field,
+    Finding,
     Identity,
     Note,
     Scheme,
@@ -47,12 +50,14 @@ __all__ = [
     "AiBits",
     "Explanation",
     "Field",
+    "Finding",
     "Identity",
     "Note",
     "RosetagError",
     "Scheme",
     "Status",
     "Tid",
+    "check",
     "columns",
     "convert",
     "decode",

@@ -8,7 +8,7 @@ from typing import Literal, TypeAlias, Union
 
 from rosetag import _core
 from rosetag import _errors as _errors  # registers the class that failures are raised as
-from rosetag._results import Ai, AiBits, Explanation, Field, Identity, Note, Scheme, Tid
+from rosetag._results import Ai, AiBits, Explanation, Field, Finding, Identity, Note, Scheme, Tid
 
 Value: TypeAlias = Union[str, bytes, bytearray, memoryview, Sequence[int]]
 """A text in any form, or the bits of a tag: bytes, or 16-bit words as a sequence of int."""
@@ -28,14 +28,8 @@ Encoding: TypeAlias = Literal[
 ]
 
 # As the AI_ENC_... of the library.
-ENCODINGS: dict[str, int] = {
-    "auto": -1,
-    "integer": 0,
-    "hex-upper": 1,
-    "hex-lower": 2,
-    "base64url": 3,
-    "iso646": 4,
-    "code40": 5,
+ENCODINGS: dict[str, int] = {"auto": -1} | {
+    word: number for number, word in enumerate(_core.encodings())
 }
 
 
@@ -139,6 +133,24 @@ meaning='0614141', value='0614141', ai='', is_good=True)
     result["fields"] = tuple(map(Field._make, result["fields"]))
     result["notes"] = tuple(map(Note._make, result["notes"]))
     return Explanation(**result)
+
+
+def check(
+    value: Value,
+    *,
+    as_barcode: bool = False,
+    strict: bool = False,
+    gcp_length: int | None = None,
+) -> tuple[Finding, ...]:
+    """Finds every place where a value breaks a rule of GS1. Nothing found: it is right.
+
+    >>> for finding in check("(01)80614141123459(17)261301"):
+    ...     print(finding.severity, finding.rule, finding.ai, finding.culprit)
+    error check_digit 01 9
+    error date 17 13
+    """
+    found = _core.check(value, as_barcode=as_barcode, strict=strict, gcp_length=gcp_length)
+    return tuple(map(Finding._make, found))
 
 
 def tid(value: Value) -> Tid:

@@ -33,6 +33,18 @@ class Note(NamedTuple):
     text: str
 
 
+class Finding(NamedTuple):
+    """A place where a value breaks a rule; ``severity`` is "error" or "warning"."""
+
+    severity: str
+    rule: str
+    ai: str
+    position: int
+    length: int
+    culprit: str
+    message: str
+
+
 class Scheme(NamedTuple):
     """A tag scheme."""
 
