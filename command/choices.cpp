@@ -12,6 +12,9 @@ namespace {
 
 constexpr std::string_view autoEncoding = "auto";
 
+// By the numbers of Bank.
+constexpr std::string_view bankWords[] = {"auto", "epc", "pc", "crc-pc"};
+
 struct DelimiterWord {
     std::string_view word;
     char delimiter;
@@ -76,6 +79,9 @@ std::vector<std::string> choicesOf(std::string_view typeName) {
         words.insert(words.end(), encodingWords().begin(), encodingWords().end());
         return words;
     }
+    if (typeName == "BANK") {
+        return {std::begin(bankWords), std::end(bankWords)};
+    }
     if (typeName == "DELIMITER") {
         return wordsOf(delimiterWords, &DelimiterWord::word);
     }
@@ -103,6 +109,10 @@ int encodingByWord(std::string_view word) {
     const auto words = encodingWords();
     const auto found = std::ranges::find(words, word);
     return found == words.end() ? AI_ENC_AUTO : static_cast<int>(found - words.begin());
+}
+
+Bank bankByWord(std::string_view word) {
+    return static_cast<Bank>(std::ranges::find(bankWords, word) - std::begin(bankWords));
 }
 
 char delimiterOf(std::string_view given) {

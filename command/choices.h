@@ -4,6 +4,8 @@
 #ifndef ROSETAG_COMMAND_CHOICES_H
 #define ROSETAG_COMMAND_CHOICES_H
 
+#include <rosetag/toolkit.hpp>
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +23,9 @@ std::string choiceError(std::string_view typeName, std::string_view what, std::s
 
 // The encoding of a word of ENCODING.
 int encodingByWord(std::string_view word);
+
+// The bank of a word of BANK.
+Bank bankByWord(std::string_view word);
 
 // The character of a word of DELIMITER, or a character itself; NUL for what cannot separate cells.
 char delimiterOf(std::string_view given);

@@ -117,6 +117,24 @@ void addValues(CLI::App& command, Arguments& arguments, const char* description)
 void addReading(CLI::App& command, Arguments& arguments) {
     command.add_flag("--barcode", arguments.read.asBarcode,
                      "a value without a mark is a barcode string, not hex");
+    takeChoice(
+        *command.add_option_function<std::string>(
+            "--bank",
+            [&arguments](const std::string& word) { arguments.read.bank = bankByWord(word); },
+            "where hex begins in the memory of a tag: auto finds out, epc, pc is the PC word "
+            "before it, crc-pc the CRC and the PC word"),
+        "BANK", "beginning of hex");
+    command
+        .add_option_function<std::string>(
+            "--separator",
+            [&arguments](const std::string& given) { arguments.read.separator = given.front(); },
+            "this character stands for the separator of barcode strings, besides character 29")
+        ->type_name("C")
+        ->check(
+            [](const std::string& given) {
+                return given.size() == 1 ? std::string() : "\"" + given + "\" is not one character";
+            },
+            "");
     command.add_flag("--strict", arguments.read.strict,
                      "take links as they are; a run over lines stops at the first failure");
 }
