@@ -42,6 +42,16 @@ void reportWarnings(CheckRun& run, Place place, const Translation& translation) 
 }
 
 // Of a value whose AIs do not stand in it as text: each has the place of the whole.
+void checkTranslation(CheckRun& run, Place place, const Translation& translation) {
+    run.kind = TextKind::TAG_VALUE;
+    for (const AiValue& ai : translation.ais) {
+        const KnownAi& known = knownAiOf(ai.ai);
+        checkAi(run, {ai.ai, known.rule, ai.value, place.position, place.length}, known,
+                {ai.value, place.position, nullptr, place.length});
+    }
+    checkAssociations(run);
+}
+
 void checkTranslated(CheckRun& run, Place place) {
     Translation translation;
     translate(run.value.substr(place.position, place.length), run.options, Form::AIS, translation);
@@ -49,14 +59,8 @@ void checkTranslated(CheckRun& run, Place place) {
         reportFailure(run, place, translation);
         return;
     }
-    run.kind = TextKind::TAG_VALUE;
     reportWarnings(run, place, translation);
-    for (const AiValue& ai : translation.ais) {
-        const KnownAi& known = knownAiOf(ai.ai);
-        checkAi(run, {ai.ai, known.rule, ai.value, place.position, place.length}, known,
-                {ai.value, place.position, nullptr, place.length});
-    }
-    checkAssociations(run);
+    checkTranslation(run, place, translation);
 }
 
 bool isBefore(const Finding& one, const Finding& other) {
@@ -109,6 +113,13 @@ void checkPlace(CheckRun& run, Place place) {
 }
 
 } // namespace
+
+void checkAis(std::string_view value, const ReadOptions& options, const Translation& translation,
+              Rows<Finding>& findings) {
+    findings.clear();
+    CheckRun run = {value, options, findings};
+    checkTranslation(run, {0, value.size()}, translation);
+}
 
 void check(std::string_view value, const ReadOptions& options, Rows<Finding>& findings) {
     findings.clear();

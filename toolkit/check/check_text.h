@@ -9,6 +9,10 @@
 
 namespace rosetag {
 
+// Checks the AIs of a value that was translated, whose bits or fields hold them.
+void checkAis(std::string_view value, const ReadOptions& options, const Translation& translation,
+              Rows<Finding>& findings);
+
 // Each checks a part of the value, from position to end; it is not empty.
 void checkElementString(CheckRun& run, std::size_t position, std::size_t end);
 void checkGtinAlone(CheckRun& run, std::size_t position, std::size_t end);

@@ -43,16 +43,21 @@ BankLayout layoutWithPc(std::string_view digits, bool hasCrc) {
     return layout;
 }
 
-// True if digits are a tag value, and nothing but zeros follows it.
-bool isSound(std::string_view digits) {
+enum class Soundness : std::uint8_t {
+    UNREADABLE,
+    LOOSE, // bits other than 0 follow the value
+    SOUND,
+};
+
+Soundness soundnessOf(std::string_view digits) {
     Translation tag;
     if (formsOfHex(digits, {}, tag) != EPC_OK) {
-        return false;
+        return Soundness::UNREADABLE;
     }
-    const std::size_t bits = tagValueBits(digits);
-    std::string rest;
-    appendBits(rest, digits);
-    return rest.find('1', bits) == std::string::npos;
+    std::string bits;
+    appendBits(bits, digits);
+    return bits.find('1', tagValueBits(digits)) == std::string::npos ? Soundness::SOUND
+                                                                     : Soundness::LOOSE;
 }
 
 bool hasKnownHeader(std::string_view digits) {
@@ -172,18 +177,19 @@ bool takeOffBankWords(Reading& reading) {
         }
         const std::string_view rest = digits.substr(layout.words * HEX_WORD_DIGITS);
         const PcWord pc = pcWordOf(wordAt(digits, layout.pcIndex));
-        const bool isPlain = isSound(digits);
-        if (pc.isOtherFamily && pc.familyOrAttribute != 0 && !isPlain) {
+        const Soundness plain = soundnessOf(digits);
+        if (pc.isOtherFamily && pc.familyOrAttribute != 0 && plain != Soundness::SOUND) {
             return failOtherFamily(reading, layout, pc);
         }
         if (pc.isOtherFamily || !hasKnownHeader(rest)) {
             continue;
         }
-        if (!isPlain) {
+        const bool isRestSound = soundnessOf(rest) == Soundness::SOUND;
+        if (plain == Soundness::UNREADABLE || (plain == Soundness::LOOSE && isRestSound)) {
             takeOff(reading, layout);
             return true;
         }
-        if (isSound(rest)) {
+        if (plain == Soundness::SOUND && isRestSound) {
             Note& note =
                 readingNote(reading, NoteKind::MAY_BE_PC_WORD, givenWords(reading, layout.words),
                             "the value could also begin with " + layoutText(layout) +

@@ -162,8 +162,9 @@ bool takeOffIdentifier(Reading& reading, std::string_view& value) {
     }
     const std::string_view identifier = value.substr(0, SYMBOLOGY_IDENTIFIER_LENGTH);
     const std::string_view data = value.substr(identifier.size());
-    const Form form = formByLook(data, reading.options);
-    if (form == Form::UNKNOWN || form == Form::BARCODE_STRING) {
+    constexpr FormSet marked =
+        Form::ELEMENT_STRING | Form::DIGITAL_LINK | Form::TAG_URI | Form::PURE_IDENTITY;
+    if (!marked.has(formByLook(data, reading.options))) {
         reading.form = Form::BARCODE_STRING;
         return readingFail(
             reading, EPC_ERR_BAD_CHARACTER, positionIn(reading, identifier), identifier.size(),

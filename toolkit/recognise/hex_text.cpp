@@ -59,7 +59,7 @@ bool prepareHex(Reading& reading, std::string_view value) {
     const std::size_t digits = reading.workspace.text.size();
     if (digits == 0) {
         return readingFail(reading, EPC_ERR_TRUNCATED, positionIn(reading, value), value.size(),
-                           {"there is no hexadecimal digit"});
+                           {"there is no hexadecimal digit", "give the hex of a tag's memory"});
     }
     if (digits > MOST_HEX_DIGITS) {
         return readingFailAt(reading, EPC_ERR_TOO_LONG, MOST_HEX_DIGITS, digits - MOST_HEX_DIGITS,

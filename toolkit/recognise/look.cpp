@@ -28,8 +28,22 @@ bool looksLikeHex(std::string_view value) {
             std::any_of(value.begin(), value.end(), isHexDigit));
 }
 
+// A name that ends as those of files do.
+bool looksLikeFileName(std::string_view value) {
+    constexpr std::string_view endings[] = {".csv", ".tsv", ".txt",  ".json", ".jsonl", ".ndjson",
+                                            ".xml", ".log", ".xlsx", ".zip",  ".gz"};
+    return value.find("://") == std::string_view::npos &&
+           std::any_of(std::begin(endings), std::end(endings), [&](std::string_view ending) {
+               return value.size() > ending.size() &&
+                      beginsIgnoringCase(value.substr(value.size() - ending.size()), ending);
+           });
+}
+
 // A Web address without its scheme: a host with a dot before the first "/".
 bool looksLikeHostAndPath(std::string_view value) {
+    if (looksLikeFileName(value)) {
+        return false;
+    }
     const std::string_view host = value.substr(0, value.find('/'));
     const auto isHostCharacter = [](char character) {
         return charIsDigit(character) || isLetter(character) || character == '.' ||
@@ -129,17 +143,26 @@ Form formByLook(std::string_view value, const ReadOptions& options) {
     return looksLikeHostAndPath(value) ? Form::DIGITAL_LINK : Form::UNKNOWN;
 }
 
+bool failIsFile(Reading& reading, std::string_view value) {
+    for (const FileMark& mark : fileMarks) {
+        if (value.starts_with(mark.bytes)) {
+            readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, value), mark.bytes.size(),
+                        {std::string(mark.message), std::string(mark.remedy)});
+            return true;
+        }
+    }
+    return false;
+}
+
 bool failUnknown(Reading& reading, std::string_view value) {
     if (value.empty()) {
         return readingFail(reading, EPC_ERR_BAD_FORMAT, 0, reading.value.size(),
                            {"the value is empty", std::string(forms)});
     }
-    for (const FileMark& mark : fileMarks) {
-        if (value.starts_with(mark.bytes)) {
-            return readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, value),
-                               mark.bytes.size(),
-                               {std::string(mark.message), std::string(mark.remedy)});
-        }
+    if (looksLikeFileName(value)) {
+        return readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, value), value.size(),
+                           {"this looks like the name of a file, and a value is expected",
+                            "give what is in the file", "input"});
     }
     const std::size_t urn = std::max(commonLength(value, TAG_URI_PREFIX),
                                      commonLength(value, PURE_IDENTITY_URI_PREFIX));

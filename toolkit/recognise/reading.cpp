@@ -9,6 +9,17 @@ void readingClear(Reading& reading) {
     reading.workspace.pieces.clear();
 }
 
+void failureClear(Failure& failure) {
+    failure.status = EPC_OK;
+    failure.message.clear();
+    failure.remedy.clear();
+    failure.position = 0;
+    failure.length = 0;
+    failure.culprit.clear();
+    failure.option = {};
+    failure.isOfOptions = false;
+}
+
 void readingKeep(Reading& reading, std::string_view part) {
     Workspace& workspace = reading.workspace;
     const std::size_t given = positionIn(reading, part);
@@ -38,17 +49,6 @@ std::size_t givenPosition(const Workspace& workspace, std::size_t prepared) {
         given = piece.given + (prepared - piece.prepared);
     }
     return given;
-}
-
-void failureClear(Failure& failure) {
-    failure.status = EPC_OK;
-    failure.message.clear();
-    failure.remedy.clear();
-    failure.culprit.clear();
-    failure.position = 0;
-    failure.length = 0;
-    failure.option = {};
-    failure.isOfOptions = false;
 }
 
 bool readingFail(Reading& reading, EpcStatus status, std::size_t position, std::size_t length,

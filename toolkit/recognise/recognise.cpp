@@ -112,6 +112,9 @@ bool readingPrepare(Reading& reading) {
                                 " bytes, and this has " + std::to_string(reading.value.size()),
                             "give one value at a time"});
     }
+    if (failIsFile(reading, reading.value)) {
+        return false;
+    }
     if (const std::size_t nul = reading.value.find('\0'); nul != std::string_view::npos) {
         return readingFail(reading, EPC_ERR_BAD_CHARACTER, nul, 1,
                            {"a value cannot hold a NUL, the byte 0", "leave it out"});
@@ -125,7 +128,6 @@ bool readingPrepare(Reading& reading) {
 }
 
 void recognise(std::string_view value, const ReadOptions& options, Recognition& result) {
-    result.failure = {};
     Reading reading{value, options, result.workspace, result.notes, result.failure};
     readingPrepare(reading);
     result.form = reading.form;

@@ -6,6 +6,7 @@
 #include "schemes/epc_uri.h"
 #include "translate/company_prefix.h"
 #include "translate/parsed_ais.h"
+#include "translate/tag_notes.h"
 #include "translate/text_room.h"
 #include "translate/translate.h"
 #include "words/failure.h"
@@ -311,6 +312,9 @@ void encode(std::string_view value, const EncodeOptions& options, FormSet wanted
     }
     if (status == EPC_OK) {
         status = formsOfHex(hex, result.asked, result);
+    }
+    if (status == EPC_OK && reading.form == Form::HEX) {
+        noteTagBits(reading);
     }
     if (status != EPC_OK && !isFailure(result.failure)) {
         failEncodeForm(reading, status, completed);

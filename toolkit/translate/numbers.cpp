@@ -30,9 +30,8 @@ const Gs1KeyDefinition* keyAmong(const Rows<AiValue>& ais) {
     return nullptr;
 }
 
-void addNumbers(Translation& result) {
+void addSerial(Translation& result) {
     const Gs1KeyDefinition* const key = keyAmong(result.ais);
-    result.gtin = aiValueOf(result, "01");
     for (const AiValue& element : result.ais) {
         if (key != nullptr && takeSerial(element, *key, result.serial)) {
             return;
@@ -49,12 +48,12 @@ void addAi(Translation& result, std::string_view code, std::string_view value) {
     ai.title = aiTitle(code);
 }
 
-void finishAis(FormSet wanted, Translation& result) {
-    if (wanted.hasAny(Form::GTIN | Form::SERIAL)) {
-        addNumbers(result);
+void addNumbers(FormSet wanted, Translation& result) {
+    if (wanted.has(Form::GTIN)) {
+        result.gtin = aiValueOf(result, "01");
     }
-    if (!wanted.has(Form::AIS)) {
-        result.ais.clear();
+    if (wanted.has(Form::SERIAL)) {
+        addSerial(result);
     }
 }
 

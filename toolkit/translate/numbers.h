@@ -12,8 +12,8 @@ inline constexpr FormSet AI_FORMS = Form::AIS | Form::GTIN | Form::SERIAL;
 
 void addAi(Translation& result, std::string_view code, std::string_view value);
 
-// Fills the numbers that were asked for from the AIs, which go again if they were not.
-void finishAis(FormSet wanted, Translation& result);
+// Fills the numbers that were asked for from the AIs.
+void addNumbers(FormSet wanted, Translation& result);
 
 } // namespace rosetag
 

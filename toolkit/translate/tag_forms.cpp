@@ -75,7 +75,7 @@ EpcStatus gs1TextsOfBits(const BitBuffer& bits, FormSet wanted, Translation& res
     }
     if (wanted.hasAny(AI_FORMS)) {
         EPC_TRY(aisOfBits(bits, result));
-        finishAis(wanted, result);
+        addNumbers(wanted, result);
     }
     return EPC_OK;
 }

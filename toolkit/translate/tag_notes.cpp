@@ -22,6 +22,10 @@ void warn(Reading& reading, NoteKind kind, std::size_t digit, const std::string&
     readingNote(reading, kind, fromDigit(reading, digit), text).severity = Severity::WARNING;
 }
 
+std::string counts(std::size_t bits, std::size_t given) {
+    return std::to_string(bits) + " bits, and here are " + std::to_string(given);
+}
+
 // The first bit that is 1, from one on; the count of bits if there is none.
 std::size_t findBit(std::string_view hex, std::size_t bit) {
     for (; bit < 4 * hex.size(); ++bit) {
@@ -45,14 +49,12 @@ void noteTagBits(Reading& reading) {
     if (given <= bits) {
         return;
     }
-    const std::string counts =
-        std::to_string(bits) + " bits, and here are " + std::to_string(given);
     if (const std::size_t bit = findBit(hex, bits); bit < given) {
         warn(reading, NoteKind::TRAILING_BITS, bit / 4,
-             "bits other than 0 follow the value, which has " + counts);
+             "bits other than 0 follow the value, which has " + counts(bits, given));
     } else if (given > (bits + WORD_BITS - 1) / WORD_BITS * WORD_BITS) {
         warn(reading, NoteKind::ODD_LENGTH, (bits + WORD_BITS - 1) / WORD_BITS * 4,
-             "no scheme has values of this length: this one has " + counts);
+             "no scheme has values of this length: this one has " + counts(bits, given));
     }
 }
 

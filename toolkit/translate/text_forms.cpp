@@ -66,7 +66,7 @@ EpcStatus textsOfAis(Reading& reading, ParsedAis& ais, FormSet wanted, Translati
     }
     if (wanted.hasAny(AI_FORMS)) {
         addAis(ais, result);
-        finishAis(wanted, result);
+        addNumbers(wanted, result);
     }
     if (needsUri) {
         addPureIdentity(reading, ais, wanted, result);
@@ -139,7 +139,7 @@ EpcStatus formsOfPlusTagUri(const std::string& uri, FormSet wanted, Translation&
         ParsedAis ais;
         EPC_TRY(aisParse(Form::ELEMENT_STRING, result.elementString, ais));
         addAis(ais, result);
-        finishAis(wanted, result);
+        addNumbers(wanted, result);
     }
     return EPC_OK;
 }

@@ -1,5 +1,6 @@
 #include "translate/translate.h"
 
+#include "check/check_text.h"
 #include "recognise/hex_text.h"
 #include "schemes/epc_uri.h"
 #include "translate/tag_notes.h"
@@ -40,13 +41,13 @@ EpcStatus formsOf(Reading& reading, FormSet wanted, Translation& result) {
     }
 }
 
-// What the notes of a tag value say is not said again.
-void findOut(std::string_view value, const ReadOptions& options, Rows<Finding>& findings) {
-    check(value, options, findings);
-    const auto isNote = [](const Finding& finding) { return finding.rule == CheckRule::TAG_VALUE; };
-    const Finding* const end = std::remove_if(findings.begin(), findings.end(), isNote);
-    for (std::size_t left = static_cast<std::size_t>(findings.end() - end); left > 0; --left) {
-        findings.removeLast();
+// What is wrong with the AIs of a value that was read.
+void findOut(std::string_view value, const ReadOptions& options, Translation& result) {
+    constexpr FormSet tagForms = Form::HEX | Form::TAG_URI | Form::PURE_IDENTITY;
+    if (tagForms.has(result.form)) {
+        checkAis(value, options, result, result.findings);
+    } else {
+        check(value, options, result.findings);
     }
 }
 
@@ -58,6 +59,12 @@ void dropUnasked(FormSet asked, Translation& result) {
     }
     if (!asked.has(Form::ELEMENT_STRING)) {
         result.elementString.clear();
+    }
+    if (!asked.has(Form::FITS_SCHEMES)) {
+        result.fitsSchemes.clear();
+    }
+    if (!asked.has(Form::AIS)) {
+        result.ais.clear();
     }
 }
 
@@ -106,16 +113,17 @@ void translate(std::string_view value, const ReadOptions& options, FormSet wante
     if (!isPrepared) {
         return;
     }
-    const EpcStatus status = formsOf(reading, wanted, result);
-    if (status != EPC_OK) {
-        failReading(reading, status);
-    } else if (reading.form == Form::HEX) {
+    const FormSet needed = wanted.has(Form::FINDINGS) ? wanted | Form::AIS : wanted;
+    if (const EpcStatus status = formsOf(reading, needed, result); status != EPC_OK) {
+        return failReading(reading, status);
+    }
+    if (reading.form == Form::HEX) {
         noteTagBits(reading);
     }
-    dropUnasked(wanted, result);
     if (wanted.has(Form::FINDINGS)) {
-        findOut(value, options, result.findings);
+        findOut(value, options, result);
     }
+    dropUnasked(wanted, result);
 }
 
 Translation translate(std::string_view value, const ReadOptions& options, FormSet wanted) {

@@ -2,10 +2,12 @@
 
 #include "bridge/gs1_key_table.h"
 #include "explain/explain_epc.h"
+#include "gs1/check_digit.h"
 #include "recognise/hex_text.h"
 #include "recognise/look.h"
 #include "translate/parsed_ais.h"
 #include "translate/text_room.h"
+#include "translate/translate.h"
 #include "words/ai_words.h"
 #include "words/scheme_words.h"
 #include "words/shown_text.h"
@@ -76,13 +78,32 @@ void failGs1Text(Reading& reading, EpcStatus status) {
 // Digits that are not a tag value may be something else that people scan.
 Complaint hintForDigits(std::string_view digits) {
     constexpr std::size_t shortestBarcode = 16; // AI 01 and a GTIN
-    ParsedAis ais;
     if (!isAllDigits(digits)) {
         return {};
     }
+    ParsedAis ais;
     const std::string text(digits);
     if (digits.size() >= shortestBarcode && aisParse(Form::BARCODE_STRING, text, ais) == EPC_OK) {
         return {{}, "it can be read as a barcode string", "as_barcode"};
+    }
+    const std::string_view checked = digits.substr(0, digits.size() - 1);
+    return isGtin(text.substr(0, checked.size()) + gs1CheckDigit(checked))
+               ? Complaint{{},
+                           "if it is a GTIN, its last digit must be " +
+                               std::string(1, gs1CheckDigit(checked))}
+               : Complaint{};
+}
+
+// An EPC that begins at a later word of hex.
+std::string hintForLaterEpc(std::string_view digits) {
+    constexpr std::size_t shortest = 16;
+    for (std::size_t at = 4; at + shortest <= digits.size(); at += 4) {
+        Translation tag;
+        const std::string_view rest = digits.substr(at);
+        if (formsOfHex(rest, {}, tag) == EPC_OK && 4 * rest.size() <= tagValueBits(rest) + 15) {
+            return "from digit " + std::to_string(at + 1) + " on it is a value of " +
+                   std::string(tag.scheme->name) + ": leave out what precedes it";
+        }
     }
     return {};
 }
@@ -109,7 +130,9 @@ void failUri(Reading& reading, EpcStatus status, const SchemeInfo* scheme, int f
         return;
     }
     readingFail(reading, status, 0, reading.value.size(),
-                {statusMeaning(status, {StatusSource::URI, scheme, filter})});
+                {statusMeaning(status, {StatusSource::URI, scheme, filter}),
+                 scheme == nullptr ? "correct the URI" : "choose a scheme that holds it",
+                 scheme == nullptr ? "" : "scheme"});
 }
 
 // ---- From GS1 texts to a scheme ----
@@ -274,7 +297,8 @@ void failGs1Encoding(Reading& reading, EpcStatus status, const EncodeOptions& op
     }
     const StatusSource source = scheme.isPlus ? StatusSource::GS1_PLUS : StatusSource::GS1;
     readingFail(reading, status, 0, reading.value.size(),
-                {statusMeaning(status, {source, &scheme, options.filter.value_or(0)})});
+                {statusMeaning(status, {source, &scheme, options.filter.value_or(0)}),
+                 "choose another scheme", "scheme"});
 }
 
 void failFilter(Reading& reading, EpcStatus status, const EncodeOptions& options) {
@@ -309,11 +333,17 @@ void failBits(Reading& reading, EpcStatus status, const Explanation& explanation
     }
     if (status == EPC_ERR_TRUNCATED) {
         complaint.remedy = missingBits(explanation);
+    } else if (std::string later = hintForLaterEpc(digits);
+               status == EPC_ERR_UNKNOWN_HEADER && !later.empty()) {
+        complaint = {std::move(complaint.message), std::move(later)};
     } else if (status == EPC_ERR_UNKNOWN_HEADER && complaint.remedy.empty()) {
         complaint.remedy = hexIsTid(digits)
                                ? "this is a TID: read it as one"
                                : "an EPC begins with the header of its scheme, for example 30 for "
                                  "sgtin-96";
+    }
+    if (complaint.remedy.empty()) {
+        complaint.remedy = "read the tag again";
     }
     if (reading.form != Form::HEX && reading.form != Form::TID) {
         readingFail(reading, status, 0, reading.value.size(), std::move(complaint));

@@ -61,7 +61,7 @@ constexpr Meaning meanings[] = {
     {EPC_ERR_BAD_CHARACTER,     GS1_PLUS, "an AI, or the encoding, cannot hold one of its characters"},
     {EPC_ERR_BAD_CHARACTER,     ANY,      "a field cannot hold one of its characters"},
     {EPC_ERR_NOT_SUPPORTED,     URI,      "{scheme} has no URIs"},
-    {EPC_ERR_NOT_SUPPORTED,     GS1,      "{scheme} has no GS1 key, and is only made of EPC URIs"},
+    {EPC_ERR_NOT_SUPPORTED,     GS1,      "{scheme} has no GS1 key: its values come from EPC URIs"},
     {EPC_ERR_NOT_SUPPORTED,     ANY,      "the value has no such form"},
     {EPC_ERR_NO_KEY_FOR_SCHEME, ANY,      "no key is known for {scheme}"},
     {EPC_ERR_NO_PRIMARY_KEY,    ANY,      "{scheme} needs {key}"},

@@ -380,8 +380,8 @@ bool uriFindFault(std::string_view uri, const SchemeInfo* scheme, UriFault& faul
     if (!faultOfBody(fault, body, target, form)) {
         return false;
     }
-    fault.position += prefix.size() + colon + 1;
-    if (fault.complaint.remedy.empty()) {
+    const bool isOfFilter = isTagUri && target.filterLimit > 0 && fault.position < body.find('.');
+    if (fault.complaint.remedy.empty() && !isOfFilter) {
         std::string pure(PURE_IDENTITY_URI_PREFIX);
         pure += target.family;
         pure += ':';
@@ -393,6 +393,7 @@ bool uriFindFault(std::string_view uri, const SchemeInfo* scheme, UriFault& faul
     if (fault.complaint.remedy.empty()) {
         fault.complaint.remedy = "the form is " + uriShape(target, form);
     }
+    fault.position += prefix.size() + colon + 1;
     return true;
 }
 

@@ -1,0 +1,186 @@
+/*
+ * The front header as a program uses it: one call for whatever a value is, results as JSON, and
+ * loops that allocate nothing.
+ */
+#include "support/sanitizers.h"
+
+#include <rosetag/rosetag.hpp>
+#include <rosetag/toolkit.hpp>
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+
+using namespace rosetag;
+
+// The sanitizers bring an allocator of their own, and only glibc gives access to the original one.
+#if defined(__GLIBC__) && !BUILT_WITH_SANITIZER
+#define COUNTS_ALLOCATIONS
+
+namespace {
+std::size_t allocations = 0;
+} // namespace
+
+extern "C" {
+void* __libc_malloc(std::size_t size);
+
+void* malloc(std::size_t size) noexcept {
+    ++allocations;
+    return __libc_malloc(size);
+}
+}
+#endif
+
+namespace {
+
+TEST(Toolkit, SaysWhateverThisIs) {
+    const Translation item = translate("3074257BF7194E4000001A85");
+    EXPECT_EQ("an EPC value in hex, scheme sgtin-96", describe(item));
+    EXPECT_EQ("urn:epc:tag:sgtin-96:3.0614141.812345.6789", item.tagUri);
+    EXPECT_EQ("urn:epc:id:sgtin:0614141.812345.6789", item.pureIdentity);
+    EXPECT_EQ("(01)80614141123458(21)6789", item.elementString);
+    EXPECT_EQ("0180614141123458216789", item.barcodeString);
+    EXPECT_EQ("/01/80614141123458/21/6789", item.digitalLink);
+    EXPECT_EQ("80614141123458", item.gtin);
+    EXPECT_EQ("6789", item.serial);
+    EXPECT_EQ(3, item.filter);
+    EXPECT_EQ(ROSETAG_VERSION, version());
+}
+
+// What tells an object from others of its key, wherever its AIs have it.
+TEST(Toolkit, FindsTheSerialNumber) {
+    const char* const rows[][2] = {
+        {"(01)80614141123458(21)6789", "6789"}, {"(414)0614141123452(254)32a", "32a"},
+        {"(8003)00614141123452AB", "AB"},       {"(253)4012345987652X1", "X1"},
+        {"(255)401234567890104711", "04711"},   {"(8010)06141415PQ7(8011)12345", "12345"},
+        {"(8006)040123451234560204(21)9", "9"}, {"(00)106141412345678908", ""},
+        {"(01)80614141123458(10)LOT7", ""},
+    };
+    for (const auto& [value, serial] : rows) {
+        EXPECT_EQ(serial, translate(value, {}, Form::SERIAL).serial) << value;
+    }
+}
+
+TEST(Toolkit, ComputesWhatIsAskedFor) {
+    for (const char* const value :
+         {"3074257BF7194E4000001A85", "(01)80614141123458(21)6789",
+          "urn:epc:id:sgtin:0614141.812345.6789", "urn:epc:tag:sgtin-96:3.0614141.812345.6789",
+          "/01/80614141123458/21/6789", "F7380614141123458046A140"}) {
+        ReadOptions options;
+        options.gcpLength = 7;
+        const Translation all = translate(value, options);
+        for (const Form form :
+             {Form::HEX, Form::TAG_URI, Form::PURE_IDENTITY, Form::ELEMENT_STRING,
+              Form::BARCODE_STRING, Form::DIGITAL_LINK, Form::GTIN, Form::SERIAL}) {
+            const Translation one = translate(value, options, form);
+            for (const Form other :
+                 {Form::HEX, Form::TAG_URI, Form::PURE_IDENTITY, Form::ELEMENT_STRING,
+                  Form::BARCODE_STRING, Form::DIGITAL_LINK, Form::GTIN, Form::SERIAL}) {
+                EXPECT_EQ(form == other ? formText(all, form) : "", formText(one, other))
+                    << value << ' ' << formWord(form) << ' ' << formWord(other);
+            }
+            EXPECT_EQ(form, formByWord(formWord(form)));
+        }
+        EXPECT_FALSE(all.ais.empty());
+    }
+}
+
+// The texts of a tag value become the same tag value again.
+TEST(Toolkit, EncodesEveryFormOfATagValue) {
+    const Translation item = translate("3074257BF7194E4000001A85");
+    EncodeOptions options;
+    options.scheme = item.scheme;
+    options.filter = item.filter;
+    options.read.gcpLength = 7;
+    for (const Form form : {Form::HEX, Form::TAG_URI, Form::PURE_IDENTITY, Form::ELEMENT_STRING,
+                            Form::DIGITAL_LINK}) {
+        EXPECT_EQ(item.hex, encode(formText(item, form), options).hex) << formWord(form);
+    }
+    options.read.asBarcode = true;
+    EXPECT_EQ(item.hex, encode(item.barcodeString, options).hex);
+}
+
+TEST(Toolkit, WritesJson) {
+    const std::string value = "]d201806141411234582167\x1d"
+                              "10\xC3\xA4\xFF\"\\";
+    EXPECT_EQ(R"({"line":7,"value":"]d201806141411234582167\u001d10ä)"
+              "\xEF\xBF\xBD"
+              R"(\"\\","form":"barcode_string","serial":"67"})",
+              toJson(translate(value, {}, Form::SERIAL), value, 7U));
+    EXPECT_EQ(
+        R"({"value":"42","form":"hex","status":"EPC_ERR_UNKNOWN_HEADER",)"
+        R"("message":"no scheme has the header 0x42","remedy":"an EPC begins with the header )"
+        R"(of its scheme, for example 30 for sgtin-96","position":0,"length":2,"culprit":"42"})",
+        toJson(translate("42"), "42"));
+    EXPECT_EQ(R"({"ai":"21","title":"SERIAL","value":"ABCG","hex":"64001086","bits":32})",
+              toJson(encodeAi("21", "ABCG")));
+    EXPECT_EQ(R"({"number":17,"name":"gid-96","header":"0x35","filter_limit":0,"uri":true,)"
+              R"("gs1":false,"further_ais":false})",
+              toJson(schemes()[EPC_SCHEME_GID_96]));
+}
+
+TEST(Toolkit, AllocatesNothingOnceItsResultHasGrown) {
+    const char* const values[] = {"3074257BF7194E4000001A85",
+                                  "30 74 25 7B F7 19 4E 40 00 00 1A 85",
+                                  "urn:epc:tag:sgtin-96:3.0614141.812345.6789",
+                                  "(01)80614141123458(21)6789(10)LOT7",
+                                  "]C1018061414112345810LOT7{GS}216789",
+                                  "/01/80614141123458/21/6789",
+                                  "FA90614141E23ABC21625D83103000BD17305D00"};
+    ReadOptions options;
+    options.gcpLength = 7;
+    Translation item;
+    std::string json;
+    const auto runAll = [&] {
+        for (const char* const value : values) {
+            translate(value, options, ALL_FORMS, item);
+            EXPECT_EQ(EPC_OK, item.failure.status) << value;
+            json.clear();
+            appendJson(json, item, value);
+        }
+    };
+#ifdef COUNTS_ALLOCATIONS
+    runAll();
+    const std::size_t first = allocations;
+    EXPECT_GT(first, 0U) << "the allocator of this program is not in use";
+    runAll();
+    const std::size_t before = allocations;
+    runAll();
+    EXPECT_EQ(before, allocations);
+#else
+    GTEST_SKIP() << "the allocator of this build cannot be replaced";
+#endif
+}
+
+TEST(Toolkit, KnowsFiltersByTheirWords) {
+    const SchemeInfo& sgtin = *schemeByName("sgtin-96");
+    EXPECT_EQ(1, filterByWord(sgtin, "POS"));
+    EXPECT_EQ(4, filterByWord(sgtin, "inner pack"));
+    EXPECT_EQ(4, filterByWord(sgtin, "inner-pack"));
+    EXPECT_EQ(std::nullopt, filterByWord(sgtin, "pallet"));
+    EXPECT_EQ(0, filterByWord(*schemeByName("usdod-96"), "pallet"));
+    EXPECT_TRUE(filterWords(*schemeByName("gid-96")).empty());
+    for (const SchemeInfo& scheme : schemes()) {
+        for (const FilterWord& word : filterWords(scheme)) {
+            EXPECT_LT(word.filter, scheme.filterLimit) << scheme.name;
+            EXPECT_EQ(word.filter, filterByWord(scheme, word.word));
+        }
+    }
+}
+
+// The PC word and the CRC are shown in front of the fields of the EPC.
+TEST(Toolkit, ExplainsTheWordsBeforeTheEpc) {
+    const Explanation plain = explain("3074257BF7194E4000001A85");
+    const Explanation bank = explain("AAF930003074257BF7194E4000001A85");
+    EXPECT_EQ(32U, plain.bankAddress);
+    EXPECT_EQ(0U, bank.bankAddress);
+    const char* const names[] = {"CRC",         "EPC length", "user memory",
+                                 "extended PC", "toggle",     "attribute bits"};
+    ASSERT_EQ(plain.fields.size() + std::size(names), bank.fields.size());
+    for (std::size_t i = 0; i < bank.fields.size(); ++i) {
+        EXPECT_EQ(i < std::size(names) ? names[i] : plain.fields[i - std::size(names)].name,
+                  bank.fields[i].name);
+    }
+}
+
+} // namespace

@@ -1,0 +1,134 @@
+/*
+ * Values as people have them: what the toolkit makes of them, what it notes, and what it says of
+ * those that it cannot read.
+ */
+#include "toolkit/rows_of_file.h"
+#include "toolkit/value_rows.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+using namespace rosetag;
+
+namespace {
+
+std::string placeOf(std::size_t position, std::size_t length) {
+    return std::to_string(position) + '+' + std::to_string(length);
+}
+
+TEST(Values, FailWithPlaceRuleAndRemedy) {
+    const RowsOfFile rows = rowsOfFile("failures.tsv");
+    EXPECT_GT(rows.size(), 100U);
+    for (const auto& row : rows) {
+        ASSERT_EQ(5U, row.size()) << row[1];
+        const std::string value = unescaped(row[1]);
+        SCOPED_TRACE(row[0] + ": " + row[1]);
+        const Failure failure = ask(row[0], value).failure;
+        EXPECT_EQ(row[2], epc_statusName(failure.status));
+        EXPECT_EQ(row[3], placeOf(failure.position, failure.length));
+        ASSERT_LE(failure.position + failure.length, value.size());
+        EXPECT_EQ(value.substr(failure.position, failure.length), failure.culprit);
+        // A finding has its remedy after the rule.
+        EXPECT_TRUE(!failure.remedy.empty() || failure.message.find(": ") != std::string::npos);
+        const std::string said = failureText(failure) + " [" + std::string(failure.option) + ']';
+        std::istringstream words(row[4]);
+        for (std::string word; std::getline(words, word, '|');) {
+            EXPECT_NE(std::string::npos, said.find(word)) << word << "\n" << said;
+        }
+    }
+}
+
+std::string shown(const Rows<Note>& notes) {
+    std::string text;
+    for (const Note& note : notes) {
+        text += text.empty() ? "" : ", ";
+        text += note.severity == Severity::WARNING ? "~" : "";
+        text += std::string(noteWord(note.kind)) + ' ' + placeOf(note.position, note.length);
+        EXPECT_FALSE(note.text.empty());
+    }
+    return text.empty() ? "-" : text;
+}
+
+TEST(Values, AreTakenAsPeopleHaveThem) {
+    const RowsOfFile rows = rowsOfFile("values.tsv");
+    EXPECT_GT(rows.size(), 50U);
+    for (const auto& row : rows) {
+        ASSERT_EQ(4U, row.size()) << row[1];
+        SCOPED_TRACE(row[0] + ": " + row[1]);
+        const Answer answer = ask(row[0], unescaped(row[1]));
+        EXPECT_EQ("", answer.failure.status == EPC_OK ? "" : failureText(answer.failure));
+        EXPECT_EQ(row[2], answer.result);
+        EXPECT_EQ(row[3], shown(answer.notes));
+    }
+}
+
+// Whatever it is given, the toolkit answers, and points into the value.
+TEST(Values, AreNeverTooStrange) {
+    const std::string pieces[] = {"(01)",
+                                  "01",
+                                  "]C1",
+                                  "]E0",
+                                  "\x1D",
+                                  "{GS}",
+                                  "/",
+                                  "?",
+                                  "&",
+                                  "%",
+                                  "%0",
+                                  "urn:epc:tag:",
+                                  "urn:epc:id:sgtin:",
+                                  "sgtin-96:",
+                                  ".",
+                                  "3",
+                                  "30742579",
+                                  "0x",
+                                  "E2",
+                                  std::string(1, '\0'),
+                                  "\xFF",
+                                  "(",
+                                  ")",
+                                  "https://",
+                                  "#",
+                                  " ",
+                                  std::string(300, '7'),
+                                  "^",
+                                  "(8004)",
+                                  ";="};
+    std::uint64_t state = 1;
+    const auto next = [&state](std::uint64_t limit) {
+        state = state * 6364136223846793005U + 1442695040888963407U;
+        return (state >> 33) % limit;
+    };
+    Translation item;
+    Explanation explanation;
+    Rows<Finding> findings;
+    EncodeOptions options;
+    options.read.gcpLength = 7;
+    for (int i = 0; i < 20000; ++i) {
+        std::string value;
+        for (std::uint64_t count = next(6); count > 0; --count) {
+            value += pieces[next(std::size(pieces))];
+        }
+        options.read.asBarcode = next(4) == 0;
+        options.read.bank = static_cast<Bank>(next(4));
+        options.scheme = &schemes()[next(EPC_SCHEME_COUNT)];
+        const auto expectInside = [&](const Failure& failure, const Rows<Note>& notes) {
+            ASSERT_LE(failure.position + failure.length, value.size());
+            for (const Note& note : notes) {
+                ASSERT_LE(note.position + note.length, value.size());
+            }
+        };
+        translate(value, options.read, ALL_FORMS, item);
+        expectInside(item.failure, item.notes);
+        EXPECT_FALSE(toJson(item, value).empty());
+        encode(value, options, ALL_FORMS, item);
+        expectInside(item.failure, item.notes);
+        explain(value, options.read, explanation);
+        expectInside(explanation.failure, explanation.notes);
+        check(value, options.read, findings);
+        expectInside(tid(value).failure, {});
+    }
+}
+
+} // namespace
