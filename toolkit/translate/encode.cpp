@@ -2,6 +2,7 @@
  * From a value to the bits of a tag scheme.
  */
 #include "bridge/gs1_key_table.h"
+#include "gs1/text_writers.h"
 #include "recognise/hex_text.h"
 #include "schemes/epc_uri.h"
 #include "translate/company_prefix.h"
@@ -129,6 +130,18 @@ std::string bracketed(const ParsedAis& ais) {
     return text;
 }
 
+// A plain scheme takes a link by way of a bracketed text, which a "(" in a value would cut: such AIs
+// go on as a barcode string.
+EpcStatus encodeLink(const EncodeCall& call, const std::string& text, const ParsedAis* ais) {
+    if (ais == nullptr || call.options.scheme->isPlus || canStandInBrackets(*ais)) {
+        return encodeText(call, text, epc_digitalLinkToHexEnc);
+    }
+    std::array<char, EPC_BARCODE_STRING_SIZE> room;
+    TextBuffer barcode = textBufferOver(room.data(), EPC_BARCODE_STRING_SIZE);
+    EPC_TRY(barcodeStringWrite(barcode, ais->list, ais->base));
+    return encodeText(call, std::string(textBufferView(barcode)), epc_barcodeStringToHexEnc);
+}
+
 // Separators may follow any value of a barcode string, and a value may hold a "(": the AIs go on as
 // a bracketed text if they can.
 EpcStatus encodeSyntax(const EncodeCall& call, Form form, const ParsedAis* ais) {
@@ -137,7 +150,7 @@ EpcStatus encodeSyntax(const EncodeCall& call, Form form, const ParsedAis* ais) 
         return encodeText(call, text, epc_gs1ElementStringToHexEnc);
     }
     if (form == Form::DIGITAL_LINK) {
-        return encodeText(call, text, epc_digitalLinkToHexEnc);
+        return encodeLink(call, text, ais);
     }
     return ais != nullptr && canStandInBrackets(*ais)
                ? encodeText(call, bracketed(*ais), epc_gs1ElementStringToHexEnc)
