@@ -69,9 +69,12 @@ class Documents(unittest.TestCase):
         cls.environment = {**os.environ, "LC_ALL": "C.UTF-8", "PKG_CONFIG_PATH": pc_dir,
                            "PATH": f"{prefix}/bin:{os.environ['PATH']}",
                            "LD_LIBRARY_PATH": os.path.dirname(pc_dir)}
-        cls.flags = subprocess.run(["pkg-config", "--cflags", "--libs", "rosetag"], check=True,
-                                   env=cls.environment, capture_output=True,
-                                   text=True).stdout.split()
+
+    # Of the library that the program includes.
+    def flags_of(self, rows):
+        package = "rosetag-toolkit" if "#include <rosetag/toolkit.hpp>" in rows else "rosetag"
+        return subprocess.run(["pkg-config", "--cflags", "--libs", package], check=True,
+                              env=self.environment, capture_output=True, text=True).stdout.split()
 
     def run_command(self, *command):
         return subprocess.run(command, env=self.environment, cwd=self.work, check=False, text=True,
@@ -110,7 +113,8 @@ class Documents(unittest.TestCase):
         source = os.path.join(self.work, "program" + suffix)
         with open(source, "w", encoding="utf-8") as file:
             file.write("\n".join(rows) + "\n")
-        result = self.run_command(compiler, standard, *WARNINGS, source, "-o", "program", *self.flags)
+        result = self.run_command(compiler, standard, *WARNINGS, source, "-o", "program",
+                                  *self.flags_of(rows))
         self.assertEqual(result.returncode, 0, result.stdout)
         result = self.run_command("./program")
         self.assertEqual(result.returncode, 0, result.stdout)
