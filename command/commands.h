@@ -9,7 +9,7 @@
 namespace rosetag {
 
 // Gives the exit status. Throws UsageError and IoError.
-int commandRun(Output& output, const Arguments& arguments);
+int commandRun(Output& output, const Arguments& given);
 
 // Lists the tag schemes.
 void schemesCommand(Output& output, bool isJson);

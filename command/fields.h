@@ -33,7 +33,7 @@ struct Field {
 std::span<const Field> fields();
 
 // The field of that name, in which "-" is taken for "_"; null for none.
-const Field* fieldByName(std::string_view name);
+const Field* fieldByName(std::string_view given);
 
 // Appends the text of a field. Separators of barcode strings are spelled {GS} unless raw.
 void fieldAppend(const Field& field, const Item& item, bool raw, std::string& text);

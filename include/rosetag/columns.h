@@ -49,6 +49,7 @@ extern "C" {
 #define ARROW_FLAG_NULLABLE 2
 #define ARROW_FLAG_MAP_KEYS_SORTED 4
 
+// The names are those of the interface. NOLINTBEGIN(readability-identifier-naming)
 struct ArrowSchema {
     const char* format;
     const char* name;
@@ -73,6 +74,7 @@ struct ArrowArray {
     void (*release)(struct ArrowArray*);
     void* private_data;
 };
+// NOLINTEND(readability-identifier-naming)
 
 #endif
 

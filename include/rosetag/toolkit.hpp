@@ -7,7 +7,7 @@
  * scanner's prefix), gives every form that it has, and says in words what is wrong with it:
  *
  *     const std::string value = "3074257BF7194E4000001A85";
-    const rosetag::Translation item = rosetag::translate(value);
+ *     const rosetag::Translation item = rosetag::translate(value);
  *     std::cout << item.elementString;           // (01)80614141123458(21)6789
  *     std::cout << rosetag::toJson(item, value); // all of it as a JSON object
  *
@@ -697,7 +697,7 @@ inline constexpr unsigned TID_DESIGNER_MASK = 0x1FF;
 /**
  * Reads the TID memory of a tag.
  *
- *     hex     the memory from its first word on, in hex.
+ *     value   the memory from its first word on, in hex.
  *     result  receives the record.
  *
  * EPC_ERR_...  as tid_binaryDecode says
@@ -709,8 +709,8 @@ inline constexpr unsigned TID_DESIGNER_MASK = 0x1FF;
  * JSON: value, mdid, tmid, xtid, serial_bits, serial, and the other members of TidRecord in lower
  * case with underscores.
  */
-void tid(std::string_view hex, Tid& result);
-Tid tid(std::string_view hex);
+void tid(std::string_view value, Tid& result);
+Tid tid(std::string_view value);
 
 /*
  * ---- Checking ----
@@ -834,14 +834,14 @@ Failure readDesignerList(std::string_view text, DesignerList& list);
  * The keys of a failure are status, message, remedy, position, length and culprit; those of a note
  * are kind, severity, text, position and length.
  */
-void appendJson(std::string& json, const Recognition& result, std::string_view value);
-void appendJson(std::string& json, const Translation& result, std::string_view value,
+void appendJson(std::string& text, const Recognition& result, std::string_view value);
+void appendJson(std::string& text, const Translation& result, std::string_view value,
                 std::uint64_t line = 0);
-void appendJson(std::string& json, const Explanation& result, std::string_view value);
-void appendJson(std::string& json, const AiTranslation& result);
-void appendJson(std::string& json, const Tid& result, std::string_view value);
-void appendJson(std::string& json, const SchemeInfo& scheme);
-void appendJson(std::string& json, const Rows<Finding>& findings, std::string_view value,
+void appendJson(std::string& text, const Explanation& result, std::string_view value);
+void appendJson(std::string& text, const AiTranslation& result);
+void appendJson(std::string& text, const Tid& result, std::string_view value);
+void appendJson(std::string& text, const SchemeInfo& scheme);
+void appendJson(std::string& text, const Rows<Finding>& findings, std::string_view value,
                 std::uint64_t line = 0);
 
 /** The same as a string of its own, from the arguments after the first. */

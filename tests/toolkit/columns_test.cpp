@@ -95,6 +95,8 @@ void addViews(Array& array, const Cells& all) {
     }
 }
 
+// Calls itself once, for a dictionary.
+// NOLINTNEXTLINE(misc-no-recursion)
 std::unique_ptr<Array> arrayOf(const std::string& format, const Cells& cells) {
     auto array = std::make_unique<Array>();
     array->format = format;

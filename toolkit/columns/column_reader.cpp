@@ -106,6 +106,21 @@ std::int64_t integerAt(const ColumnReader& reader, std::int64_t index) {
     }
 }
 
+// Of a reader without a dictionary.
+std::string_view textAt(const ColumnReader& reader, std::int64_t index) {
+    switch (reader.layout) {
+    case ColumnLayout::OFFSETS32:
+        return textBetweenOffsets<std::int32_t>(reader, index);
+    case ColumnLayout::OFFSETS64:
+        return textBetweenOffsets<std::int64_t>(reader, index);
+    case ColumnLayout::VIEWS:
+        return textOfView(reader, index);
+    default:
+        return {static_cast<const char*>(reader.rows) + index * reader.width,
+                static_cast<std::size_t>(reader.width)};
+    }
+}
+
 std::int32_t readLayout(const ArrowSchema& type, const ArrowArray& values, ColumnReader& reader,
                         char* error) {
     const std::string_view name = type.format;
@@ -183,27 +198,17 @@ bool columnText(const ColumnReader& reader, std::int64_t row, std::string_view& 
     if (columnIsNull(reader, row)) {
         return false;
     }
-    const std::int64_t index = reader.offset + row;
-    switch (reader.layout) {
-    case ColumnLayout::OFFSETS32:
-        text = textBetweenOffsets<std::int32_t>(reader, index);
+    if (reader.dictionary == nullptr) {
+        text = textAt(reader, reader.offset + row);
         return true;
-    case ColumnLayout::OFFSETS64:
-        text = textBetweenOffsets<std::int64_t>(reader, index);
-        return true;
-    case ColumnLayout::VIEWS:
-        text = textOfView(reader, index);
-        return true;
-    case ColumnLayout::FIXED:
-        text = {static_cast<const char*>(reader.rows) + index * reader.width,
-                static_cast<std::size_t>(reader.width)};
-        return true;
-    default: {
-        const std::int64_t key = integerAt(reader, index);
-        const bool isThere = key >= 0 && key < reader.dictionary->length;
-        return isThere && columnText(*reader.dictionary, key, text);
     }
+    const ColumnReader& dictionary = *reader.dictionary;
+    const std::int64_t key = integerAt(reader, reader.offset + row);
+    if (key < 0 || key >= dictionary.length || columnIsNull(dictionary, key)) {
+        return false;
     }
+    text = textAt(dictionary, dictionary.offset + key);
+    return true;
 }
 
 bool columnInteger(const ColumnReader& reader, std::int64_t row, std::int64_t& number) {

@@ -112,8 +112,9 @@ void releaseRowsType(ArrowSchema* type) {
 
 template <typename Element>
 Element* allocate(std::int64_t count) {
+    constexpr std::size_t size = sizeof(Element); // NOLINT: of pointers, too
     return static_cast<Element*>(
-        std::calloc(static_cast<std::size_t>(std::max<std::int64_t>(count, 1)), sizeof(Element)));
+        std::calloc(static_cast<std::size_t>(std::max<std::int64_t>(count, 1)), size));
 }
 
 bool exportColumn(ColumnWriter& writer, ArrowArray& array) {

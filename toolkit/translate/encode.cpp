@@ -130,8 +130,8 @@ std::string bracketed(const ParsedAis& ais) {
     return text;
 }
 
-// A plain scheme takes a link by way of a bracketed text, which a "(" in a value would cut: such AIs
-// go on as a barcode string.
+// A plain scheme takes a link by way of a bracketed text, which a "(" in a value would cut: such
+// AIs go on as a barcode string.
 EpcStatus encodeLink(const EncodeCall& call, const std::string& text, const ParsedAis* ais) {
     if (ais == nullptr || call.options.scheme->isPlus || canStandInBrackets(*ais)) {
         return encodeText(call, text, epc_digitalLinkToHexEnc);

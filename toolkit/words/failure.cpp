@@ -170,6 +170,10 @@ ValuePlace placeOfValue(const Reading& reading, const ParsedAis& ais, std::strin
 void failAsUri(Reading& reading, EpcStatus status, const SchemeInfo& scheme, const ParsedAis& ais,
                UriFault& fault) {
     const Gs1KeyDefinition* const key = gs1KeyFindByName(scheme.family);
+    if (key == nullptr) {
+        readingFail(reading, status, 0, reading.value.size(), std::move(fault.complaint));
+        return;
+    }
     const bool isSecondary = fault.isInTail && !key->secondaryAi.empty();
     const std::string_view code = isSecondary ? key->secondaryAi : key->primaryAi;
     ValuePlace place = placeOfValue(reading, ais, code);
