@@ -3,6 +3,7 @@
 #include "core/text_buffer.h"
 #include "tid/tid_layout.h"
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -12,12 +13,6 @@ namespace {
 
 constexpr std::size_t SEGMENTS = std::size(tidSegments);
 
-struct TidReader {
-    BitBuffer& bits;
-    TidRecord& record;
-    std::uint64_t words[SEGMENTS][TID_MAX_WORDS]; // 0 if not read
-};
-
 // Some bits of a word.
 struct TidPlace {
     std::size_t segment;
@@ -25,8 +20,8 @@ struct TidPlace {
     std::int32_t shift;
     std::int32_t width;
 
-    constexpr std::uint64_t in(const TidReader& reader) const {
-        return reader.words[segment][word] >> shift & ((std::uint64_t{1} << width) - 1);
+    constexpr std::uint64_t in(std::uint64_t value) const {
+        return value >> shift & ((std::uint64_t{1} << width) - 1);
     }
 };
 
@@ -53,6 +48,34 @@ constexpr TidPlace findPlace(Predicate matches) {
     }
     return {};
 }
+
+constexpr TidPlace serialLength =
+    findPlace([](const TidField& field) { return field.meaning == TidMeaning::SERIAL_LENGTH; });
+
+constexpr TidPlace flagOf(const TidSegment& row) {
+    return findPlace([&row](const TidField& field) { return field.name == row.presentIf; });
+}
+
+// The segments up to the last that says something about those after it.
+constexpr std::size_t consultedSegmentsCount() {
+    std::size_t last = serialLength.segment;
+    for (const TidSegment& row : tidSegments) {
+        last = row.presentIf.empty() ? last : std::max(last, flagOf(row).segment);
+    }
+    return last + 1;
+}
+
+constexpr std::size_t CONSULTED_SEGMENTS = consultedSegmentsCount();
+
+struct TidReader {
+    BitBuffer& bits;
+    TidRecord& record;
+    std::uint64_t words[CONSULTED_SEGMENTS][TID_MAX_WORDS]; // 0 if not read
+
+    std::uint64_t at(const TidPlace& place) const {
+        return place.in(words[place.segment][place.word]);
+    }
+};
 
 // A mask of the fields of a word that have this meaning.
 constexpr std::uint64_t maskOf(std::size_t segment, std::size_t word, TidMeaning meaning) {
@@ -103,10 +126,9 @@ EpcStatus checkWord(std::uint64_t value) {
 
 // The number begins at a byte and consists of whole bytes, so the bytes can be written as they are.
 EpcStatus readSerial(TidReader& reader) {
-    constexpr TidPlace length =
-        findPlace([](const TidField& field) { return field.meaning == TidMeaning::SERIAL_LENGTH; });
-    static_assert(tidSerialBits((1U << length.width) - 1) / 4 + 1 == sizeof TidRecord::serial);
-    const std::int32_t serialBits = tidSerialBits(length.in(reader));
+    static_assert(tidSerialBits((1U << serialLength.width) - 1) / 4 + 1 ==
+                  sizeof TidRecord::serial);
+    const std::int32_t serialBits = tidSerialBits(reader.at(serialLength));
     if (serialBits == 0) {
         return EPC_OK;
     }
@@ -120,10 +142,10 @@ EpcStatus readSerial(TidReader& reader) {
 }
 
 template <std::size_t segment, std::size_t word, std::size_t field>
-void fillMember(TidReader& reader) {
+void fillMember(TidRecord& record, std::uint64_t value) {
     constexpr TidPlace place = memberPlace(segment, word, field);
     if constexpr (place.width > 0) {
-        setMember(reader.record, fieldsOf(segment, word)[field].member, place.in(reader));
+        setMember(record, fieldsOf(segment, word)[field].member, place.in(value));
     }
 }
 
@@ -135,11 +157,14 @@ EpcStatus readWord(TidReader& reader) {
     } else if constexpr (fields[0].meaning == TidMeaning::SERIAL) {
         return readSerial(reader);
     } else {
-        std::uint64_t& value = reader.words[segment][word];
+        std::uint64_t value = 0;
         EPC_TRY(bitBufferRead(reader.bits, tidWidth(fields), value));
         EPC_TRY((checkWord<segment, word>(value)));
+        if constexpr (segment < CONSULTED_SEGMENTS) {
+            reader.words[segment][word] = value;
+        }
         [&]<std::size_t... field>(std::index_sequence<field...>) {
-            (fillMember<segment, word, field>(reader), ...);
+            (fillMember<segment, word, field>(reader.record, value), ...);
         }
         (std::make_index_sequence<fields.size()>());
         return EPC_OK;
@@ -150,10 +175,9 @@ template <std::size_t segment>
 EpcStatus readSegment(TidReader& reader) {
     constexpr const TidSegment& row = tidSegments[segment];
     if constexpr (!row.presentIf.empty()) {
-        constexpr TidPlace flag =
-            findPlace([](const TidField& field) { return field.name == row.presentIf; });
+        constexpr TidPlace flag = flagOf(row);
         static_assert(flag.width == 1);
-        if (flag.in(reader) == 0) {
+        if (reader.at(flag) == 0) {
             return EPC_OK;
         }
     }
