@@ -30,10 +30,11 @@ constexpr bool extraFieldsAreConsistent(const Gs1KeyDefinition& key) {
            (count == 0 || (key.hasTail == 1 && key.keyValueLength > 0));
 }
 
-// A company prefix of 12 digits fits each key of fixed length.
+// The longest company prefix fits each key of fixed length.
 constexpr bool keyValueTakesLongestPrefix(const Gs1KeyDefinition& key) {
     const std::int32_t skipped = key.digitArrangement == KEY_DIGITS_AS_IS ? 0 : 1;
-    return key.keyValueLength == 0 || key.keyValueLength >= skipped + 12 + key.hasCheckDigit;
+    return key.keyValueLength == 0 ||
+           key.keyValueLength >= skipped + companyPrefixSizes[0].digits + key.hasCheckDigit;
 }
 
 constexpr bool nameIsUnique(const Gs1KeyDefinition& key) {

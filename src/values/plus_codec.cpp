@@ -13,6 +13,9 @@ namespace rosetag {
 
 namespace {
 
+static_assert(schemeFindField(schemeRows[EPC_SCHEME_DSGTIN_PLUS], FieldKind::CODED_DATE)->width ==
+              DATE_CODE_BITS + DATE_YEAR.bits + DATE_MONTH.bits + DATE_DAY.bits);
+
 constexpr std::int32_t TOGGLE_BITS = 1;
 constexpr std::int32_t FILTER_BITS = 3;
 

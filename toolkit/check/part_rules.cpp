@@ -5,6 +5,7 @@
 #include "core/char_class.h"
 #include "core/text_cursor.h"
 #include "gs1/check_digit.h"
+#include "values/date_kinds.h"
 
 #include <algorithm>
 #include <iterator>
@@ -66,14 +67,14 @@ enum class Day00 : std::uint8_t { REFUSE, ALLOW };
 
 // The month or the day of a date that does not exist. at is where the month stands.
 Culprit badMonthOrDay(std::string_view part, std::size_t at, bool isLeapYear, Day00 day00) {
-    constexpr std::uint8_t daysOfMonth[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     const std::uint64_t month = numberOf({part.data() + at, 2});
     const std::uint64_t day = numberOf({part.data() + at + 2, 2});
-    if (month < 1 || month > std::size(daysOfMonth)) {
+    if (month < DATE_MONTH.least || month > DATE_MONTH.most) {
         return {at, 2};
     }
-    const bool isDay = day == 0 ? day00 == Day00::ALLOW : day <= daysOfMonth[month - 1];
-    return isDay && (isLeapYear || month != 2 || day != 29) ? nothing : Culprit{at + 2, 2};
+    const bool isDay =
+        day == 0 ? day00 == Day00::ALLOW : day <= daysOfMonth(isLeapYear ? 0 : 1, month);
+    return isDay ? nothing : Culprit{at + 2, 2};
 }
 
 // Year 00 is 2000, a leap year: 1900 and 2100 are out of reach of the sliding window.
@@ -95,20 +96,17 @@ Culprit badDateWithCentury(std::string_view part) {
     return badMonthOrDay(part, 4, isLeapYear, Day00::REFUSE);
 }
 
-constexpr std::uint64_t LAST_HOUR = 23;
-constexpr std::uint64_t LAST_MINUTE = 59;
-
 Culprit badHour(std::string_view part) {
-    return numberOf({part.data(), 2}) <= LAST_HOUR ? nothing : Culprit{0, 2};
+    return numberOf({part.data(), 2}) <= TIME_HOUR.most ? nothing : Culprit{0, 2};
 }
 
 Culprit badMinuteOrSecond(std::string_view part) {
-    return wholeUnless(numberOf(part) <= LAST_MINUTE, part);
+    return wholeUnless(numberOf(part) <= TIME_MINUTE.most, part);
 }
 
 Culprit badHourMinute(std::string_view part) {
     const Culprit hour = badHour(part);
-    const bool isMinute = numberOf({part.data() + 2, 2}) <= LAST_MINUTE;
+    const bool isMinute = numberOf({part.data() + 2, 2}) <= TIME_MINUTE.most;
     return hour.length != 0 || isMinute ? hour : Culprit{2, 2};
 }
 

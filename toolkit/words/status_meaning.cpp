@@ -11,7 +11,8 @@ namespace {
 
 using enum StatusSource;
 
-// {scheme}, {limit}, {filter} and {key} stand for those of the case.
+// {scheme}, {limit}, {filter} and {key} stand for those of the case, {bits} and {ais} for what a
+// tag value and a text can hold.
 struct Meaning {
     EpcStatus status;
     StatusSource source;
@@ -22,9 +23,9 @@ struct Meaning {
 constexpr Meaning meanings[] = {
     // status                   from      in words; the first row that fits is taken
     {EPC_ERR_NO_ROOM,           GS1_TEXT, "the text ends inside a value of fixed length"},
-    {EPC_ERR_NO_ROOM,           GS1,      "the data takes more than the 496 bits that a tag value can have"},
-    {EPC_ERR_NO_ROOM,           GS1_PLUS, "the data takes more than the 496 bits that a tag value can have"},
-    {EPC_ERR_NO_ROOM,           AI_VALUE, "the value takes more than the 496 bits that a tag value can have"},
+    {EPC_ERR_NO_ROOM,           GS1,      "the data takes more than the {bits} bits that a tag value can have"},
+    {EPC_ERR_NO_ROOM,           GS1_PLUS, "the data takes more than the {bits} bits that a tag value can have"},
+    {EPC_ERR_NO_ROOM,           AI_VALUE, "the value takes more than the {bits} bits that a tag value can have"},
     {EPC_ERR_NO_ROOM,           ANY,      "there is no room for the result"},
     {EPC_ERR_TRUNCATED,         URI,      "the URI ends too early"},
     {EPC_ERR_TRUNCATED,         GS1_TEXT, "the text ends too early"},
@@ -65,7 +66,7 @@ constexpr Meaning meanings[] = {
     {EPC_ERR_NOT_SUPPORTED,     ANY,      "the value has no such form"},
     {EPC_ERR_NO_KEY_FOR_SCHEME, ANY,      "no key is known for {scheme}"},
     {EPC_ERR_NO_PRIMARY_KEY,    ANY,      "{scheme} needs {key}"},
-    {EPC_ERR_TOO_MANY_AIS,      ANY,      "there are more than 20 AIs"},
+    {EPC_ERR_TOO_MANY_AIS,      ANY,      "there are more than {ais} AIs"},
     {EPC_ERR_KEY_CONFLICT,      ANY,      "the text holds two different keys"},
     {EPC_ERR_CHECK_DIGIT,       ANY,      "a check digit is wrong"},
     {EPC_ERR_BAD_TID,           ANY,      "this is not the layout of a TID"},
@@ -91,6 +92,8 @@ std::string statusMeaning(EpcStatus status, const StatusCase& statusCase) {
     fill(text, "{key}",
          scheme == nullptr ? "a key such as AI 01 or AI 00" : schemeKeyText(*scheme));
     fill(text, "{limit}", std::to_string(scheme == nullptr ? 7 : schemeLargestFilter(*scheme)));
+    fill(text, "{bits}", std::to_string(8 * EPC_MAX_BINARY_BYTES));
+    fill(text, "{ais}", std::to_string(EPC_MAX_AIS));
     fill(text, "{filter}", std::to_string(statusCase.filter));
     fill(text, "{scheme}", scheme == nullptr ? "a tag" : scheme->name);
     return text;
