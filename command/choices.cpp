@@ -12,9 +12,6 @@ namespace {
 
 constexpr std::string_view autoEncoding = "auto";
 
-// By the numbers of Bank.
-constexpr std::string_view bankWords[] = {"auto", "epc", "pc", "crc-pc"};
-
 struct DelimiterWord {
     std::string_view word;
     char delimiter;
@@ -80,7 +77,7 @@ std::vector<std::string> choicesOf(std::string_view typeName) {
         return words;
     }
     if (typeName == "BANK") {
-        return {std::begin(bankWords), std::end(bankWords)};
+        return {bankWords().begin(), bankWords().end()};
     }
     if (typeName == "DELIMITER") {
         return wordsOf(delimiterWords, &DelimiterWord::word);
@@ -112,7 +109,7 @@ int encodingByWord(std::string_view word) {
 }
 
 Bank bankByWord(std::string_view word) {
-    return static_cast<Bank>(std::ranges::find(bankWords, word) - std::begin(bankWords));
+    return static_cast<Bank>(std::ranges::find(bankWords(), word) - bankWords().begin());
 }
 
 char delimiterOf(std::string_view given) {

@@ -98,12 +98,24 @@ struct RosetagColumn {
     const struct ArrowArray* values;
 };
 
+/** Which words of a tag's EPC memory bank hex and bytes begin with. */
+enum RosetagColumnsBank {
+    ROSETAG_COLUMNS_BANK_AUTO = 0,  /**< Find out. */
+    ROSETAG_COLUMNS_BANK_EPC = 1,   /**< The EPC. */
+    ROSETAG_COLUMNS_BANK_PC = 2,    /**< The PC word, then the EPC. */
+    ROSETAG_COLUMNS_BANK_CRC_PC = 3 /**< The CRC and the PC word, then the EPC. */
+};
+
 /** How rows are read; all members 0 is the usual way. */
 struct RosetagColumnsReadOptions {
     int32_t asBarcode;               /**< 1: digits without any mark are a barcode string. */
     int32_t strict;                  /**< 1: links are taken as they are. */
     int32_t gcpLength;               /**< Digits of the company prefix, 6 to 12; 0: not known. */
     struct RosetagColumn gcpLengths; /**< The same for each row, integers; null: as gcpLength. */
+    int32_t bank;                    /**< ROSETAG_COLUMNS_BANK_...: where hex begins. */
+    int32_t separator;   /**< An ASCII character that stands for GS in barcode strings; 0: none. */
+    const void* gcpList; /**< A rosetag::GcpList, which tells the length where gcpLength does not;
+                              may be null. */
 };
 
 /**
@@ -123,6 +135,19 @@ int32_t rosetag_columnsDecode(const struct ArrowSchema* type, const struct Arrow
                               const char* const* outputs, int32_t outputCount,
                               const struct RosetagColumnsReadOptions* options,
                               struct ArrowSchema* outType, struct ArrowArray* out, char* error);
+
+/**
+ * Checks a column of values: finds what is not as GS1 demands, as rosetag::check does. Like
+ * rosetag_columnsDecode, but no row fails, and the outputs are: "is_valid" (bool, true where there
+ * is no error), "severity" (text, "error" or "warning", that of the worst finding), "errors" and
+ * "warnings" (int32, how many there are), "rule" and "message" (text, those of the first finding of
+ * that severity), "findings" (text, all of them as a JSON array). severity, rule and message are
+ * null where nothing was found.
+ */
+int32_t rosetag_columnsCheck(const struct ArrowSchema* type, const struct ArrowArray* values,
+                             const char* const* outputs, int32_t outputCount,
+                             const struct RosetagColumnsReadOptions* options,
+                             struct ArrowSchema* outType, struct ArrowArray* out, char* error);
 
 /** What the rows of a column become; each a value for all, or a column. */
 struct RosetagColumnsEncodeOptions {

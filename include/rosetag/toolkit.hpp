@@ -312,6 +312,9 @@ enum class Bank : std::uint8_t {
     CRC_PC, ///< The CRC and the PC word, then the EPC: the bank from its first word on.
 };
 
+/** The words of Bank by its numbers: "auto", "epc", "pc", "crc-pc". */
+std::span<const std::string_view> bankWords();
+
 /** How a value is to be read. */
 struct ReadOptions {
     bool asBarcode = false;       ///< Digits without any mark are a barcode string, not hex.
@@ -843,6 +846,9 @@ void appendJson(std::string& text, const Tid& result, std::string_view value);
 void appendJson(std::string& text, const SchemeInfo& scheme);
 void appendJson(std::string& text, const Rows<Finding>& findings, std::string_view value,
                 std::uint64_t line = 0);
+
+/** The findings alone, as a JSON array. */
+void appendJson(std::string& text, const Rows<Finding>& findings);
 
 /** The same as a string of its own, from the arguments after the first. */
 template <typename... Arguments>

@@ -183,6 +183,8 @@ Cell cellOf(const ArrowSchema& type, const ArrowArray& column, std::int64_t row)
         return text(static_cast<const std::int64_t*>(column.buffers[1]));
     case 'S':
         return std::to_string(static_cast<const std::uint16_t*>(column.buffers[1])[row]);
+    case 'i':
+        return std::to_string(static_cast<const std::int32_t*>(column.buffers[1])[row]);
     case 'b':
         return std::to_string(
             static_cast<const std::uint8_t*>(column.buffers[1])[row / 8] >> (row % 8) & 1);
@@ -227,6 +229,14 @@ Result decode(const Array& array, const std::vector<const char*>& outputs,
         return rosetag_columnsDecode(&array.type, &array.values, outputs.data(),
                                      static_cast<std::int32_t>(outputs.size()), options, type, rows,
                                      error);
+    });
+}
+
+Result check(const Array& array, const std::vector<const char*>& outputs) {
+    return resultOf([&](ArrowSchema* type, ArrowArray* rows, char* error) {
+        return rosetag_columnsCheck(&array.type, &array.values, outputs.data(),
+                                    static_cast<std::int32_t>(outputs.size()), nullptr, type, rows,
+                                    error);
     });
 }
 
@@ -394,6 +404,98 @@ TEST(Columns, EncodeByConstantsAndByColumns) {
     EXPECT_EQ("3074257BF7194E4000001A85", encode(*arrayOf("U", values), constants).columns[0][0]);
 }
 
+template <typename Options, typename Member, typename Value>
+Options with(Member Options::*member, Value value) {
+    Options options{};
+    options.*member = value;
+    return options;
+}
+
+// A value that reads differently with each option, and without any.
+TEST(Columns, ReadRowsByTheOptionsOfACall) {
+    rosetag::GcpList list;
+    list.entries = {{61414100000, 7, 7}};
+    using Options = RosetagColumnsReadOptions;
+    using Same = rosetag::ReadOptions;
+    const struct {
+        const char* value;
+        Options options;
+        Same same;
+    } cases[] = {
+        {"310212345678901234567890", with(&Options::asBarcode, 1), with(&Same::asBarcode, true)},
+        {"https://example.com/01/9506000134352?x=1", with(&Options::strict, 1),
+         with(&Same::strict, true)},
+        {"3074257BF7194E4000001A85", with(&Options::bank, ROSETAG_COLUMNS_BANK_PC),
+         with(&Same::bank, rosetag::Bank::PC)},
+        {"018061414112345810LOT7^1725123121A", with(&Options::separator, '^'),
+         with(&Same::separator, '^')},
+        {"3074257BF7194E4000001A85", with(&Options::separator, 'F'), with(&Same::separator, 'F')},
+        {"(01)80614141123458(21)6789", with(&Options::gcpList, &list), with(&Same::gcpList, &list)},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.value);
+        const Cells values = {row.value};
+        expectRows(decode(*arrayOf("u", values), ALL_OUTPUTS, &row.options), values, row.same);
+        const std::vector<const char*> plain = {"tag_uri", "status"};
+        const Result result = decode(*arrayOf("u", values), plain, &row.options);
+        EXPECT_EQ(expectedRow(values[0], row.same)[1], result.columns[0][0]);
+        EXPECT_NE(expectedRow(values[0], row.same), expectedRow(values[0], {}));
+    }
+}
+
+TEST(Columns, TakeBytesForTheBitsOfATagAlsoWhereDigitsAreABarcode) {
+    const Cells bytes = {bytesOf("302512345678901234567890")};
+    const auto options = with(&RosetagColumnsReadOptions::asBarcode, 1);
+    EXPECT_EQ(decode(*arrayOf("z", bytes), {"tag_uri"}).columns,
+              decode(*arrayOf("z", bytes), {"tag_uri"}, &options).columns);
+}
+
+TEST(Columns, CheckEachRowAsAValueAlone) {
+    Cells values = VALUES;
+    values.emplace_back("(01)80614141123459(17)261301"); // two errors
+    values.emplace_back("(01)09506000134352(10)A(10)A"); // a warning
+    const std::vector<const char*> outputs = {"is_valid", "severity", "errors",  "warnings",
+                                              "rule",     "message",  "findings"};
+    const Result result = check(*arrayOf("u", values), outputs);
+    ASSERT_EQ(0, result.code) << result.error;
+    EXPECT_EQ("buiiuuu", result.formats);
+    Cells severities;
+    for (std::size_t row = 0; row < values.size(); ++row) {
+        SCOPED_TRACE(values[row].value_or("null"));
+        Cells found;
+        for (const Cells& column : result.columns) {
+            found.push_back(column[row]);
+        }
+        Cells expected(outputs.size());
+        if (values[row].has_value()) {
+            const auto findings = rosetag::check(*values[row]);
+            int errors = 0;
+            const rosetag::Finding* worst = nullptr;
+            for (const rosetag::Finding& finding : findings) {
+                const bool isError = finding.severity == rosetag::Severity::ERROR;
+                worst = worst == nullptr || (isError && errors == 0) ? &finding : worst;
+                errors += isError ? 1 : 0;
+            }
+            expected[0] = errors == 0 ? "1" : "0";
+            expected[2] = std::to_string(errors);
+            expected[3] = std::to_string(findings.size() - static_cast<std::size_t>(errors));
+            if (worst != nullptr) {
+                expected[1] = rosetag::severityWord(worst->severity);
+                expected[4] = rosetag::checkRuleWord(worst->rule);
+                expected[5] = rosetag::findingText(*worst);
+            }
+            const std::string json = rosetag::toJson(findings, *values[row]);
+            const std::size_t array = json.find("\"findings\":") + 11;
+            expected[6] = json.substr(array, json.size() - array - 1);
+        }
+        EXPECT_EQ(expected, found);
+        severities.push_back(found[1]);
+    }
+    EXPECT_EQ(Cell("error"), severities[VALUES.size()]);
+    EXPECT_EQ(Cell("warning"), severities[VALUES.size() + 1]);
+    EXPECT_EQ(Cell(), severities[0]);
+}
+
 TEST(Columns, ReadTids) {
     const auto array = arrayOf("u", {"E2003412", "E28011302000123456789ABC", "3034", std::nullopt});
     const std::vector<const char*> outputs = {"designer", "model", "xtid", "serial", "status"};
@@ -433,6 +535,8 @@ TEST(Columns, RefuseWhatTheyCannotTake) {
     textColumn.gcpLengths = columnOf(*texts);
     RosetagColumnsEncodeOptions unknownScheme{};
     unknownScheme.scheme = "nonsense";
+    const auto unknownBank = with(&RosetagColumnsReadOptions::bank, 4);
+    const auto wideSeparator = with(&RosetagColumnsReadOptions::separator, 0xE9);
     Array unknownType;
     unknownType.format = "tsu:";
     unknownType.finish(0);
@@ -455,6 +559,10 @@ TEST(Columns, RefuseWhatTheyCannotTake) {
         {ROSETAG_COLUMNS_BAD_ARRAY, "2 rows", decode(*values, {"gtin"}, &shortColumn)},
         {ROSETAG_COLUMNS_BAD_TYPE, "integers", decode(*values, {"gtin"}, &textColumn)},
         {ROSETAG_COLUMNS_BAD_OPTION, "nonsense", encode(*values, unknownScheme)},
+        {ROSETAG_COLUMNS_BAD_OPTION, "bank 4", decode(*values, {"gtin"}, &unknownBank)},
+        {ROSETAG_COLUMNS_BAD_OPTION, "ASCII", decode(*values, {"gtin"}, &wideSeparator)},
+        {ROSETAG_COLUMNS_BAD_OUTPUT, "\"status\"", check(*values, {"status"})},
+        {ROSETAG_COLUMNS_BAD_OUTPUT, "\"is_valid\"", decode(*values, {"is_valid"})},
     };
     for (const auto& refused : cases) {
         EXPECT_EQ(refused.code, refused.result.code) << refused.word;

@@ -9,33 +9,44 @@
 namespace rosetag {
 namespace {
 
+constexpr unsigned callBit(ColumnCall call) {
+    return 1U << static_cast<unsigned>(call);
+}
+
+constexpr unsigned TRANSLATE = callBit(ColumnCall::TRANSLATE);
+constexpr unsigned TID = callBit(ColumnCall::TID);
+constexpr unsigned CHECK = callBit(ColumnCall::CHECK);
+
 struct OutputWord {
     std::string_view word;
     Output output;
     ColumnType type;
+    unsigned calls;
 };
 
+// Beside the forms and the AIs.
 // clang-format off
-constexpr OutputWord ofEveryCall[] = {
-    {"status",      Output::STATUS,      ColumnType::UINT8},
-    {"status_name", Output::STATUS_NAME, ColumnType::TEXT},
-    {"message",     Output::MESSAGE,     ColumnType::TEXT},
-};
-
-constexpr OutputWord ofValues[] = {
-    {"scheme",      Output::SCHEME,      ColumnType::TEXT},
-    {"filter",      Output::FILTER,      ColumnType::INT8},
-    {"bytes",       Output::BYTES,       ColumnType::BINARY},
-};
-
-constexpr OutputWord ofTids[] = {
-    {"designer",    Output::DESIGNER,    ColumnType::UINT16},
-    {"model",       Output::MODEL,       ColumnType::UINT16},
-    {"xtid",        Output::XTID,        ColumnType::FLAG},
-    {"security",    Output::SECURITY,    ColumnType::FLAG},
-    {"file",        Output::FILE_FLAG,   ColumnType::FLAG},
-    {"serial",      Output::SERIAL,      ColumnType::TEXT},
-    {"serial_bits", Output::SERIAL_BITS, ColumnType::UINT8},
+constexpr OutputWord outputWords[] = {
+    // word         output               type                calls that have it
+    {"status",      Output::STATUS,      ColumnType::UINT8,  TRANSLATE | TID},
+    {"status_name", Output::STATUS_NAME, ColumnType::TEXT,   TRANSLATE | TID},
+    {"message",     Output::MESSAGE,     ColumnType::TEXT,   TRANSLATE | TID | CHECK},
+    {"scheme",      Output::SCHEME,      ColumnType::TEXT,   TRANSLATE},
+    {"filter",      Output::FILTER,      ColumnType::INT8,   TRANSLATE},
+    {"bytes",       Output::BYTES,       ColumnType::BINARY, TRANSLATE},
+    {"designer",    Output::DESIGNER,    ColumnType::UINT16, TID},
+    {"model",       Output::MODEL,       ColumnType::UINT16, TID},
+    {"xtid",        Output::XTID,        ColumnType::FLAG,   TID},
+    {"security",    Output::SECURITY,    ColumnType::FLAG,   TID},
+    {"file",        Output::FILE_FLAG,   ColumnType::FLAG,   TID},
+    {"serial",      Output::SERIAL,      ColumnType::TEXT,   TID},
+    {"serial_bits", Output::SERIAL_BITS, ColumnType::UINT8,  TID},
+    {"is_valid",    Output::IS_VALID,    ColumnType::FLAG,   CHECK},
+    {"severity",    Output::SEVERITY,    ColumnType::TEXT,   CHECK},
+    {"errors",      Output::ERRORS,      ColumnType::INT32,  CHECK},
+    {"warnings",    Output::WARNINGS,    ColumnType::INT32,  CHECK},
+    {"rule",        Output::RULE,        ColumnType::TEXT,   CHECK},
+    {"findings",    Output::FINDINGS,    ColumnType::TEXT,   CHECK},
 };
 // clang-format on
 
@@ -45,29 +56,28 @@ constexpr FormSet FORMS_OF_ONE_TEXT = Form::HEX | Form::TAG_URI | Form::PURE_IDE
 
 constexpr std::string_view AI_PREFIX = "ai_";
 
-template <std::size_t count>
-const OutputWord* findWord(const OutputWord (&words)[count], std::string_view word) {
-    const auto* const found =
-        std::find_if(std::begin(words), std::end(words),
-                     [word](const OutputWord& row) { return row.word == word; });
-    return found == std::end(words) ? nullptr : found;
+const OutputWord* findWord(std::string_view word, ColumnCall call) {
+    const auto* const found = std::find_if(
+        std::begin(outputWords), std::end(outputWords), [word, call](const OutputWord& row) {
+            return row.word == word && (row.calls & callBit(call)) != 0;
+        });
+    return found == std::end(outputWords) ? nullptr : found;
 }
 
 // Finds out what a word of outputs stands for. False for a word that is none.
-bool readOutput(std::string_view word, bool ofTid, OutputColumn& column, ColumnType& type,
+bool readOutput(std::string_view word, ColumnCall call, OutputColumn& column, ColumnType& type,
                 FormSet& wanted) {
-    const OutputWord* row = findWord(ofEveryCall, word);
-    if (row == nullptr) {
-        row = ofTid ? findWord(ofTids, word) : findWord(ofValues, word);
-    }
-    if (row != nullptr) {
+    if (const OutputWord* const row = findWord(word, call); row != nullptr) {
         column.output = row->output;
         type = row->type;
         wanted = row->output == Output::BYTES ? wanted | Form::HEX : wanted;
         return true;
     }
+    if (call != ColumnCall::TRANSLATE) {
+        return false;
+    }
     type = ColumnType::TEXT;
-    if (!ofTid && word.starts_with(AI_PREFIX)) {
+    if (word.starts_with(AI_PREFIX)) {
         column.output = Output::AI;
         column.ai = word.substr(AI_PREFIX.size());
         wanted = wanted | Form::AIS;
@@ -75,7 +85,7 @@ bool readOutput(std::string_view word, bool ofTid, OutputColumn& column, ColumnT
     }
     column.form = formByWord(word);
     wanted = wanted | column.form;
-    return !ofTid && column.form != Form::UNKNOWN && FORMS_OF_ONE_TEXT.has(column.form);
+    return column.form != Form::UNKNOWN && FORMS_OF_ONE_TEXT.has(column.form);
 }
 
 void put(ColumnTable& table, OutputColumn& column, std::int64_t row, std::string_view text) {
@@ -164,9 +174,49 @@ void putTid(ColumnTable& table, OutputColumn& column, std::int64_t row, const Ti
     }
 }
 
+std::uint32_t countOf(const Rows<Finding>& findings, Severity severity) {
+    return static_cast<std::uint32_t>(
+        std::count_if(findings.begin(), findings.end(),
+                      [severity](const Finding& finding) { return finding.severity == severity; }));
+}
+
+// The first of the worst; null where there is none.
+const Finding* worstOf(const Rows<Finding>& findings) {
+    const auto* const worst = std::max_element(
+        findings.begin(), findings.end(),
+        [](const Finding& one, const Finding& other) { return one.severity < other.severity; });
+    return worst == findings.end() ? nullptr : worst;
+}
+
+void putFindings(ColumnTable& table, OutputColumn& column, std::int64_t row,
+                 const Rows<Finding>& findings) {
+    const Finding* const worst = worstOf(findings);
+    switch (column.output) {
+    case Output::IS_VALID:
+        return columnWriterPutNumber(column.writer, row, hasError(findings) ? 0 : 1);
+    case Output::SEVERITY:
+        return putOrNull(table, column, row,
+                         worst == nullptr ? std::string_view() : severityWord(worst->severity));
+    case Output::ERRORS:
+        return columnWriterPutNumber(column.writer, row, countOf(findings, Severity::ERROR));
+    case Output::WARNINGS:
+        return columnWriterPutNumber(column.writer, row, countOf(findings, Severity::WARNING));
+    case Output::RULE:
+        return putOrNull(table, column, row,
+                         worst == nullptr ? std::string_view() : checkRuleWord(worst->rule));
+    case Output::MESSAGE:
+        return worst == nullptr ? columnWriterPutNull(column.writer, row)
+                                : put(table, column, row, findingText(*worst));
+    default:
+        table.json.clear();
+        appendJson(table.json, findings);
+        put(table, column, row, table.json);
+    }
+}
+
 } // namespace
 
-std::int32_t columnTableOpen(const char* const* outputs, std::int32_t outputCount, bool ofTid,
+std::int32_t columnTableOpen(const char* const* outputs, std::int32_t outputCount, ColumnCall call,
                              const ColumnReader& reader, ColumnTable& table, char* error) {
     if (outputCount < 1) {
         return columnsFail(error, ROSETAG_COLUMNS_BAD_OUTPUT, "no output is asked for");
@@ -176,7 +226,7 @@ std::int32_t columnTableOpen(const char* const* outputs, std::int32_t outputCoun
     for (std::int32_t i = 0; i < outputCount; ++i) {
         OutputColumn& column = table.columns[static_cast<std::size_t>(i)];
         ColumnType type = ColumnType::TEXT;
-        if (!readOutput(outputs[i], ofTid, column, type, table.wanted)) {
+        if (!readOutput(outputs[i], call, column, type, table.wanted)) {
             return columnsFail(error, ROSETAG_COLUMNS_BAD_OUTPUT,
                                "there is no output \"%.40s\" here", outputs[i]);
         }
@@ -241,6 +291,12 @@ void columnTablePut(ColumnTable& table, std::int64_t row, const Tid& result) {
         } else {
             putTid(table, column, row, result.record);
         }
+    }
+}
+
+void columnTablePut(ColumnTable& table, std::int64_t row, const Rows<Finding>& findings) {
+    for (OutputColumn& column : table.columns) {
+        putFindings(table, column, row, findings);
     }
 }
 

@@ -30,7 +30,16 @@ enum class Output : std::uint8_t {
     FILE_FLAG,
     SERIAL,
     SERIAL_BITS,
+    IS_VALID,
+    SEVERITY,
+    ERRORS,
+    WARNINGS,
+    RULE,
+    FINDINGS,
 };
+
+// What is done to a column; each call has outputs of its own.
+enum class ColumnCall : std::uint8_t { TRANSLATE, TID, CHECK };
 
 struct OutputColumn {
     Output output = Output::FORM;
@@ -47,6 +56,7 @@ struct ColumnTable {
     bool isPlain = true;   // all of them can be had from bytes by one export each
     bool isLarge = false;  // texts have 64-bit offsets
     bool hasMemory = true; // false once it ran out
+    std::string json;      // of a row
 
     ColumnTable() = default;
     ColumnTable(const ColumnTable&) = delete;
@@ -59,7 +69,7 @@ struct ColumnTable {
 };
 
 // Finds the outputs and makes room for their columns. A code of RosetagColumnsResult.
-std::int32_t columnTableOpen(const char* const* outputs, std::int32_t outputCount, bool ofTid,
+std::int32_t columnTableOpen(const char* const* outputs, std::int32_t outputCount, ColumnCall call,
                              const ColumnReader& reader, ColumnTable& table, char* error);
 
 // Hands the table on as an Arrow array.
@@ -70,6 +80,7 @@ std::int32_t columnTableClose(ColumnTable& table, const char* const* outputs, st
 void columnTablePutNulls(ColumnTable& table, std::int64_t row);
 void columnTablePut(ColumnTable& table, std::int64_t row, const Translation& result);
 void columnTablePut(ColumnTable& table, std::int64_t row, const Tid& result);
+void columnTablePut(ColumnTable& table, std::int64_t row, const Rows<Finding>& findings);
 
 // Fills a row whose value is plain. False where it is not, or where a form of it fails: then the
 // row has not begun.

@@ -23,6 +23,7 @@ constexpr TypeRow typeRows[] = {
     {ColumnType::INT8,     "c",    "c",                 1},
     {ColumnType::UINT8,    "C",    "C",                 1},
     {ColumnType::UINT16,   "S",    "S",                 2},
+    {ColumnType::INT32,    "i",    "i",                 4},
     {ColumnType::FLAG,     "b",    "b",                 0},
 };
 // clang-format on
@@ -240,6 +241,9 @@ void columnWriterPutNumber(ColumnWriter& writer, std::int64_t row, std::uint32_t
     switch (writer.type) {
     case ColumnType::UINT16:
         static_cast<std::uint16_t*>(writer.values)[row] = static_cast<std::uint16_t>(number);
+        break;
+    case ColumnType::INT32:
+        static_cast<std::int32_t*>(writer.values)[row] = static_cast<std::int32_t>(number);
         break;
     case ColumnType::FLAG: {
         auto& byte = static_cast<std::uint8_t*>(writer.values)[row / 8];

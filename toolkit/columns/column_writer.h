@@ -12,7 +12,7 @@
 
 namespace rosetag {
 
-enum class ColumnType : std::uint8_t { TEXT, BINARY, INT8, UINT8, UINT16, FLAG };
+enum class ColumnType : std::uint8_t { TEXT, BINARY, INT8, UINT8, UINT16, INT32, FLAG };
 
 struct ColumnWriter {
     ColumnType type = ColumnType::TEXT;

@@ -64,7 +64,7 @@ struct Call {
 };
 
 std::int32_t openCall(const ArrowSchema* type, const ArrowArray* values, const char* const* outputs,
-                      std::int32_t outputCount, bool ofTid, Call& call, char* error) {
+                      std::int32_t outputCount, ColumnCall kind, Call& call, char* error) {
     error[0] = '\0';
     if (const std::int32_t result =
             columnReaderOpen(*type, *values, call.reader, call.dictionary, error);
@@ -77,7 +77,7 @@ std::int32_t openCall(const ArrowSchema* type, const ArrowArray* values, const c
                            "the bytes of tag values as binary",
                            type->format);
     }
-    return columnTableOpen(outputs, outputCount, ofTid, call.reader, call.table, error);
+    return columnTableOpen(outputs, outputCount, kind, call.reader, call.table, error);
 }
 
 bool isBinaryColumn(const ColumnReader& reader) {
@@ -108,53 +108,110 @@ void forEachValue(Call& call, Work work) {
     }
 }
 
-ReadOptions readOptionsOf(const RosetagColumnsReadOptions& options) {
-    ReadOptions read;
-    read.asBarcode = options.asBarcode != 0;
+static_assert(static_cast<int>(Bank::AUTO) == ROSETAG_COLUMNS_BANK_AUTO);
+static_assert(static_cast<int>(Bank::EPC) == ROSETAG_COLUMNS_BANK_EPC);
+static_assert(static_cast<int>(Bank::PC) == ROSETAG_COLUMNS_BANK_PC);
+static_assert(static_cast<int>(Bank::CRC_PC) == ROSETAG_COLUMNS_BANK_CRC_PC);
+
+std::int32_t openReading(const Call& call, const RosetagColumnsReadOptions& options,
+                         ReadOptions& read, Argument& gcpLengths, char* error) {
+    if (options.bank < 0 || options.bank >= static_cast<std::int32_t>(bankWords().size())) {
+        return columnsFail(error, ROSETAG_COLUMNS_BAD_OPTION, "there is no bank %d", options.bank);
+    }
+    if (options.separator < 0 || options.separator > 127) {
+        return columnsFail(error, ROSETAG_COLUMNS_BAD_OPTION,
+                           "the separator must be an ASCII character, not %d", options.separator);
+    }
+    read.asBarcode = options.asBarcode != 0 && !isBinaryColumn(call.reader);
     read.strict = options.strict != 0;
     if (options.gcpLength != 0) {
         read.gcpLength = options.gcpLength;
     }
-    return read;
+    read.bank = static_cast<Bank>(options.bank);
+    read.separator = static_cast<char>(options.separator);
+    read.gcpList = static_cast<const GcpList*>(options.gcpList);
+    return openArgument(options.gcpLengths, call.reader.length, false, "gcp_length", gcpLengths,
+                        error);
+}
+
+// Runs work for each row that is not null, with the options that hold for it.
+// work: void(std::int64_t row, std::string_view value, const ReadOptions& read)
+template <typename Work>
+std::int32_t readRows(Call& call, const RosetagColumnsReadOptions& options, char* error,
+                      Work work) {
+    ReadOptions read;
+    Argument gcpLengths;
+    const std::int32_t result = openReading(call, options, read, gcpLengths, error);
+    if (result != 0) {
+        return result;
+    }
+    const std::optional<int> gcpLength = read.gcpLength;
+    forEachValue(call, [&](std::int64_t row, std::string_view value) {
+        read.gcpLength = optionOfRow(gcpLengths, row, gcpLength);
+        work(row, value, read);
+    });
+    return ROSETAG_COLUMNS_OK;
+}
+
+// Rows that may be plain ones: what is 24 hexadecimal digits is the bits of a tag, from the EPC on.
+bool mayBePlain(const RosetagColumnsReadOptions& options) {
+    return options.asBarcode == 0 && options.separator == 0 &&
+           options.bank <= ROSETAG_COLUMNS_BANK_EPC;
 }
 
 std::int32_t decode(const ArrowSchema* type, const ArrowArray* values, const char* const* outputs,
                     std::int32_t outputCount, const RosetagColumnsReadOptions& options,
                     ArrowSchema* outType, ArrowArray* out, char* error) {
     Call call;
-    Argument gcpLengths;
-    std::int32_t result = openCall(type, values, outputs, outputCount, false, call, error);
-    if (result == 0) {
-        result = openArgument(options.gcpLengths, call.reader.length, false, "gcp_length",
-                              gcpLengths, error);
-    }
+    std::int32_t result =
+        openCall(type, values, outputs, outputCount, ColumnCall::TRANSLATE, call, error);
     if (result != 0) {
         return result;
     }
-    ReadOptions read = readOptionsOf(options);
-    const std::optional<int> gcpLength = read.gcpLength;
     const bool isBinary = isBinaryColumn(call.reader);
-    forEachValue(call, [&](std::int64_t row, std::string_view value) {
-        if (call.table.isPlain && columnTablePutPlain(call.table, row, value, isBinary)) {
-            return;
-        }
-        read.gcpLength = optionOfRow(gcpLengths, row, gcpLength);
-        translate(valueText(call, value), read, call.table.wanted, call.result);
-        columnTablePut(call.table, row, call.result);
-    });
-    return columnTableClose(call.table, outputs, call.reader.length, *outType, *out, error);
+    const bool isPlain = call.table.isPlain && mayBePlain(options);
+    result = readRows(call, options, error,
+                      [&](std::int64_t row, std::string_view value, const ReadOptions& read) {
+                          if (isPlain && columnTablePutPlain(call.table, row, value, isBinary)) {
+                              return;
+                          }
+                          translate(valueText(call, value), read, call.table.wanted, call.result);
+                          columnTablePut(call.table, row, call.result);
+                      });
+    return result != 0
+               ? result
+               : columnTableClose(call.table, outputs, call.reader.length, *outType, *out, error);
+}
+
+std::int32_t checkColumn(const ArrowSchema* type, const ArrowArray* values,
+                         const char* const* outputs, std::int32_t outputCount,
+                         const RosetagColumnsReadOptions& options, ArrowSchema* outType,
+                         ArrowArray* out, char* error) {
+    Call call;
+    std::int32_t result =
+        openCall(type, values, outputs, outputCount, ColumnCall::CHECK, call, error);
+    if (result != 0) {
+        return result;
+    }
+    Rows<Finding> findings;
+    result = readRows(call, options, error,
+                      [&](std::int64_t row, std::string_view value, const ReadOptions& read) {
+                          check(valueText(call, value), read, findings);
+                          columnTablePut(call.table, row, findings);
+                      });
+    return result != 0
+               ? result
+               : columnTableClose(call.table, outputs, call.reader.length, *outType, *out, error);
 }
 
 // The arguments of an encoding that are columns.
 struct EncodeArguments {
-    Argument gcpLengths;
     Argument schemes;
     Argument filters;
 };
 
 std::int32_t openEncode(const RosetagColumnsEncodeOptions& options, std::int64_t rows,
                         EncodeOptions& encodeOptions, EncodeArguments& arguments, char* error) {
-    encodeOptions.read = readOptionsOf(options.read);
     encodeOptions.encoding = options.encoding;
     if (options.filter >= 0) {
         encodeOptions.filter = options.filter;
@@ -166,15 +223,11 @@ std::int32_t openEncode(const RosetagColumnsEncodeOptions& options, std::int64_t
                                options.scheme);
         }
     }
-    std::int32_t result = openArgument(options.read.gcpLengths, rows, false, "gcp_length",
-                                       arguments.gcpLengths, error);
-    if (result == 0) {
-        result = openArgument(options.schemes, rows, true, "scheme", arguments.schemes, error);
-    }
-    if (result == 0) {
-        result = openArgument(options.filters, rows, false, "filter", arguments.filters, error);
-    }
-    return result;
+    const std::int32_t result =
+        openArgument(options.schemes, rows, true, "scheme", arguments.schemes, error);
+    return result != 0
+               ? result
+               : openArgument(options.filters, rows, false, "filter", arguments.filters, error);
 }
 
 // False where the row names a scheme that does not exist.
@@ -198,35 +251,40 @@ std::int32_t encodeColumn(const ArrowSchema* type, const ArrowArray* values,
     Call call;
     EncodeOptions rowOptions;
     EncodeArguments arguments;
-    std::int32_t result = openCall(type, values, outputs, outputCount, false, call, error);
+    std::int32_t result =
+        openCall(type, values, outputs, outputCount, ColumnCall::TRANSLATE, call, error);
     if (result == 0) {
         result = openEncode(options, call.reader.length, rowOptions, arguments, error);
     }
     if (result != 0) {
         return result;
     }
-    const std::optional<int> gcpLength = rowOptions.read.gcpLength;
     const std::optional<int> filter = rowOptions.filter;
-    forEachValue(call, [&](std::int64_t row, std::string_view value) {
-        rowOptions.read.gcpLength = optionOfRow(arguments.gcpLengths, row, gcpLength);
-        rowOptions.filter = optionOfRow(arguments.filters, row, filter);
-        if (schemeOfRow(arguments.schemes, row, rowOptions)) {
-            encode(valueText(call, value), rowOptions, call.table.wanted, call.result);
-        } else {
-            call.result.failure = {};
-            call.result.failure.status = EPC_ERR_UNKNOWN_SCHEME;
-            call.result.failure.message = "the row names a scheme that does not exist";
-        }
-        columnTablePut(call.table, row, call.result);
-    });
-    return columnTableClose(call.table, outputs, call.reader.length, *outType, *out, error);
+    result =
+        readRows(call, options.read, error,
+                 [&](std::int64_t row, std::string_view value, const ReadOptions& read) {
+                     rowOptions.read = read;
+                     rowOptions.filter = optionOfRow(arguments.filters, row, filter);
+                     if (schemeOfRow(arguments.schemes, row, rowOptions)) {
+                         encode(valueText(call, value), rowOptions, call.table.wanted, call.result);
+                     } else {
+                         call.result.failure = {};
+                         call.result.failure.status = EPC_ERR_UNKNOWN_SCHEME;
+                         call.result.failure.message = "the row names a scheme that does not exist";
+                     }
+                     columnTablePut(call.table, row, call.result);
+                 });
+    return result != 0
+               ? result
+               : columnTableClose(call.table, outputs, call.reader.length, *outType, *out, error);
 }
 
 std::int32_t readTids(const ArrowSchema* type, const ArrowArray* values, const char* const* outputs,
                       std::int32_t outputCount, ArrowSchema* outType, ArrowArray* out,
                       char* error) {
     Call call;
-    if (const std::int32_t result = openCall(type, values, outputs, outputCount, true, call, error);
+    if (const std::int32_t result =
+            openCall(type, values, outputs, outputCount, ColumnCall::TID, call, error);
         result != 0) {
         return result;
     }
@@ -266,6 +324,17 @@ int32_t rosetag_columnsDecode(const struct ArrowSchema* type, const struct Arrow
         return decode(type, values, outputs, outputCount,
                       options == nullptr ? RosetagColumnsReadOptions{} : *options, outType, out,
                       error);
+    });
+}
+
+int32_t rosetag_columnsCheck(const struct ArrowSchema* type, const struct ArrowArray* values,
+                             const char* const* outputs, int32_t outputCount,
+                             const struct RosetagColumnsReadOptions* options,
+                             struct ArrowSchema* outType, struct ArrowArray* out, char* error) {
+    return withoutExceptions(error, [&] {
+        return checkColumn(type, values, outputs, outputCount,
+                           options == nullptr ? RosetagColumnsReadOptions{} : *options, outType,
+                           out, error);
     });
 }
 

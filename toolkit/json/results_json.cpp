@@ -58,7 +58,6 @@ void putFinding(JsonWriter& json, const Finding& finding) {
 }
 
 void putFindings(JsonWriter& json, const Rows<Finding>& findings) {
-    jsonKey(json, formWord(Form::FINDINGS));
     jsonBegin(json, '[');
     for (const Finding& finding : findings) {
         putFinding(json, finding);
@@ -221,6 +220,7 @@ void appendJson(std::string& text, const Translation& result, std::string_view v
     }
     putNotes(json, result.notes);
     if (!result.findings.empty()) {
+        jsonKey(json, formWord(Form::FINDINGS));
         putFindings(json, result.findings);
     }
     jsonEnd(json, '}');
@@ -299,8 +299,14 @@ void appendJson(std::string& text, const Rows<Finding>& findings, std::string_vi
         jsonMember(json, "line", line);
     }
     jsonMember(json, "value", value);
+    jsonKey(json, formWord(Form::FINDINGS));
     putFindings(json, findings);
     jsonEnd(json, '}');
+}
+
+void appendJson(std::string& text, const Rows<Finding>& findings) {
+    JsonWriter json{text};
+    putFindings(json, findings);
 }
 
 } // namespace rosetag
