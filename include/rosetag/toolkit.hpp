@@ -194,6 +194,10 @@ std::string_view formName(Form form);
  * ---- Schemes and AIs ----
  */
 
+/** Digits of a GS1 company prefix. */
+inline constexpr int MIN_GCP_LENGTH = 6;
+inline constexpr int MAX_GCP_LENGTH = 12;
+
 /** What is known of a tag scheme. */
 struct SchemeInfo {
     EpcScheme scheme;        ///< EPC_SCHEME_SGTIN_96 and so on.
@@ -334,6 +338,7 @@ struct Workspace {
     std::string text;
     std::string more;
     std::string bankWords; ///< The words before the EPC that were taken off.
+    std::string digits;    ///< Those of a value that was given as bytes.
     std::vector<Piece> pieces;
 };
 
@@ -517,6 +522,33 @@ void translate(std::string_view value, const ReadOptions& options, FormSet wante
                Translation& result);
 Translation translate(std::string_view value, const ReadOptions& options = {},
                       FormSet wanted = ALL_FORMS);
+
+/** The same for the bits of a tag as bytes. Positions count the hexadecimal digits of the bytes. */
+void translate(std::span<const std::uint8_t> bytes, const ReadOptions& options, FormSet wanted,
+               Translation& result);
+
+/**
+ * Translates a value into one form that is one text. That of a tag value of 96 bits costs little
+ * more than the call of the library.
+ *
+ *     value    the value in any form, or the bits of a tag as bytes.
+ *     options  how to read it.
+ *     form     the form.
+ *     result   receives the failure and holds the text; its other members are of no interest.
+ *
+ * Gives the text until result is used again; empty after a failure, and where the value does not
+ * have the form.
+ *
+ * Example:
+ *
+ *     rosetag::Translation room; // outside of the loop
+ *     rosetag::convert("3074257BF7194E4000001A85", {}, rosetag::Form::TAG_URI, room);
+ *     // is "urn:epc:tag:sgtin-96:3.0614141.812345.6789"
+ */
+std::string_view convert(std::string_view value, const ReadOptions& options, Form form,
+                         Translation& result);
+std::string_view convert(std::span<const std::uint8_t> bytes, const ReadOptions& options, Form form,
+                         Translation& result);
 
 /** A sentence that says what was given: "an EPC value in hex, scheme sgtin-96". */
 std::string describe(const Translation& translation);

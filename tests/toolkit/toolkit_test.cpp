@@ -183,4 +183,49 @@ TEST(Toolkit, ExplainsTheWordsBeforeTheEpc) {
     }
 }
 
+// The short road for tag values of 96 bits is not to be seen in what it gives.
+TEST(Convert, GivesWhatTranslateGives) {
+    const std::string values[] = {"3074257BF7194E4000001A85",
+                                  "3174257BF4499602D2000000",
+                                  "2F0000000000000000000000",
+                                  "30FFFFFFFFFFFFFFFFFFFFFF",
+                                  "3074257bf7194e4000001a85",
+                                  "3074257BF7194E40000000000",
+                                  "F774257BF7194E4000001A85",
+                                  "36300000000000000000000000",
+                                  "(01)80614141123458(21)6789",
+                                  "https://example.com/01/9506000134352",
+                                  "",
+                                  "urn:epc:id:sgtin:0614141.812345.6789"};
+    Translation room;
+    int texts = 0;
+    for (const std::string& value : values) {
+        std::string bytes;
+        for (std::size_t i = 0; i + 1 < value.size(); i += 2) {
+            bytes += static_cast<char>(std::strtol(value.substr(i, 2).c_str(), nullptr, 16));
+        }
+        for (const Form form : {Form::HEX, Form::TAG_URI, Form::PURE_IDENTITY, Form::ELEMENT_STRING,
+                                Form::BARCODE_STRING, Form::DIGITAL_LINK, Form::GTIN}) {
+            SCOPED_TRACE(value + " as " + std::string(formWord(form)));
+            const Translation expected = translate(value, {}, form);
+            const std::string_view text =
+                isFailure(expected.failure) ? std::string_view() : formText(expected, form);
+            EXPECT_EQ(text, convert(value, {}, form, room));
+            EXPECT_EQ(expected.failure.status, room.failure.status);
+            texts += text.empty() ? 0 : 1;
+            if (expected.form == Form::HEX && value.size() % 2 == 0 &&
+                value.find('f') == std::string::npos) {
+                const std::span<const std::uint8_t> span(
+                    reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+                EXPECT_EQ(text, convert(span, {}, form, room));
+                EXPECT_EQ(expected.failure.status, room.failure.status);
+            }
+        }
+    }
+    EXPECT_GT(texts, 20);
+    const std::vector<std::uint8_t> tooLong(MAX_VALUE_LENGTH + 1);
+    EXPECT_EQ("", convert(tooLong, {}, Form::HEX, room));
+    EXPECT_EQ(EPC_ERR_TOO_LONG, room.failure.status);
+}
+
 } // namespace

@@ -6,8 +6,8 @@
 
 #include "columns/column_reader.h"
 #include "columns/column_writer.h"
-#include "columns/plain_rows.h"
 #include "rosetag/toolkit.hpp"
+#include "translate/plain_rows.h"
 
 #include <vector>
 

@@ -1,4 +1,4 @@
-#include "columns/plain_rows.h"
+#include "translate/plain_rows.h"
 
 #include "core/hex_words.h"
 #include "schemes/tag_scheme.h"

@@ -3,8 +3,8 @@
  * as 24 hexadecimal digits or 12 bytes. They have their forms by one export each, without a look
  * at what else they might be. Whatever is unusual is not plain.
  */
-#ifndef ROSETAG_TOOLKIT_COLUMNS_PLAIN_ROWS_H
-#define ROSETAG_TOOLKIT_COLUMNS_PLAIN_ROWS_H
+#ifndef ROSETAG_TOOLKIT_TRANSLATE_PLAIN_ROWS_H
+#define ROSETAG_TOOLKIT_TRANSLATE_PLAIN_ROWS_H
 
 #include "rosetag/toolkit.hpp"
 
