@@ -208,6 +208,7 @@ struct SchemeInfo {
     bool hasUris;            ///< It converts to and from EPC URIs.
     bool hasGs1Texts;        ///< It converts to and from the GS1 texts.
     bool isPlus;             ///< It can hold further AIs, and no URI.
+    std::string_view thing;  ///< What it identifies: "a trade item with a serial number".
 };
 
 /** All schemes in the order of EpcScheme: element n has the scheme n. */
@@ -626,6 +627,14 @@ struct ExplainedField {
     bool isGood = true;
 };
 
+/** Where a field of a tag value stands in a text form of the value, as translate gives it. */
+struct FieldPlace {
+    std::size_t field = 0; ///< An element of fields.
+    Form form = Form::UNKNOWN;
+    std::size_t position = 0;
+    std::size_t length = 0;
+};
+
 /** The bits of a value field by field. Where a field is wrong it is the last. */
 struct Explanation {
     Failure failure;
@@ -635,6 +644,7 @@ struct Explanation {
     std::string bits;                   ///< The characters 0 and 1, whole bytes.
     std::size_t bankAddress = 0;        ///< Where the first bit is in its memory bank, in bits.
     Rows<ExplainedField> fields;
+    Rows<FieldPlace> places; ///< A field may have several in a form, or none.
     Rows<Note> notes;
     Workspace workspace;
 };
@@ -655,7 +665,8 @@ struct Explanation {
  *     // has the name "company prefix", the bits 14 to 37 and the meaning "0614141"
  *
  * JSON: value, form, scheme, hex, fields as an array of objects with first, width, name, bits,
- * meaning, value, ai and good, notes.
+ * meaning, value, ai and good, places as an array of objects with field, form, position and length,
+ * notes.
  */
 void explain(std::string_view value, const ReadOptions& options, Explanation& result);
 Explanation explain(std::string_view value, const ReadOptions& options = {});

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <rosetag/toolkit.hpp>
 
+#include <map>
 #include <set>
 #include <string>
 
@@ -75,6 +76,52 @@ std::string explainedUri(const Explanation& explanation) {
     return uri;
 }
 
+std::string withoutEscapes(std::string_view text) {
+    std::string plain;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '%') {
+            plain += static_cast<char>(std::stoi(std::string(text.substr(i + 1, 2)), nullptr, 16));
+            i += 2;
+        } else {
+            plain += text[i];
+        }
+    }
+    return plain;
+}
+
+// Each form shows the characters of a field where its places say, in the order of the text except
+// that the first digit of a reference may stand before the company prefix.
+void checkPlaces(const Explanation& explanation, const Translation& forms) {
+    for (const Form form : {Form::TAG_URI, Form::PURE_IDENTITY, Form::ELEMENT_STRING,
+                            Form::BARCODE_STRING, Form::DIGITAL_LINK}) {
+        const std::string_view text = formText(forms, form);
+        if (text.empty()) {
+            continue;
+        }
+        const bool isEscaped = form != Form::ELEMENT_STRING && form != Form::BARCODE_STRING;
+        std::map<std::size_t, std::string> shown;
+        for (const FieldPlace& place : explanation.places) {
+            if (place.form == form) {
+                ASSERT_LE(place.position + place.length, text.size());
+                const std::string_view part = text.substr(place.position, place.length);
+                if (explanation.fields[place.field].name == "header") {
+                    EXPECT_EQ(forms.scheme->name, part);
+                    continue;
+                }
+                shown[place.field] += isEscaped ? withoutEscapes(part) : std::string(part);
+            }
+        }
+        for (std::size_t i = 0; i < explanation.fields.size(); ++i) {
+            const ExplainedField& field = explanation.fields[i];
+            if (field.name == "AI code" || field.name == "date code") {
+                EXPECT_NE(std::string::npos, field.meaning.find(shown[i] + ' ')) << text;
+            } else if (form == Form::TAG_URI || field.name != "filter") {
+                EXPECT_EQ(field.value, shown[i]) << field.name << " in " << text;
+            }
+        }
+    }
+}
+
 // True if the library reads the value. In either case the explanation must agree.
 bool checkAgainstLibrary(const std::string& hex) {
     SCOPED_TRACE(hex);
@@ -93,6 +140,7 @@ bool checkAgainstLibrary(const std::string& hex) {
     } else {
         EXPECT_EQ(forms.tagUri, explainedUri(explanation));
     }
+    checkPlaces(explanation, forms);
     return true;
 }
 

@@ -2,6 +2,7 @@
  * Explains whatever has bits of its own.
  */
 #include "explain/explain_epc.h"
+#include "explain/field_places.h"
 #include "recognise/hex_text.h"
 #include "translate/tag_notes.h"
 #include "translate/text_room.h"
@@ -23,9 +24,12 @@ EpcStatus hexOf(const Reading& reading, std::string& hex) {
     });
 }
 
-EpcStatus statusOfEpc(std::string_view hex) {
+// Whether the library reads the bits, and where they stand in its texts.
+EpcStatus readEpc(std::string_view hex, Explanation& explanation) {
     Translation tag;
-    return formsOfHex(hex, ALL_FORMS, tag);
+    EPC_TRY(formsOfHex(hex, ALL_FORMS, tag));
+    placeFields(tag, explanation);
+    return EPC_OK;
 }
 
 } // namespace
@@ -35,6 +39,7 @@ void explain(std::string_view value, const ReadOptions& options, Explanation& re
     result.hex.clear();
     result.bits.clear();
     result.fields.clear();
+    result.places.clear();
     Reading reading{value, options, result.workspace, result.notes, result.failure};
     const bool isPrepared = readingPrepare(reading);
     // Digits that could be a GTIN are the beginning of a tag value here.
@@ -61,7 +66,7 @@ void explain(std::string_view value, const ReadOptions& options, Explanation& re
     const bool isTid = reading.form == Form::TID;
     const bool isGood =
         isTid ? explainTid(hex, result) : explainEpc(result.workspace.bankWords, hex, result);
-    const EpcStatus status = isTid ? tid(hex).failure.status : statusOfEpc(hex);
+    const EpcStatus status = isTid ? tid(hex).failure.status : readEpc(hex, result);
     if (!isGood || status != EPC_OK) {
         failBits(reading, status, result);
     } else if (reading.form == Form::HEX) {

@@ -171,6 +171,23 @@ void putTid(JsonWriter& json, const TidRecord& record) {
     jsonMember(json, "block_perma_lock_block_size", record.blockPermaLockBlockSize);
 }
 
+void putPlaces(JsonWriter& json, const Rows<FieldPlace>& places) {
+    if (places.empty()) {
+        return;
+    }
+    jsonKey(json, "places");
+    jsonBegin(json, '[');
+    for (const FieldPlace& place : places) {
+        jsonBegin(json, '{');
+        jsonMember(json, "field", place.field);
+        jsonMember(json, "form", formWord(place.form));
+        jsonMember(json, "position", place.position);
+        jsonMember(json, "length", place.length);
+        jsonEnd(json, '}');
+    }
+    jsonEnd(json, ']');
+}
+
 void putFilterWords(JsonWriter& json, const SchemeInfo& scheme) {
     const std::span<const FilterWord> words = filterWords(scheme);
     if (words.empty()) {
@@ -242,6 +259,7 @@ void appendJson(std::string& text, const Explanation& result, std::string_view v
         putField(json, result, field);
     }
     jsonEnd(json, ']');
+    putPlaces(json, result.places);
     if (isFailure(result.failure)) {
         putFailure(json, result.failure);
     }
@@ -282,6 +300,8 @@ void appendJson(std::string& text, const SchemeInfo& scheme) {
     jsonBegin(json, '{');
     jsonMember(json, "number", static_cast<std::uint64_t>(scheme.scheme));
     jsonMember(json, "name", scheme.name);
+    jsonMember(json, "family", scheme.family);
+    jsonMember(json, "thing", scheme.thing);
     jsonMember(json, "header", std::string_view(header.data(), header.size()));
     jsonMember(json, "filter_limit", static_cast<std::uint64_t>(scheme.filterLimit));
     putFilterWords(json, scheme);

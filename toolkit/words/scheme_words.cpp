@@ -10,6 +10,40 @@ namespace rosetag {
 
 namespace {
 
+struct FamilyThing {
+    std::string_view family;
+    std::string_view thing;
+};
+
+// What the EPC Tag Data Standard, section 6, says that each kind of EPC identifies.
+// clang-format off
+constexpr FamilyThing familyThings[] = {
+    // family   what it identifies
+    {"sgtin",   "a trade item with a serial number"},
+    {"sscc",    "a logistic unit"},
+    {"sgln",    "a location"},
+    {"grai",    "a returnable asset"},
+    {"giai",    "an individual asset"},
+    {"gsrn",    "a recipient of a service"},
+    {"gsrnp",   "a provider of a service"},
+    {"gdti",    "a document"},
+    {"cpi",     "a component or part with a serial number"},
+    {"sgcn",    "a coupon with a serial number"},
+    {"gid",     "an object with a general identifier"},
+    {"usdod",   "an object shipped to the US Department of Defense"},
+    {"adi",     "an aerospace or defense part"},
+    {"itip",    "a piece of a trade item"},
+    {"dsgtin",  "a dated trade item with a serial number"},
+};
+// clang-format on
+
+constexpr std::string_view thingOf(std::string_view family) {
+    const auto* const row =
+        std::find_if(std::begin(familyThings), std::end(familyThings),
+                     [=](const FamilyThing& other) { return other.family == family; });
+    return row == std::end(familyThings) ? std::string_view() : row->thing;
+}
+
 constexpr std::array<SchemeInfo, EPC_SCHEME_COUNT> infosMake() {
     std::array<SchemeInfo, EPC_SCHEME_COUNT> infos{};
     for (const SchemeRow& row : schemeRows) {
@@ -21,12 +55,15 @@ constexpr std::array<SchemeInfo, EPC_SCHEME_COUNT> infosMake() {
                                                        schemeFilterLimit(row),
                                                        !isPlus,
                                                        schemeHasGs1Key(row),
-                                                       isPlus};
+                                                       isPlus,
+                                                       thingOf(row.familyWord)};
     }
     return infos;
 }
 
 constexpr std::array<SchemeInfo, EPC_SCHEME_COUNT> infos = infosMake();
+static_assert(std::none_of(infos.begin(), infos.end(),
+                           [](const SchemeInfo& info) { return info.thing.empty(); }));
 
 // By the header: the number of the scheme and one more, 0 for none.
 constexpr std::array<std::uint8_t, 256> byHeaderMake() {

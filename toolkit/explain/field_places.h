@@ -1,0 +1,16 @@
+/*
+ * Where the fields of a tag value stand in its text forms.
+ */
+#ifndef ROSETAG_TOOLKIT_EXPLAIN_FIELD_PLACES_H
+#define ROSETAG_TOOLKIT_EXPLAIN_FIELD_PLACES_H
+
+#include <rosetag/toolkit.hpp>
+
+namespace rosetag {
+
+// Fills places of an explanation of a sound tag value. forms are all forms of that value.
+void placeFields(const Translation& forms, Explanation& explanation);
+
+} // namespace rosetag
+
+#endif
