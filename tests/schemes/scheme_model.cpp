@@ -2,6 +2,8 @@
 
 #include "support/bits.h"
 
+#include <algorithm>
+
 namespace {
 
 // The lowest and the highest character stand at the ends.
@@ -91,8 +93,9 @@ Value codeValue(std::size_t charBits, Picker& picker) {
 }
 
 Value serial6Value(std::size_t maxChars, Picker& picker) {
+    const std::string first = picker.text(1, CHARACTER_SET_39);
     const std::string rest = picker.text(picker.length(0, maxChars - 1), WITHOUT_HASH);
-    const Value value = charsValue(picker.text(1, CHARACTER_SET_39) + rest, 6);
+    const Value value = charsValue(first + rest, 6);
     return {value.text, value.bits + "000000"};
 }
 
@@ -158,12 +161,18 @@ std::size_t Picker::length(std::size_t first, std::size_t last) {
     if (choice == Choice::RANDOM) {
         return first + generator.below(last - first + 1);
     }
+    if (choice == Choice::GIVEN) {
+        return std::clamp(texts.at(next).size(), first, last);
+    }
     return choice == Choice::LOWEST ? first : last;
 }
 
 std::string Picker::text(std::size_t length, std::string_view alphabet) {
     if (choice == Choice::RANDOM) {
         return generator.text(length, alphabet);
+    }
+    if (choice == Choice::GIVEN) {
+        return texts.at(next++);
     }
     return std::string(length, choice == Choice::LOWEST ? alphabet.front() : alphabet.back());
 }
@@ -172,6 +181,9 @@ std::uint64_t Picker::number(std::size_t bits) {
     const std::uint64_t largest = (std::uint64_t{1} << bits) - 1;
     if (choice == Choice::RANDOM) {
         return generator.next() & largest;
+    }
+    if (choice == Choice::GIVEN) {
+        return std::stoull(texts.at(next++));
     }
     return choice == Choice::LOWEST ? 0 : largest;
 }

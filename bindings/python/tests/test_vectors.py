@@ -41,6 +41,11 @@ def outcome(row: dict[str, str]) -> str | None:
     if op == "tid":
         tid = rosetag.tid(value)
         return f"{tid.designer} {tid.model} {tid.serial or ''}".rstrip()
+    if op == "check":
+        found = rosetag.check(value)
+        return ", ".join(f"{row.severity} {row.rule} {row.ai}".rstrip() for row in found)
+    if op == "explain":
+        return ", ".join(f"{row.name}={row.bits}" for row in rosetag.explain(value).fields)
     identity = rosetag.decode(value)
     if op == "ais":
         return "".join(f"({ai}){text}" for ai, text, _ in identity.ais)

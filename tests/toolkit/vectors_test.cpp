@@ -1,0 +1,257 @@
+/*
+ * The shared rows, which every face of the toolkit must pass: here the toolkit itself, and the
+ * model of the plain schemes, which knows the bits of a tag URI by itself.
+ */
+#include "schemes/scheme_model.h"
+#include "support/bits.h"
+#include "toolkit/rows_of_file.h"
+
+#include <rosetag/toolkit.hpp>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+namespace {
+
+using namespace rosetag;
+
+struct VectorRow {
+    std::string id, op, input, scheme, filter, gcpLength, encoding, status, output;
+};
+
+// A cell without its escapes: \t, \n, \\ and \xHH.
+std::string cellText(const std::string& cell) {
+    std::string text;
+    for (std::size_t i = 0; i < cell.size(); ++i) {
+        if (cell[i] != '\\') {
+            text += cell[i];
+            continue;
+        }
+        const char kind = cell[++i];
+        if (kind == 'x') {
+            text += static_cast<char>(std::stoi(cell.substr(i + 1, 2), nullptr, 16));
+            i += 2;
+        } else {
+            text += kind == 't' ? '\t' : kind == 'n' ? '\n' : kind;
+        }
+    }
+    return text;
+}
+
+std::vector<VectorRow> vectorRows() {
+    std::vector<VectorRow> rows;
+    for (std::vector<std::string>& cells : rowsOfFile("../../vectors/rosetag.tsv")) {
+        cells.resize(9); // an empty output at the end of a line is no cell
+        VectorRow row;
+        std::string* const members[] = {&row.id,       &row.op,     &row.input,
+                                        &row.scheme,   &row.filter, &row.gcpLength,
+                                        &row.encoding, &row.status, &row.output};
+        for (std::size_t i = 0; i < cells.size(); ++i) {
+            *members[i] = cellText(cells[i]);
+        }
+        rows.push_back(row);
+    }
+    rows.erase(rows.begin()); // the names of the columns
+    return rows;
+}
+
+struct Outcome {
+    EpcStatus status = EPC_OK;
+    std::string output;
+};
+
+Outcome outcomeOf(const Translation& item, std::string_view output) {
+    return {item.failure.status, isFailure(item.failure) ? std::string() : std::string(output)};
+}
+
+int encodingOf(const std::string& word) {
+    const auto words = encodingWords();
+    const auto found = std::find(words.begin(), words.end(), word);
+    return found == words.end() ? AI_ENC_AUTO : static_cast<int>(found - words.begin());
+}
+
+Outcome encodeRow(const VectorRow& row) {
+    EncodeOptions options;
+    options.scheme = row.scheme.empty() ? nullptr : schemeByName(row.scheme);
+    options.encoding = encodingOf(row.encoding);
+    if (!row.filter.empty()) {
+        options.filter = std::stoi(row.filter);
+    }
+    if (!row.gcpLength.empty()) {
+        options.read.gcpLength = std::stoi(row.gcpLength);
+    }
+    const Translation item = encode(row.input, options);
+    return outcomeOf(item, item.hex);
+}
+
+Outcome encodeAiRow(const VectorRow& row) {
+    const std::size_t end = row.input.find(')');
+    const AiTranslation item = encodeAi(row.input.substr(1, end - 1), row.input.substr(end + 1),
+                                        true, encodingOf(row.encoding));
+    return {item.failure.status, isFailure(item.failure) ? "" : item.hex};
+}
+
+Outcome decodeAiRow(const VectorRow& row) {
+    const AiTranslation item = decodeAi(row.input);
+    return {item.failure.status,
+            isFailure(item.failure) ? "" : "(" + item.ai.ai + ")" + item.ai.value};
+}
+
+Outcome tidRow(const VectorRow& row) {
+    const Tid memory = tid(row.input);
+    if (isFailure(memory.failure)) {
+        return {memory.failure.status, ""};
+    }
+    const std::string serial = memory.record.serial;
+    return {EPC_OK, std::to_string(memory.record.mdid & TID_DESIGNER_MASK) + " " +
+                        std::to_string(memory.record.tmid) + (serial.empty() ? "" : " " + serial)};
+}
+
+Outcome checkRow(const VectorRow& row) {
+    std::string text;
+    for (const Finding& finding : check(row.input)) {
+        text += text.empty() ? "" : ", ";
+        text += std::string(severityWord(finding.severity)) + " " +
+                std::string(checkRuleWord(finding.rule));
+        text += finding.ai.empty() ? "" : " " + finding.ai;
+    }
+    return {EPC_OK, text};
+}
+
+Outcome explainRow(const VectorRow& row) {
+    const Explanation explanation = explain(row.input);
+    std::string text;
+    for (const ExplainedField& field : explanation.fields) {
+        text += (text.empty() ? "" : ", ") + field.name + "=" +
+                explanation.bits.substr(field.first, field.width);
+    }
+    return {explanation.failure.status, text};
+}
+
+Outcome translateRow(const VectorRow& row) {
+    const Translation item = translate(row.input);
+    if (row.op == "scheme") {
+        return outcomeOf(item, item.scheme == nullptr ? std::string_view() : item.scheme->name);
+    }
+    if (row.op == "filter") {
+        return outcomeOf(item, item.filter.has_value() ? std::to_string(*item.filter) : "");
+    }
+    if (row.op == "ais") {
+        std::string text;
+        for (const AiValue& ai : item.ais) {
+            text += "(" + ai.ai + ")" + ai.value;
+        }
+        return outcomeOf(item, text);
+    }
+    const Form form = formByWord(row.op);
+    EXPECT_NE(Form::UNKNOWN, form) << row.op;
+    return outcomeOf(item, formText(item, form));
+}
+
+TEST(Vectors, HoldForTheToolkit) {
+    const std::map<std::string, Outcome (*)(const VectorRow&)> operations = {
+        {"encode", encodeRow}, {"encode_ai", encodeAiRow}, {"decode_ai", decodeAiRow},
+        {"tid", tidRow},       {"check", checkRow},        {"explain", explainRow},
+    };
+    const std::vector<VectorRow> rows = vectorRows();
+    std::set<std::string> ids;
+    for (const VectorRow& row : rows) {
+        SCOPED_TRACE(row.id + " " + row.op + " " + row.input);
+        const auto operation = operations.find(row.op);
+        const Outcome found =
+            operation == operations.end() ? translateRow(row) : operation->second(row);
+        EXPECT_EQ(row.status, epc_statusName(found.status));
+        EXPECT_EQ(row.output, found.output);
+        ids.insert(row.id);
+    }
+    EXPECT_EQ(rows.size(), ids.size());
+    EXPECT_LE(2000U, rows.size());
+    EXPECT_GE(4000U, rows.size());
+}
+
+// A part of a URI without its escapes.
+std::string unescapedPart(std::string_view part) {
+    std::string text;
+    for (std::size_t i = 0; i < part.size(); ++i) {
+        if (part[i] == '%') {
+            text += static_cast<char>(std::stoi(std::string(part.substr(i + 1, 2)), nullptr, 16));
+            i += 2;
+        } else {
+            text += part[i];
+        }
+    }
+    return text;
+}
+
+std::size_t partCount(const SchemeModel& model) {
+    std::size_t count = model.filterBits == 0 ? 0 : 1;
+    for (const FieldModel& field : model.fields) {
+        count += field.field == Field::ZEROS ? 0 : field.field <= Field::CHARS6_KEY ? 2 : 1;
+    }
+    return count;
+}
+
+// The parts after the name of the scheme. The last may hold dots.
+std::vector<std::string> partsOf(std::string_view body, std::size_t count) {
+    std::vector<std::string> parts;
+    for (; parts.size() + 1 < count; body.remove_prefix(body.find('.') + 1)) {
+        parts.push_back(unescapedPart(body.substr(0, body.find('.'))));
+    }
+    parts.push_back(unescapedPart(body));
+    return parts;
+}
+
+// Hexadecimal digits of a tag URI by the model; empty for a scheme that it does not know.
+std::string hexByModel(const std::string& uri) {
+    constexpr std::string_view head = "urn:epc:tag:";
+    const std::size_t colon = uri.find(':', head.size());
+    const std::string name = uri.substr(head.size(), colon - head.size());
+    const auto model =
+        std::find_if(schemeModels.begin(), schemeModels.end(),
+                     [&name](const SchemeModel& other) { return other.name == name; });
+    if (model == schemeModels.end()) {
+        return {};
+    }
+    std::vector<std::string> parts =
+        partsOf(std::string_view(uri).substr(colon + 1), partCount(*model));
+    std::uint32_t filter = 0;
+    if (model->filterBits != 0) {
+        filter = static_cast<std::uint32_t>(std::stoul(parts.front()));
+        parts.erase(parts.begin());
+    }
+    const std::size_t partition = model->hasPartition() ? 12 - parts.front().size() : 0;
+    if (model->fields.back().field == Field::SERIAL6) { // its first character is chosen apart
+        parts.push_back(parts.back().substr(1));
+        parts[parts.size() - 2].resize(1);
+    }
+    Picker picker = Picker::given(parts);
+    ModelValue value = modelValue(*model, filter, partition, picker);
+    EXPECT_EQ(uri, value.tagUri);
+    value.bits.resize((value.bits.size() + 15) / 16 * 16, '0');
+    return hexFromBytes(bytesFromBits(value.bits));
+}
+
+TEST(Vectors, HaveTheBitsOfTheModel) {
+    std::map<std::string, int> counts; // of values by scheme
+    for (const VectorRow& row : vectorRows()) {
+        const bool isWritten = row.op == "hex" && row.input.starts_with("urn:epc:tag:");
+        const bool isRead = row.op == "tag_uri" && !row.input.starts_with("urn:") &&
+                            !row.id.starts_with("odd"); // hex as people paste it
+        if ((!isWritten && !isRead) || row.status != "EPC_OK" || row.output.empty()) {
+            continue;
+        }
+        SCOPED_TRACE(row.id);
+        const std::string& uri = isWritten ? row.input : row.output;
+        EXPECT_EQ(isWritten ? row.output : row.input, hexByModel(uri));
+        ++counts[uri.substr(12, uri.find(':', 12) - 12)];
+    }
+    EXPECT_EQ(schemeModels.size(), counts.size());
+    for (const auto& [scheme, count] : counts) {
+        EXPECT_LE(6, count) << scheme;
+    }
+}
+
+} // namespace
