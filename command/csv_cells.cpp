@@ -7,6 +7,14 @@ namespace rosetag {
 void tsvAppendCell(std::string& row, std::string_view cell) {
     constexpr std::string_view special("\t\n\r\0", 4);
     constexpr std::string_view letters = "tnr0";
+    bool isPlain = true;
+    for (const char character : cell) { // to its end, so that it takes many at a time
+        isPlain = isPlain & (static_cast<unsigned char>(character) > '\r');
+    }
+    if (isPlain) {
+        row += cell;
+        return;
+    }
     for (const char character : cell) {
         if (character > '\r') {
             row += character;

@@ -119,13 +119,6 @@ std::string optionHint(const Failure& failure) {
     return " (see --" + option + ')';
 }
 
-void spellSeparators(std::string& text, std::size_t from) {
-    for (std::size_t at = text.find(groupSeparator, from); at != std::string::npos;
-         at = text.find(groupSeparator, at)) {
-        text.replace(at, 1, "{GS}");
-    }
-}
-
 } // namespace
 
 std::span<const Field> fields() {
@@ -140,6 +133,13 @@ const Field* fieldByName(std::string_view given) {
     }
     const auto* const field = std::ranges::find(fieldTable, name, &Field::name);
     return field == fieldTable.end() ? nullptr : field;
+}
+
+void spellSeparators(std::string& text, std::size_t from) {
+    for (std::size_t at = text.find(groupSeparator, from); at != std::string::npos;
+         at = text.find(groupSeparator, at)) {
+        text.replace(at, 1, "{GS}");
+    }
 }
 
 void fieldAppend(const Field& field, const Item& item, bool raw, std::string& text) {

@@ -35,6 +35,9 @@ std::span<const Field> fields();
 // The field of that name, in which "-" is taken for "_"; null for none.
 const Field* fieldByName(std::string_view given);
 
+// Spells the separators of barcode strings {GS}, from a place in the text on.
+void spellSeparators(std::string& text, std::size_t from);
+
 // Appends the text of a field. Separators of barcode strings are spelled {GS} unless raw.
 void fieldAppend(const Field& field, const Item& item, bool raw, std::string& text);
 

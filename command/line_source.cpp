@@ -107,6 +107,23 @@ void fillBlock(LineSource& source, LineBlock& block) {
     text.size = lastEnd + 1;
 }
 
+// The ends of lines in a text. The counts of short runs fit in a byte, so that many characters are
+// compared at a time.
+std::uint64_t lineEndsIn(std::string_view text) {
+    constexpr std::size_t longestRun = 255;
+    std::uint64_t ends = 0;
+    while (!text.empty()) {
+        const std::string_view run = text.substr(0, longestRun);
+        std::uint8_t count = 0;
+        for (const char character : run) {
+            count = static_cast<std::uint8_t>(count + (character == '\n' ? 1 : 0));
+        }
+        ends += count;
+        text.remove_prefix(run.size());
+    }
+    return ends;
+}
+
 } // namespace
 
 void textAreaReserve(TextArea& area, std::size_t more) {
@@ -163,7 +180,7 @@ void lineSourcePutBack(LineSource& source, LineBlock& block) {
     const std::size_t whole = source.wholeRows(text);
     TextArea carry;
     textAreaAppend(carry, text.substr(whole));
-    source.nextLine -= static_cast<std::uint64_t>(std::ranges::count(textAreaView(carry), '\n'));
+    source.nextLine -= lineEndsIn(textAreaView(carry));
     if (block.lacksLastEnd && carry.size > 0) {
         --carry.size;
         block.lacksLastEnd = false;
@@ -185,7 +202,7 @@ bool lineSourceRead(LineSource& source, LineBlock& block) {
     TextArea& text = block.text;
     block.lacksLastEnd = text.size > 0 && textAreaView(text).back() != '\n';
     textAreaAppend(text, block.lacksLastEnd ? "\n" : "");
-    source.nextLine += static_cast<std::uint64_t>(std::ranges::count(textAreaView(text), '\n'));
+    source.nextLine += lineEndsIn(textAreaView(text));
     block.bytesRead = source.bytesRead;
     return text.size > 0;
 }

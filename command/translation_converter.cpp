@@ -156,10 +156,11 @@ private:
         return false;
     }
 
+    // Fails where the value has no text of the field.
     void require(const Field& field, Failure& failure) {
-        std::string text;
-        field.append(text, item);
-        if (text.empty()) {
+        scratch.clear();
+        field.append(scratch, item);
+        if (scratch.empty()) {
             failure = Failure();
             failure.status = EPC_ERR_NOT_SUPPORTED;
             failure.message = "this value has no " + std::string(field.name);
@@ -172,7 +173,23 @@ private:
         }
     }
 
+    // The text of the required field stands ready.
+    void writeRequired(std::string& out) {
+        if (settings.required->holdsGivenText) {
+            if (!settings.isRaw) {
+                spellSeparators(scratch, 0);
+            }
+            tsvAppendCell(out, scratch);
+        } else {
+            out += scratch;
+        }
+    }
+
     void writeFields(std::string& out) {
+        if (settings.fields.size() == 1 && settings.fields.front() == settings.required &&
+            !isFailure(failure())) {
+            return writeRequired(out);
+        }
         const char* tab = "";
         for (const Field* field : settings.fields) {
             out += tab;
@@ -191,7 +208,7 @@ private:
     EncodeOptions options;
     Item item;
     std::string composed;
-    std::string scratch;
+    std::string scratch; // after convert the text of the required field
 };
 
 } // namespace

@@ -20,26 +20,29 @@ std::size_t wordCount(std::string_view digits) {
     return digits.size() / HEX_WORD_DIGITS;
 }
 
+// How many words a PC word and its extensions are if after words follow the PC word and its length
+// field says so; 0 if it does not. next is the word that follows it.
+std::size_t pcWordsIfLengthFits(const PcWord& pc, unsigned next, std::size_t after) {
+    constexpr unsigned furtherExtension = 0x8000; // in the first extended PC word
+    const std::size_t extensions = !pc.hasExtension ? 0 : (next & furtherExtension) != 0 ? 2 : 1;
+    const bool isLength = pc.epcWords == after || pc.epcWords + extensions == after;
+    return isLength && after > extensions ? 1 + extensions : 0;
+}
+
 // The words before the EPC if the value begins with a PC word whose length field is right; 0 words
 // if it does not.
 BankLayout layoutWithPc(std::string_view digits, bool hasCrc) {
-    constexpr unsigned furtherExtension = 0x8000; // in the first extended PC word
     BankLayout layout = {hasCrc, hasCrc ? std::size_t{1} : 0, 0};
     const std::size_t count = wordCount(digits);
     if (digits.size() % HEX_WORD_DIGITS != 0 || count < layout.pcIndex + 2) {
         return layout;
     }
-    const PcWord pc = pcWordOf(wordAt(digits, layout.pcIndex));
-    std::size_t extensions = 0;
-    if (pc.hasExtension) {
-        extensions = (wordAt(digits, layout.pcIndex + 1) & furtherExtension) != 0 ? 2 : 1;
-    }
-    const std::size_t after = count - layout.pcIndex - 1;
-    const bool isLength = pc.epcWords == after || pc.epcWords + extensions == after;
-    const bool isCrc = !hasCrc || crc16Of(digits.substr(HEX_WORD_DIGITS)) == wordAt(digits, 0);
-    if (isLength && isCrc && after > extensions) {
-        layout.words = layout.pcIndex + 1 + extensions;
-    }
+    const std::size_t words =
+        pcWordsIfLengthFits(pcWordOf(wordAt(digits, layout.pcIndex)),
+                            wordAt(digits, layout.pcIndex + 1), count - layout.pcIndex - 1);
+    const bool isCrc =
+        words > 0 && (!hasCrc || crc16Of(digits.substr(HEX_WORD_DIGITS)) == wordAt(digits, 0));
+    layout.words = isCrc ? layout.pcIndex + words : 0;
     return layout;
 }
 
@@ -162,6 +165,25 @@ unsigned crc16Of(std::string_view digits) {
         }
     }
     return crc ^ 0xFFFF;
+}
+
+bool mayBeginWithBankWords(const std::uint8_t* bytes, std::size_t words) {
+    const auto word = [bytes](std::size_t index) {
+        return static_cast<unsigned>(bytes[2 * index] << 8 | bytes[2 * index + 1]);
+    };
+    for (std::size_t pcIndex = 0; pcIndex < 2 && pcIndex + 2 <= words; ++pcIndex) {
+        const std::size_t after = words - pcIndex - 1;
+        const PcWord pc = pcWordOf(word(pcIndex));
+        if (pc.epcWords > after || pc.epcWords + 2 < after) {
+            continue; // whatever extensions there are
+        }
+        const std::size_t pcWords = pcWordsIfLengthFits(pc, word(pcIndex + 1), after);
+        if (pcWords > 0 && !pc.isOtherFamily &&
+            schemeByHeader(bytes[2 * (pcIndex + pcWords)]) != nullptr) {
+            return true;
+        }
+    }
+    return false;
 }
 
 bool takeOffBankWords(Reading& reading) {

@@ -30,6 +30,10 @@ unsigned wordAt(std::string_view digits, std::size_t index);
 // The CRC-16 of words, as the first word of the bank holds it.
 unsigned crc16Of(std::string_view digits);
 
+// True if a sound EPC of so many words could also be a PC word, with or without a CRC, and an EPC.
+// Says nothing of the CRC.
+bool mayBeginWithBankWords(const std::uint8_t* bytes, std::size_t words);
+
 // Takes the words before the EPC off the prepared hex as the options say, or, of themselves, where
 // the value is not a sound EPC and what follows them is. They go into workspace.bankWords. False if
 // the value does not match the options or is of another family: the failure says so.

@@ -4,6 +4,9 @@
 #ifndef ROSETAG_TOOLKIT_TRANSLATE_NUMBERS_H
 #define ROSETAG_TOOLKIT_TRANSLATE_NUMBERS_H
 
+#include "bridge/gs1_key_table.h"
+#include "gs1/barcode_string.h"
+
 #include <rosetag/toolkit.hpp>
 
 namespace rosetag {
@@ -12,8 +15,53 @@ inline constexpr FormSet AI_FORMS = Form::AIS | Form::GTIN | Form::SERIAL;
 
 void addAi(Translation& result, std::string_view code, std::string_view value);
 
-// Fills the numbers that were asked for from the AIs.
-void addNumbers(FormSet wanted, Translation& result);
+struct AiText {
+    std::string_view code;
+    std::string_view value;
+};
+
+// Finds the serial number of a key in an AI: the value of an AI of its own, or what follows the
+// digits of the key. False if the AI has none.
+bool serialIn(const AiText& element, const Gs1KeyDefinition& key, std::string_view& serial);
+
+// The GTIN among count AIs, and the serial number of the first key among them; empty if there is
+// none.
+// at: AiText(std::size_t index)
+template <typename At>
+std::string_view gtinAmong(std::size_t count, At at) {
+    for (std::size_t i = 0; i < count; ++i) {
+        if (const AiText element = at(i); element.code == GTIN_AI) {
+            return element.value;
+        }
+    }
+    return {};
+}
+
+template <typename At>
+std::string_view serialAmong(std::size_t count, At at) {
+    const Gs1KeyDefinition* key = nullptr;
+    for (std::size_t i = 0; key == nullptr && i < count; ++i) {
+        key = gs1KeyFindByAi(at(i).code);
+    }
+    std::string_view serial;
+    for (std::size_t i = 0; key != nullptr && i < count; ++i) {
+        if (serialIn(at(i), *key, serial)) {
+            break;
+        }
+    }
+    return serial;
+}
+
+// Fills the numbers that were asked for.
+template <typename At>
+void addNumbers(FormSet wanted, std::size_t count, At at, Translation& result) {
+    if (wanted.has(Form::GTIN)) {
+        result.gtin = gtinAmong(count, at);
+    }
+    if (wanted.has(Form::SERIAL)) {
+        result.serial = serialAmong(count, at);
+    }
+}
 
 } // namespace rosetag
 

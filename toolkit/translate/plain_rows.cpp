@@ -2,6 +2,7 @@
 
 #include "core/hex_words.h"
 #include "schemes/tag_scheme.h"
+#include "translate/translate.h"
 
 #include <algorithm>
 #include <array>
@@ -21,6 +22,13 @@ constexpr std::array<bool, 256> plainHeadersMake() {
 
 constexpr std::array<bool, 256> plainHeaders = plainHeadersMake();
 
+template <Form number>
+EpcStatus numberOfRow(std::int32_t bits, const std::uint8_t* binary, std::int32_t /*dstSize*/,
+                      char* dst) {
+    static_assert(PLAIN_ROW_ROOM >= EPC_AI_VALUE_SIZE);
+    return numberOfBits(bitBufferForReading(binary, bits), number, dst);
+}
+
 struct FormExport {
     Form form;
     PlainRowExport convert;
@@ -32,6 +40,8 @@ constexpr FormExport formExports[] = {
     {Form::ELEMENT_STRING, epc_binaryToGs1ElementString},
     {Form::BARCODE_STRING, epc_binaryToBarcodeString},
     {Form::DIGITAL_LINK, epc_binaryToDigitalLink},
+    {Form::GTIN, numberOfRow<Form::GTIN>},
+    {Form::SERIAL, numberOfRow<Form::SERIAL>},
 };
 
 } // namespace

@@ -25,7 +25,7 @@ bool plainRowRead(std::string_view value, bool isBinary, PlainRow& row);
 using PlainRowExport = EpcStatus (*)(std::int32_t bits, const std::uint8_t* binary,
                                      std::int32_t dstSize, char* dst);
 
-// The export that makes a form, or null.
+// The export that makes a form, or what takes its place; null if there is none.
 PlainRowExport plainRowExportOf(Form form);
 
 // Writes a form into PLAIN_ROW_ROOM bytes. False where the export fails.

@@ -11,7 +11,9 @@
 #include "translate/translate.h"
 #include "words/scheme_words.h"
 
+#include <algorithm>
 #include <array>
+#include <functional>
 
 namespace rosetag {
 
@@ -19,26 +21,34 @@ namespace {
 
 constexpr FormSet GS1_TEXTS = Form::ELEMENT_STRING | Form::BARCODE_STRING | Form::DIGITAL_LINK;
 
-// A tag value in bytes.
-struct TagBits {
-    std::array<std::uint8_t, EPC_MAX_BINARY_BYTES> bytes;
-    std::int32_t count; // of bits
-};
-
 TagBits tagBitsOf(std::string_view hex) {
     TagBits bits;
     bits.count = static_cast<std::int32_t>(8 * bytesOfHex(hex, bits.bytes.data()));
     return bits;
 }
 
-EpcStatus aisOfBits(BitBuffer bits, Translation& result) {
+struct TagAis {
+    std::uint32_t count = 0;
     std::array<char, std::size_t{EPC_MAX_AIS} * EPC_AI_CODE_SIZE> codes;
     std::array<char, std::size_t{EPC_MAX_AIS} * EPC_AI_VALUE_SIZE> values;
-    std::uint32_t count = 0;
-    EPC_TRY(bitsToAIs(bits, {EPC_MAX_AIS, EPC_AI_VALUE_SIZE, codes.data(), values.data(), &count}));
-    for (std::size_t i = 0; i < count; ++i) {
-        addAi(result, &codes[i * EPC_AI_CODE_SIZE], &values[i * EPC_AI_VALUE_SIZE]);
+
+    AiText operator()(std::size_t index) const {
+        return {&codes[index * EPC_AI_CODE_SIZE], &values[index * EPC_AI_VALUE_SIZE]};
     }
+};
+
+EpcStatus tagAisRead(BitBuffer bits, TagAis& ais) {
+    return bitsToAIs(
+        bits, {EPC_MAX_AIS, EPC_AI_VALUE_SIZE, ais.codes.data(), ais.values.data(), &ais.count});
+}
+
+EpcStatus aisOfBits(const BitBuffer& bits, FormSet wanted, Translation& result) {
+    TagAis ais;
+    EPC_TRY(tagAisRead(bits, ais));
+    for (std::size_t i = 0; wanted.has(Form::AIS) && i < ais.count; ++i) {
+        addAi(result, ais(i).code, ais(i).value);
+    }
+    addNumbers(wanted, ais.count, std::cref(ais), result);
     return EPC_OK;
 }
 
@@ -74,8 +84,7 @@ EpcStatus gs1TextsOfBits(const BitBuffer& bits, FormSet wanted, Translation& res
                                                        result.elementString));
     }
     if (wanted.hasAny(AI_FORMS)) {
-        EPC_TRY(aisOfBits(bits, result));
-        addNumbers(wanted, result);
+        EPC_TRY(aisOfBits(bits, wanted, result));
     }
     return EPC_OK;
 }
@@ -102,10 +111,14 @@ FormSet readable(FormSet wanted, const SchemeInfo& scheme) {
 } // namespace
 
 EpcStatus formsOfHex(std::string_view hex, FormSet wanted, Translation& result) {
+    return formsOfTag(tagBitsOf(hex), hex, wanted, result);
+}
+
+EpcStatus formsOfTag(const TagBits& tag, std::string_view hex, FormSet wanted,
+                     Translation& result) {
     if (wanted.has(Form::HEX)) {
         result.hex = hex;
     }
-    TagBits tag = tagBitsOf(hex);
     result.bits = tag.count;
     if (tag.count < TAG_HEADER_BITS) {
         return EPC_ERR_TRUNCATED;
@@ -125,8 +138,19 @@ EpcStatus formsOfHex(std::string_view hex, FormSet wanted, Translation& result) 
     if (result.scheme->hasGs1Texts) {
         EPC_TRY(gs1TextsOfBits(bits, forms, result));
     }
-    dropUnasked(wanted, result);
+    if (forms != wanted) {
+        dropUnasked(wanted, result);
+    }
     return EPC_OK;
+}
+
+EpcStatus numberOfBits(const BitBuffer& bits, Form number, char* room) {
+    TagAis ais;
+    EPC_TRY(tagAisRead(bits, ais));
+    const std::string_view text = number == Form::GTIN ? gtinAmong(ais.count, std::cref(ais))
+                                                       : serialAmong(ais.count, std::cref(ais));
+    *std::copy(text.begin(), text.end(), room) = '\0';
+    return text.empty() ? EPC_ERR_NOT_SUPPORTED : EPC_OK;
 }
 
 std::size_t tagValueBits(std::string_view hex) {

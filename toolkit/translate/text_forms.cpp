@@ -13,10 +13,16 @@ namespace rosetag {
 
 namespace {
 
-void addAis(const ParsedAis& ais, Translation& result) {
-    for (std::size_t i = 0; i < ais.list.count; ++i) {
+void addAis(const ParsedAis& ais, FormSet wanted, Translation& result) {
+    for (std::size_t i = 0; wanted.has(Form::AIS) && i < ais.list.count; ++i) {
         addAi(result, aiCodeAt(ais, i), aiValueAt(ais, i));
     }
+    addNumbers(
+        wanted, ais.list.count,
+        [&](std::size_t i) {
+            return AiText{aiCodeAt(ais, i), aiValueAt(ais, i)};
+        },
+        result);
 }
 
 // Makes a text of AIs by one of the library's writers.
@@ -65,8 +71,7 @@ EpcStatus textsOfAis(Reading& reading, ParsedAis& ais, FormSet wanted, Translati
             result.barcodeString, barcodeStringWrite, ais.list, ais.base)));
     }
     if (wanted.hasAny(AI_FORMS)) {
-        addAis(ais, result);
-        addNumbers(wanted, result);
+        addAis(ais, wanted, result);
     }
     if (needsUri) {
         addPureIdentity(reading, ais, wanted, result);
@@ -138,8 +143,7 @@ EpcStatus formsOfPlusTagUri(const std::string& uri, FormSet wanted, Translation&
     if (wanted.hasAny(AI_FORMS)) {
         ParsedAis ais;
         EPC_TRY(aisParse(Form::ELEMENT_STRING, result.elementString, ais));
-        addAis(ais, result);
-        addNumbers(wanted, result);
+        addAis(ais, wanted, result);
     }
     return EPC_OK;
 }

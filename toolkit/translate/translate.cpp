@@ -41,6 +41,21 @@ EpcStatus formsOf(Reading& reading, FormSet wanted, Translation& result) {
     }
 }
 
+// Translates a plain tag value. False if it is not one or cannot be read: the usual road tells why.
+bool translatePlainTag(std::string_view value, const ReadOptions& options, FormSet wanted,
+                       Translation& result) {
+    TagBits tag;
+    if (wanted.has(Form::FINDINGS) || !plainTagRead(value, options, tag)) {
+        return false;
+    }
+    result.form = Form::HEX;
+    if (formsOfTag(tag, value, wanted, result) == EPC_OK) {
+        return true;
+    }
+    translationClear(result, wanted);
+    return false;
+}
+
 // What is wrong with the AIs of a value that was read.
 void findOut(std::string_view value, const ReadOptions& options, Translation& result) {
     constexpr FormSet tagForms = Form::HEX | Form::TAG_URI | Form::PURE_IDENTITY;
@@ -107,6 +122,9 @@ EpcStatus schemesThatFit(const std::string& pureIdentity, Rows<const SchemeInfo*
 void translate(std::string_view value, const ReadOptions& options, FormSet wanted,
                Translation& result) {
     translationClear(result, wanted);
+    if (translatePlainTag(value, options, wanted, result)) {
+        return;
+    }
     Reading reading{value, options, result.workspace, result.notes, result.failure};
     const bool isPrepared = readingPrepare(reading);
     result.form = reading.form;

@@ -4,6 +4,8 @@
 #ifndef ROSETAG_TOOLKIT_TRANSLATE_TRANSLATE_H
 #define ROSETAG_TOOLKIT_TRANSLATE_TRANSLATE_H
 
+#include "core/bit_buffer.h"
+#include "recognise/plain_tag.h"
 #include "recognise/reading.h"
 
 namespace rosetag {
@@ -17,6 +19,13 @@ void dropUnasked(FormSet asked, Translation& result);
 // Fills the forms of a tag value, its scheme, filter and length. On failure they are as far as it
 // could be read.
 EpcStatus formsOfHex(std::string_view hex, FormSet wanted, Translation& result);
+
+// The same of bits that were read already, whose digits are hex.
+EpcStatus formsOfTag(const TagBits& tag, std::string_view hex, FormSet wanted, Translation& result);
+
+// Writes the GTIN or the serial number of a tag value into EPC_AI_VALUE_SIZE characters.
+// EPC_ERR_NOT_SUPPORTED if it has none.
+EpcStatus numberOfBits(const BitBuffer& bits, Form number, char* room);
 
 // How many bits of a tag value its scheme takes, or 0 if it cannot be read.
 std::size_t tagValueBits(std::string_view hex);

@@ -1,6 +1,6 @@
 #include "words/ai_words.h"
 
-#include "core/char_class.h"
+#include "gs1/ai_catalogue.h"
 
 #include <array>
 #include <string>
@@ -9,30 +9,19 @@ namespace rosetag {
 
 namespace {
 
-// The rows whose codes begin with the same two digits follow one another.
-struct RowRange {
-    std::uint8_t first = 0;
-    std::uint8_t end = 0;
-};
-
-constexpr std::size_t prefixOf(std::string_view code) {
-    return static_cast<std::size_t>((code[0] - '0') * 10 + (code[1] - '0'));
-}
-
-constexpr std::array<RowRange, 100> rowRangesMake() {
-    std::array<RowRange, 100> ranges{};
+// The row of each slot of the catalogue.
+constexpr std::array<std::uint8_t, aiBlocks.back().firstSlot> rowsOfSlotsMake() {
+    std::array<std::uint8_t, aiBlocks.back().firstSlot> rows{};
     for (std::size_t row = 0; row < aiTable.size(); ++row) {
-        const std::size_t last = prefixOf(aiLastCode(aiTable[row]));
-        for (std::size_t prefix = prefixOf(aiTable[row].codes); prefix <= last; ++prefix) {
-            RowRange& range = ranges[prefix];
-            range.first = range.end == 0 ? static_cast<std::uint8_t>(row) : range.first;
-            range.end = static_cast<std::uint8_t>(row + 1);
+        const std::size_t last = aiSlotOf(aiLastCode(aiTable[row]));
+        for (std::size_t slot = aiSlotOf(aiFirstCode(aiTable[row])); slot <= last; ++slot) {
+            rows[slot] = static_cast<std::uint8_t>(row);
         }
     }
-    return ranges;
+    return rows;
 }
 
-constexpr std::array<RowRange, 100> rowRanges = rowRangesMake();
+constexpr auto rowsOfSlots = rowsOfSlotsMake();
 static_assert(aiTable.size() < 256);
 
 std::string componentText(const AiComponent& component) {
@@ -88,17 +77,9 @@ std::string aiValueHint(std::string_view code) {
 }
 
 const AiTableRow* aiRowOf(std::string_view code) {
-    if (code.size() < 2 || !charIsDigit(code[0]) || !charIsDigit(code[1])) {
-        return nullptr;
-    }
-    const RowRange range = rowRanges[prefixOf(code)];
-    for (const AiTableRow& row : aiTable.subspan(range.first, range.end - range.first)) {
-        if (code.size() == aiFirstCode(row).size() && aiFirstCode(row) <= code &&
-            code <= aiLastCode(row)) {
-            return &row;
-        }
-    }
-    return nullptr;
+    const AiDefinition* const ai = aiFind(code);
+    return ai == nullptr ? nullptr
+                         : &aiTable[rowsOfSlots[static_cast<std::size_t>(ai - aiCatalogue.data())]];
 }
 
 std::string_view aiTitle(std::string_view code) {

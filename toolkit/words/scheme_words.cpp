@@ -76,10 +76,25 @@ constexpr std::array<std::uint8_t, 256> byHeaderMake() {
 
 constexpr std::array<std::uint8_t, 256> byHeader = byHeaderMake();
 
-// Where the filter of each scheme begins.
-constexpr int filterStart(const SchemeInfo& info) {
-    return TAG_HEADER_BITS + (info.isPlus ? 1 : 0);
+// Where the filter of a scheme stands in the byte after the header; a plus scheme has its toggle
+// before it.
+struct FilterPlace {
+    std::uint8_t shift;
+    std::uint8_t mask;
+};
+
+constexpr std::array<FilterPlace, EPC_SCHEME_COUNT> filterPlacesMake() {
+    std::array<FilterPlace, EPC_SCHEME_COUNT> places{};
+    for (const SchemeRow& row : schemeRows) {
+        const int bits = schemeFilterBits(row);
+        const int start = schemeIsPlus(row) ? 1 : 0;
+        places[static_cast<std::size_t>(row.scheme)] = {static_cast<std::uint8_t>(8 - start - bits),
+                                                        static_cast<std::uint8_t>((1 << bits) - 1)};
+    }
+    return places;
 }
+
+constexpr std::array<FilterPlace, EPC_SCHEME_COUNT> filterPlaces = filterPlacesMake();
 
 std::string dateAis() {
     std::string text = "a date (AI ";
@@ -107,9 +122,8 @@ const SchemeInfo* schemeByHeader(std::uint8_t header) {
 }
 
 std::uint8_t schemeFilterOf(const SchemeInfo& info, const std::uint8_t* bytes) {
-    const int bits = schemeFilterBits(schemeRowOf(info));
-    return static_cast<std::uint8_t>(bytes[1] >> (16 - filterStart(info) - bits) &
-                                     ((1 << bits) - 1));
+    const FilterPlace place = filterPlaces[static_cast<std::size_t>(info.scheme)];
+    return static_cast<std::uint8_t>(bytes[1] >> place.shift & place.mask);
 }
 
 std::uint32_t schemeLargestFilter(const SchemeInfo& info) {
