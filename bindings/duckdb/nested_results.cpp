@@ -1,0 +1,191 @@
+#include "nested_results.h"
+
+#include <algorithm>
+#include <new>
+#include <vector>
+
+namespace rosetag {
+namespace {
+
+struct Field {
+    const char* name;
+    duckdb_type type;
+};
+
+// clang-format off
+constexpr Field decodeFields[] = {
+    {"scheme",         DUCKDB_TYPE_VARCHAR},
+    {"filter",         DUCKDB_TYPE_INTEGER},
+    {"tag_uri",        DUCKDB_TYPE_VARCHAR},
+    {"pure_identity",  DUCKDB_TYPE_VARCHAR},
+    {"element_string", DUCKDB_TYPE_VARCHAR},
+    {"barcode_string", DUCKDB_TYPE_VARCHAR},
+    {"digital_link",   DUCKDB_TYPE_VARCHAR},
+    {"hex",            DUCKDB_TYPE_VARCHAR},
+    {"gtin",           DUCKDB_TYPE_VARCHAR},
+    {"serial",         DUCKDB_TYPE_VARCHAR},
+};
+
+constexpr Field tidFields[] = {
+    {"designer",       DUCKDB_TYPE_INTEGER},
+    {"model",          DUCKDB_TYPE_INTEGER},
+    {"xtid",           DUCKDB_TYPE_BOOLEAN},
+    {"security",       DUCKDB_TYPE_BOOLEAN},
+    {"file",           DUCKDB_TYPE_BOOLEAN},
+    {"serial",         DUCKDB_TYPE_VARCHAR},
+    {"serial_bits",    DUCKDB_TYPE_INTEGER},
+};
+// clang-format on
+
+enum TidField { DESIGNER, MODEL, XTID, SECURITY, FILE_FLAG, SERIAL, SERIAL_BITS };
+constexpr std::size_t FILTER_FIELD = 1;
+
+duckdb_logical_type structType(std::span<const Field> fields) {
+    std::vector<duckdb_logical_type> types;
+    std::vector<const char*> names;
+    for (const Field& field : fields) {
+        types.push_back(duckdb_create_logical_type(field.type));
+        names.push_back(field.name);
+    }
+    duckdb_logical_type const type =
+        duckdb_create_struct_type(types.data(), names.data(), fields.size());
+    for (duckdb_logical_type& field : types) {
+        duckdb_destroy_logical_type(&field);
+    }
+    return type;
+}
+
+// A column of structs and those of its fields.
+struct StructColumn {
+    StructColumn(duckdb_vector vector, std::size_t count) : whole(vector) {
+        for (idx_t i = 0; i < count; ++i) {
+            fields.emplace_back(duckdb_struct_vector_get_child(vector, i));
+        }
+    }
+
+    OutColumn whole;
+    std::vector<OutColumn> fields;
+};
+
+void putNull(StructColumn& column, idx_t row) {
+    putNull(column.whole, row);
+    for (OutColumn& field : column.fields) {
+        putNull(field, row);
+    }
+}
+
+// What is NULL, is so in its fields too.
+template <typename Put>
+void forEachStruct(Chunk& chunk, std::size_t fields, bool (*read)(SqlRoom& room, SqlValue value),
+                   Put put) {
+    StructColumn column(chunk.output, fields);
+    forEachValue(
+        chunk, [&](idx_t row) { putNull(column, row); },
+        [&](idx_t row, SqlValue value) {
+            if (read(chunk.room, value)) {
+                put(column.fields, row);
+            } else {
+                putNull(column, row);
+            }
+            return true;
+        });
+}
+
+// The keys and values of the maps of a chunk, which stand one after the other.
+struct MapEntries {
+    explicit MapEntries(duckdb_vector mapVector)
+        : map(mapVector),
+          keys(duckdb_struct_vector_get_child(duckdb_list_vector_get_child(map), 0)),
+          values(duckdb_struct_vector_get_child(duckdb_list_vector_get_child(map), 1)) {}
+
+    void add(std::string_view key, std::string_view value) {
+        if (count == capacity) {
+            capacity = std::max<idx_t>(2 * capacity, 2 * duckdb_vector_size());
+            if (duckdb_list_vector_reserve(map, capacity) != DuckDBSuccess) {
+                throw std::bad_alloc();
+            }
+        }
+        duckdb_vector_assign_string_element_len(keys, count, key.data(), key.size());
+        duckdb_vector_assign_string_element_len(values, count, value.data(), value.size());
+        ++count;
+    }
+
+    duckdb_vector map;
+    duckdb_vector keys;
+    duckdb_vector values;
+    idx_t count = 0;
+    idx_t capacity = 0;
+};
+
+bool translateAll(SqlRoom& room, SqlValue value) {
+    return sqlTranslate(room, value, sqlDecodeForms);
+}
+
+} // namespace
+
+duckdb_logical_type decodeType() {
+    return structType(decodeFields);
+}
+
+duckdb_logical_type tidType() {
+    return structType(tidFields);
+}
+
+duckdb_logical_type aisType() {
+    duckdb_logical_type text = duckdb_create_logical_type(DUCKDB_TYPE_VARCHAR);
+    duckdb_logical_type const type = duckdb_create_map_type(text, text);
+    duckdb_destroy_logical_type(&text);
+    return type;
+}
+
+void runDecode(Chunk& chunk) {
+    forEachStruct(
+        chunk, std::size(decodeFields), translateAll,
+        [&](std::vector<OutColumn>& fields, idx_t row) {
+            const Translation& item = chunk.room.item;
+            putTextOrNull(fields[0], row,
+                          item.scheme == nullptr ? std::string_view() : item.scheme->name);
+            putNumberOrNull(fields[FILTER_FIELD], row, item.filter);
+            for (std::size_t i = FILTER_FIELD + 1; i < fields.size(); ++i) {
+                putTextOrNull(fields[i], row, formText(item, formByWord(decodeFields[i].name)));
+            }
+        });
+}
+
+void runTid(Chunk& chunk) {
+    forEachStruct(chunk, std::size(tidFields), sqlTid,
+                  [&](std::vector<OutColumn>& fields, idx_t row) {
+                      const TidRecord& record = chunk.room.tid.record;
+                      putNumberOrNull(fields[DESIGNER], row, record.mdid & TID_DESIGNER_MASK);
+                      putNumberOrNull(fields[MODEL], row, record.tmid);
+                      putFlag(fields[XTID], row, (record.mdid & TID_XTID_MASK) != 0);
+                      putFlag(fields[SECURITY], row, (record.mdid & TID_SECURITY_MASK) != 0);
+                      putFlag(fields[FILE_FLAG], row, (record.mdid & TID_FILE_MASK) != 0);
+                      putTextOrNull(fields[SERIAL], row, record.serial);
+                      putNumberOrNull(fields[SERIAL_BITS], row, record.serialBits);
+                  });
+}
+
+void runAis(Chunk& chunk) {
+    OutColumn column(chunk.output);
+    MapEntries entries(chunk.output);
+    auto* const maps = static_cast<duckdb_list_entry*>(column.data);
+    const auto putNullMap = [&](idx_t row) {
+        maps[row] = {entries.count, 0};
+        putNull(column, row);
+    };
+    forEachValue(chunk, putNullMap, [&](idx_t row, SqlValue value) {
+        if (!sqlTranslate(chunk.room, value, Form::AIS)) {
+            putNullMap(row);
+            return true;
+        }
+        maps[row] = {entries.count, chunk.room.item.ais.size()};
+        for (const AiValue& ai : chunk.room.item.ais) {
+            entries.add(ai.ai, ai.value);
+        }
+        return true;
+    });
+    duckdb_list_vector_set_size(chunk.output, entries.count);
+}
+
+} // namespace rosetag
