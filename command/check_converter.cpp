@@ -63,7 +63,7 @@ public:
             out += '\n';
             return;
         }
-        out += shownValue(given) + '\n';
+        out += shownText(given) + '\n';
         for (const Finding& finding : findings) {
             out += "  ";
             out += severityWord(finding.severity);

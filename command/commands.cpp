@@ -143,13 +143,13 @@ void tellNotes(Output& output, const Converter& converter) {
         }
         if (!text.empty()) {
             complain(output, std::string(severityWord(severity)) + ": " +
-                                 shownValue(converter.value()) + ": " + text);
+                                 shownText(converter.value()) + ": " + text);
         }
     }
 }
 
 void tellFailure(Output& output, const Converter& converter, bool isBare) {
-    const std::string value = shownValue(converter.value());
+    const std::string value = shownText(converter.value());
     std::string text = (value.empty() ? "\"\"" : value) + ": " +
                        std::string(converter.failureWord()) + ": " +
                        failureMessage(converter.failure());

@@ -7,8 +7,6 @@ namespace rosetag {
 
 namespace {
 
-constexpr char groupSeparator = '\x1d';
-
 void appendValue(std::string& text, const Item& item) {
     text += item.value;
 }
@@ -159,26 +157,6 @@ std::string failureMessage(const Failure& failure) {
 std::string optionsMessage(const Failure& failure) {
     return failure.message + (failure.remedy.empty() ? "" : "; ") + failure.remedy +
            optionHint(failure);
-}
-
-std::string shownValue(std::string_view value) {
-    constexpr std::size_t most = 100;
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string text;
-    for (const char character : value.substr(0, most)) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (character == groupSeparator) {
-            text += "{GS}";
-        } else if (byte < 0x20 || byte == 0x7F) {
-            text += {'\\', 'x', digits[byte >> 4], digits[byte & 15]};
-        } else {
-            text += character;
-        }
-    }
-    if (value.size() > most) {
-        text += "... (" + std::to_string(value.size()) + " characters)";
-    }
-    return text;
 }
 
 } // namespace rosetag

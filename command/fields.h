@@ -12,6 +12,8 @@
 
 namespace rosetag {
 
+inline constexpr char groupSeparator = '\x1d';
+
 // What fields are made of.
 struct Item {
     std::string_view value; // as it was given
@@ -36,7 +38,7 @@ std::span<const Field> fields();
 const Field* fieldByName(std::string_view given);
 
 // Spells the separators of barcode strings {GS}, from a place in the text on.
-void spellSeparators(std::string& text, std::size_t from);
+void spellSeparators(std::string& text, std::size_t from = 0);
 
 // Appends the text of a field. Separators of barcode strings are spelled {GS} unless raw.
 void fieldAppend(const Field& field, const Item& item, bool raw, std::string& text);
@@ -46,9 +48,6 @@ std::string failureMessage(const Failure& failure);
 
 // The same of a failure of the options, which has no place in the value.
 std::string optionsMessage(const Failure& failure);
-
-// Text with control characters spelled out, a long one cut.
-std::string shownValue(std::string_view value);
 
 } // namespace rosetag
 

@@ -1,6 +1,9 @@
 #include "human_text.h"
 
+#include "fields.h"
+
 #include <algorithm>
+#include <cstdio>
 #include <vector>
 
 namespace rosetag {
@@ -18,9 +21,8 @@ std::size_t characterCount(std::string_view text) {
 
 std::string shown(std::string_view text, bool raw) {
     std::string result(text);
-    for (std::size_t at = result.find('\x1d'); !raw && at != std::string::npos;
-         at = result.find('\x1d', at)) {
-        result.replace(at, 1, "{GS}");
+    if (!raw) {
+        spellSeparators(result);
     }
     return result;
 }
@@ -96,15 +98,6 @@ std::string explainedRow(const std::string& bits, std::size_t nameWidth,
     return row;
 }
 
-std::string hexOf(unsigned number) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string text;
-    for (int shift = 8; shift >= 0; shift -= 4) {
-        text += digits[number >> shift & 15];
-    }
-    return "0x" + text;
-}
-
 std::string named(std::string_view name) {
     return name.empty() ? std::string() : ", " + std::string(name);
 }
@@ -166,6 +159,12 @@ std::string_view chipName(const DesignerList* designers, const TidRecord& record
     return chip == nullptr ? std::string_view() : chip->name;
 }
 
+std::string hexText(unsigned number, int digits) {
+    char text[16];
+    std::snprintf(text, sizeof text, "%0*X", digits, number);
+    return text;
+}
+
 std::string padded(std::string_view text, std::size_t width) {
     const std::size_t characters = characterCount(text);
     return std::string(text) + std::string(width > characters ? width - characters : 0, ' ');
@@ -217,9 +216,10 @@ std::string humanExplanation(const Explanation& explanation) {
 std::string humanTid(const TidRecord& record, const DesignerList* designers) {
     const unsigned mdid = record.mdid;
     std::string text =
-        labelled("designer", hexOf(mdid & TID_DESIGNER_MASK) + " (MDID)" +
+        labelled("designer", "0x" + hexText(mdid & TID_DESIGNER_MASK, 3) + " (MDID)" +
                                  named(designerName(designers, record))) +
-        labelled("model", hexOf(record.tmid) + " (TMN)" + named(chipName(designers, record))) +
+        labelled("model",
+                 "0x" + hexText(record.tmid, 3) + " (TMN)" + named(chipName(designers, record))) +
         labelled("security", yesNo(mdid & TID_SECURITY_MASK)) +
         labelled("file", yesNo(mdid & TID_FILE_MASK)) +
         labelled("extended TID", yesNo(mdid & TID_XTID_MASK));

@@ -24,6 +24,9 @@ std::string humanTid(const TidRecord& record, const DesignerList* designers);
 std::string_view designerName(const DesignerList* designers, const TidRecord& record);
 std::string_view chipName(const DesignerList* designers, const TidRecord& record);
 
+// A number in hexadecimal digits, filled up with zeros.
+std::string hexText(unsigned number, int digits);
+
 // Text filled up with blanks to a width, counted in characters.
 std::string padded(std::string_view text, std::size_t width);
 

@@ -30,7 +30,7 @@ void noteFailure(LineTask& task) {
     const std::string message = firstLine(failureMessage(converter.failure()));
     if (tally.firstFailure.empty()) {
         tally.firstFailure = "line " + std::to_string(task.number) + ", \"" +
-                             shownValue(converter.value()) + "\": " + word + ": " + message;
+                             shownText(converter.value()) + "\": " + word + ": " + message;
     }
     if (task.rules.writesErrors) {
         std::string& errors = task.work.errors;

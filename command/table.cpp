@@ -11,7 +11,8 @@ namespace rosetag {
 namespace {
 
 bool isAllDigits(std::string_view text) {
-    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+    return !text.empty() &&
+           std::ranges::all_of(text, [](char digit) { return digit >= '0' && digit <= '9'; });
 }
 
 std::string namesOf(const CsvRow& header) {

@@ -1,5 +1,7 @@
 #include "template.h"
 
+#include "fields.h"
+#include "human_text.h"
 #include "output.h"
 
 #include <algorithm>
@@ -7,8 +9,6 @@
 namespace rosetag {
 
 namespace {
-
-constexpr char groupSeparator = '\x1d';
 
 bool isSeparatorName(std::string_view name) {
     return name == "GS" || name == "FNC1";
@@ -23,13 +23,11 @@ bool isUnreserved(char character) {
 }
 
 void appendEscaped(std::string& text, std::string_view cell) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
     for (const char character : cell) {
         if (isUnreserved(character)) {
             text += character;
         } else {
-            const auto byte = static_cast<unsigned char>(character);
-            text += {'%', digits[byte >> 4], digits[byte & 15]};
+            text += '%' + hexText(static_cast<unsigned char>(character), 2);
         }
     }
 }

@@ -263,6 +263,9 @@ inline bool isFailure(const Failure& failure) {
 /** A failure on one line: place, culprit, message and remedy. Control characters are spelled. */
 std::string failureText(const Failure& failure);
 
+/** A text as sentences show it: GS as {GS}, other control characters as \x1F, a long one cut. */
+std::string shownText(std::string_view text);
+
 /** How much a note or a finding matters. */
 enum class Severity : std::uint8_t {
     NOTE,    ///< What was done to the value on the way.

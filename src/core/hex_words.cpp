@@ -1,7 +1,7 @@
 #include "core/hex_words.h"
 
 #include "core/byte_order.h"
-#include "core/text_cursor.h"
+#include "core/hex_digits.h"
 
 namespace rosetag {
 
@@ -13,7 +13,7 @@ static bool takeBytes(std::string_view& hex, std::uint8_t*& bytes) {
     Number number = 0;
     std::int32_t values = 0;
     for (std::size_t i = 0; i < sizeof number; ++i) {
-        const std::int32_t value = hexDigitValue(hex[2 * i]) * 16 | hexDigitValue(hex[2 * i + 1]);
+        const std::int32_t value = hexPairValue(hex[2 * i], hex[2 * i + 1]);
         number |= static_cast<Number>(static_cast<std::uint8_t>(value)) << (8 * i);
         values |= value;
     }
@@ -34,7 +34,7 @@ EpcStatus hexToBytes(std::string_view hex, std::uint8_t* bytes) {
     }
     const std::size_t wholeBytes = hex.size() / 2;
     for (std::size_t i = 0; i < wholeBytes; ++i) {
-        const std::int32_t value = hexDigitValue(hex[2 * i]) * 16 | hexDigitValue(hex[2 * i + 1]);
+        const std::int32_t value = hexPairValue(hex[2 * i], hex[2 * i + 1]);
         if (value < 0) {
             return EPC_ERR_NO_ROOM;
         }

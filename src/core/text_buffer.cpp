@@ -1,28 +1,16 @@
 #include "core/text_buffer.h"
 
 #include "core/char_scan.h"
+#include "core/hex_digits.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 namespace rosetag {
 
 namespace {
 
-// The two digits of each number below base * base, one pair after the other.
-template <std::size_t base>
-constexpr std::array<char, 2 * base * base> digitPairsMake() {
-    std::array<char, 2 * base * base> pairs{};
-    for (std::size_t i = 0; i < base * base; ++i) {
-        pairs[2 * i] = "0123456789ABCDEF"[i / base];
-        pairs[2 * i + 1] = "0123456789ABCDEF"[i % base];
-    }
-    return pairs;
-}
-
 constexpr auto decimalPairs = digitPairsMake<10>();
-constexpr auto hexPairs = digitPairsMake<16>();
 
 template <typename Pairs>
 void putPair(char* out, const Pairs& pairs, std::size_t number) {

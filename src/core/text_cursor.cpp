@@ -2,6 +2,7 @@
 
 #include "core/char_scan.h"
 #include "core/digit_words.h"
+#include "core/hex_digits.h"
 
 #include <algorithm>
 
@@ -92,12 +93,11 @@ EpcStatus textCursorReadEscape(TextCursor& cursor, char& out) {
         }
         digit = *cursor.current++;
     }
-    const std::int32_t high = hexDigitValue(digits[0]);
-    const std::int32_t low = hexDigitValue(digits[1]);
-    if (high < 0 || low < 0) {
+    const std::int32_t value = hexPairValue(digits[0], digits[1]);
+    if (value < 0) {
         return EPC_ERR_BAD_CHARACTER;
     }
-    out = static_cast<char>(static_cast<unsigned char>(high * 16 + low));
+    out = static_cast<char>(static_cast<unsigned char>(value));
     return EPC_OK;
 }
 

@@ -12,7 +12,6 @@
 #include "core/char_class.h"
 #include "core/status.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -31,25 +30,6 @@ enum class LeadingZeros : std::uint8_t { REFUSE, ALLOW };
 
 // A number in text has 19 digits at most, so that it always fits 64 bits.
 constexpr std::int32_t MAX_NUMBER_DIGITS = std::numeric_limits<std::uint64_t>::digits10;
-
-constexpr std::array<std::int8_t, 256> hexDigitValuesMake() {
-    std::array<std::int8_t, 256> values{};
-    values.fill(-1);
-    for (unsigned char digit = 0; digit < 16; ++digit) {
-        values[static_cast<unsigned char>("0123456789ABCDEF"[digit])] =
-            static_cast<std::int8_t>(digit);
-        values[static_cast<unsigned char>("0123456789abcdef"[digit])] =
-            static_cast<std::int8_t>(digit);
-    }
-    return values;
-}
-
-inline constexpr std::array<std::int8_t, 256> hexDigitValues = hexDigitValuesMake();
-
-// The value of a hexadecimal digit of either case, or -1.
-constexpr std::int32_t hexDigitValue(char character) {
-    return hexDigitValues[static_cast<unsigned char>(character)];
-}
 
 inline TextCursor textCursorOver(std::string_view text) {
     return {text.data(), text.data(), static_cast<std::uint32_t>(text.size())};

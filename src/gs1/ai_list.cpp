@@ -1,5 +1,6 @@
 #include "gs1/ai_list.h"
 
+#include "core/hex_digits.h"
 #include "gs1/ai_table.h"
 #include "gs1/check_digit.h"
 #include "gs1/percent_decoding.h"

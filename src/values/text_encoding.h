@@ -9,6 +9,7 @@
 
 #include "core/bit_buffer.h"
 #include "core/char_class.h"
+#include "core/hex_digits.h"
 #include "core/long_decimal.h"
 #include "core/text_buffer.h"
 #include "core/text_cursor.h"
@@ -46,8 +47,8 @@ inline constexpr TextEncoding textEncodings[] = {
     //            group
     // name       size  bits  alphabet
     {"integer",   0,    0,    "0123456789"}, // as wide as a number of so many digits: aiDigitBits
-    {"hex-upper", 1,    4,    "0123456789ABCDEF"},
-    {"hex-lower", 1,    4,    "0123456789abcdef"},
+    {"hex-upper", 1,    4,    HEX_DIGITS},
+    {"hex-lower", 1,    4,    HEX_DIGITS_LOWER},
     {"base64url", 1,    6,    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_"},
     {"iso646",    1,    7,    {iso646Alphabet.data(), iso646Alphabet.size()}},
     {"code40",    3,    16,   {"\0ABCDEFGHIJKLMNOPQRSTUVWXYZ-.:0123456789", 40}}, // 0 fills up a group

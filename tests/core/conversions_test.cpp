@@ -2,6 +2,7 @@
 #include "core/hex_words.h"
 #include "core/long_decimal.h"
 
+#include "core/hex_digits.h"
 #include "core/text_cursor.h"
 #include "support/bits.h"
 #include "support/guarded_area.h"

@@ -1,4 +1,5 @@
 // The reader of texts: each rule at its borders, the text and the outputs against unreadable pages.
+#include "core/hex_digits.h"
 #include "core/text_cursor.h"
 
 #include "support/guarded_area.h"

@@ -3,7 +3,7 @@
 #include "check/check_value.h"
 #include "check/part_rules.h"
 #include "core/char_class.h"
-#include "core/text_cursor.h"
+#include "core/hex_digits.h"
 #include "recognise/link_text.h"
 
 #include <algorithm>
@@ -108,11 +108,10 @@ struct DecodedValue {
 };
 
 std::string escapesOf(std::string_view text) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
     std::string escapes;
     for (const char character : text) {
-        const auto code = static_cast<unsigned char>(character);
-        escapes += {'%', digits[code / 16], digits[code % 16]};
+        escapes += '%';
+        escapes += hexPairOf(static_cast<std::uint8_t>(character));
     }
     return escapes;
 }
@@ -132,11 +131,9 @@ void decodeValue(CheckRun& run, std::string_view code, const Segment& raw, Decod
         std::size_t size = 1;
         char character = text[at];
         if (character == '%') {
-            const bool isEscape =
-                left == 3 && hexDigitValue(text[at + 1]) >= 0 && hexDigitValue(text[at + 2]) >= 0;
-            if (isEscape) {
-                character = static_cast<char>(hexDigitValue(text[at + 1]) * 16 +
-                                              hexDigitValue(text[at + 2]));
+            const std::int32_t escaped = left == 3 ? hexPairValue(text[at + 1], text[at + 2]) : -1;
+            if (escaped >= 0) {
+                character = static_cast<char>(escaped);
                 size = 3;
             } else {
                 report(run, CheckRule::LINK_ESCAPE, code, {raw.position + at, left});
@@ -295,8 +292,8 @@ bool isOldSeparator(const CheckRun& run, std::size_t position, std::size_t end) 
         return false;
     }
     const std::string_view rest = run.value.substr(position + 1, end - position - 1);
-    const std::size_t equals = rest.find_first_not_of("0123456789");
-    return equals != rest.npos && equals >= 2 && rest[equals] == '=';
+    const auto equals = std::find_if_not(rest.begin(), rest.end(), charIsDigit);
+    return equals != rest.end() && equals - rest.begin() >= 2 && *equals == '=';
 }
 
 void checkQuery(CheckRun& run, std::size_t position, std::size_t end) {

@@ -3,7 +3,7 @@
 #include "check/assigned_codes.h"
 #include "check/check_pair.h"
 #include "core/char_class.h"
-#include "core/text_cursor.h"
+#include "core/hex_digits.h"
 #include "gs1/check_digit.h"
 #include "values/date_kinds.h"
 
@@ -168,7 +168,7 @@ Culprit badPositionOfTotal(std::string_view part) {
 Culprit badPercentEscape(std::string_view part) {
     for (std::size_t at = part.find('%'); at != std::string_view::npos; at = part.find('%', at)) {
         const std::size_t length = std::min<std::size_t>(3, part.size() - at);
-        if (length < 3 || hexDigitValue(part[at + 1]) < 0 || hexDigitValue(part[at + 2]) < 0) {
+        if (length < 3 || hexPairValue(part[at + 1], part[at + 2]) < 0) {
             return {at, length};
         }
         at += length;

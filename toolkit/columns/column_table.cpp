@@ -1,6 +1,7 @@
 #include "columns/column_table.h"
 
 #include "columns/column_error.h"
+#include "recognise/hex_text.h"
 
 #include <algorithm>
 #include <cstring>
@@ -123,12 +124,13 @@ bool putStatus(ColumnTable& table, OutputColumn& column, std::int64_t row, const
 }
 
 void putBytes(ColumnTable& table, OutputColumn& column, std::int64_t row, std::string_view hex) {
-    char* const room = columnWriterRoom(column.writer, hex.size() / 2);
+    char* const room = columnWriterRoom(column.writer, (hex.size() + 1) / 2);
     if (room == nullptr) {
         table.hasMemory = false;
         return;
     }
-    columnWriterTake(column.writer, row, bytesOfHexDigits(hex, room));
+    const std::size_t count = bytesOfHex(hex, reinterpret_cast<std::uint8_t*>(room));
+    columnWriterTake(column.writer, row, count);
 }
 
 void putTranslation(ColumnTable& table, OutputColumn& column, std::int64_t row,

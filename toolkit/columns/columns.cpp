@@ -1,6 +1,7 @@
 #include "columns/column_error.h"
 #include "columns/column_reader.h"
 #include "columns/column_table.h"
+#include "core/hex_digits.h"
 
 #include <algorithm>
 #include <new>
@@ -90,7 +91,9 @@ std::string_view valueText(Call& call, std::string_view value) {
         return value;
     }
     call.hex.clear();
-    appendHexDigits(call.hex, value);
+    for (const char byte : value) {
+        call.hex += hexPairOf(static_cast<std::uint8_t>(byte));
+    }
     return call.hex;
 }
 

@@ -1,5 +1,7 @@
 #include "explain/bit_walk.h"
 
+#include "core/hex_digits.h"
+
 #include <algorithm>
 
 namespace rosetag {
@@ -92,12 +94,11 @@ std::string decimalOfBits(std::string_view bits) {
 }
 
 std::string hexOfBits(std::string_view bits) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
     std::string hex;
     std::size_t width = bits.size() % 4; // of the first digit
     while (!bits.empty()) {
         width = width == 0 ? 4 : width;
-        hex += digits[numberOfBits(bits.substr(0, width))];
+        hex += HEX_DIGITS[numberOfBits(bits.substr(0, width))];
         bits.remove_prefix(width);
         width = 0;
     }

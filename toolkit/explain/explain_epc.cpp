@@ -249,15 +249,18 @@ void walkBankWords(Walk& walk, std::string_view words) {
         const std::string_view bits = walkTake(walk, "CRC", 16);
         walkMean(walk, "0x" + hexOfBits(bits) + ", right");
     }
-    const std::uint64_t length = walkNumber(walk, "EPC length", 5);
-    walkMean(walk, counted(length, "word") + ", " + std::to_string(16 * length) + " bits");
-    const bool hasUserMemory = walkNumber(walk, "user memory", 1) != 0;
-    walkMean(walk, hasUserMemory ? "holds something" : "empty");
-    const bool hasExtension = walkNumber(walk, "extended PC", 1) != 0;
-    walkMean(walk, hasExtension ? "follows the PC word" : "none");
-    const bool isOtherFamily = walkNumber(walk, "toggle", 1) != 0;
-    walkMean(walk, isOtherFamily ? "an application family of ISO" : "an EPC of GS1");
-    const std::string_view last = walkTake(walk, isOtherFamily ? "AFI" : "attribute bits", 8);
+    const PcWord pc = pcWordOf(wordAt(words, hasCrc ? 1 : 0));
+    walkTake(walk, "EPC length", PC_LENGTH_BITS);
+    walkMean(walk,
+             counted(pc.epcWords, "word") + ", " + std::to_string(16 * pc.epcWords) + " bits");
+    walkTake(walk, "user memory", PC_FLAG_BITS);
+    walkMean(walk, pc.hasUserMemory ? "holds something" : "empty");
+    walkTake(walk, "extended PC", PC_FLAG_BITS);
+    walkMean(walk, pc.hasExtension ? "follows the PC word" : "none");
+    walkTake(walk, "toggle", PC_FLAG_BITS);
+    walkMean(walk, pc.isOtherFamily ? "an application family of ISO" : "an EPC of GS1");
+    const std::string_view last =
+        walkTake(walk, pc.isOtherFamily ? "AFI" : "attribute bits", PC_LAST_BITS);
     walkMean(walk, "0x" + hexOfBits(last));
     for (std::size_t i = hasCrc ? 2 : 1; i < count; ++i) {
         walkMean(walk, "0x" + hexOfBits(walkTake(walk, "extended PC word", 16)));

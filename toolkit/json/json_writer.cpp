@@ -1,5 +1,7 @@
 #include "json/json_writer.h"
 
+#include "core/hex_digits.h"
+
 #include <array>
 #include <charconv>
 #include <cstring>
@@ -84,7 +86,6 @@ std::size_t sequenceLength(std::string_view text) {
 }
 
 void putEscape(std::string& text, char character) {
-    constexpr std::string_view digits = "0123456789abcdef";
     constexpr std::string_view named = "\"\\\b\f\n\r\t";
     constexpr std::string_view names = "\"\\bfnrt";
     text += '\\';
@@ -94,8 +95,8 @@ void putEscape(std::string& text, char character) {
     }
     const auto code = static_cast<unsigned char>(character);
     text += "u00";
-    text += digits[code >> 4];
-    text += digits[code & 15];
+    text += HEX_DIGITS_LOWER[code >> 4];
+    text += HEX_DIGITS_LOWER[code & 15];
 }
 
 void putComma(JsonWriter& json) {

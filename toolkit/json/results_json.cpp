@@ -1,6 +1,7 @@
 /*
  * The results of the toolkit as JSON objects.
  */
+#include "core/hex_digits.h"
 #include "json/json_writer.h"
 
 #include <rosetag/toolkit.hpp>
@@ -293,16 +294,13 @@ void appendJson(std::string& text, const Tid& result, std::string_view value) {
 }
 
 void appendJson(std::string& text, const SchemeInfo& scheme) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    const std::array<char, 4> header = {'0', 'x', digits[scheme.header >> 4],
-                                        digits[scheme.header & 15]};
     JsonWriter json{text};
     jsonBegin(json, '{');
     jsonMember(json, "number", static_cast<std::uint64_t>(scheme.scheme));
     jsonMember(json, "name", scheme.name);
     jsonMember(json, "family", scheme.family);
     jsonMember(json, "thing", scheme.thing);
-    jsonMember(json, "header", std::string_view(header.data(), header.size()));
+    jsonMember(json, "header", "0x" + std::string(hexPairOf(scheme.header)));
     jsonMember(json, "filter_limit", static_cast<std::uint64_t>(scheme.filterLimit));
     putFilterWords(json, scheme);
     jsonMemberBool(json, "uri", scheme.hasUris);

@@ -95,15 +95,11 @@ void takeOff(Reading& reading, const BankLayout& layout) {
 }
 
 bool failOtherFamily(Reading& reading, const BankLayout& layout, const PcWord& pc) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string family = "0x";
-    family += digits[pc.familyOrAttribute >> 4];
-    family += digits[pc.familyOrAttribute & 15];
     const std::string_view part = givenWords(reading, layout.pcIndex + 1);
     return readingFail(reading, EPC_ERR_UNKNOWN_HEADER, positionIn(reading, part), part.size(),
                        {"the PC word says that this tag is not one of GS1, but of the application "
-                        "family (AFI) " +
-                            family,
+                        "family (AFI) 0x" +
+                            std::string(hexPairOf(static_cast<std::uint8_t>(pc.familyOrAttribute))),
                         "read it with software of its application", "bank"});
 }
 
@@ -144,7 +140,13 @@ bool takeOffAsked(Reading& reading) {
 } // namespace
 
 PcWord pcWordOf(unsigned word) {
-    return {word >> 11, (word & 0x400) != 0, (word & 0x200) != 0, (word & 0x100) != 0, word & 0xFF};
+    std::size_t left = 4 * HEX_WORD_DIGITS;
+    const auto take = [&](std::size_t bits) {
+        left -= bits;
+        return word >> left & ((1U << bits) - 1);
+    };
+    const auto takeFlag = [&] { return take(PC_FLAG_BITS) != 0; };
+    return {take(PC_LENGTH_BITS), takeFlag(), takeFlag(), takeFlag(), take(PC_LAST_BITS)};
 }
 
 unsigned wordAt(std::string_view digits, std::size_t index) {

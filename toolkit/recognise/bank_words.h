@@ -13,7 +13,11 @@ namespace rosetag {
 
 inline constexpr std::size_t HEX_WORD_DIGITS = 4;
 
-// A PC word. Of the last eight bits the toggle says what they are.
+// The fields of a PC word in their order: a length, three flags, and what the last of these says.
+inline constexpr std::size_t PC_LENGTH_BITS = 5;
+inline constexpr std::size_t PC_FLAG_BITS = 1;
+inline constexpr std::size_t PC_LAST_BITS = 8;
+
 struct PcWord {
     unsigned epcWords;  // the length of the EPC in words
     bool hasUserMemory; // the user memory holds something

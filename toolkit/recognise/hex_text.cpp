@@ -1,5 +1,6 @@
 #include "recognise/hex_text.h"
 
+#include "core/hex_words.h"
 #include "recognise/look.h"
 #include "words/shown_text.h"
 
@@ -72,12 +73,8 @@ bool prepareHex(Reading& reading, std::string_view value) {
 }
 
 std::size_t bytesOfHex(std::string_view digits, std::uint8_t* room) {
-    const std::size_t count = (digits.size() + 1) / 2;
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::int32_t low = 2 * i + 1 < digits.size() ? hexDigitValue(digits[2 * i + 1]) : 0;
-        room[i] = static_cast<std::uint8_t>(hexDigitValue(digits[2 * i]) << 4 | low);
-    }
-    return count;
+    hexToBytes(digits, room);
+    return (digits.size() + 1) / 2;
 }
 
 } // namespace rosetag

@@ -5,7 +5,7 @@
 #ifndef ROSETAG_TOOLKIT_RECOGNISE_HEX_TEXT_H
 #define ROSETAG_TOOLKIT_RECOGNISE_HEX_TEXT_H
 
-#include "core/text_cursor.h"
+#include "core/hex_digits.h"
 #include "recognise/reading.h"
 
 namespace rosetag {
@@ -30,8 +30,8 @@ bool hexIsTid(std::string_view value);
 // Keeps the digits of a value.
 bool prepareHex(Reading& reading, std::string_view value);
 
-// The bytes of digits; an odd last digit fills the high half of its byte. room takes
-// EPC_MAX_BINARY_BYTES.
+// Writes the bytes of digits and gives their count; an odd last digit fills the high half of its
+// byte.
 std::size_t bytesOfHex(std::string_view digits, std::uint8_t* room);
 
 } // namespace rosetag

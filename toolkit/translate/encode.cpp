@@ -198,9 +198,8 @@ std::string normalHex(std::string_view hex) {
     }
     // The last bits of the last word are not part of the value.
     for (std::size_t bit = bits; bit < 4 * normal.size(); ++bit) {
-        constexpr std::string_view digits = "0123456789ABCDEF";
         const std::int32_t kept = hexDigitValue(normal[bit / 4]) & ~(8 >> bit % 4);
-        normal[bit / 4] = digits[static_cast<std::size_t>(kept)];
+        normal[bit / 4] = HEX_DIGITS[static_cast<std::size_t>(kept)];
     }
     return normal;
 }

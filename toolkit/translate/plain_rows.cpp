@@ -70,22 +70,4 @@ bool plainRowForm(const PlainRow& row, PlainRowExport convert, char* room) {
     return convert(PLAIN_ROW_BITS, row.bytes, PLAIN_ROW_ROOM, room) == EPC_OK;
 }
 
-void appendHexDigits(std::string& text, std::string_view bytes) {
-    constexpr char digits[] = "0123456789ABCDEF";
-    for (const char character : bytes) {
-        const auto byte = static_cast<unsigned char>(character);
-        text += digits[byte >> 4];
-        text += digits[byte & 15];
-    }
-}
-
-std::size_t bytesOfHexDigits(std::string_view hex, char* bytes) {
-    const std::size_t count = (hex.size() + 1) / 2;
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::int32_t low = 2 * i + 1 < hex.size() ? hexDigitValue(hex[2 * i + 1]) : 0;
-        bytes[i] = static_cast<char>(hexDigitValue(hex[2 * i]) << 4 | low);
-    }
-    return count;
-}
-
 } // namespace rosetag

@@ -31,11 +31,6 @@ PlainRowExport plainRowExportOf(Form form);
 // Writes a form into PLAIN_ROW_ROOM bytes. False where the export fails.
 bool plainRowForm(const PlainRow& row, PlainRowExport convert, char* room);
 
-void appendHexDigits(std::string& text, std::string_view bytes);
-
-// Gives the count of bytes. An odd last digit is the high half of its byte.
-std::size_t bytesOfHexDigits(std::string_view hex, char* bytes);
-
 } // namespace rosetag
 
 #endif

@@ -1,11 +1,11 @@
 #include "words/shown_text.h"
 
+#include "core/hex_digits.h"
 #include "gs1/ai_list.h"
 
 namespace rosetag {
 
 std::string shownText(std::string_view text) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
     constexpr std::size_t longest = 100;
     std::string shown;
     for (const char character : text.substr(0, longest)) {
@@ -14,8 +14,7 @@ std::string shownText(std::string_view text) {
             shown += GROUP_SEPARATOR_SPELLED;
         } else if (code < 32 || code == 127) {
             shown += "\\x";
-            shown += digits[code >> 4];
-            shown += digits[code & 15];
+            shown += hexPairOf(code);
         } else {
             shown += character;
         }

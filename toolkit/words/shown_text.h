@@ -4,6 +4,8 @@
 #ifndef ROSETAG_TOOLKIT_WORDS_SHOWN_TEXT_H
 #define ROSETAG_TOOLKIT_WORDS_SHOWN_TEXT_H
 
+#include <rosetag/toolkit.hpp>
+
 #include <string>
 #include <string_view>
 
@@ -11,10 +13,7 @@ namespace rosetag {
 
 inline constexpr std::string_view GROUP_SEPARATOR_SPELLED = "{GS}";
 
-// Control characters spelled, a long text cut.
-std::string shownText(std::string_view text);
-
-// The same in quotes.
+// shownText in quotes.
 std::string quotedText(std::string_view text);
 
 // "1 digit", "13 digits".

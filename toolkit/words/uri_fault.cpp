@@ -1,7 +1,7 @@
 #include "words/uri_fault.h"
 
 #include "core/char_class.h"
-#include "core/text_cursor.h"
+#include "core/hex_digits.h"
 #include "schemes/epc_uri.h"
 #include "schemes/field_cage_code.h"
 #include "translate/translate.h"
@@ -136,18 +136,17 @@ bool faultOfEscapes(UriFault& fault, const FieldView& view, std::uint32_t set, s
         std::size_t length = 1;
         if (character == '%') {
             length = std::min<std::size_t>(3, rest.size());
-            if (length < 3 || hexDigitValue(rest[1]) < 0 || hexDigitValue(rest[2]) < 0) {
+            if (length < 3 || hexPairValue(rest[1], rest[2]) < 0) {
                 return faultAt(fault, view, rest.substr(0, length),
                                "two hexadecimal digits follow a \"%\"",
                                "write \"%\" itself as %25");
             }
-            character = static_cast<char>(hexDigitValue(rest[1]) * 16 + hexDigitValue(rest[2]));
+            character = static_cast<char>(hexPairValue(rest[1], rest[2]));
         } else if (charIsOfClass(character, CHAR_CLASS_URI_ESCAPE) && character != ' ') {
-            constexpr std::string_view digits = "0123456789ABCDEF";
-            const auto code = static_cast<unsigned char>(character);
             return faultAt(fault, view, rest.substr(0, 1),
                            quotedText(rest.substr(0, 1)) + " must be escaped in a URI",
-                           std::string("write %") + digits[code >> 4] + digits[code & 15]);
+                           "write %" +
+                               std::string(hexPairOf(static_cast<std::uint8_t>(character))));
         }
         if (!charIsOfClass(character, set)) {
             return faultAt(fault, view, rest.substr(0, length),
