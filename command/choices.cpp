@@ -83,7 +83,11 @@ std::vector<std::string> choicesOf(std::string_view typeName) {
         return wordsOf(delimiterWords, &DelimiterWord::word);
     }
     if (typeName == "GCP-LENGTH") {
-        return {"6", "7", "8", "9", "10", "11", "12"};
+        std::vector<std::string> words;
+        for (int length = MIN_GCP_LENGTH; length <= MAX_GCP_LENGTH; ++length) {
+            words.push_back(std::to_string(length));
+        }
+        return words;
     }
     return {};
 }

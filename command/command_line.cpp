@@ -211,7 +211,9 @@ void addTable(CLI::App& command, Arguments& arguments) {
 
 void addGcpLength(CLI::App& command, Arguments& arguments, bool mayBeColumn) {
     takeChoice(*command.add_option("--gcp-length", arguments.gcpLength,
-                                   "the number of digits of the GS1 company prefix, 6 to 12"),
+                                   "the number of digits of the GS1 company prefix, " +
+                                       std::to_string(MIN_GCP_LENGTH) + " to " +
+                                       std::to_string(MAX_GCP_LENGTH)),
                "GCP-LENGTH", "company prefix length", mayBeColumn);
 }
 

@@ -226,8 +226,10 @@ std::string encodeOptionsOf(const EncodeWords& words, std::span<const std::strin
     }
     if (!gcpLength.empty()) {
         options.read.gcpLength = numberOf(gcpLength);
-        if (options.read.gcpLength.value_or(0) < 6 || *options.read.gcpLength > 12) {
-            return "--gcp-length: a company prefix has 6 to 12 digits, and \"" + gcpLength +
+        if (options.read.gcpLength.value_or(0) < MIN_GCP_LENGTH ||
+            *options.read.gcpLength > MAX_GCP_LENGTH) {
+            return "--gcp-length: a company prefix has " + std::to_string(MIN_GCP_LENGTH) + " to " +
+                   std::to_string(MAX_GCP_LENGTH) + " digits, and \"" + gcpLength +
                    "\" is none of these numbers";
         }
     }

@@ -312,6 +312,10 @@ struct Note {
 
 struct GcpList;
 
+/** The digits of the shortest and of the longest GS1 company prefix that a tag can hold. */
+inline constexpr int MIN_GCP_LENGTH = 6;
+inline constexpr int MAX_GCP_LENGTH = 12;
+
 /** Which words of a tag's EPC memory bank hex begins with. */
 enum class Bank : std::uint8_t {
     AUTO,   ///< Find out.
@@ -327,7 +331,7 @@ std::span<const std::string_view> bankWords();
 struct ReadOptions {
     bool asBarcode = false;       ///< Digits without any mark are a barcode string, not hex.
     bool strict = false;          ///< Links are taken as they are: nothing is left out or padded.
-    std::optional<int> gcpLength; ///< Digits of the GS1 company prefix, 6 to 12.
+    std::optional<int> gcpLength; ///< Digits of the GS1 company prefix.
     const GcpList* gcpList = nullptr; ///< Tells it where gcpLength is not given; may be null.
     char separator = '\0';            ///< Stands for GS in barcode strings; NUL: no other does.
     Bank bank = Bank::AUTO;           ///< Where hex begins.

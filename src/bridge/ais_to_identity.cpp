@@ -1,13 +1,11 @@
 #include "bridge/ais_to_identity.h"
 
 #include "schemes/epc_uri.h"
+#include "schemes/partition.h"
 
 namespace rosetag {
 
 namespace {
-
-constexpr std::int32_t MIN_GCP_LENGTH = 6;
-constexpr std::int32_t MAX_GCP_LENGTH = 12;
 
 // Appends the characters from start up to end, which lies after the text if a value is too short.
 EpcStatus putWithinText(TextBuffer& dst, std::string_view text, std::uint32_t start,
@@ -56,8 +54,9 @@ EpcStatus putSecondaryValue(std::string_view text, AiBrackets brackets, std::str
 } // namespace
 
 EpcStatus gcpLengthCheck(std::int32_t gcpLength) {
-    return gcpLength >= MIN_GCP_LENGTH && gcpLength <= MAX_GCP_LENGTH ? EPC_OK
-                                                                      : EPC_ERR_FILTER_FIELD;
+    const bool isLength = gcpLength >= companyPrefixSizes.back().digits &&
+                          gcpLength <= companyPrefixSizes.front().digits;
+    return isLength ? EPC_OK : EPC_ERR_FILTER_FIELD;
 }
 
 EpcStatus gs1KeyCheckScheme(const Gs1KeyDefinition& key, const TagSchemeOps& row,

@@ -10,6 +10,7 @@
 #include "core/text_buffer.h"
 
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <string_view>
 
@@ -17,16 +18,24 @@ namespace rosetag {
 
 constexpr std::int32_t MAX_LONG_DIGITS = 90;
 
+// By the count n of decimal digits the bits b of any such number: 2^b >= 10^n. No power of ten
+// above 1 is a power of two, so that b is the width of 10^n itself.
 constexpr std::array<std::int32_t, MAX_LONG_DIGITS + 1> aiDigitBitsTableMake() {
     std::array<std::int32_t, MAX_LONG_DIGITS + 1> bits{};
+    std::array<std::uint32_t, MAX_LONG_DIGITS / 9> power{1}; // lowest first, each over 9 digits
     for (std::size_t n = 1; n < bits.size(); ++n) {
-        bits[n] = static_cast<std::int32_t>(n * 33219280949ULL / 10000000000ULL) + 1;
+        std::uint64_t carry = 0;
+        for (std::size_t limb = 0; limb < power.size(); ++limb) {
+            carry += std::uint64_t{power[limb]} * 10;
+            power[limb] = static_cast<std::uint32_t>(carry & 0xFFFFFFFF);
+            carry >>= 32;
+            const auto width = static_cast<std::int32_t>(std::bit_width(power[limb]));
+            bits[n] = width == 0 ? bits[n] : 32 * static_cast<std::int32_t>(limb) + width;
+        }
     }
     return bits;
 }
 
-// Bits of a number by the count n of its decimal digits: the smallest b with 2^b >= 10^n. No power
-// of ten above 1 is a power of two, so that b is n * log2(10) rounded up.
 inline constexpr std::array<std::int32_t, MAX_LONG_DIGITS + 1> aiDigitBitsTable =
     aiDigitBitsTableMake();
 static_assert(aiDigitBitsTable[1] == 4 && aiDigitBitsTable[19] == 64 &&

@@ -91,12 +91,10 @@ EpcStatus encodeCode40(TextCursor& cursor, BitBuffer& out) {
 
 // Padding is skipped wherever it occurs.
 EpcStatus putCode40Group(TextBuffer& text, std::uint32_t group) {
-    constexpr std::uint32_t base = CODE40_BASE;
     if (group < 1 || group > CODE40_LARGEST) {
         return EPC_ERR_BAD_FORMAT;
     }
-    const std::uint32_t sum = group - 1;
-    for (const std::uint32_t value : {sum / (base * base), sum / base % base, sum % base}) {
+    for (const std::uint32_t value : code40Values(group)) {
         if (code40.alphabet[value] != '\0') {
             EPC_TRY(textBufferPutChar(text, code40.alphabet[value]));
         }

@@ -67,6 +67,13 @@ constexpr std::ptrdiff_t textPayloadBits(std::int32_t encoding, std::ptrdiff_t c
 constexpr std::uint32_t CODE40_BASE = 40;
 constexpr std::uint32_t CODE40_LARGEST = CODE40_BASE * CODE40_BASE * CODE40_BASE;
 
+// The values of the characters of a group, which is 1 to CODE40_LARGEST.
+constexpr std::array<std::uint32_t, 3> code40Values(std::uint32_t group) {
+    const std::uint32_t number = group - 1;
+    return {number / (CODE40_BASE * CODE40_BASE), number / CODE40_BASE % CODE40_BASE,
+            number % CODE40_BASE};
+}
+
 // The encoding for all characters up to the end. EPC_ERR_BAD_CHARACTER at one that no AI value may
 // contain.
 EpcStatus aiChooseEncoding(const TextCursor& cursor, std::int32_t& encoding);

@@ -16,22 +16,35 @@ namespace {
 
 using namespace ai_rules;
 
-constexpr bool hasLinkKeyRow(const DigitalLinkKeyChain& chain) {
-    const auto qualifiers = qualifiersOf(chain);
-    const auto isSame = [](std::string_view one, std::string_view other) { return one == other; };
-    return std::any_of(std::begin(linkKeyRows), std::end(linkKeyRows), [&](const LinkKey& row) {
-        return row.key == chain.key &&
-               std::equal(qualifiers.begin(), qualifiers.end(), row.qualifiers.begin(), isSame);
-    });
+constexpr bool replaces(const NewerLinkKey& newer, const DigitalLinkKeyChain& chain) {
+    return newer.key == chain.key && newer.writtenQualifier == chain.qualifiers[0];
 }
-static_assert(std::all_of(std::begin(linkKeyRows), std::end(linkKeyRows), [](const LinkKey& row) {
-    return digitalLinkKeyFind(row.key) != nullptr;
-}));
-// The library writes AI 235 after AI 414, where the standard has AI 7040.
-static_assert(std::count_if(std::begin(digitalLinkKeyChains), std::end(digitalLinkKeyChains),
-                            [](const DigitalLinkKeyChain& chain) {
-                                return !hasLinkKeyRow(chain);
-                            }) == 1);
+static_assert(std::all_of(std::begin(newerLinkKeyRows), std::end(newerLinkKeyRows),
+                          [](const NewerLinkKey& newer) {
+                              return std::count_if(std::begin(digitalLinkKeyChains),
+                                                   std::end(digitalLinkKeyChains),
+                                                   [&](const DigitalLinkKeyChain& chain) {
+                                                       return replaces(newer, chain);
+                                                   }) == 1;
+                          }),
+              "each replaces one row of the library");
+
+using LinkKeys = std::array<LinkKey, std::size(digitalLinkKeyChains)>;
+
+constexpr LinkKeys linkKeysMake() {
+    LinkKeys keys{};
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const DigitalLinkKeyChain& chain = digitalLinkKeyChains[i];
+        const auto qualifiers = qualifiersOf(chain);
+        keys[i].key = chain.key;
+        std::copy(qualifiers.begin(), qualifiers.end(), keys[i].qualifiers.begin());
+        for (const NewerLinkKey& newer : newerLinkKeyRows) {
+            keys[i].qualifiers = replaces(newer, chain) ? newer.qualifiers : keys[i].qualifiers;
+        }
+    }
+    return keys;
+}
+constexpr LinkKeys linkKeyRows = linkKeysMake();
 
 constexpr std::size_t SLOT_COUNT = 10000;
 
@@ -136,8 +149,12 @@ static_assert(std::all_of(aiTable.begin(), aiTable.end(), partsFit));
 
 constexpr KnownAi knownAiOfRow(const AiTableRow& row) {
     const AiRule& rule = *ruleRowOf(aiFirstCode(row));
-    const bool hasParts = rule.parts[0].most != 0;
-    return {&rule, hasParts ? rule.parts : partsOf(row.components), {}};
+    if (rule.parts[0].most != 0) {
+        return {&rule, rule.parts, {}};
+    }
+    ValueParts parts = partsOf(row.components);
+    parts[1].optional = parts[1].optional || rule.parts[1].optional;
+    return {&rule, parts, {}};
 }
 
 // An AI that is not assigned, then those of each row of the AI table, then the newer ones.
@@ -182,7 +199,7 @@ constexpr Slots knownSlotsMake() {
 constexpr Slots knownSlots = knownSlotsMake();
 
 // AI 03 begins with digits that the table of prefixes does not have.
-constexpr AiPrefix newPrefix = {2, 14};
+constexpr AiPrefix newPrefix = {2, GTIN_LENGTH};
 
 AiPrefix knownAiPrefix(char first, char second) {
     const bool isNew = first == '0' && second == '3';
@@ -208,11 +225,6 @@ std::size_t predefinedValueLength(std::string_view code) {
 
 std::span<const LinkKey> linkKeys() {
     return linkKeyRows;
-}
-
-bool isLinkKey(std::string_view code) {
-    const bool isCode = code.size() >= 2 && charIsDigit(code[0]);
-    return isCode && digitalLinkKeyFind(code) != nullptr;
 }
 
 } // namespace rosetag

@@ -69,13 +69,13 @@ struct AiRule {
     std::string_view first;
     std::string_view last;
     std::uint8_t companyPrefixAt; // character of the value, from 1, where a prefix begins; 0: none
-    ValueParts parts;             // none where the AI table says it all
+    ValueParts parts;             // none where the AI table says it all; see secondOptional
     std::string_view needs;       // "01+21,8006": 01 and 21, or 8006; 31nn: any that begins so
     std::string_view excludes;    // "=n": any other code with the same first three digits
     LinkQuery linkQuery;          // whether it may stand in the query of a link
 };
 
-// The digits of the shortest company prefix.
+// The digits of the shortest company prefix that GS1 assigns; those in a tag are longer.
 inline constexpr std::size_t SHORTEST_COMPANY_PREFIX = 4;
 
 // What is known of one AI.
@@ -101,8 +101,6 @@ struct LinkKey {
 };
 
 std::span<const LinkKey> linkKeys();
-
-bool isLinkKey(std::string_view code);
 
 } // namespace rosetag
 

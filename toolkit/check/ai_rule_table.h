@@ -8,6 +8,7 @@
 #define ROSETAG_TOOLKIT_CHECK_AI_RULE_TABLE_H
 
 #include "check/ai_rule.h"
+#include "gs1/barcode_string.h"
 
 namespace rosetag {
 
@@ -33,7 +34,7 @@ inline constexpr auto x = CharacterSet::SET_82;
 inline constexpr auto y = CharacterSet::SET_39;
 inline constexpr auto z = CharacterSet::BASE64URL;
 
-inline constexpr ValuePart gtin = fixed(n, 14, PartRule::CHECK_DIGIT);
+inline constexpr ValuePart gtin = fixed(n, GTIN_LENGTH, PartRule::CHECK_DIGIT);
 inline constexpr ValuePart pieceOfTotal = fixed(n, 4, PartRule::PIECE_OF_TOTAL);
 inline constexpr ValuePart date = fixed(n, 6, PartRule::DATE);
 inline constexpr ValuePart dateOrMonth = fixed(n, 6, PartRule::DATE_OR_MONTH);
@@ -49,6 +50,9 @@ inline constexpr ValuePart amount = upTo(n, 15);
 constexpr ValuePart escaped(std::uint8_t most) {
     return upTo(x, most, PartRule::PERCENT_ESCAPES);
 }
+
+// The parts of the AI table, of which the second may be missing.
+inline constexpr ValueParts secondOptional = {ValuePart{}, optional(ValuePart{})};
 
 inline constexpr ValueParts countries = {country, optional(country), optional(country),
                                          optional(country), optional(country)};
@@ -92,11 +96,9 @@ inline constexpr AiRule aiRuleRows[] = {
     {"243",  "243",  0, {},                                               "01,03",           "",           Q},
     {"250",  "250",  0, {},                                               "01+21,03+21,8006+21", "",       Q},
     {"251",  "251",  0, {},                                               "01,03,8006",      "",           Q},
-    {"253",  "253",  1, {fixed(n, 13, PartRule::CHECK_DIGIT),
-                         optional(upTo(x, 17))},                          "",                "",           Q},
+    {"253",  "253",  1, secondOptional,                                   "",                "",           Q},
     {"254",  "254",  0, {},                                               "414",             "",           NO},
-    {"255",  "255",  1, {fixed(n, 13, PartRule::CHECK_DIGIT),
-                         optional(upTo(n, 12))},                          "",                "01,02,415,8006,8020,8026", Q},
+    {"255",  "255",  1, secondOptional,                                   "",                "01,02,415,8006,8020,8026", Q},
     {"30",   "30",   0, {},                                               "01,02",           "",           Q},
     {"3100", "3299", 0, {},                                               "01,02",           "=n",         Q},
     {"3300", "3369", 0, {},                                               "00,01",           "=n",         Q},
@@ -253,27 +255,19 @@ inline constexpr NewerAi newerAiRows[] = {
     {"8043", "PSIM"},
 };
 
+// Where the standard has other qualifiers today than the library writes.
+//
 // Source: GS1 Digital Link Standard, URI syntax (primary keys and key qualifiers).
-inline constexpr LinkKey linkKeyRows[] = {
-    // key    qualifiers
-    {"00",   {}},
-    {"01",   {"22", "10", "21"}},
-    {"01",   {"235"}},
-    {"253",  {}},
-    {"255",  {}},
-    {"401",  {}},
-    {"402",  {}},
-    {"414",  {"254"}},
-    {"414",  {"7040"}},
-    {"415",  {"8020"}},
-    {"417",  {"7040"}},
-    {"8003", {}},
-    {"8004", {"7040"}},
-    {"8006", {"22", "10", "21"}},
-    {"8010", {"8011"}},
-    {"8013", {}},
-    {"8017", {"8019"}},
-    {"8018", {"8019"}},
+struct NewerLinkKey {
+    std::string_view key;
+    std::string_view writtenQualifier; // the first one of the library's row; empty: it has none
+    std::array<std::string_view, 3> qualifiers;
+};
+inline constexpr NewerLinkKey newerLinkKeyRows[] = {
+    // key   written  today
+    {"414",  "235",   {"7040"}},
+    {"415",  "",      {"8020"}},
+    {"8004", "",      {"7040"}},
 };
 // clang-format on
 

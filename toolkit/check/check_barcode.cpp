@@ -1,6 +1,7 @@
 #include "check/check_text.h"
 #include "check/check_value.h"
 #include "recognise/barcode_text.h"
+#include "recognise/gtin_text.h"
 
 #include <algorithm>
 
@@ -109,7 +110,7 @@ void checkAiRun(CheckRun& run, std::size_t position, std::size_t end) {
 void checkGtinAlone(CheckRun& run, std::size_t position, std::size_t end) {
     const std::string_view digits = run.value.substr(position, end - position);
     KnownAi known = knownAiOf(GTIN_AI);
-    if (digits.size() == 8 || digits.size() == 12 || digits.size() == 13) {
+    if (isShortGtinLength(digits.size())) {
         known.parts[0].least = known.parts[0].most = static_cast<std::uint8_t>(digits.size());
     }
     checkAi(run, {GTIN_AI, known.rule, digits, position, 0}, known, {digits, position});

@@ -4,6 +4,7 @@
 #include "check/part_rules.h"
 #include "core/char_class.h"
 #include "core/hex_digits.h"
+#include "gs1/digital_link_keys.h"
 #include "recognise/link_text.h"
 
 #include <algorithm>
@@ -86,7 +87,7 @@ std::size_t findKey(const CheckRun& run, const Path& path) {
     std::size_t fitting = path.count;
     for (std::size_t i = 0; i < path.count; ++i) {
         const std::string_view code = aiOfName(textOf(run, path.segments[i]));
-        if (!isLinkKey(code)) {
+        if (!aiIsLinkKey(code)) {
             continue;
         }
         first = std::min(first, i);
@@ -215,8 +216,8 @@ void checkQualifier(CheckRun& run, QualifierOrder& order, std::string_view code,
         report(run, CheckRule::LINK_QUALIFIER, code, place,
                "after AI " + std::string(order.key) + " the path of a link takes " +
                    qualifiersOfKey(order.key) +
-                   (isLinkKey(code) ? ": write a link of its own for AI "
-                                    : ": move to the query AI ") +
+                   (aiIsLinkKey(code) ? ": write a link of its own for AI "
+                                      : ": move to the query AI ") +
                    std::string(code));
         return;
     }

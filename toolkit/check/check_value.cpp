@@ -2,7 +2,9 @@
 
 #include "check/part_rules.h"
 #include "core/char_class.h"
-#include "gs1/check_digit.h"
+#include "recognise/barcode_text.h"
+#include "recognise/gtin_text.h"
+#include "values/text_encoding.h"
 
 #include <algorithm>
 #include <iterator>
@@ -29,9 +31,8 @@ bool isOfSet39(char character) {
 //
 // Source: RFC 4648, section 5.
 bool isBase64Url(char character) {
-    constexpr std::string_view marks = "-_=";
-    return charIsDigit(character) || (character >= 'A' && character <= 'Z') ||
-           (character >= 'a' && character <= 'z') || marks.find(character) != marks.npos;
+    constexpr std::string_view alphabet = textEncodings[AI_ENC_BASE64URL].alphabet;
+    return character == '=' || alphabet.find(character) != alphabet.npos;
 }
 
 constexpr CharacterSetEntry characterSets[] = {
@@ -57,8 +58,7 @@ struct PartCheck {
 
 // Some programs write another character where the separator belongs: an AI follows it.
 std::string_view hintAtSeparator(std::string_view rest) {
-    constexpr std::string_view stand = "^~|";
-    if (rest.size() < 3 || stand.find(rest[0]) == stand.npos) {
+    if (rest.size() < 3 || LIKELY_SEPARATORS.find(rest[0]) == rest.npos) {
         return {};
     }
     const std::size_t length = knownAiCodeLength(rest[1], rest[2]);
@@ -107,16 +107,20 @@ void checkPartRules(const ValueCheck& check, const PartCheck& part) {
     }
 }
 
+// True for fourteen digits with a check digit and nothing after them.
+bool isGtinAlone(const ValueParts& parts) {
+    return parts[0].least == GTIN_LENGTH && parts[0].rules[0] == PartRule::CHECK_DIGIT &&
+           parts[1].most == 0;
+}
+
 // A GTIN as it is printed below the bars, without the zeros in front.
 bool checkShortGtin(const ValueCheck& check) {
     const std::string_view digits = check.value.characters;
-    const bool isGtin = check.code == "01" || check.code == "02" || check.code == "03";
-    const bool isShort = digits.size() == 8 || digits.size() == 12 || digits.size() == 13;
-    if (!isGtin || !isShort || check.ai.parts[0].most == digits.size() ||
+    if (!isGtinAlone(check.ai.parts) || !isShortGtinLength(digits.size()) ||
         !std::all_of(digits.begin(), digits.end(), charIsDigit)) {
         return false;
     }
-    const std::size_t zeros = 14 - digits.size();
+    const std::size_t zeros = GTIN_LENGTH - digits.size();
     Finding& finding =
         reportIn(check.run, CheckRule::SHORT_GTIN, check.code, check.value, 0, digits.size(),
                  "GTIN-" + std::to_string(digits.size()) + ": put " + std::string(zeros, '0') +

@@ -19,10 +19,8 @@ bool appendGroup(std::string& text, std::uint64_t group, const TextEncoding& enc
     if (group == 0 || group > CODE40_LARGEST) {
         return false;
     }
-    --group;
-    for (const std::uint64_t value : {group / (CODE40_BASE * CODE40_BASE),
-                                      group / CODE40_BASE % CODE40_BASE, group % CODE40_BASE}) {
-        if (value != 0) {
+    for (const std::uint32_t value : code40Values(static_cast<std::uint32_t>(group))) {
+        if (encoding.alphabet[value] != '\0') {
             text += encoding.alphabet[value];
         }
     }
@@ -105,7 +103,8 @@ void walkText(Walk& walk, const AiSubject& subject, const AiComponent& component
         return walkGroups(walk, subject, encoding, length);
     }
     if (length > std::size_t{MAX_LONG_DIGITS}) {
-        return walkFail(walk, "a number has no more than 90 digits");
+        return walkFail(walk,
+                        "a number has no more than " + std::to_string(MAX_LONG_DIGITS) + " digits");
     }
     walkDigitsAsNumber(walk, subject, length);
 }

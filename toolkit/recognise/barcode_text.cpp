@@ -2,6 +2,7 @@
 
 #include "gs1/ai_list.h"
 #include "gs1/barcode_string.h"
+#include "recognise/gtin_text.h"
 #include "recognise/look.h"
 #include "words/ai_words.h"
 #include "words/shown_text.h"
@@ -84,21 +85,20 @@ namespace {
 // An EAN symbol holds a GTIN of any of three lengths; the zeros before it may be missing.
 bool prepareGtinSymbol(Reading& reading, std::string_view data, const SymbologyIdentifier& row) {
     const bool isEan = row.identifier[1] == 'E';
-    const bool isLength = data.size() == row.gtinDigits ||
-                          (isEan && (data.size() == 8 || data.size() == 12 || data.size() == 13));
+    const bool isLength =
+        data.size() == row.gtinDigits || (isEan && isShortGtinLength(data.size()));
     if (!isLength || !isAllDigits(data)) {
         const auto stranger = std::find_if_not(data.begin(), data.end(), charIsDigit);
         const bool isLong = stranger == data.end();
         const std::size_t at = isLong ? 0 : static_cast<std::size_t>(stranger - data.begin());
-        return readingFail(
-            reading, isLong ? EPC_ERR_BAD_FORMAT : EPC_ERR_BAD_CHARACTER,
-            positionIn(reading, data) + at, isLong ? data.size() : 1,
-            {std::string(row.identifier) + " is followed by " +
-                 (isEan ? std::string("8, 12 or 13") : std::to_string(row.gtinDigits)) +
-                 " digits, " +
-                 (isLong ? "and here are " + std::to_string(data.size())
-                         : quotedText(data.substr(at, 1)) + " is not one"),
-             "scan the symbol again"});
+        return readingFail(reading, isLong ? EPC_ERR_BAD_FORMAT : EPC_ERR_BAD_CHARACTER,
+                           positionIn(reading, data) + at, isLong ? data.size() : 1,
+                           {std::string(row.identifier) + " is followed by " +
+                                (isEan ? shortGtinLengthsText() : std::to_string(row.gtinDigits)) +
+                                " digits, " +
+                                (isLong ? "and here are " + std::to_string(data.size())
+                                        : quotedText(data.substr(at, 1)) + " is not one"),
+                            "scan the symbol again"});
     }
     const std::size_t before = reading.notes.size();
     keepGtin(reading, data);
@@ -107,11 +107,6 @@ bool prepareGtinSymbol(Reading& reading, std::string_view data, const SymbologyI
         reading.notes.removeLast();
     }
     return true;
-}
-
-// A GTIN of 8, 12 or 13 digits at the end, or before a separator, where 14 belong.
-bool endsShortGtin(std::string_view ai, std::string_view value) {
-    return (ai == "01" || ai == "02") && value.size() != 14 && isGtin(value);
 }
 
 void keepRun(Reading& reading, std::string_view run) {
@@ -124,8 +119,12 @@ void keepRun(Reading& reading, std::string_view run) {
             length += mark == 0 ? 1 : 0;
         }
         const std::string_view part = run.substr(0, length);
-        const std::string_view ai = part.substr(0, 2);
-        if (part.size() < 2 || !keepPaddedGtin(reading, ai, part.substr(2))) {
+        // A GTIN at the end, or before a separator, may be short.
+        const std::string_view ai = part.substr(0, GTIN_AI.size());
+        if (isShortGtinOf(ai, part.substr(ai.size()))) {
+            readingKeep(reading, ai);
+            keepGtin(reading, part.substr(ai.size()));
+        } else {
             readingKeep(reading, part);
         }
         if (mark > 0) {
@@ -198,26 +197,6 @@ bool holdsSeparator(std::string_view text, const ReadOptions& options) {
         }
     }
     return false;
-}
-
-void keepGtin(Reading& reading, std::string_view digits) {
-    constexpr std::string_view zeros = "00000000000000";
-    const std::size_t missing = zeros.size() - digits.size();
-    readingPut(reading, zeros.substr(0, missing), positionIn(reading, digits));
-    readingKeep(reading, digits);
-    if (missing > 0) {
-        readingNote(reading, NoteKind::PADDED, digits,
-                    "padded the GTIN " + std::string(digits) + " to 14 digits");
-    }
-}
-
-bool keepPaddedGtin(Reading& reading, std::string_view ai, std::string_view value) {
-    if (!endsShortGtin(ai, value)) {
-        return false;
-    }
-    readingKeep(reading, ai);
-    keepGtin(reading, value);
-    return true;
 }
 
 bool prepareBarcode(Reading& reading, std::string_view value) {

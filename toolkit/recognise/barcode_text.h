@@ -33,13 +33,6 @@ bool takeOffIdentifier(Reading& reading, std::string_view& value);
 // Keeps the run of AIs and values, with GS between them and without an identifier.
 bool prepareBarcode(Reading& reading, std::string_view value);
 
-// Keeps the 14 digits of a GTIN of 8, 12, 13 or 14 digits after AI 01, with a note if it was
-// padded.
-void keepGtin(Reading& reading, std::string_view digits);
-
-// Pads a GTIN that is the value of AI 01 or 02. False, with nothing kept, if it needs no padding.
-bool keepPaddedGtin(Reading& reading, std::string_view ai, std::string_view value);
-
 } // namespace rosetag
 
 #endif

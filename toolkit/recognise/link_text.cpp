@@ -1,9 +1,10 @@
 #include "recognise/link_text.h"
 
 #include "gs1/digital_link_keys.h"
-#include "recognise/barcode_text.h"
+#include "recognise/gtin_text.h"
 #include "recognise/look.h"
 #include "translate/parsed_ais.h"
+#include "values/text_encoding.h"
 #include "words/ai_words.h"
 #include "words/shown_text.h"
 
@@ -91,7 +92,7 @@ void leaveOut(Reading& reading, std::string_view part, const std::string& what) 
 }
 
 void keepValue(Reading& reading, std::string_view ai, std::string_view value, Notes notes) {
-    if (!isGtin(value) || value.size() == 14 || (ai != "01" && ai != "02")) {
+    if (!isShortGtinOf(ai, value)) {
         return readingKeep(reading, value);
     }
     const std::size_t before = reading.notes.size();
@@ -271,8 +272,7 @@ bool looksCompressed(const Link& link, const KeyPlace& place) {
     constexpr std::size_t shortest = 10;
     const std::string_view segment = link.path.substr(std::min<std::size_t>(1, link.path.size()));
     const auto isBase64Url = [](char character) {
-        return charIsDigit(character) || (character >= 'A' && character <= 'Z') ||
-               (character >= 'a' && character <= 'z') || character == '-' || character == '_';
+        return textEncodings[AI_ENC_BASE64URL].alphabet.find(character) != std::string_view::npos;
     };
     return place.start == link.path.size() && !link.host.empty() && link.query.empty() &&
            segment.size() >= shortest && std::all_of(segment.begin(), segment.end(), isBase64Url) &&

@@ -2,8 +2,8 @@
 
 #include "core/char_class.h"
 #include "gs1/ai_prefix.h"
-#include "gs1/check_digit.h"
 #include "recognise/barcode_text.h"
+#include "recognise/gtin_text.h"
 #include "recognise/hex_text.h"
 #include "words/shown_text.h"
 
@@ -106,12 +106,6 @@ bool beginsIgnoringCase(std::string_view text, std::string_view lowerCasePrefix)
 
 bool isAllDigits(std::string_view text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), charIsDigit);
-}
-
-bool isGtin(std::string_view text) {
-    const bool isLength = text.size() == 8 || (text.size() >= 12 && text.size() <= 14);
-    return isLength && isAllDigits(text) &&
-           gs1CheckDigit(text.substr(0, text.size() - 1)) == text.back();
 }
 
 Form formByLook(std::string_view value, const ReadOptions& options) {

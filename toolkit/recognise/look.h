@@ -25,9 +25,6 @@ bool beginsIgnoringCase(std::string_view text, std::string_view lowerCasePrefix)
 
 bool isAllDigits(std::string_view text);
 
-// The digits of a GTIN: 8, 12, 13 or 14 of them, with the right check digit.
-bool isGtin(std::string_view text);
-
 } // namespace rosetag
 
 #endif

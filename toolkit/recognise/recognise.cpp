@@ -4,6 +4,7 @@
  */
 #include "recognise/bank_words.h"
 #include "recognise/barcode_text.h"
+#include "recognise/gtin_text.h"
 #include "recognise/hex_text.h"
 #include "recognise/link_text.h"
 #include "recognise/look.h"
@@ -47,7 +48,7 @@ void prepareElementString(Reading& reading, std::string_view value) {
         const std::string_view head = element.substr(0, close + 1);
         const std::string_view number = element.substr(close + 1);
         readingKeep(reading, head);
-        if (isGtin(number) && number.size() < 14 && (head == "(01)" || head == "(02)")) {
+        if (isShortGtinOf(head.substr(1, close - 1), number)) {
             keepGtin(reading, number);
         } else {
             readingKeep(reading, number);
@@ -86,7 +87,7 @@ bool prepareForm(Reading& reading, std::string_view value) {
         return prepareLink(reading, value);
     case Form::GTIN:
         readingClear(reading);
-        readingPut(reading, "(01)", positionIn(reading, value));
+        readingPut(reading, '(' + std::string(GTIN_AI) + ')', positionIn(reading, value));
         keepGtin(reading, value);
         return true;
     case Form::AIS:

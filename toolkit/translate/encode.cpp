@@ -18,11 +18,12 @@ namespace rosetag {
 
 namespace {
 
-constexpr std::string_view GCP_LENGTH_REMEDY = "a tag keeps the GS1 company prefix, the 6 to 12 "
-                                               "digits at the beginning of a key that GS1 gave "
-                                               "to its owner, apart from the rest of the key; its "
-                                               "length is in the owner's licence, or look the "
-                                               "key up at the Verified by GS1 service of GS1";
+std::string gcpLengthRemedy() {
+    return "a tag keeps the GS1 company prefix, the " + gcpLengthsText() +
+           " digits at the beginning of a key that GS1 gave to its owner, apart from the rest of "
+           "the key; its length is in the owner's licence, or look the key up at the Verified by "
+           "GS1 service of GS1";
+}
 
 struct EncodeCall {
     Reading& reading;
@@ -85,7 +86,7 @@ bool suffices(Reading& reading, EncodeOptions& options) {
         return failOptions(reading, EPC_ERR_BAD_PARTITION,
                            {form + " does not say how long its GS1 company prefix is, which " +
                                 std::string(scheme.name) + " needs",
-                            std::string(GCP_LENGTH_REMEDY), "gcp_length"});
+                            gcpLengthRemedy(), "gcp_length"});
     }
     return true;
 }
@@ -288,7 +289,7 @@ void failEncodeForm(Reading& reading, EpcStatus status, const EncodeOptions& opt
     if (reading.form == Form::HEX && status == EPC_ERR_BAD_PARTITION) {
         failOptions(reading, status,
                     {"a value of a plus scheme does not say how long its GS1 company prefix is",
-                     std::string(GCP_LENGTH_REMEDY), "gcp_length"});
+                     gcpLengthRemedy(), "gcp_length"});
         return;
     }
     if (reading.form == Form::HEX) {

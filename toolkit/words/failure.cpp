@@ -1,8 +1,10 @@
 #include "words/failure.h"
 
 #include "bridge/gs1_key_table.h"
+#include "core/hex_digits.h"
 #include "explain/explain_epc.h"
 #include "gs1/check_digit.h"
+#include "recognise/gtin_text.h"
 #include "recognise/hex_text.h"
 #include "recognise/look.h"
 #include "translate/parsed_ais.h"
@@ -77,7 +79,7 @@ void failGs1Text(Reading& reading, EpcStatus status) {
 
 // Digits that are not a tag value may be something else that people scan.
 Complaint hintForDigits(std::string_view digits) {
-    constexpr std::size_t shortestBarcode = 16; // AI 01 and a GTIN
+    constexpr std::size_t shortestBarcode = GTIN_AI.size() + GTIN_LENGTH;
     if (!isAllDigits(digits)) {
         return {};
     }
@@ -106,6 +108,12 @@ std::string hintForLaterEpc(std::string_view digits) {
         }
     }
     return {};
+}
+
+std::string headerHint() {
+    const SchemeInfo& scheme = schemes().front();
+    return "an EPC begins with the header of its scheme, for example " +
+           std::string(hexPairOf(scheme.header)) + " for " + std::string(scheme.name);
 }
 
 std::string missingBits(const Explanation& explanation) {
@@ -219,8 +227,9 @@ Complaint missingKey(EpcStatus status, const SchemeInfo& scheme, const ParsedAis
         complaint = {std::string(scheme.name) + " needs " + schemeKeyText(scheme) +
                          " in this order",
                      "put AI " + std::string(key->secondaryAi) + " last"};
-    } else if (scheme.family == "sgln" && hasAi(ais, "414")) {
-        complaint.remedy = "add (254)0 for a location without an extension";
+    } else if (scheme.family == "sgln" && hasAi(ais, key->primaryAi)) {
+        complaint.remedy =
+            "add (" + std::string(key->secondaryAi) + ")0 for a location without an extension";
     }
     return complaint;
 }
@@ -249,7 +258,7 @@ void failShortKey(Reading& reading, EpcStatus status, const SchemeInfo& scheme,
 
 // The AI of a text that its bits cannot hold.
 bool failAnyAi(Reading& reading, const ParsedAis& ais, int encoding) {
-    std::array<char, 2048> hex;
+    std::array<char, EPC_HEX_SIZE> hex;
     for (std::size_t i = 0; i < ais.list.count; ++i) {
         const std::string code(aiCodeAt(ais, i));
         const std::string value(aiValueAt(ais, i));
@@ -323,11 +332,6 @@ void failBits(Reading& reading, EpcStatus status, const Explanation& explanation
         return;
     }
     const std::string& digits = reading.workspace.text;
-    if (explanation.fields.empty()) {
-        readingFail(reading, status, 0, reading.value.size(),
-                    {statusMeaning(status, {StatusSource::BITS})});
-        return;
-    }
     const ExplainedField& field = explanation.fields.back();
     const bool isUnknown = status == EPC_ERR_UNKNOWN_HEADER || field.isGood;
     Complaint complaint = hintForDigits(digits);
@@ -341,10 +345,7 @@ void failBits(Reading& reading, EpcStatus status, const Explanation& explanation
                status == EPC_ERR_UNKNOWN_HEADER && !later.empty()) {
         complaint = {std::move(complaint.message), std::move(later)};
     } else if (status == EPC_ERR_UNKNOWN_HEADER && complaint.remedy.empty()) {
-        complaint.remedy = hexIsTid(digits)
-                               ? "this is a TID: read it as one"
-                               : "an EPC begins with the header of its scheme, for example 30 for "
-                                 "sgtin-96";
+        complaint.remedy = hexIsTid(digits) ? "this is a TID: read it as one" : headerHint();
     }
     if (complaint.remedy.empty()) {
         complaint.remedy = "read the tag again";

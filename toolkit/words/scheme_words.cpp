@@ -1,6 +1,7 @@
 #include "words/scheme_words.h"
 
 #include "bridge/gs1_key_table.h"
+#include "schemes/partition.h"
 #include "values/date_kinds.h"
 
 #include <algorithm>
@@ -146,6 +147,12 @@ std::string schemeKeyText(const SchemeInfo& info) {
         text += ais[1];
     }
     return hasDate ? text + " and " + dateAis() : text;
+}
+
+std::string gcpLengthsText() {
+    static_assert(MIN_GCP_LENGTH == companyPrefixSizes.back().digits &&
+                  MAX_GCP_LENGTH == companyPrefixSizes.front().digits);
+    return std::to_string(MIN_GCP_LENGTH) + " to " + std::to_string(MAX_GCP_LENGTH);
 }
 
 std::string schemeNamesLike(std::string_view name) {

@@ -30,6 +30,9 @@ std::uint32_t schemeLargestFilter(const SchemeInfo& info);
 // The AIs that a scheme identifies by, in words: "AI 01 and AI 21".
 std::string schemeKeyText(const SchemeInfo& info);
 
+// "6 to 12": the digits that a company prefix can have.
+std::string gcpLengthsText();
+
 // The names of the schemes of the same family, or of all if there is none: "sgtin-96, sgtin-198".
 std::string schemeNamesLike(std::string_view name);
 

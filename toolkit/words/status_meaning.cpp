@@ -11,8 +11,8 @@ namespace {
 
 using enum StatusSource;
 
-// {scheme}, {limit}, {filter} and {key} stand for those of the case, {bits} and {ais} for what a
-// tag value and a text can hold.
+// {scheme}, {limit}, {filter} and {key} stand for those of the case, {bits}, {prefix} and {ais} for
+// what a tag value and a text can hold.
 struct Meaning {
     EpcStatus status;
     StatusSource source;
@@ -38,7 +38,7 @@ constexpr Meaning meanings[] = {
     {EPC_ERR_TOO_LONG,          URI,      "a part of the URI is too long"},
     {EPC_ERR_TOO_LONG,          ANY,      "a value is too long"},
     {EPC_ERR_UNKNOWN_HEADER,    ANY,      "no scheme has this header"},
-    {EPC_ERR_BAD_PARTITION,     ANY,      "a GS1 company prefix has 6 to 12 digits"},
+    {EPC_ERR_BAD_PARTITION,     ANY,      "a GS1 company prefix has {prefix} digits"},
     {EPC_ERR_BAD_FORMAT,        URI,      "a number has a leading zero, or a text is too long for {scheme}"},
     {EPC_ERR_BAD_FORMAT,        GS1_TEXT, "the text cannot go on like this: a bracket or separator is missing, or the value before it is too long"},
     {EPC_ERR_BAD_FORMAT,        GS1,      "{scheme} cannot hold this serial number or reference"},
@@ -93,6 +93,7 @@ std::string statusMeaning(EpcStatus status, const StatusCase& statusCase) {
          scheme == nullptr ? "a key such as AI 01 or AI 00" : schemeKeyText(*scheme));
     fill(text, "{limit}", std::to_string(scheme == nullptr ? 7 : schemeLargestFilter(*scheme)));
     fill(text, "{bits}", std::to_string(8 * EPC_MAX_BINARY_BYTES));
+    fill(text, "{prefix}", gcpLengthsText());
     fill(text, "{ais}", std::to_string(EPC_MAX_AIS));
     fill(text, "{filter}", std::to_string(statusCase.filter));
     fill(text, "{scheme}", scheme == nullptr ? "a tag" : scheme->name);

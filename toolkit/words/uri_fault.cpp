@@ -111,7 +111,7 @@ bool faultOfPrefix(UriFault& fault, FieldView& view) {
         static_cast<std::int32_t>(std::min<std::size_t>(view.text.size(), 99)));
     if (partition < 0) {
         return faultAt(fault, view, view.text,
-                       "a GS1 company prefix has 6 to 12 digits, and this has " +
+                       "a GS1 company prefix has " + gcpLengthsText() + " digits, and this has " +
                            std::to_string(view.text.size()));
     }
     view.prefix = companyPrefixSizes[static_cast<std::size_t>(partition)];
