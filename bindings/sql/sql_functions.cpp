@@ -7,14 +7,9 @@ std::span<const std::uint8_t> bytesOf(SqlValue value) {
     return {reinterpret_cast<const std::uint8_t*>(value.bytes.data()), value.bytes.size()};
 }
 
-const std::string& hexOf(SqlRoom& room, std::string_view bytes) {
-    constexpr char digits[] = "0123456789ABCDEF";
+const std::string& hexOf(SqlRoom& room, std::span<const std::uint8_t> bytes) {
     room.text.clear();
-    for (const char character : bytes) {
-        const auto byte = static_cast<unsigned char>(character);
-        room.text += digits[byte >> 4];
-        room.text += digits[byte & 15];
-    }
+    appendHex(room.text, bytes);
     return room.text;
 }
 
@@ -59,7 +54,7 @@ std::optional<int> sqlFilter(SqlRoom& room, SqlValue value) {
 
 bool sqlTid(SqlRoom& room, SqlValue value) {
     const bool fits = value.bytes.size() <= MAX_VALUE_LENGTH;
-    tid(value.isBinary && fits ? hexOf(room, value.bytes) : value.bytes, room.tid);
+    tid(value.isBinary && fits ? hexOf(room, bytesOf(value)) : value.bytes, room.tid);
     return !isFailure(room.tid.failure);
 }
 

@@ -194,7 +194,7 @@ std::string_view formName(Form form);
  * ---- Schemes and AIs ----
  */
 
-/** Digits of a GS1 company prefix. */
+/** The digits of the shortest and of the longest GS1 company prefix that a tag can hold. */
 inline constexpr int MIN_GCP_LENGTH = 6;
 inline constexpr int MAX_GCP_LENGTH = 12;
 
@@ -311,10 +311,6 @@ struct Note {
  */
 
 struct GcpList;
-
-/** The digits of the shortest and of the longest GS1 company prefix that a tag can hold. */
-inline constexpr int MIN_GCP_LENGTH = 6;
-inline constexpr int MAX_GCP_LENGTH = 12;
 
 /** Which words of a tag's EPC memory bank hex begins with. */
 enum class Bank : std::uint8_t {
@@ -611,6 +607,9 @@ void encode(std::string_view value, const EncodeOptions& options, FormSet wanted
             Translation& result);
 Translation encode(std::string_view value, const EncodeOptions& options,
                    FormSet wanted = Form::HEX);
+
+/** Appends bytes as hexadecimal digits, two upper-case digits each. */
+void appendHex(std::string& text, std::span<const std::uint8_t> bytes);
 
 /** Appends hexadecimal digits as 16-bit words of four digits, a blank between them. */
 void appendWords(std::string& text, std::string_view hex);

@@ -1,7 +1,6 @@
 #include "columns/column_error.h"
 #include "columns/column_reader.h"
 #include "columns/column_table.h"
-#include "core/hex_digits.h"
 
 #include <algorithm>
 #include <new>
@@ -91,9 +90,7 @@ std::string_view valueText(Call& call, std::string_view value) {
         return value;
     }
     call.hex.clear();
-    for (const char byte : value) {
-        call.hex += hexPairOf(static_cast<std::uint8_t>(byte));
-    }
+    appendHex(call.hex, {reinterpret_cast<const std::uint8_t*>(value.data()), value.size()});
     return call.hex;
 }
 

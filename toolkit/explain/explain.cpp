@@ -1,6 +1,7 @@
 /*
  * Explains whatever has bits of its own.
  */
+#include "core/status.h"
 #include "explain/explain_epc.h"
 #include "explain/field_places.h"
 #include "recognise/hex_text.h"

@@ -41,7 +41,7 @@ void translate(std::span<const std::uint8_t> bytes, const ReadOptions& options, 
     std::string& digits = result.workspace.digits;
     digits.clear();
     if (bytes.size() <= MAX_VALUE_LENGTH) {
-        appendHexDigits(digits, characters);
+        appendHex(digits, bytes);
     }
     // Too many bytes are too many characters, too, whatever they are.
     translate(bytes.size() <= MAX_VALUE_LENGTH ? std::string_view(digits) : characters, options,

@@ -340,6 +340,12 @@ Translation encode(std::string_view value, const EncodeOptions& options, FormSet
     return result;
 }
 
+void appendHex(std::string& text, std::span<const std::uint8_t> bytes) {
+    for (const std::uint8_t byte : bytes) {
+        text += hexPairOf(byte);
+    }
+}
+
 void appendWords(std::string& text, std::string_view hex) {
     for (std::size_t i = 0; i < hex.size(); i += 4) {
         if (i > 0) {

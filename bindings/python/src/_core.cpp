@@ -70,10 +70,10 @@ bool put(PyObject* dictionary, const char* key, PyObject* value) {
  * ---- Values that come in ----
  */
 
-void appendHex(std::string& hex, unsigned value, int digits) {
-    while (digits-- > 0) {
-        hex += "0123456789ABCDEF"[value >> (4 * digits) & 15];
-    }
+void appendWord(std::string& hex, unsigned word) {
+    const std::uint8_t bytes[] = {static_cast<std::uint8_t>(word >> 8),
+                                  static_cast<std::uint8_t>(word & 0xFF)};
+    rosetag::appendHex(hex, bytes);
 }
 
 // A value as the toolkit takes it: a text, or the bits of a tag as hex.
@@ -106,11 +106,13 @@ private:
         const bool isGood = buffer.itemsize == 1 || areWords;
         const auto* const bytes = static_cast<const unsigned char*>(buffer.buf);
         for (Py_ssize_t i = 0; isGood && i < buffer.len; i += buffer.itemsize) {
-            std::uint16_t word = bytes[i];
             if (areWords) {
+                std::uint16_t word = 0;
                 std::memcpy(&word, bytes + i, sizeof word);
+                appendWord(hex, word);
+            } else {
+                rosetag::appendHex(hex, {bytes + i, 1});
             }
-            appendHex(hex, word, areWords ? 4 : 2);
         }
         PyBuffer_Release(&buffer);
         if (!isGood) {
@@ -137,7 +139,7 @@ private:
                 }
                 return false;
             }
-            appendHex(hex, static_cast<unsigned>(word), 4);
+            appendWord(hex, static_cast<unsigned>(word));
         }
         return true;
     }
