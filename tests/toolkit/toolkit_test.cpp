@@ -114,8 +114,9 @@ TEST(Toolkit, WritesJson) {
         toJson(translate("42"), "42"));
     EXPECT_EQ(R"({"ai":"21","title":"SERIAL","value":"ABCG","hex":"64001086","bits":32})",
               toJson(encodeAi("21", "ABCG")));
-    EXPECT_EQ(R"({"number":17,"name":"gid-96","header":"0x35","filter_limit":0,"uri":true,)"
-              R"("gs1":false,"further_ais":false})",
+    EXPECT_EQ(R"({"number":17,"name":"gid-96","family":"gid",)"
+              R"("thing":"an object with a general identifier","header":"0x35","filter_limit":0,)"
+              R"("uri":true,"gs1":false,"further_ais":false})",
               toJson(schemes()[EPC_SCHEME_GID_96]));
 }
 
