@@ -20,9 +20,12 @@ std::string_view prefixDigitsOf(const ParsedAis& ais) {
 } // namespace
 
 CompanyPrefix companyPrefixOf(const ReadOptions& options, const ParsedAis& ais) {
-    const std::string_view digits = prefixDigitsOf(ais);
-    if (options.gcpLength.has_value() || options.gcpList == nullptr || digits.empty()) {
+    if (options.gcpLength.has_value() || options.gcpList == nullptr) {
         return {options.gcpLength, {}};
+    }
+    const std::string_view digits = prefixDigitsOf(ais);
+    if (digits.empty()) {
+        return {};
     }
     const GcpAnswer answer = gcpLengthOf(*options.gcpList, digits);
     const std::string list =

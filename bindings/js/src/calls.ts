@@ -1,0 +1,241 @@
+/*
+ * One call of a module: its value goes in, its status is looked at, its result is read. Nothing
+ * about values is decided here.
+ */
+import { RosetagError, camelCase, inCodeUnits } from "./errors.js";
+import coreWasm from "./generated/core_wasm.js";
+import type { Encoding, Form, OutputForm, SchemeName, Status } from "./generated/names.js";
+import type { Ai, Identity, Note, ReadOptions, Scheme, Value } from "./results.js";
+import { Wasm, statusOf } from "./wasm.js";
+
+/** An option that was left out, for the module. */
+export const NOT_GIVEN = -1;
+
+export const core = new Wasm(coreWasm);
+
+/** The larger module, once somebody has made it known: it says where and why a value is wrong. */
+let reasons: (() => Wasm) | undefined;
+
+export function useReasons(give: () => Wasm): void {
+  reasons = give;
+}
+
+// ---- Names ----
+
+interface Names {
+  version: string;
+  forms: string[];
+  texts: string[];
+  statuses: string[];
+  encodings: Encoding[];
+  schemes: Scheme[];
+}
+
+core.exports.rosetag_names();
+export const names = JSON.parse(core.result()) as Names;
+
+function numbers<Name extends string>(list: readonly string[]): Map<Name, number> {
+  return new Map(list.map((name, number) => [name as Name, number]));
+}
+
+/** Forms that are one text. */
+export const formNumbers = new Map(
+  names.texts.map((word) => [camelCase(word) as OutputForm, names.forms.indexOf(word)]),
+);
+export const schemeNumbers = numbers<SchemeName>(names.schemes.map((scheme) => scheme.name));
+const encodingNumbers = numbers<Encoding | "auto">(names.encodings).set("auto", -1);
+
+export const statuses: readonly Status[] = Object.freeze(names.statuses.map(statusOf));
+
+export function numberOf<Name extends string>(
+  what: string,
+  name: Name,
+  all: Map<Name, number>,
+): number {
+  const number = all.get(name);
+  if (number === undefined) {
+    throw new TypeError(
+      `there is no ${what} ${JSON.stringify(name) ?? String(name)}; there are ${[...all.keys()].join(", ")}`,
+    );
+  }
+  return number;
+}
+
+export function encodingNumber(encoding: Encoding | undefined): number {
+  return encoding === undefined ? -1 : numberOf("encoding", encoding, encodingNumbers);
+}
+
+export function formName(word: string): Form {
+  return camelCase(word) as Form;
+}
+
+// ---- Values and options ----
+
+const HEX_DIGITS = Array.from("0123456789ABCDEF", (digit) => digit.charCodeAt(0));
+
+function putDigits(wasm: Wasm, value: Uint8Array | Uint16Array, offset: number): number {
+  const digits = 2 * value.BYTES_PER_ELEMENT;
+  wasm.reserve(offset + digits * value.length);
+  let at = wasm.input + offset;
+  for (let i = 0; i < value.length; ++i) {
+    for (let shift = 4 * (digits - 1); shift >= 0; shift -= 4) {
+      wasm.bytes[at++] = HEX_DIGITS[((value[i] as number) >> shift) & 15] as number;
+    }
+  }
+  return digits * value.length;
+}
+
+/** How many bytes a text has as UTF-8. */
+function utf8Length(text: string): number {
+  let length = text.length;
+  for (let at = 0; at < text.length; ++at) {
+    const code = text.charCodeAt(at);
+    length += code < 0x80 ? 0 : code < 0x800 || (code & 0xf800) === 0xd800 ? 1 : 2;
+  }
+  return length;
+}
+
+/** No text that is encoded holds one. */
+const LONE_SURROGATE = /\p{Surrogate}/u;
+
+function isShort(text: string): boolean {
+  for (let at = 0; at < text.length; ++at) {
+    if (text.charCodeAt(at) >= 0x80) {
+      return false;
+    }
+  }
+  return true;
+}
+
+/**
+ * Writes a value to the input; returns its length in bytes. One that is too long for the library is
+ * not written: it looks at the length first.
+ */
+export function put(wasm: Wasm, value: Value, offset = 0): number {
+  if (typeof value === "string") {
+    if (value.length > wasm.largestValue) {
+      return utf8Length(value);
+    }
+    if (!isShort(value) && LONE_SURROGATE.test(value)) {
+      const position = value.search(LONE_SURROGATE);
+      throw new RosetagError(value, {
+        status: "BAD_CHARACTER",
+        text: `character ${position + 1}: half of a surrogate pair is not a character; leave it out`,
+        message: "half of a surrogate pair is not a character",
+        remedy: "leave it out",
+        position,
+        length: 1,
+        culprit: value.charAt(position),
+        option: "",
+      });
+    }
+    return wasm.putText(value, offset);
+  }
+  if (value instanceof Uint8Array || value instanceof Uint16Array) {
+    const digits = 2 * value.byteLength;
+    return digits > wasm.largestValue ? digits : putDigits(wasm, value, offset);
+  }
+  throw new TypeError("a value must be a string, a Uint8Array or a Uint16Array");
+}
+
+export function flagsOf(options: ReadOptions | undefined): number {
+  return options === undefined ? 0 : (options.asBarcode ? 1 : 0) | (options.strict ? 2 : 0);
+}
+
+export function gcpLengthOf(options: ReadOptions | undefined): number {
+  return integerOf("gcpLength", options?.gcpLength);
+}
+
+/** An optional number. Beyond the limits here every one is equally wrong. */
+export function integerOf(what: string, given: number | undefined): number {
+  if (given === undefined || given === null) {
+    return NOT_GIVEN;
+  }
+  if (!Number.isInteger(given)) {
+    throw new TypeError(`${what} must be an integer`);
+  }
+  return given < 0 ? -2 : Math.min(given, 1000);
+}
+
+// ---- Calls ----
+
+/** Runs a call. A module that ran out of memory begins anew. */
+function attempt<Result>(wasm: Wasm, call: (wasm: Wasm) => Result): Result {
+  try {
+    return call(wasm);
+  } catch (error) {
+    if (error instanceof WebAssembly.RuntimeError) {
+      wasm.begin();
+      throw new RangeError("not enough memory for this value", { cause: error });
+    }
+    throw error;
+  }
+}
+
+/** Runs a call that gives a status; throws unless that is OK. */
+export function run(value: Value, call: (wasm: Wasm) => number, wasm: Wasm = core): void {
+  if (attempt(wasm, call) !== 0) {
+    throw errorOf(value, call, wasm);
+  }
+}
+
+/** The error of a call that has just failed. */
+export function errorOf(value: Value, call: (wasm: Wasm) => number, wasm: Wasm): RosetagError {
+  const teller = reasons?.() ?? wasm;
+  if (teller !== wasm) {
+    attempt(teller, call);
+  }
+  return new RosetagError(value, inCodeUnits(value, teller.failure()));
+}
+
+/** A value that is too long is refused by the conversion, whatever was asked for. */
+export function refuseTooLong(value: Value): void {
+  const length = typeof value === "string" ? value.length : 2 * (value?.byteLength ?? 0);
+  if (length > core.largestValue) {
+    run(value, (wasm) => wasm.exports.rosetag_convert(put(wasm, value), 0, 0, NOT_GIVEN));
+  }
+}
+
+// ---- Results ----
+
+interface RawNote {
+  kind: string;
+  severity: string;
+  text: string;
+  position: number;
+  length: number;
+  option?: string;
+}
+
+export function notesOf(value: Value, notes: readonly RawNote[] | undefined): Note[] {
+  return (notes ?? []).map(
+    (note) =>
+      inCodeUnits(value, {
+        ...note,
+        option: note.option === undefined ? null : camelCase(note.option),
+      }) as unknown as Note,
+  );
+}
+
+/** An identity of the JSON of a translation. */
+export function identityOf(value: Value, json: string): Identity {
+  const raw = JSON.parse(json);
+  return {
+    value,
+    form: formName(raw.form),
+    scheme: raw.scheme ?? null,
+    filter: raw.filter ?? null,
+    bits: raw.bits ?? null,
+    hex: raw.hex ?? null,
+    tagUri: raw.tag_uri ?? null,
+    pureIdentity: raw.pure_identity ?? null,
+    elementString: raw.element_string ?? null,
+    barcodeString: raw.barcode_string ?? null,
+    digitalLink: raw.digital_link ?? null,
+    gtin: raw.gtin ?? null,
+    serial: raw.serial ?? null,
+    ais: (raw.ais ?? []) as Ai[],
+    fitsSchemes: raw.fits_schemes ?? [],
+    notes: notesOf(value, raw.notes),
+  };
+}

@@ -1,0 +1,61 @@
+/*
+ * What the core module leaves out. Its failures have the status and what that means: where a value
+ * is wrong takes the rules and the walks over bits, which the larger module has.
+ */
+#include "check/check_text.h"
+#include "explain/explain_epc.h"
+#include "translate/company_prefix.h"
+#include "words/failure.h"
+
+#include <cstdlib>
+
+namespace rosetag {
+
+namespace {
+
+void failAsWhole(Reading& reading, EpcStatus status) {
+    readingFail(reading, status, 0, reading.value.size(), {epc_statusText(status)});
+}
+
+} // namespace
+
+void failReading(Reading& reading, EpcStatus status) {
+    failAsWhole(reading, status);
+}
+
+void failEncoding(Reading& reading, EpcStatus status, const EncodeOptions& options) {
+    failAsWhole(reading, status);
+    reading.failure.isOfOptions = options.scheme != nullptr && status == EPC_ERR_FILTER_LIMIT;
+}
+
+void failBits(Reading& reading, EpcStatus status, const Explanation&) {
+    failAsWhole(reading, status);
+}
+
+std::string failureText(const Failure& failure) {
+    return failure.message;
+}
+
+void check(std::string_view, const ReadOptions&, Rows<Finding>&) {
+    std::abort();
+}
+
+void checkAis(std::string_view, const ReadOptions&, const Translation&, Rows<Finding>&) {
+    std::abort();
+}
+
+std::string_view checkRuleWord(CheckRule) {
+    std::abort();
+}
+
+// Only failures walk over bits.
+bool explainTid(std::string_view, Explanation&) {
+    return false;
+}
+
+// The core has no prefix lists.
+CompanyPrefix companyPrefixOf(const ReadOptions& options, const ParsedAis&) {
+    return {options.gcpLength, {}};
+}
+
+} // namespace rosetag
