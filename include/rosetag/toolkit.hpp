@@ -814,6 +814,20 @@ struct GcpList {
     std::vector<GcpListEntry> entries; ///< Ascending.
 };
 
+/**
+ * Adds an entry, for those who read the file of a prefix list themselves. In any order; the list
+ * must be finished after the last.
+ *
+ *     prefix     3 to 12 digits.
+ *     gcpLength  a number from 0 to 12.
+ *
+ * Gives what is wrong with the entry, or the empty text after adding it.
+ */
+std::string gcpListAdd(GcpList& list, std::string_view prefix, std::string_view gcpLength);
+
+/** Sorts the entries. Gives the prefix of two that contradict each other, or the empty text. */
+std::string gcpListFinish(GcpList& list);
+
 /** What a prefix list says of some digits. */
 struct GcpAnswer {
     enum class Kind : std::uint8_t {

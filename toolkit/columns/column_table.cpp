@@ -223,7 +223,8 @@ std::int32_t columnTableOpen(const char* const* outputs, std::int32_t outputCoun
     if (outputCount < 1) {
         return columnsFail(error, ROSETAG_COLUMNS_BAD_OUTPUT, "no output is asked for");
     }
-    table.isLarge = reader.layout == ColumnLayout::OFFSETS64;
+    const ColumnReader& texts = reader.dictionary != nullptr ? *reader.dictionary : reader;
+    table.isLarge = texts.layout == ColumnLayout::OFFSETS64;
     table.columns.resize(static_cast<std::size_t>(outputCount));
     for (std::int32_t i = 0; i < outputCount; ++i) {
         OutputColumn& column = table.columns[static_cast<std::size_t>(i)];

@@ -90,6 +90,8 @@ std::string_view valueText(Call& call, std::string_view value) {
         return value;
     }
     call.hex.clear();
+    // What is too long stays so.
+    value = value.substr(0, MAX_VALUE_LENGTH);
     appendHex(call.hex, {reinterpret_cast<const std::uint8_t*>(value.data()), value.size()});
     return call.hex;
 }

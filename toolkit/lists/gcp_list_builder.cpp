@@ -1,7 +1,7 @@
-#include "lists/gcp_list_builder.h"
-
+/*
+ * Makes a prefix list of entries that come in any order.
+ */
 #include "core/char_class.h"
-#include "lists/list_failure.h"
 #include "lists/list_order.h"
 
 #include <charconv>
@@ -17,12 +17,6 @@ bool isDigits(std::string_view text) {
 bool contradicts(const GcpListEntry& one, const GcpListEntry& other) {
     return one.prefix == other.prefix && one.digits == other.digits &&
            one.gcpLength != other.gcpLength;
-}
-
-Failure failureOfEmpty(std::string_view text, const GcpList& list) {
-    return list.entries.empty()
-               ? listFailure(text, 0, "there is no entry of a GCPPrefixFormatList in this text")
-               : Failure{};
 }
 
 } // namespace
@@ -57,22 +51,6 @@ std::string gcpListFinish(GcpList& list) {
     return pair == list.entries.end()
                ? std::string()
                : std::to_string(1000000000000 + pair->prefix).substr(1, pair->digits);
-}
-
-Failure readGcpList(std::string_view text, GcpList& list) {
-    list = {};
-    const std::size_t first = text.find_first_not_of("\xEF\xBB\xBF \t\r\n");
-    const bool isXml = first != text.npos && text[first] == '<';
-    Failure failure = isXml ? readGcpListXml(text, list) : readGcpListJson(text, list);
-    if (!isFailure(failure)) {
-        const std::string prefix = gcpListFinish(list);
-        failure = prefix.empty() ? failureOfEmpty(text, list)
-                                 : listFailure(text, 0, "prefix " + prefix + " has two lengths");
-    }
-    if (isFailure(failure)) {
-        list = {};
-    }
-    return failure;
 }
 
 } // namespace rosetag

@@ -4,7 +4,7 @@
  *     {"GCPPrefixFormatList": {"date": "...", "entry": [{"prefix": "0000030", "gcpLength": 12},
  * ...]}}
  */
-#include "lists/gcp_list_builder.h"
+#include "lists/gcp_list_reader.h"
 #include "lists/json_events.h"
 
 namespace rosetag {

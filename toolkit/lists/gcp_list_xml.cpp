@@ -6,7 +6,7 @@
  *         ...
  *     </GCPPrefixFormatList>
  */
-#include "lists/gcp_list_builder.h"
+#include "lists/gcp_list_reader.h"
 #include "lists/list_failure.h"
 
 #include <pugixml.hpp>

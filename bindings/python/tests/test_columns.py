@@ -1,6 +1,8 @@
 """Columns of pyarrow, pandas, polars and DuckDB, and arrays that are unusual or wrong."""
 
+import mmap
 import threading
+from concurrent.futures import ThreadPoolExecutor
 
 import duckdb
 import pandas as pd
@@ -152,6 +154,18 @@ def test_tids():
         (lambda: columns.decode(pa.array(["a"]), []), ValueError, "output"),
         (lambda: columns.decode(pa.array(["a"]), "ai_9999"), ValueError, "ai_9999"),
         (lambda: columns.decode(pa.array(["a"]), "gtin", gcp_length=pa.array([7, 7])), ValueError, "rows"),
+        (lambda: columns.decode(pa.array(["a"]), "gtin", gcp_length="7"), TypeError, "GcpLengths"),
+        (lambda: columns.decode(pa.array(["a"]), "gtin", bank="tid"), ValueError, "bank"),
+        (lambda: columns.decode(pa.array(["a"]), [1]), TypeError, "str"),
+        (lambda: columns.decode(pa.array(["a"]), 1), TypeError, "iterable"),
+        (lambda: columns.decode(pa.table({"a": ["a"]}), "gtin"), TypeError, r"\+s"),
+        (lambda: columns.decode(pa.array([["a"]]), "gtin"), TypeError, r"\+l"),
+        (lambda: columns.decode(pa.array([1.5]), "gtin"), TypeError, '"g"'),
+        (lambda: columns.decode(pa.schema([]), "gtin"), TypeError, "PyCapsule"),
+        (lambda: columns.check(pa.array(["a"]), "status"), ValueError, "status"),
+        (lambda: columns.tid(pa.array(["a"]), "gtin"), ValueError, "gtin"),
+        (lambda: columns.encode(pa.array(["a"]), 96), TypeError, "scheme"),
+        (lambda: columns.encode(pa.array(["a"]), filter="3"), TypeError, "filter"),
         (lambda: columns.encode(pa.array(["a"]), "sgtin-97"), ValueError, "sgtin-97"),
         (lambda: columns.encode(pa.array(["a"]), pa.array([1])), TypeError, "texts"),
     ],
@@ -161,13 +175,78 @@ def test_what_is_refused(call, kind, words):
         call()
 
 
-def test_more_than_32_bits_of_text():
+def test_input_of_more_than_32_bits():
+    """A value of 2^31 bytes, and one after it. Memory that nobody touches costs nothing."""
+    hexadecimal = b"3074257BF7194E4000001A85"
+    data = mmap.mmap(-1, (1 << 31) + len(hexadecimal))
+    data[1 << 31 :] = hexadecimal
+    offsets = pa.array([0, 1 << 31, len(data)], pa.int64())
+    for kind in (pa.large_string(), pa.large_binary()):
+        column = pa.Array.from_buffers(kind, 2, [None, offsets.buffers()[1], pa.py_buffer(data)])
+        table = pa.record_batch(columns.decode(column, ["status"]))
+        assert table["status"].to_pylist()[0] == rosetag.Status.TOO_LONG
+        if kind == pa.large_string():
+            assert table["status"].to_pylist()[1] == 0
+
+
+def test_output_of_more_than_32_bits():
     """Results beyond 2^31 bytes need 64-bit offsets in, or are refused."""
-    long_values = pa.array(["x" * 100_000])
-    many = pa.concat_arrays([long_values] * 4)
-    column = pa.DictionaryArray.from_arrays(pa.array([0, 1, 2, 3] * 10, pa.int32()), many)
-    result = pa.record_batch(columns.decode(column, ["status"]))
-    assert result[0].null_count == 0
+    value = "3074257BF7194E7FFFFFFFFF"
+    rows = (1 << 31) // len(rosetag.convert(value, "tag_uri")) + 1
+    keys = pa.Array.from_buffers(pa.int8(), rows, [None, pa.py_buffer(bytes(rows))])
+    column = pa.DictionaryArray.from_arrays(keys, pa.array([value]))
+    with pytest.raises(ValueError, match="large_utf8"):
+        columns.decode(column, "tag_uri")
+
+
+def test_output_of_a_large_dictionary():
+    column = pa.array(["3074257BF7194E4000001A85"], pa.dictionary(pa.int8(), pa.large_string()))
+    assert pa.record_batch(columns.decode(column, "gtin")).schema.types == [pa.large_string()]
+
+
+def test_checking():
+    labels = pa.array(["(01)80614141123458", "(01)80614141123459(17)261301", None, "(10)LOT7"])
+    table = pa.record_batch(columns.check(labels, ["is_valid", "severity", "errors", "warnings", "rule"]))
+    assert [tuple(row.values()) for row in table.to_pylist()] == [
+        (True, None, 0, 0, None), (False, "error", 2, 0, "check_digit"), (None,) * 5,
+        (True, "warning", 0, 1, "needs"),
+    ]
+    assert pa.record_batch(columns.check(labels)).schema.names == ["is_valid", "rule", "message"]
+
+
+def test_how_rows_are_read():
+    lengths = rosetag.GcpLengths([("0614141", 7)])
+    texts = pa.array(["(01)80614141123458(21)6789", "(01)09506000134352(21)1"])
+    found = pa.table(columns.decode(texts, ["pure_identity"], gcp_length=lengths))[0].to_pylist()
+    assert found == ["urn:epc:id:sgtin:0614141.812345.6789", None]
+    hexes = pa.table(columns.encode(texts, "sgtin-96", filter=3, gcp_length=lengths))["hex"]
+    assert hexes.to_pylist() == ["3074257BF7194E4000001A85", None]
+    scans = pa.array(["018061414112345810LOT7^17251231"])
+    found = pa.table(columns.decode(scans, "ai_17", separator="^", as_barcode=True))[0]
+    assert found.to_pylist() == ["251231"]
+    reads = pa.array(["3074257BF7194E4000001A85"])
+    assert pa.table(columns.decode(reads, "gtin", bank="pc"))[0].to_pylist() == [None]
+
+
+def test_options_in_chunks():
+    texts = pa.chunked_array([["(01)80614141123458(21)1"], ["(01)80614141123458(21)2"] * 2])
+    lengths = pa.chunked_array([pa.array([7]), pa.array([8, None])])
+    found = pa.table(columns.decode(texts, "pure_identity", gcp_length=lengths))[0].to_pylist()
+    assert found == [
+        "urn:epc:id:sgtin:0614141.812345.1", "urn:epc:id:sgtin:06141411.82345.2", None,
+    ]
+    with pytest.raises(ValueError, match="combine_chunks"):
+        columns.decode(texts, "gtin", gcp_length=pa.array([7, 7, 7]))
+
+
+def test_threads_at_once():
+    """Each has its own result, also while they share the column."""
+    column = pa.array([f"3074257BF7194E40{number:08X}" for number in range(20_000)])
+    outputs = ["serial", "ai_21", "tag_uri"]
+    expected = pa.record_batch(columns.decode(column, outputs))
+    with ThreadPoolExecutor(4) as pool:
+        results = list(pool.map(lambda _: pa.record_batch(columns.decode(column, outputs)), range(16)))
+    assert all(result.equals(expected) for result in results)
 
 
 def test_the_interpreter_is_released():

@@ -1,5 +1,6 @@
 """All shared rows, through the functions on single values and on columns."""
 
+import json
 from collections import defaultdict
 
 import pyarrow as pa
@@ -76,6 +77,18 @@ def column_outcomes(op: str, rows: list[dict[str, str]]) -> list[tuple[str, str]
             encoding=rows[0]["encoding"] or "auto",
             to=["hex", "status_name"],
         )
+    elif op == "check":
+        table = pa.record_batch(rosetag.columns.check(values, "findings"))
+        return [
+            (
+                "EPC_OK",
+                ", ".join(
+                    " ".join(found[key] for key in ("severity", "rule", "ai") if key in found)
+                    for found in json.loads(findings)
+                ),
+            )
+            for findings in table[0].to_pylist()
+        ]
     else:
         result = rosetag.columns.decode(values, [op, "status_name"])
     outputs, statuses = pa.record_batch(result).columns
@@ -88,9 +101,9 @@ def column_outcomes(op: str, rows: list[dict[str, str]]) -> list[tuple[str, str]
 def test_columns(vectors):
     groups = defaultdict(list)
     for row in vectors:
-        if row["op"] in TEXT_FORMS | {"scheme", "filter", "encode"}:
+        if row["op"] in TEXT_FORMS | {"scheme", "filter", "encode", "check"}:
             groups[row["op"], row["encoding"]].append(row)
-    assert len(groups) >= len(TEXT_FORMS) + 3
+    assert len(groups) >= len(TEXT_FORMS) + 4
     for (op, _), rows in groups.items():
         for row, found in zip(rows, column_outcomes(op, rows), strict=True):
             assert found == (row["status"], row["output"]), row

@@ -31,6 +31,7 @@ from rosetag._api import (
 )
 from rosetag._core import version as _version
 from rosetag._errors import RosetagError, Status
+from rosetag._gcp_lengths import GcpLengths
 from rosetag._results import (
     Ai,
     AiBits,
@@ -51,6 +52,7 @@ __all__ = [
     "Explanation",
     "Field",
     "Finding",
+    "GcpLengths",
     "Identity",
     "Note",
     "RosetagError",

@@ -8,6 +8,7 @@ from typing import Literal, TypeAlias, Union
 
 from rosetag import _core
 from rosetag import _errors as _errors  # registers the class that failures are raised as
+from rosetag._gcp_lengths import GcpLengths
 from rosetag._results import Ai, AiBits, Explanation, Field, Finding, Identity, Note, Scheme, Tid
 
 Value: TypeAlias = Union[str, bytes, bytearray, memoryview, Sequence[int]]
@@ -27,18 +28,7 @@ Encoding: TypeAlias = Literal[
     "auto", "integer", "hex-upper", "hex-lower", "base64url", "iso646", "code40"
 ]
 
-# As the AI_ENC_... of the library.
-ENCODINGS: dict[str, int] = {"auto": -1} | {
-    word: number for number, word in enumerate(_core.encodings())
-}
-
-
-def encoding_number(encoding: str) -> int:
-    try:
-        return ENCODINGS[encoding]
-    except KeyError:
-        names = ", ".join(ENCODINGS)
-        raise ValueError(f"there is no encoding {encoding!r}; there are {names}") from None
+Bank: TypeAlias = Literal["auto", "epc", "pc", "crc-pc"]
 
 
 def decode(
@@ -46,7 +36,9 @@ def decode(
     *,
     as_barcode: bool = False,
     strict: bool = False,
-    gcp_length: int | None = None,
+    gcp_length: int | GcpLengths | None = None,
+    bank: Bank = "auto",
+    separator: str | None = None,
 ) -> Identity:
     """Finds out what a value is and gives every form that it has.
 
@@ -54,8 +46,11 @@ def decode(
         value: a text in any form, or the bits of a tag as bytes or 16-bit words.
         as_barcode: digits without any mark are a barcode string, not hex.
         strict: links are taken as they are; nothing is left out or padded.
-        gcp_length: digits of the GS1 company prefix, 6 to 12; GS1 texts need it for their
-            pure identity URI.
+        gcp_length: digits of the GS1 company prefix, 6 to 12, or a :class:`GcpLengths`; GS1
+            texts need it for their pure identity URI.
+        bank: which words of the EPC memory bank hex begins with: "epc", "pc" for the PC word,
+            "crc-pc" for the CRC and the PC word; "auto" finds out.
+        separator: an ASCII character that stands for character 29, GS, in barcode strings.
 
     Raises:
         RosetagError: the value cannot be read; the error says where and why.
@@ -65,50 +60,23 @@ def decode(
     >>> decode(bytes.fromhex("3074257BF7194E4000001A85")).gtin
     '80614141123458'
     """
-    result = _core.decode(value, as_barcode=as_barcode, strict=strict, gcp_length=gcp_length)
+    result = _core.decode(
+        value,
+        as_barcode=as_barcode,
+        strict=strict,
+        gcp_length=gcp_length,
+        bank=bank,
+        separator=separator,
+    )
     result["ais"] = tuple(map(Ai._make, result["ais"]))
     result["notes"] = tuple(map(Note._make, result["notes"]))
-    result["fits_schemes"] = tuple(result["fits_schemes"])
     return Identity(**result)
 
 
 convert = _core.convert
 
 
-def encode(
-    text: Value,
-    scheme: str | None = None,
-    *,
-    filter: int | None = None,
-    gcp_length: int | None = None,
-    encoding: Encoding = "auto",
-    strict: bool = False,
-    as_barcode: bool = False,
-    to: Literal["hex", "bytes"] = "hex",
-) -> str | bytes:
-    """Makes the bits of a tag.
-
-    Args:
-        text: a value in any form.
-        scheme: the tag scheme, "sgtin-96" for example; a tag value may keep its own.
-        filter: the filter value; None for that of a tag value, otherwise 0.
-        gcp_length: digits of the GS1 company prefix, 6 to 12; the plain schemes need it for GS1
-            texts.
-        encoding: how texts stand in the bits of a plus scheme.
-        to: "hex" for upper-case digits, "bytes" for bytes.
-
-    Raises:
-        RosetagError: the value cannot be encoded so.
-
-    >>> encode("(01)80614141123458(21)6789", "sgtin-96", filter=3, gcp_length=7)
-    '3074257BF7194E4000001A85'
-    """
-    if to not in ("hex", "bytes"):
-        raise ValueError(f'to must be "hex" or "bytes", not {to!r}')
-    hexadecimal = _core.encode(
-        text, scheme, filter, gcp_length, encoding_number(encoding), strict, as_barcode
-    )
-    return hexadecimal if to == "hex" else bytes.fromhex(hexadecimal)
+encode = _core.encode
 
 
 def explain(
@@ -116,11 +84,13 @@ def explain(
     *,
     as_barcode: bool = False,
     strict: bool = False,
-    gcp_length: int | None = None,
+    gcp_length: int | GcpLengths | None = None,
+    bank: Bank = "auto",
+    separator: str | None = None,
 ) -> Explanation:
     """Takes the bits of a tag value or of a TID apart, field by field.
 
-    A field that is wrong does not raise: it is the last one, and says what is wrong.
+    The options are those of :func:`decode`. A field that is wrong does not raise: it is the last one, and says what is wrong.
 
     Raises:
         RosetagError: the value has no bits.
@@ -129,7 +99,14 @@ def explain(
     Field(first=14, width=24, name='company prefix', bits='000010010101111011111101', \
 meaning='0614141', value='0614141', ai='', is_good=True)
     """
-    result = _core.explain(value, as_barcode=as_barcode, strict=strict, gcp_length=gcp_length)
+    result = _core.explain(
+        value,
+        as_barcode=as_barcode,
+        strict=strict,
+        gcp_length=gcp_length,
+        bank=bank,
+        separator=separator,
+    )
     result["fields"] = tuple(map(Field._make, result["fields"]))
     result["notes"] = tuple(map(Note._make, result["notes"]))
     return Explanation(**result)
@@ -140,16 +117,28 @@ def check(
     *,
     as_barcode: bool = False,
     strict: bool = False,
-    gcp_length: int | None = None,
+    gcp_length: int | GcpLengths | None = None,
+    bank: Bank = "auto",
+    separator: str | None = None,
 ) -> tuple[Finding, ...]:
     """Finds every place where a value breaks a rule of GS1. Nothing found: it is right.
+
+    The options are those of :func:`decode`. With a :class:`GcpLengths` a key whose digits no company
+    prefix begins with is found too.
 
     >>> for finding in check("(01)80614141123459(17)261301"):
     ...     print(finding.severity, finding.rule, finding.ai, finding.culprit)
     error check_digit 01 9
     error date 17 13
     """
-    found = _core.check(value, as_barcode=as_barcode, strict=strict, gcp_length=gcp_length)
+    found = _core.check(
+        value,
+        as_barcode=as_barcode,
+        strict=strict,
+        gcp_length=gcp_length,
+        bank=bank,
+        separator=separator,
+    )
     return tuple(map(Finding._make, found))
 
 
@@ -183,9 +172,7 @@ def encode_ai(
     >>> encode_ai("21", "ABCG")
     AiBits(hex='64001086', bits=32)
     """
-    return AiBits(
-        *_core.encode_ai(ai, value, with_code=with_code, encoding=encoding_number(encoding))
-    )
+    return AiBits(*_core.encode_ai(ai, value, with_code=with_code, encoding=encoding))
 
 
 def decode_ai(bits: Value, ai: str = "") -> Ai:

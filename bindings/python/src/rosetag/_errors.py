@@ -8,8 +8,8 @@ from rosetag import _core
 def _status_members() -> dict[str, int]:
     members = {}
     number = 0
-    while (words := _core.status_words(number)) is not None:
-        members[words[0].removeprefix("EPC_").removeprefix("ERR_")] = number
+    while (name := _core.status_name(number)) is not None:
+        members[name.removeprefix("EPC_").removeprefix("ERR_")] = number
         number += 1
     return members
 

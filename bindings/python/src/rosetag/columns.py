@@ -15,13 +15,13 @@ a call.
 
 from __future__ import annotations
 
-from collections.abc import Iterable, Sequence
+from collections.abc import Callable, Iterable, Sequence
 from typing import Any
 
 from rosetag import _core
-from rosetag._api import Encoding, encoding_number
+from rosetag._api import Bank, Encoding
 
-__all__ = ["Columns", "decode", "encode", "tid"]
+__all__ = ["Columns", "check", "decode", "encode", "tid"]
 
 
 class Columns:
@@ -31,7 +31,7 @@ class Columns:
     ``pandas.DataFrame.from_arrow(rows)``.
     """
 
-    def __init__(self, batches: Sequence[tuple[object, object]]) -> None:
+    def __init__(self, batches: Sequence[object]) -> None:
         self._batches = batches
 
     def __arrow_c_array__(self, requested_schema: object = None) -> tuple[object, object]:
@@ -61,17 +61,36 @@ def _is_column(option: Any) -> bool:
     return hasattr(option, "__arrow_c_array__") or hasattr(option, "__arrow_c_stream__")
 
 
-def _one_batch(option: Any, name: str, count: int) -> tuple[object, object] | None:
+def _per_chunk(option: Any, name: str, count: int) -> list[Any]:
+    """The option for each chunk of the values: the same for all, or chunks of its own."""
     if not _is_column(option):
-        return None
+        return [option] * count
     batches = _batches(option)
-    if len(batches) != 1 or count != 1:
-        raise ValueError(f"the values and the column {name} must each be of one chunk")
-    return batches[0]
+    if len(batches) != count:
+        raise ValueError(
+            f"the values have {count} chunks and the column {name} has {len(batches)}: make them "
+            f"alike, with combine_chunks() for example"
+        )
+    return batches
 
 
-def _words(to: str | Iterable[str]) -> list[str]:
-    return [to] if isinstance(to, str) else list(to)
+def _call(
+    function: Callable[..., object],
+    values: Any,
+    to: str | Iterable[str],
+    constants: dict[str, Any],
+    columns: dict[str, Any],
+) -> Columns:
+    """Calls a function for each chunk; an option of columns may be one."""
+    outputs = [to] if isinstance(to, str) else list(to)
+    batches = _batches(values)
+    options = [_per_chunk(option, name, len(batches)) for name, option in columns.items()]
+    return Columns(
+        [
+            function(batch, outputs, **constants, **dict(zip(columns, chunk)))
+            for batch, *chunk in zip(batches, *options)
+        ]
+    )
 
 
 def decode(
@@ -81,6 +100,8 @@ def decode(
     gcp_length: Any = None,
     as_barcode: bool = False,
     strict: bool = False,
+    bank: Bank = "auto",
+    separator: str | None = None,
 ) -> Columns:
     """Translates a column of values.
 
@@ -89,19 +110,12 @@ def decode(
         to: the outputs: "hex", "tag_uri", "pure_identity", "element_string", "barcode_string",
             "digital_link", "gtin", "serial", "scheme", "filter", "bytes", "ai_" and the code of an
             AI ("ai_10"), "status", "status_name", "message".
-        gcp_length: digits of the company prefix, 6 to 12; or a column of them.
-        as_barcode, strict: as for :func:`rosetag.decode`.
+        gcp_length: digits of the company prefix, 6 to 12, a column of them, or a
+            :class:`rosetag.GcpLengths`.
+        as_barcode, strict, bank, separator: as for :func:`rosetag.decode`.
     """
-    outputs = _words(to)
-    batches = _batches(values)
-    lengths = _one_batch(gcp_length, "gcp_length", len(batches))
-    constant = 0 if lengths is not None or gcp_length is None else gcp_length
-    return Columns(
-        [
-            _core.columns_decode(batch, outputs, as_barcode, strict, constant, lengths)
-            for batch in batches
-        ]
-    )
+    reading = {"as_barcode": as_barcode, "strict": strict, "bank": bank, "separator": separator}
+    return _call(_core.columns_decode, values, to, reading, {"gcp_length": gcp_length})
 
 
 def encode(
@@ -113,6 +127,8 @@ def encode(
     encoding: Encoding = "auto",
     as_barcode: bool = False,
     strict: bool = False,
+    bank: Bank = "auto",
+    separator: str | None = None,
     to: str | Iterable[str] = ("hex", "status"),
 ) -> Columns:
     """Makes tag values of a column. scheme, filter and gcp_length are constants or columns.
@@ -122,29 +138,43 @@ def encode(
     >>> pyarrow.table(encode(items, "sgtin-96", filter=3, gcp_length=7)).to_pydict()
     {'hex': ['3074257BF7194E4000001A85'], 'status': [0]}
     """
-    outputs = _words(to)
-    batches = _batches(values)
-    lengths = _one_batch(gcp_length, "gcp_length", len(batches))
-    schemes = _one_batch(scheme, "scheme", len(batches))
-    filters = _one_batch(filter, "filter", len(batches))
-    return Columns(
-        [
-            _core.columns_encode(
-                batch,
-                outputs,
-                as_barcode,
-                strict,
-                0 if lengths is not None or gcp_length is None else gcp_length,
-                lengths,
-                None if schemes is not None else scheme,
-                schemes,
-                -1 if filters is not None or filter is None else filter,
-                filters,
-                encoding_number(encoding),
-            )
-            for batch in batches
-        ]
-    )
+    constants = {
+        "encoding": encoding,
+        "as_barcode": as_barcode,
+        "strict": strict,
+        "bank": bank,
+        "separator": separator,
+    }
+    columns = {"scheme": scheme, "filter": filter, "gcp_length": gcp_length}
+    return _call(_core.columns_encode, values, to, constants, columns)
+
+
+def check(
+    values: Any,
+    to: str | Iterable[str] = ("is_valid", "rule", "message"),
+    *,
+    gcp_length: Any = None,
+    as_barcode: bool = False,
+    strict: bool = False,
+    bank: Bank = "auto",
+    separator: str | None = None,
+) -> Columns:
+    """Finds what breaks a rule of GS1 in each row of a column.
+
+    Args:
+        values: as for :func:`decode`.
+        to: the outputs: "is_valid" (no error), "severity" ("error" or "warning", that of the worst
+            finding), "errors" and "warnings" (how many), "rule" and "message" (of the first finding
+            of that severity), "findings" (all of them as JSON).
+        gcp_length, as_barcode, strict, bank, separator: as for :func:`decode`.
+
+    >>> import pyarrow
+    >>> labels = pyarrow.array(["(01)80614141123458", "(01)80614141123459(17)261301"])
+    >>> pyarrow.table(check(labels, ["is_valid", "errors", "rule"])).to_pylist()[1]
+    {'is_valid': False, 'errors': 2, 'rule': 'check_digit'}
+    """
+    reading = {"as_barcode": as_barcode, "strict": strict, "bank": bank, "separator": separator}
+    return _call(_core.columns_check, values, to, reading, {"gcp_length": gcp_length})
 
 
 def tid(values: Any, to: str | Iterable[str]) -> Columns:
@@ -155,5 +185,4 @@ def tid(values: Any, to: str | Iterable[str]) -> Columns:
         to: "designer", "model", "xtid", "security", "file", "serial", "serial_bits", "status",
             "status_name", "message".
     """
-    outputs = _words(to)
-    return Columns([_core.columns_tid(batch, outputs) for batch in _batches(values)])
+    return _call(_core.columns_tid, values, to, {}, {})
