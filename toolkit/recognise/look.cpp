@@ -8,6 +8,7 @@
 #include "words/shown_text.h"
 
 #include <algorithm>
+#include <array>
 
 namespace rosetag {
 
@@ -80,6 +81,16 @@ constexpr FileMark fileMarks[] = {
 };
 // clang-format on
 
+constexpr std::array<bool, 256> firstsOfFilesMake() {
+    std::array<bool, 256> firsts{};
+    for (const FileMark& mark : fileMarks) {
+        firsts[static_cast<unsigned char>(mark.bytes.front())] = true;
+    }
+    return firsts;
+}
+
+constexpr std::array<bool, 256> firstsOfFiles = firstsOfFilesMake();
+
 constexpr std::string_view forms =
     "a value is hex of a tag's memory (3074257BF7194E4000001A85), an EPC URI (urn:epc:tag:... or "
     "urn:epc:id:...), a GS1 element string ((01)80614141123458(21)6789), a barcode string "
@@ -101,7 +112,8 @@ bool failAfterUrn(Reading& reading, std::string_view value, std::size_t length) 
 } // namespace
 
 bool beginsIgnoringCase(std::string_view text, std::string_view lowerCasePrefix) {
-    return commonLength(text, lowerCasePrefix) == lowerCasePrefix.size();
+    return text.starts_with(lowerCasePrefix) ||
+           commonLength(text, lowerCasePrefix) == lowerCasePrefix.size();
 }
 
 bool isAllDigits(std::string_view text) {
@@ -138,6 +150,9 @@ Form formByLook(std::string_view value, const ReadOptions& options) {
 }
 
 bool failIsFile(Reading& reading, std::string_view value) {
+    if (value.empty() || !firstsOfFiles[static_cast<unsigned char>(value.front())]) {
+        return false;
+    }
     for (const FileMark& mark : fileMarks) {
         if (value.starts_with(mark.bytes)) {
             readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, value), mark.bytes.size(),

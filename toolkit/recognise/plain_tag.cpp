@@ -1,6 +1,7 @@
 #include "recognise/plain_tag.h"
 
 #include "core/hex_words.h"
+#include "core/text_cursor.h"
 #include "recognise/bank_words.h"
 #include "words/scheme_words.h"
 
@@ -47,15 +48,18 @@ static_assert(std::all_of(schemeRows.begin(), schemeRows.end(), [](const SchemeR
 
 bool plainTagRead(std::string_view value, const ReadOptions& options, TagBits& tag) {
     const std::size_t words = value.size() / HEX_WORD_DIGITS;
-    if (value.size() % HEX_WORD_DIGITS != 0 || value.size() < SHORTEST_PLAIN ||
-        value.size() > 2 * tag.bytes.size() || options.asBarcode || options.separator != '\0' ||
+    if (value.size() % HEX_WORD_DIGITS != 0 || value.size() < SHORTEST_PLAIN) {
+        return false;
+    }
+    const int header = hexDigitValue(value[0]) << 4 | hexDigitValue(value[1]);
+    const PlainShape shape = header < 0 ? PlainShape{} : plainShapes[static_cast<unsigned>(header)];
+    if (shape.words != words || options.asBarcode || options.separator != '\0' ||
         hexToBytes(value, tag.bytes.data()) != EPC_OK) {
         return false;
     }
     tag.count = static_cast<std::int32_t>(words) * WORD_BITS;
-    const PlainShape shape = plainShapes[tag.bytes[0]];
     const unsigned last = tag.bytes[2 * words - 2] << 8 | tag.bytes[2 * words - 1];
-    return shape.words == words && (last & ((1U << shape.unusedBits) - 1)) == 0 &&
+    return (last & ((1U << shape.unusedBits) - 1)) == 0 &&
            (options.bank == Bank::EPC ||
             (options.bank == Bank::AUTO && !mayBeginWithBankWords(tag.bytes.data(), words)));
 }

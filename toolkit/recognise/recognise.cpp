@@ -17,9 +17,18 @@ namespace rosetag {
 
 namespace {
 
+constexpr std::string_view blanks = " \t\r\n";
+
+constexpr bool isBlank(char character) {
+    return std::any_of(blanks.begin(), blanks.end(),
+                       [=](char blank) { return character == blank; });
+}
+
 std::string_view withoutOuterBlanks(Reading& reading) {
-    constexpr std::string_view blanks = " \t\r\n";
     const std::string_view value = reading.value;
+    if (!value.empty() && !isBlank(value.front()) && !isBlank(value.back())) {
+        return value;
+    }
     const std::size_t first = std::min(value.find_first_not_of(blanks), value.size());
     const std::size_t last = value.find_last_not_of(blanks);
     const std::string_view inner =
@@ -35,25 +44,23 @@ std::string_view withoutOuterBlanks(Reading& reading) {
 // Keeps the elements of a bracketed text, GTINs padded.
 void prepareElementString(Reading& reading, std::string_view value) {
     readingClear(reading);
-    std::string_view rest = value;
-    while (!rest.empty()) {
-        const std::size_t end = std::min(rest.find('(', 1), rest.size());
-        const std::string_view element = rest.substr(0, end);
-        rest.remove_prefix(end);
+    std::size_t kept = 0;
+    for (std::size_t at = 0; at < value.size();) {
+        const std::size_t end = std::min(value.find('(', at + 1), value.size());
+        const std::string_view element = value.substr(at, end - at);
+        at = end;
         const std::size_t close = element.find(')');
         if (close == std::string_view::npos || element.front() != '(') {
-            readingKeep(reading, element);
             continue;
         }
-        const std::string_view head = element.substr(0, close + 1);
         const std::string_view number = element.substr(close + 1);
-        readingKeep(reading, head);
-        if (isShortGtinOf(head.substr(1, close - 1), number)) {
+        if (isShortGtinOf(element.substr(1, close - 1), number)) {
+            readingKeep(reading, value.substr(kept, end - number.size() - kept));
             keepGtin(reading, number);
-        } else {
-            readingKeep(reading, number);
+            kept = end;
         }
     }
+    readingKeep(reading, value.substr(kept));
 }
 
 bool prepareUri(Reading& reading, std::string_view value) {
@@ -121,7 +128,7 @@ bool readingPrepare(Reading& reading) {
                            {"a value cannot hold a NUL, the byte 0", "leave it out"});
     }
     std::string_view value = withoutOuterBlanks(reading);
-    if (!takeOffIdentifier(reading, value)) {
+    if (value.starts_with(']') && !takeOffIdentifier(reading, value)) {
         return false;
     }
     reading.form = formByLook(value, reading.options);

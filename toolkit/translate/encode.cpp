@@ -6,6 +6,7 @@
 #include "recognise/hex_text.h"
 #include "schemes/epc_uri.h"
 #include "translate/company_prefix.h"
+#include "translate/encode_plain.h"
 #include "translate/parsed_ais.h"
 #include "translate/tag_notes.h"
 #include "translate/text_room.h"
@@ -45,9 +46,11 @@ bool isTagValue(Form form) {
 // Looks up the length of the company prefix where the options have a list in its place. False if
 // the failure is set.
 bool completeGcpLength(Reading& reading, EncodeOptions& options) {
+    if (options.read.gcpList == nullptr || options.read.gcpLength.has_value()) {
+        return true;
+    }
     ParsedAis ais;
-    const bool isAsked = options.read.gcpList != nullptr && !options.read.gcpLength.has_value() &&
-                         aisParse(reading.form, reading.workspace.text, ais) == EPC_OK;
+    const bool isAsked = aisParse(reading.form, reading.workspace.text, ais) == EPC_OK;
     CompanyPrefix prefix = isAsked ? companyPrefixOf(options.read, ais) : CompanyPrefix{};
     if (!prefix.problem.empty()) {
         return readingFail(reading, EPC_ERR_BAD_PARTITION, 0, reading.value.size(),
@@ -66,11 +69,11 @@ bool suffices(Reading& reading, EncodeOptions& options) {
     if (isTagValue(reading.form)) {
         return true;
     }
-    const std::string form(formName(reading.form));
+    const std::string_view form = formName(reading.form);
     if (options.scheme == nullptr) {
-        return failOptions(
-            reading, EPC_ERR_UNKNOWN_SCHEME,
-            {form + " does not say which tag scheme to use", "choose a scheme", "scheme"});
+        return failOptions(reading, EPC_ERR_UNKNOWN_SCHEME,
+                           {std::string(form) + " does not say which tag scheme to use",
+                            "choose a scheme", "scheme"});
     }
     const SchemeInfo& scheme = *options.scheme;
     if (options.filter.has_value() && scheme.filterLimit == 0) {
@@ -84,7 +87,8 @@ bool suffices(Reading& reading, EncodeOptions& options) {
     }
     if (needsPrefix && !options.read.gcpLength.has_value()) {
         return failOptions(reading, EPC_ERR_BAD_PARTITION,
-                           {form + " does not say how long its GS1 company prefix is, which " +
+                           {std::string(form) +
+                                " does not say how long its GS1 company prefix is, which " +
                                 std::string(scheme.name) + " needs",
                             gcpLengthRemedy(), "gcp_length"});
     }
@@ -316,6 +320,11 @@ void encode(std::string_view value, const EncodeOptions& options, FormSet wanted
     result.form = reading.form;
     EncodeOptions completed = options;
     if (!isPrepared || !suffices(reading, completed)) {
+        return;
+    }
+    TagBits tag;
+    if (encodePlain(reading, completed, tag) &&
+        formsOfEncoded(tag, result.asked, result) == EPC_OK) {
         return;
     }
     std::string& hex = result.workspace.more;

@@ -5,6 +5,7 @@
 #include "gs1/ai_list.h"
 #include "recognise/hex_text.h"
 #include "schemes/epc_uri.h"
+#include "schemes/numeric_identity.h"
 #include "schemes/tag_scheme.h"
 #include "translate/numbers.h"
 #include "translate/text_room.h"
@@ -99,6 +100,17 @@ EpcStatus urisOfBits(const BitBuffer& bits, FormSet wanted, Translation& result)
     return EPC_OK;
 }
 
+// What was encoded for a scheme of numbers can be read: both look at the same limits.
+constexpr std::array<bool, EPC_SCHEME_COUNT> numericSchemesMake() {
+    std::array<bool, EPC_SCHEME_COUNT> numeric{};
+    for (const SchemeRow& row : schemeRows) {
+        numeric[static_cast<std::size_t>(row.scheme)] = schemeIsNumeric(row);
+    }
+    return numeric;
+}
+
+constexpr std::array<bool, EPC_SCHEME_COUNT> numericSchemes = numericSchemesMake();
+
 // Some form that tells whether the bits can be read, if none was asked for.
 FormSet readable(FormSet wanted, const SchemeInfo& scheme) {
     if (wanted.hasAny(scheme.hasUris ? Form::TAG_URI | Form::PURE_IDENTITY : FormSet()) ||
@@ -111,14 +123,23 @@ FormSet readable(FormSet wanted, const SchemeInfo& scheme) {
 } // namespace
 
 EpcStatus formsOfHex(std::string_view hex, FormSet wanted, Translation& result) {
-    return formsOfTag(tagBitsOf(hex), hex, wanted, result);
-}
-
-EpcStatus formsOfTag(const TagBits& tag, std::string_view hex, FormSet wanted,
-                     Translation& result) {
     if (wanted.has(Form::HEX)) {
         result.hex = hex;
     }
+    return formsOfTag(tagBitsOf(hex), wanted, TagOrigin::GIVEN, result);
+}
+
+EpcStatus formsOfEncoded(const TagBits& tag, FormSet wanted, Translation& result) {
+    if (wanted.has(Form::HEX)) {
+        std::array<char, EPC_HEX_SIZE> room;
+        TextBuffer hex = textBufferOver(room.data(), EPC_HEX_SIZE);
+        EPC_TRY(textBufferPutHex(hex, tag.bytes.data(), tag.count / 8));
+        result.hex = textBufferView(hex);
+    }
+    return formsOfTag(tag, wanted, TagOrigin::ENCODED, result);
+}
+
+EpcStatus formsOfTag(const TagBits& tag, FormSet wanted, TagOrigin origin, Translation& result) {
     result.bits = tag.count;
     if (tag.count < TAG_HEADER_BITS) {
         return EPC_ERR_TRUNCATED;
@@ -131,7 +152,9 @@ EpcStatus formsOfTag(const TagBits& tag, std::string_view hex, FormSet wanted,
         result.filter = schemeFilterOf(*result.scheme, tag.bytes.data());
     }
     const BitBuffer bits = bitBufferForReading(tag.bytes.data(), tag.count);
-    const FormSet forms = readable(wanted, *result.scheme);
+    const bool isReadable = origin == TagOrigin::ENCODED &&
+                            numericSchemes[static_cast<std::size_t>(result.scheme->scheme)];
+    const FormSet forms = isReadable ? wanted : readable(wanted, *result.scheme);
     if (result.scheme->hasUris) {
         EPC_TRY(urisOfBits(bits, forms, result));
     }

@@ -17,12 +17,11 @@ namespace {
 
 EpcStatus formsOfTagUri(Reading& reading, FormSet wanted, Translation& result) {
     const std::string& uri = reading.workspace.text;
+    TagBits tag;
     const EpcStatus status =
-        textFrom<EPC_HEX_SIZE>(result.workspace.more, [&](std::int32_t size, char* dst) {
-            return epc_epcTagUriToHex(uri.c_str(), size, dst);
-        });
+        tagBitsWrite(tag, [&](BitBuffer& bits) { return tagUriToBits(bits, uri); });
     if (status != EPC_ERR_NOT_SUPPORTED) {
-        return status == EPC_OK ? formsOfHex(result.workspace.more, wanted, result) : status;
+        return status == EPC_OK ? formsOfEncoded(tag, wanted, result) : status;
     }
     return formsOfPlusTagUri(uri, wanted, result);
 }
@@ -49,7 +48,10 @@ bool translatePlainTag(std::string_view value, const ReadOptions& options, FormS
         return false;
     }
     result.form = Form::HEX;
-    if (formsOfTag(tag, value, wanted, result) == EPC_OK) {
+    if (wanted.has(Form::HEX)) {
+        result.hex = value;
+    }
+    if (formsOfTag(tag, wanted, TagOrigin::GIVEN, result) == EPC_OK) {
         return true;
     }
     translationClear(result, wanted);

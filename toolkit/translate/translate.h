@@ -20,8 +20,24 @@ void dropUnasked(FormSet asked, Translation& result);
 // could be read.
 EpcStatus formsOfHex(std::string_view hex, FormSet wanted, Translation& result);
 
-// The same of bits that were read already, whose digits are hex.
-EpcStatus formsOfTag(const TagBits& tag, std::string_view hex, FormSet wanted, Translation& result);
+// Where bits come from: from a value, or from the library, which has just encoded them.
+enum class TagOrigin : std::uint8_t { GIVEN, ENCODED };
+
+// The same of bits, without their hex.
+EpcStatus formsOfTag(const TagBits& tag, FormSet wanted, TagOrigin origin, Translation& result);
+
+// The same of bits that were encoded, which are whole words.
+EpcStatus formsOfEncoded(const TagBits& tag, FormSet wanted, Translation& result);
+
+// Runs work on an empty buffer over the bits of a tag.
+// work: EpcStatus(BitBuffer& bits)
+template <typename Work>
+EpcStatus tagBitsWrite(TagBits& tag, Work work) {
+    BitBuffer bits = bitBufferForWriting(tag.bytes.data(), EPC_MAX_BINARY_BYTES);
+    const EpcStatus status = work(bits);
+    tag.count = bits.position;
+    return status;
+}
 
 // Writes the GTIN or the serial number of a tag value into EPC_AI_VALUE_SIZE characters.
 // EPC_ERR_NOT_SUPPORTED if it has none.
