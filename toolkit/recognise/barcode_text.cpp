@@ -8,6 +8,7 @@
 #include "words/shown_text.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace rosetag {
@@ -18,6 +19,30 @@ constexpr std::string_view separator(&GROUP_SEPARATOR, 1);
 
 // In lower case; any case is taken.
 constexpr std::string_view spellings[] = {"{gs}", "<gs>", "[gs]", "\\x1d", "\\u001d", "{fnc1}"};
+
+// Whether GS or a spelling of it begins with a character.
+constexpr std::array<bool, 256> beginsSeparatorMake() {
+    std::array<bool, 256> begins{};
+    begins[static_cast<unsigned char>(GROUP_SEPARATOR)] = true;
+    for (const std::string_view spelling : spellings) {
+        begins[static_cast<unsigned char>(spelling.front())] = true;
+    }
+    return begins;
+}
+
+constexpr std::array<bool, 256> beginsSeparator = beginsSeparatorMake();
+
+// Where the first separator of a text begins, or its end.
+std::size_t findSeparator(std::string_view text, const ReadOptions& options) {
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const bool isCandidate =
+            beginsSeparator[static_cast<unsigned char>(text[at])] || text[at] == options.separator;
+        if (isCandidate && separatorLength(text.substr(at), options) > 0) {
+            return at;
+        }
+    }
+    return text.size();
+}
 
 // Identifiers that the library leaves to others: of symbols that hold AIs or a GTIN as well.
 //
@@ -42,7 +67,7 @@ std::size_t separatorLength(std::string_view text, const ReadOptions& options) {
     if (first == GROUP_SEPARATOR || (options.separator != '\0' && first == options.separator)) {
         return 1;
     }
-    if (first != '{' && first != '<' && first != '[' && first != '\\') {
+    if (!beginsSeparator[static_cast<unsigned char>(first)]) {
         return 0;
     }
     for (const std::string_view spelling : spellings) {
@@ -54,6 +79,9 @@ std::size_t separatorLength(std::string_view text, const ReadOptions& options) {
 }
 
 const SymbologyIdentifier* symbologyOf(std::string_view text) {
+    if (!text.starts_with(']')) {
+        return nullptr;
+    }
     const std::string_view identifier = text.substr(0, SYMBOLOGY_IDENTIFIER_LENGTH);
     const auto isSame = [&](const SymbologyIdentifier& row) {
         return row.identifier == identifier;
@@ -112,12 +140,8 @@ bool prepareGtinSymbol(Reading& reading, std::string_view data, const SymbologyI
 void keepRun(Reading& reading, std::string_view run) {
     // Whatever precedes a separator or the end.
     while (!run.empty()) {
-        std::size_t length = 0;
-        std::size_t mark = 0;
-        while (length < run.size() && mark == 0) {
-            mark = separatorLength(run.substr(length), reading.options);
-            length += mark == 0 ? 1 : 0;
-        }
+        const std::size_t length = findSeparator(run, reading.options);
+        const std::size_t mark = separatorLength(run.substr(length), reading.options);
         const std::string_view part = run.substr(0, length);
         // A GTIN at the end, or before a separator, may be short.
         const std::string_view ai = part.substr(0, GTIN_AI.size());
@@ -136,8 +160,13 @@ void keepRun(Reading& reading, std::string_view run) {
 
 // A character that some programs write in place of GS, before something that is an AI.
 void noteLikelySeparator(Reading& reading, std::string_view run) {
-    for (std::size_t at = run.find_first_of(LIKELY_SEPARATORS); at != std::string_view::npos;
-         at = run.find_first_of(LIKELY_SEPARATORS, at + 1)) {
+    const auto isLikely = [](char character) {
+        return std::any_of(LIKELY_SEPARATORS.begin(), LIKELY_SEPARATORS.end(),
+                           [=](char likely) { return character == likely; });
+    };
+    for (auto next = std::find_if(run.begin(), run.end(), isLikely); next != run.end();
+         next = std::find_if(next + 1, run.end(), isLikely)) {
+        const auto at = static_cast<std::size_t>(next - run.begin());
         const std::string_view rest = run.substr(at + 1);
         const AiPrefix prefix = rest.size() < 2 ? AiPrefix{} : aiPrefixOf(rest[0], rest[1]);
         if (prefix.codeDigits == 0 || run[at] == reading.options.separator ||
@@ -177,26 +206,7 @@ bool takeOffIdentifier(Reading& reading, std::string_view& value) {
 }
 
 bool holdsSeparator(std::string_view text, const ReadOptions& options) {
-    // Letters and digits are passed at once: no spelling begins with one.
-    constexpr auto isLetterOrDigit = [] {
-        std::array<bool, 256> table{};
-        for (int i = 0; i < 26; ++i) {
-            table[static_cast<std::size_t>('A' + i)] = true;
-            table[static_cast<std::size_t>('a' + i)] = true;
-        }
-        for (int i = 0; i < 10; ++i) {
-            table[static_cast<std::size_t>('0' + i)] = true;
-        }
-        return table;
-    }();
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isSkipped =
-            isLetterOrDigit[static_cast<unsigned char>(text[i])] && text[i] != options.separator;
-        if (!isSkipped && separatorLength(text.substr(i), options) > 0) {
-            return true;
-        }
-    }
-    return false;
+    return findSeparator(text, options) < text.size();
 }
 
 bool prepareBarcode(Reading& reading, std::string_view value) {

@@ -81,7 +81,16 @@ namespace {
 
 // The AI that a segment of a path is, by its digits or by an old name; empty if it is none.
 std::string_view aiOfSegment(std::string_view segment) {
-    return aiRowOf(segment) != nullptr ? segment : aiOfLinkName(segment);
+    if (!segment.empty() && charIsDigit(segment.front())) {
+        return aiFind(segment) != nullptr ? segment : std::string_view();
+    }
+    return aiOfLinkName(segment);
+}
+
+// True for a segment that is the key of a link.
+bool isKeySegment(std::string_view segment) {
+    const AiDefinition* const ai = aiFind(aiOfSegment(segment));
+    return ai != nullptr && ai->linkKey != 0;
 }
 
 // A trial keeps the text, but makes no notes.
@@ -102,11 +111,8 @@ void keepValue(Reading& reading, std::string_view ai, std::string_view value, No
     }
 }
 
-void keepCode(Reading& reading, std::string_view segment, Notes notes) {
-    const std::string_view ai = aiOfSegment(segment);
-    if (ai.empty() || ai == segment) {
-        return readingKeep(reading, segment);
-    }
+// Keeps the AI that an old name stands for.
+void keepName(Reading& reading, std::string_view segment, std::string_view ai, Notes notes) {
     readingPut(reading, ai, positionIn(reading, segment));
     if (notes == Notes::YES) {
         Note& note = readingNote(reading, NoteKind::OLD_NAME, segment,
@@ -136,19 +142,23 @@ void keepPath(Reading& reading, std::string_view path, Notes notes) {
     if (kept.size() < path.size() && notes == Notes::YES) {
         leaveOut(reading, path.substr(kept.size()), "a trailing \"/\"");
     }
-    std::string_view rest = kept;
+    std::size_t first = 0; // of what is not kept yet
+    std::size_t at = 0;
     std::string_view ai;
-    for (bool isCode = true; !rest.empty(); isCode = !isCode) {
-        const std::size_t end = std::min(rest.find('/', 1), rest.size());
-        const std::string_view segment = rest.substr(1, end - 1);
-        readingKeep(reading, rest.substr(0, 1));
-        if (isCode) {
-            ai = aiOfSegment(segment);
-            keepCode(reading, segment, notes);
-        } else {
-            keepValue(reading, ai, segment, notes);
+    for (bool isCode = true; at < kept.size(); isCode = !isCode) {
+        const std::size_t end = std::min(kept.find('/', at + 1), kept.size());
+        const std::string_view segment = kept.substr(at + 1, end - at - 1);
+        ai = isCode ? aiOfSegment(segment) : ai;
+        const bool isName = isCode && !ai.empty() && ai.data() != segment.data();
+        if (isName || (!isCode && isShortGtinOf(ai, segment))) {
+            readingKeep(reading, kept.substr(first, at + 1 - first));
+            isName ? keepName(reading, segment, ai, notes) : keepValue(reading, ai, segment, notes);
+            first = end;
         }
-        rest.remove_prefix(end);
+        at = end;
+    }
+    if (first < kept.size()) {
+        readingKeep(reading, kept.substr(first));
     }
 }
 
@@ -164,15 +174,32 @@ std::string_view firstPair(std::string_view path) {
     return path.substr(0, end);
 }
 
-// Where the key begins: the last place from which everything reads; otherwise the last whose key
-// and check digit are right; otherwise the last that looks like a key; otherwise the end.
 struct KeyPlace {
-    std::size_t start;
-    std::size_t choices; // places from which everything reads
+    std::size_t start;   // the end of the path if there is none
+    std::size_t choices; // places where it could begin
 };
 
+// The last place that looks like a key, and how many there are.
+KeyPlace placesOfKeys(std::string_view path) {
+    KeyPlace place = {path.size(), 0};
+    std::size_t at = path.find('/');
+    while (at != std::string_view::npos) {
+        const std::size_t end = path.find('/', at + 1);
+        if (end != std::string_view::npos && isKeySegment(path.substr(at + 1, end - at - 1))) {
+            place = {at, place.choices + 1};
+        }
+        at = end;
+    }
+    return place;
+}
+
+// Where the key begins: the last place from which everything reads; otherwise the last whose key
+// and check digit are right; otherwise the last that looks like a key; otherwise the end.
 KeyPlace findKey(Reading& reading, std::string_view path) {
     const std::size_t none = path.size();
+    if (const KeyPlace only = placesOfKeys(path); only.choices <= 1) {
+        return only;
+    }
     std::size_t looks = none;
     std::size_t holds = none;
     KeyPlace reads = {none, 0};
@@ -180,7 +207,7 @@ KeyPlace findKey(Reading& reading, std::string_view path) {
          at = path.find('/', at + 1)) {
         const std::string_view tail = path.substr(at);
         const std::size_t end = tail.find('/', 1);
-        if (end == std::string_view::npos || !aiIsLinkKey(aiOfSegment(tail.substr(1, end - 1)))) {
+        if (end == std::string_view::npos || !isKeySegment(tail.substr(1, end - 1))) {
             continue;
         }
         looks = at;

@@ -124,14 +124,14 @@ Form formByLook(std::string_view value, const ReadOptions& options) {
     if (value.empty()) {
         return Form::UNKNOWN;
     }
+    if (value.front() == '(') {
+        return Form::ELEMENT_STRING;
+    }
     if (beginsIgnoringCase(value, TAG_URI_PREFIX)) {
         return Form::TAG_URI;
     }
     if (beginsIgnoringCase(value, PURE_IDENTITY_URI_PREFIX)) {
         return Form::PURE_IDENTITY;
-    }
-    if (value.front() == '(') {
-        return Form::ELEMENT_STRING;
     }
     if (value.front() == '/' || beginsIgnoringCase(value, "https://") ||
         beginsIgnoringCase(value, "http://")) {

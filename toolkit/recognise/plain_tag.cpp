@@ -1,7 +1,7 @@
 #include "recognise/plain_tag.h"
 
+#include "core/hex_digits.h"
 #include "core/hex_words.h"
-#include "core/text_cursor.h"
 #include "recognise/bank_words.h"
 #include "words/scheme_words.h"
 
