@@ -5,18 +5,18 @@
  * One call converts a whole array. Values are read in place from the caller's buffers; each form
  * that is asked for becomes a column of its own, beside a column with the status of each row. A row
  * that fails is null in all columns but the status; a null stays null, its status too. One bad row
- * never ends a call.
+ * never ends a call. With a column of texts, of the type valuesType:
  *
+ *     const char* const outputs[] = {"element_string", "status"};
  *     struct ArrowSchema type;
  *     struct ArrowArray rows;
- *     const char* const outputs[] = {"element_string", "status"};
  *     char error[ROSETAG_COLUMNS_ERROR_SIZE];
- *     if (rosetag_columnsDecode(&valuesType, &values, outputs, 2, NULL, &type, &rows, error) == 0)
- * {
- *         // rows is a struct array with two children
- *         rows.release(&rows);
- *         type.release(&type);
- *     }
+ *     int32_t result =
+ *         rosetag_columnsDecode(&valuesType, &values, outputs, 2, NULL, &type, &rows, error);
+ *     // result is ROSETAG_COLUMNS_OK
+ *     // rows.n_children is 2
+ *     rows.release(&rows);
+ *     type.release(&type);
  *
  * What follows holds for every function.
  *

@@ -8,7 +8,7 @@
  *
  *     const std::string value = "3074257BF7194E4000001A85";
  *     const rosetag::Translation item = rosetag::translate(value);
- *     std::cout << item.elementString;           // (01)80614141123458(21)6789
+ *     // item.elementString is "(01)80614141123458(21)6789"
  *     std::cout << rosetag::toJson(item, value); // all of it as a JSON object
  *
  * What follows holds for every function.
@@ -368,8 +368,10 @@ struct Recognition {
  *
  * Example:
  *
- *     rosetag::recognise("https://example.com/01/9506000134352").form
- *     // is Form::DIGITAL_LINK; text is "/01/09506000134352"
+ *     const rosetag::Recognition link =
+ *         rosetag::recognise("https://example.com/01/9506000134352");
+ *     // link.form is rosetag::Form::DIGITAL_LINK
+ *     // link.text is "/01/09506000134352"
  *
  * JSON: value, form, text, notes; after a failure value, form and the keys of a failure.
  */
@@ -546,8 +548,9 @@ void translate(std::span<const std::uint8_t> bytes, const ReadOptions& options, 
  * Example:
  *
  *     rosetag::Translation room; // outside of the loop
- *     rosetag::convert("3074257BF7194E4000001A85", {}, rosetag::Form::TAG_URI, room);
- *     // is "urn:epc:tag:sgtin-96:3.0614141.812345.6789"
+ *     const std::string_view uri =
+ *         rosetag::convert("3074257BF7194E4000001A85", {}, rosetag::Form::TAG_URI, room);
+ *     // uri is "urn:epc:tag:sgtin-96:3.0614141.812345.6789"
  */
 std::string_view convert(std::string_view value, const ReadOptions& options, Form form,
                          Translation& result);
@@ -598,8 +601,8 @@ struct EncodeOptions {
  *     options.scheme = rosetag::schemeByName("sgtin-96");
  *     options.filter = 3;
  *     options.read.gcpLength = 7;
- *     rosetag::encode("(01)80614141123458(21)6789", options).hex
- *     // is "3074257BF7194E4000001A85"
+ *     const rosetag::Translation tag = rosetag::encode("(01)80614141123458(21)6789", options);
+ *     // tag.hex is "3074257BF7194E4000001A85"
  *
  * JSON: as of translate.
  */
@@ -667,8 +670,12 @@ struct Explanation {
  *
  * Example:
  *
- *     rosetag::explain("3074257BF7194E4000001A85").fields[3]
- *     // has the name "company prefix", the bits 14 to 37 and the meaning "0614141"
+ *     const rosetag::Explanation tag = rosetag::explain("3074257BF7194E4000001A85");
+ *     const rosetag::ExplainedField& field = tag.fields[3];
+ *     // field.name is "company prefix"
+ *     // field.first is 14
+ *     // field.width is 24
+ *     // field.meaning is "0614141"
  *
  * JSON: value, form, scheme, hex, fields as an array of objects with first, width, name, bits,
  * meaning, value, ai and good, places as an array of objects with field, form, position and length,
@@ -702,7 +709,9 @@ struct AiTranslation {
  *
  * Example:
  *
- *     rosetag::encodeAi("21", "ABCG").hex // is "64001086", of 32 bits
+ *     const rosetag::AiTranslation serial = rosetag::encodeAi("21", "ABCG");
+ *     // serial.hex is "64001086"
+ *     // serial.bits is 32
  *
  * JSON: ai, title, value, hex, bits.
  */
@@ -720,7 +729,8 @@ AiTranslation encodeAi(std::string_view ai, std::string_view value, bool withCod
  *
  * Example:
  *
- *     rosetag::decodeAi("2164001086").ai.value // is "ABCG"
+ *     const rosetag::AiTranslation serial = rosetag::decodeAi("2164001086");
+ *     // serial.ai.value is "ABCG"
  *
  * JSON: ai, title, value, hex.
  */
@@ -756,7 +766,8 @@ inline constexpr unsigned TID_DESIGNER_MASK = 0x1FF;
  *
  * Example:
  *
- *     rosetag::tid("E2003412").record.tmid // is 0x412
+ *     const rosetag::Tid chip = rosetag::tid("E2003412");
+ *     // chip.record.tmid is 0x412
  *
  * JSON: value, mdid, tmid, xtid, serial_bits, serial, and the other members of TidRecord in lower
  * case with underscores.
@@ -782,8 +793,12 @@ Tid tid(std::string_view value);
  *
  * Example:
  *
- *     rosetag::check("(01)09506000134353(17)251301")
- *     // finds CHECK_DIGIT at 17, and DATE at 24
+ *     const rosetag::Rows<rosetag::Finding> findings =
+ *         rosetag::check("(01)09506000134353(17)251301");
+ *     // findings[0].rule is rosetag::CheckRule::CHECK_DIGIT
+ *     // findings[0].position is 17
+ *     // findings[1].rule is rosetag::CheckRule::DATE
+ *     // findings[1].position is 24
  *
  * JSON: value, findings as an array of objects with severity, rule, ai, position, length, culprit
  * and message.

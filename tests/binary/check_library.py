@@ -1,8 +1,8 @@
 """Checks the finished library as a file: what it offers, needs, holds and weighs.
 
-usage: check_library.py LIBRARY ARCHIVE HEADER SYMBOLS SOVERSION COMMAND
+usage: check_library.py LIBRARY ARCHIVE TOOLKIT HEADERS SYMBOLS SOVERSION COMMAND
 
-LIBRARY is the shared library, ARCHIVE the static one. SYMBOLS lists the exports, each with the
+LIBRARY is the shared library, ARCHIVE the static one, TOOLKIT the static library above it. SYMBOLS lists the exports, each with the
 release that introduced it, in the format of Debian's symbols files. Its names are compared with the
 header: an export that is removed must be removed here too, and raises SOVERSION.
 """
@@ -12,7 +12,7 @@ import subprocess
 import sys
 import unittest
 
-LIBRARY, ARCHIVE, HEADER, SYMBOLS, SOVERSION, COMMAND = sys.argv[1:7]
+LIBRARY, ARCHIVE, TOOLKIT, HEADERS, SYMBOLS, SOVERSION, COMMAND = sys.argv[1:8]
 
 # What the library may ask of the platform: nothing that allocates, throws, prints or depends on the
 # locale or the environment.
@@ -34,10 +34,19 @@ def lines_of(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout.splitlines()
 
 
-def declared_functions():
-    with open(HEADER, encoding="ascii") as header:
+def declared_functions(name="rosetag.h", declaration=r"^ROSETAG_EXPORT\s+EpcStatus\s+(\w+)\("):
+    with open(f"{HEADERS}/{name}", encoding="ascii") as header:
         text = re.sub(r"/\*.*?\*/", "", header.read(), flags=re.DOTALL)
-    return re.findall(r"^ROSETAG_EXPORT\s+EpcStatus\s+(\w+)\(", text, flags=re.MULTILINE)
+    return re.findall(declaration, text, flags=re.MULTILINE)
+
+
+def global_symbols(archive):
+    """The names that an archive defines, without those of its own namespace."""
+    symbols = [line.split()[1:] for line in lines_of("nm", "-g", "--defined-only", archive)
+               if len(line.split()) == 3]
+    # A template of the standard library over a type of the namespace is no one else's.
+    others = {(kind, name) for kind, name in symbols if not re.match(r"_Z.*7rosetag", name)}
+    return others, len(symbols)
 
 
 def section_bytes(name):
@@ -58,12 +67,19 @@ class Library(unittest.TestCase):
 
     def test_the_archive_defines_nothing_else_outside_its_namespace(self):
         exported = declared_functions()
-        defined = [line.split()[-1] for line in lines_of("nm", "-g", "--defined-only", ARCHIVE)
-                   if len(line.split()) == 3]
-        # A template of the standard library over a type of the namespace is no one else's.
-        others = {name for name in defined if not re.match(r"_Z.*7rosetag", name)}
-        self.assertEqual(sorted(others), sorted(exported))
-        self.assertGreater(len(defined), len(exported), "the archive has internals")
+        others, count = global_symbols(ARCHIVE)
+        self.assertEqual(sorted(name for _, name in others), sorted(exported))
+        self.assertGreater(count, len(exported), "the archive has internals")
+
+    def test_the_toolkit_defines_nothing_else_outside_its_namespace(self):
+        columns = declared_functions("columns.h", r"^int32_t (rosetag_columns\w+)\(")
+        self.assertNotEqual(columns, [])
+        others, _ = global_symbols(TOOLKIT)
+        # Templates of the standard library, which every program that uses them defines alike.
+        shared = {(kind, name) for kind, name in others
+                  if kind in "VWu" and re.match(r"_Z+(NK?|TI|TS|TV|G\w)*St|DW\.ref\.", name)}
+        self.assertEqual(sorted(name for _, name in others - shared),
+                         sorted(declared_functions() + columns))
 
     def test_exports_what_releases_have_exported(self):
         with open(SYMBOLS, encoding="ascii") as file:
