@@ -1,11 +1,13 @@
 """The functions on a cluster of two workers, each a process of its own."""
 
+import doctest
 import os
 import signal
 import subprocess
 import sys
 import threading
 import time
+from pathlib import Path
 
 import pytest
 
@@ -122,3 +124,11 @@ def test_encoding(spark):
 def test_bytes(spark):
     frame = spark.createDataFrame([(bytes.fromhex("3074257BF7194E4000001A85"),)], "epc binary")
     assert frame.select(rs.decode("epc", "gtin")).collect()[0][0] == "80614141123458"
+
+
+def test_examples_of_the_page(spark, tmp_path, monkeypatch):
+    monkeypatch.chdir(tmp_path)
+    page = Path(__file__).parents[3] / "docs/spark.md"
+    result = doctest.testfile(str(page), module_relative=False)
+    assert result.attempted > 10
+    assert result.failed == 0

@@ -48,14 +48,20 @@ def _arrays(rows: columns.Columns) -> list[pa.Array]:
 def _function(to: str | Iterable[str], call: Callable[..., columns.Columns]) -> Any:
     """An Arrow function: one column for one output, a struct for several."""
     if isinstance(to, str):
-        return F.arrow_udf(lambda *arrays: _arrays(call(*arrays))[0], _type_of(to))
+        return _named(to, lambda *arrays: _arrays(call(*arrays))[0], _type_of(to))
     outputs = list(to)
     struct = StructType([StructField(name, _type_of(name)) for name in outputs])
 
     def rows(*arrays: pa.Array) -> pa.Array:
         return pa.StructArray.from_arrays(_arrays(call(*arrays)), names=outputs)
 
-    return F.arrow_udf(rows, struct)
+    return _named("item", rows, struct)
+
+
+def _named(name: str, function: Callable[..., pa.Array], result: DataType) -> Any:
+    """Spark calls a column after the function that it comes from."""
+    function.__name__ = name
+    return F.arrow_udf(function, result)
 
 
 def _column(option: Any) -> Column:
