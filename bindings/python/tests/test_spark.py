@@ -121,6 +121,16 @@ def test_encoding(spark):
     assert [row[0] for row in by_sql.collect()] == expected
 
 
+def test_checking(spark):
+    values = [("(01)80614141123458",), ("(01)80614141123459(17)251301",), (None,)]
+    frame = spark.createDataFrame(values, "text string").coalesce(1)
+    checked = frame.select(
+        rs.check("text").alias("is_valid"), rs.check("text", ["errors", "rule"]).alias("item")
+    )
+    rows = [(row.is_valid, row.item.errors, row.item.rule) for row in checked.collect()]
+    assert rows == [(True, 0, None), (False, 2, "check_digit"), (None, None, None)]
+
+
 def test_bytes(spark):
     frame = spark.createDataFrame([(bytes.fromhex("3074257BF7194E4000001A85"),)], "epc binary")
     assert frame.select(rs.decode("epc", "gtin")).collect()[0][0] == "80614141123458"

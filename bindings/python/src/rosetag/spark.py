@@ -1,6 +1,6 @@
 """The functions on columns of Apache Spark.
 
-:func:`decode` and :func:`encode` are column functions; :func:`register` gives them to SQL. Batches
+:func:`decode`, :func:`encode` and :func:`check` are column functions; :func:`register` gives them to SQL. Batches
 go to them as Arrow arrays, so that a row costs little more than the library itself. The executors
 need the wheel of this package, see ``docs/spark.md``.
 
@@ -16,19 +16,22 @@ from typing import Any
 import pyarrow as pa
 from pyspark.sql import Column, SparkSession
 from pyspark.sql import functions as F
-from pyspark.sql.types import BinaryType, ByteType, DataType, ShortType, StringType
-from pyspark.sql.types import StructField, StructType
+from pyspark.sql.types import BinaryType, BooleanType, ByteType, DataType, IntegerType, ShortType
+from pyspark.sql.types import StringType, StructField, StructType
 
 from rosetag import columns
 from rosetag._api import Encoding
 
-__all__ = ["SQL_FUNCTIONS", "decode", "encode", "register"]
+__all__ = ["SQL_FUNCTIONS", "check", "decode", "encode", "register"]
 
 # Spark has no unsigned bytes.
 _TYPES: dict[str, DataType] = {
     "bytes": BinaryType(),
     "filter": ByteType(),
     "status": ShortType(),
+    "is_valid": BooleanType(),
+    "errors": IntegerType(),
+    "warnings": IntegerType(),
 }
 _ARROW_TYPES = {"status": pa.int16()}
 
@@ -131,6 +134,17 @@ def encode(
         return columns.encode(array, encoding=encoding, to=outputs, **options)
 
     return _function(outputs, call)(_column(values), *of_rows.values())
+
+
+def check(values: Column | str, to: str | Iterable[str] = "is_valid") -> Column:
+    """Finds what is not as GS1 demands.
+
+    Args:
+        values: a column, or its name: texts in any form, or the bytes of tag values as binary.
+        to: an output of :func:`rosetag.columns.check`; several become a struct.
+    """
+    outputs = to if isinstance(to, str) else tuple(to)
+    return _function(outputs, lambda array: columns.check(array, outputs))(_column(values))
 
 
 SQL_FUNCTIONS = {
