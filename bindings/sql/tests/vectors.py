@@ -4,11 +4,14 @@ import csv
 import re
 from pathlib import Path
 
+# The function of each has its name after epc_.
 FORMS = {
     "hex", "tag_uri", "pure_identity", "element_string", "barcode_string", "digital_link", "gtin",
     "serial", "scheme", "filter",
 }
 SKIPPED = {
+    "check": "there is no SQL function for findings; epc_check asks whether a value can be decoded",
+    "explain": "there is no SQL function for the bits of each field",
     "encode_ai": "there is no SQL function for the bits of a single AI",
     "decode_ai": "there is no SQL function for the bits of a single AI",
     "encode with an encoding": "epc_encode has no argument for it",
@@ -78,10 +81,13 @@ def _calls_of(row):
             (row["id"], "tid_model(?)", [value], _number(model)),
             (row["id"], "tid_serial(?)", [value], serial),
         ]
+    if op == "ais":
+        return [(row["id"], "AIS", [value], output)]
+    assert op in FORMS, f"nothing is known of the op {op}"
     found = [(row["id"], "epc_status(?)", [value], status)] if op == "tag_uri" else []
     if op == "filter":
         output = _number(output)
-    return [*found, (row["id"], "AIS" if op == "ais" else f"epc_{op}(?)", [value], output)]
+    return [*found, (row["id"], f"epc_{op}(?)", [value], output)]
 
 
 def hexadecimal(value):

@@ -14,6 +14,7 @@ ROOT, EXTENSION = sys.argv[1:3]
 sys.path.insert(0, str(Path(ROOT) / "bindings/sql/tests"))
 
 import counted
+import pages
 import rules
 import vectors
 
@@ -210,6 +211,12 @@ SELECT * FROM epc_ais;
                          result.stdout, result.stderr)
         self.assertEqual(1, result.returncode, result.stderr)
         self.assertIn("EPC_ERR_BAD_FORMAT", result.stderr)
+
+    def test_pages(self):
+        for page, section, blocks in [("docs/sql.md", "SQLite", 6),
+                                      ("bindings/sqlite/README.md", None, 1)]:
+            self.assertEqual(blocks, pages.check(
+                self, ROOT, page, section, EXTENSION, ["sqlite3", "-box"], ".load ./rosetag"))
 
 
 if __name__ == "__main__":
