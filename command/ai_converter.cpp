@@ -27,6 +27,9 @@ public:
     std::string_view value() const override {
         return given;
     }
+    const Rows<Note>* notes() const override {
+        return &result.notes;
+    }
 
     // Encoding writes hex, decoding the AI and its value.
     void writeLine(std::string& out) override {

@@ -1,5 +1,6 @@
 #include "arguments.h"
 
+#include "choices.h"
 #include "command_line.h"
 
 #include <algorithm>
@@ -19,6 +20,30 @@ std::string exclusionText(const std::string& text) {
         return (one == "VALUE" ? other : one) + " is for lines, and here a value is given";
     }
     return one + " does not go together with " + other;
+}
+
+// An option that the command does not have.
+std::string strangerText(const CLI::App& app, const CLI::ExtrasError& error) {
+    const std::vector<std::string> strangers = app.remaining(true);
+    const auto option = std::ranges::find_if(
+        strangers, [](const std::string& word) { return word.starts_with('-'); });
+    if (option == strangers.end()) {
+        return error.what();
+    }
+    if (*option == "-v") {
+        return "there is no option \"-v\"; rosetag -V shows the version";
+    }
+    const CLI::App* command = &app;
+    while (!command->get_subcommands().empty()) {
+        command = command->get_subcommands().front();
+    }
+    std::vector<std::string> names;
+    for (const CLI::Option* known : command->get_options()) {
+        for (const std::string& name : known->get_lnames()) {
+            names.push_back("--" + name);
+        }
+    }
+    return unknownWordError(names, "option", option->substr(0, option->find('=')));
 }
 
 // The words for "rosetag help encode" are those of "rosetag encode --help".
@@ -56,6 +81,8 @@ std::optional<int> argumentsRead(int argc, char** argv, Output& output, Argument
         return EXIT_STATUS_GOOD;
     } catch (const CLI::ExcludesError& error) {
         throw UsageError(exclusionText(error.what()));
+    } catch (const CLI::ExtrasError& error) {
+        throw UsageError(strangerText(app, error));
     } catch (const CLI::ParseError& error) {
         throw UsageError(error.what());
     }

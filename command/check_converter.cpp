@@ -14,13 +14,15 @@ public:
     void convert(const InputItem& input) override {
         given = input.value;
         line = input.line;
-        check(given, options, findings);
+        check(given, options, found);
         setFailure();
+        noteBlanks();
     }
     void refuse(const InputItem& input, Failure failure) override {
         given = input.value;
         line = input.line;
-        findings.clear();
+        found.clear();
+        taken.clear();
         problem = std::move(failure);
     }
 
@@ -35,13 +37,19 @@ public:
     std::string_view value() const override {
         return given;
     }
+    const Rows<Note>* notes() const override {
+        return &taken;
+    }
+    const Rows<Finding>* findings() const override {
+        return &found;
+    }
 
     // A row for each finding: line, severity, rule, AI, position, culprit, message.
     void writeLine(std::string& out) override {
         if (isJson) {
             return writeArgument(out);
         }
-        for (const Finding& finding : findings) {
+        for (const Finding& finding : found) {
             out += std::to_string(line) + '\t';
             out += severityWord(finding.severity);
             out += '\t';
@@ -52,24 +60,24 @@ public:
             tsvAppendCell(out, finding.message);
             out += '\n';
         }
-        if (findings.empty() && isFailure(problem)) {
+        if (found.empty() && isFailure(problem)) {
             out += std::to_string(line) + "\terror\t" + std::string(Converter::failureWord()) +
                    "\t\t1\t\t" + problem.message + '\n';
         }
     }
     void writeArgument(std::string& out) override {
         if (isJson) {
-            appendJson(out, findings, given, line);
+            appendJson(out, found, given, line);
             out += '\n';
             return;
         }
         out += shownText(given) + '\n';
-        for (const Finding& finding : findings) {
+        for (const Finding& finding : found) {
             out += "  ";
             out += severityWord(finding.severity);
             out += ' ' + findingText(finding) + '\n';
         }
-        out += findings.empty() ? "  no findings\n" : "";
+        out += found.empty() ? "  no findings\n" : "";
     }
     bool showsFailures() const override {
         return true;
@@ -77,18 +85,18 @@ public:
 
     void writeCells(std::vector<std::string>& cells) override {
         cells.assign(2, {});
-        if (!findings.empty() || isFailure(problem)) {
+        if (!found.empty() || isFailure(problem)) {
             cells[0] = severityWord(isFailure(problem) ? Severity::ERROR : Severity::WARNING);
         }
-        for (const Finding& finding : findings) {
+        for (const Finding& finding : found) {
             cells[1] += (cells[1].empty() ? "" : "; ") + findingText(finding);
         }
-        cells[1] += findings.empty() ? problem.message : "";
+        cells[1] += found.empty() ? problem.message : "";
     }
 
 private:
     const Finding* firstError() const {
-        for (const Finding& finding : findings) {
+        for (const Finding& finding : found) {
             if (finding.severity == Severity::ERROR) {
                 return &finding;
             }
@@ -105,11 +113,27 @@ private:
         }
     }
 
+    // A check passes over the blanks around a value.
+    void noteBlanks() {
+        constexpr std::string_view blanks = " \t\r";
+        taken.clear();
+        if (given.empty() || (blanks.find(given.front()) == std::string_view::npos &&
+                              blanks.find(given.back()) == std::string_view::npos)) {
+            return;
+        }
+        for (const Note& note : recognise(given, options).notes) {
+            if (note.kind == NoteKind::BLANKS) {
+                taken.add() = note;
+            }
+        }
+    }
+
     const ReadOptions options;
     const bool isJson;
     std::string_view given;
     std::uint64_t line = 0;
-    Rows<Finding> findings;
+    Rows<Finding> found;
+    Rows<Note> taken;
     Failure problem;
 };
 

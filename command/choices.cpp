@@ -96,14 +96,17 @@ std::string choicesText(std::string_view typeName) {
     return joined(choicesOf(typeName));
 }
 
-std::string choiceError(std::string_view typeName, std::string_view what, std::string_view given) {
-    const std::vector<std::string> words = choicesOf(typeName);
-    if (std::ranges::find(words, given) != words.end()) {
-        return {};
-    }
+std::string unknownWordError(const std::vector<std::string>& words, std::string_view what,
+                             std::string_view given) {
     const std::vector<std::string> like = wordsLike(words, given);
     return "there is no " + std::string(what) + " \"" + std::string(given) + "\"; there " +
            (like.size() == 1 ? "is " : "are ") + joined(like);
+}
+
+std::string choiceError(std::string_view typeName, std::string_view what, std::string_view given) {
+    const std::vector<std::string> words = choicesOf(typeName);
+    return std::ranges::find(words, given) == words.end() ? unknownWordError(words, what, given)
+                                                          : std::string();
 }
 
 int encodingByWord(std::string_view word) {

@@ -18,7 +18,11 @@ std::vector<std::string> choicesOf(std::string_view typeName);
 // The same with blanks between them.
 std::string choicesText(std::string_view typeName);
 
-// What is wrong with a word, with those that are most like it; empty if nothing is.
+// What is wrong with a word that is none of the words, with those that are most like it.
+std::string unknownWordError(const std::vector<std::string>& words, std::string_view what,
+                             std::string_view given);
+
+// What is wrong with a word of that type, with those that are most like it; empty if nothing is.
 std::string choiceError(std::string_view typeName, std::string_view what, std::string_view given);
 
 // The encoding of a word of ENCODING.

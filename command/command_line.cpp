@@ -136,7 +136,8 @@ void addReading(CLI::App& command, Arguments& arguments) {
             },
             "");
     command.add_flag("--strict", arguments.read.strict,
-                     "take links as they are; a run over lines stops at the first failure");
+                     "take links as they are, and refuse what check calls an error; a run over "
+                     "lines stops at the first failure");
 }
 
 void addJson(CLI::App& command, Arguments& arguments) {

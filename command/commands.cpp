@@ -3,6 +3,7 @@
 #include "choices.h"
 #include "command_line.h"
 #include "converters.h"
+#include "system.h"
 #include "translation_converter.h"
 #include "user_lists.h"
 
@@ -35,6 +36,9 @@ public:
     }
     const Rows<Note>* notes() const override {
         return last->notes();
+    }
+    const Rows<Finding>* findings() const override {
+        return last->findings();
     }
     void writeLine(std::string& out) override {
         last->writeLine(out);
@@ -110,15 +114,19 @@ TranslationSettings translationSettings(const Arguments& arguments, TableOptions
             throw UsageError(error);
         }
     }
+    // What is written of a line does not tell what is wrong with it, unless that is asked for.
+    if (!arguments.values.empty() || arguments.isJson || arguments.read.strict) {
+        settings.wanted = Form::FINDINGS;
+    }
     if (arguments.isJson) {
         settings.writing = Writing::JSON;
-        settings.wanted = settings.isEncode ? FormSet(Form::HEX) : ALL_FORMS;
+        settings.wanted = settings.wanted | (settings.isEncode ? Form::HEX : ALL_FORMS);
         return settings;
     }
     chooseFields(arguments, settings);
     if (settings.fields.empty()) {
         settings.writing = Writing::HUMAN;
-        settings.wanted = ALL_FORMS;
+        settings.wanted = settings.wanted | ALL_FORMS;
     }
     return settings;
 }
@@ -138,7 +146,7 @@ void tellNotes(Output& output, const Converter& converter) {
         for (std::size_t i = 0; notes != nullptr && i < notes->size(); ++i) {
             const Note& note = (*notes)[i];
             if (note.severity == severity && note.kind != NoteKind::NEEDS_GCP_LENGTH) {
-                text += (text.empty() ? "" : "; ") + note.text;
+                text += (text.empty() ? "" : "; ") + note.text + optionHint(note.option);
             }
         }
         if (!text.empty()) {
@@ -148,12 +156,30 @@ void tellNotes(Output& output, const Converter& converter) {
     }
 }
 
+void tellFindings(Output& output, const Converter& converter) {
+    const Rows<Finding>* const findings = converter.findings();
+    if (findings == nullptr || isFailure(converter.failure())) {
+        return;
+    }
+    for (const Finding& finding : *findings) {
+        if (!isToldByNote(finding, *converter.notes())) {
+            complain(output, std::string(severityWord(finding.severity)) + ": " +
+                                 shownText(converter.value()) + ": " + findingText(finding));
+        }
+    }
+}
+
 void tellFailure(Output& output, const Converter& converter, bool isBare) {
     const std::string value = shownText(converter.value());
     std::string text = (value.empty() ? "\"\"" : value) + ": " +
                        std::string(converter.failureWord()) + ": " +
                        failureMessage(converter.failure());
-    if (isBare && recognise(converter.value()).form == Form::UNKNOWN) {
+    const bool isUnknown = recognise(converter.value()).form == Form::UNKNOWN;
+    if (isUnknown && converter.failure().option != "input" &&
+        isFileName(std::string(converter.value()))) {
+        text += "\n  or the name of a file: --input reads it";
+    }
+    if (isBare && isUnknown) {
         text += "\n  or a command:";
         for (const std::string& name : commandNames()) {
             text += ' ' + name;
@@ -169,6 +195,9 @@ int runValues(Output& output, const Arguments& arguments, Converter& converter) 
     for (const std::string& value : arguments.values) {
         converter.convert({value, 0, {}});
         tellNotes(output, converter);
+        if (!converter.showsFailures()) {
+            tellFindings(output, converter);
+        }
         text.clear();
         converter.writeArgument(text);
         if (!text.empty()) {

@@ -46,6 +46,9 @@ public:
     virtual const Rows<Note>* notes() const {
         return nullptr;
     }
+    virtual const Rows<Finding>* findings() const {
+        return nullptr;
+    }
 
     // What a run writes, with its line ends.
     virtual void writeLine(std::string& out) = 0;

@@ -59,12 +59,24 @@ void appendSchemes(std::string& text, const Item& item) {
         blank = " ";
     }
 }
+void appendFindings(std::string& text, const Item& item) {
+    for (const Finding& finding : item.translation.findings) {
+        text += (text.empty() ? "" : "; ") + findingText(finding);
+    }
+}
 void appendNotes(std::string& text, const Item& item) {
     std::string_view separator;
     for (const Note& note : item.translation.notes) {
         text += separator;
         text += note.text;
         separator = "; ";
+    }
+    for (const Finding& finding : item.translation.findings) {
+        if (!isToldByNote(finding, item.translation.notes)) {
+            text += separator;
+            text += findingText(finding);
+            separator = "; ";
+        }
     }
 }
 void appendStatus(std::string& text, const Item& item) {
@@ -97,7 +109,8 @@ constexpr std::array fieldTable = {
     Field{"bits",           appendLength,                       {},                   true,  false, true,  false},
     Field{"ais",            appendAis,                          Form::AIS,            true,  false, false, true},
     Field{"fits_schemes",   appendSchemes,                      Form::FITS_SCHEMES,   true,  false, false, false},
-    Field{"notes",          appendNotes,                        {},                   false, true,  false, true},
+    Field{"notes",          appendNotes,                        Form::FINDINGS,       false, true,  false, true},
+    Field{"findings",       appendFindings,                     Form::FINDINGS,       false, true,  false, true},
     Field{"status",         appendStatus,                       {},                   false, true,  false, false},
     Field{"message",        appendMessage,                      {},                   false, true,  false, true},
 };
@@ -108,14 +121,12 @@ constexpr std::pair<std::string_view, std::string_view> formerNames[] = {
     {"pure_uri", "pure_identity"},
 };
 
-std::string optionHint(const Failure& failure) {
-    if (failure.option.empty()) {
-        return {};
-    }
-    std::string option = failure.option == "as_barcode" ? "barcode" : std::string(failure.option);
-    std::replace(option.begin(), option.end(), '_', '-');
-    return " (see --" + option + ')';
-}
+// What a note and a finding both say.
+constexpr std::pair<NoteKind, CheckRule> toldTwice[] = {
+    {NoteKind::PADDED, CheckRule::SHORT_GTIN},
+    {NoteKind::OLD_NAME, CheckRule::LINK_NAME},
+    {NoteKind::SEMICOLON, CheckRule::LINK_SEMICOLON},
+};
 
 } // namespace
 
@@ -150,13 +161,30 @@ void fieldAppend(const Field& field, const Item& item, bool raw, std::string& te
     }
 }
 
+bool isToldByNote(const Finding& finding, const Rows<Note>& notes) {
+    return std::ranges::any_of(toldTwice, [&](const auto& both) {
+        return both.second == finding.rule &&
+               std::any_of(notes.begin(), notes.end(),
+                           [&](const Note& note) { return note.kind == both.first; });
+    });
+}
+
+std::string optionHint(std::string_view given) {
+    if (given.empty()) {
+        return {};
+    }
+    std::string option = given == "as_barcode" ? "barcode" : std::string(given);
+    std::replace(option.begin(), option.end(), '_', '-');
+    return " (see --" + option + ')';
+}
+
 std::string failureMessage(const Failure& failure) {
-    return failureText(failure) + optionHint(failure);
+    return failureText(failure) + optionHint(failure.option);
 }
 
 std::string optionsMessage(const Failure& failure) {
     return failure.message + (failure.remedy.empty() ? "" : "; ") + failure.remedy +
-           optionHint(failure);
+           optionHint(failure.option);
 }
 
 } // namespace rosetag

@@ -40,8 +40,14 @@ const Field* fieldByName(std::string_view given);
 // Spells the separators of barcode strings {GS}, from a place in the text on.
 void spellSeparators(std::string& text, std::size_t from = 0);
 
+// True of what a note about the value says already.
+bool isToldByNote(const Finding& finding, const Rows<Note>& notes);
+
 // Appends the text of a field. Separators of barcode strings are spelled {GS} unless raw.
 void fieldAppend(const Field& field, const Item& item, bool raw, std::string& text);
+
+// " (see --gcp-length)": an option as the command spells it; empty for none.
+std::string optionHint(std::string_view given);
 
 // The message of a failure with the options that it names as the command spells them.
 std::string failureMessage(const Failure& failure);

@@ -32,6 +32,9 @@ void addTally(LineTally& total, LineTally& tally) {
     for (std::size_t i = 0; i < total.notes.size(); ++i) {
         total.notes[i] += tally.notes[i];
     }
+    for (std::size_t i = 0; i < total.findings.size(); ++i) {
+        total.findings[i] += tally.findings[i];
+    }
     if (total.firstFailure.empty()) {
         total.firstFailure = std::move(tally.firstFailure);
     }
@@ -68,6 +71,9 @@ void throwIfInputIsOutput(const LineSource& source, int descriptor, const std::s
 Output openErrors(const std::string& fileName, const LineSource& source) {
     if (fileName.empty()) {
         return {-1, {}, {}};
+    }
+    if (fileName == "-") {
+        throw UsageError("--errors: standard output has the results; name a file");
     }
     const int descriptor = openForWriting(fileName);
     if (descriptor < 0) {
@@ -132,12 +138,14 @@ bool beginTable(LineSource& source, LineRules& rules, const TableOptions& option
     return true;
 }
 
-std::string noteSummary(const NoteCounts& notes) {
+// "; notes: 3 padded, 1 blanks"
+template <typename Counts, typename WordOf>
+std::string countSummary(std::string_view title, const Counts& counts, WordOf wordOf) {
     std::string text;
-    for (std::size_t i = 0; i < notes.size(); ++i) {
-        if (notes[i] > 0) {
-            text += (text.empty() ? "; notes: " : ", ") + groupedDigits(notes[i]) + ' ' +
-                    std::string(noteWord(static_cast<NoteKind>(i)));
+    for (std::size_t i = 0; i < counts.size(); ++i) {
+        if (counts[i] > 0) {
+            text += text.empty() ? "; " + std::string(title) + ": " : std::string(", ");
+            text += groupedDigits(counts[i]) + ' ' + std::string(wordOf(i));
         }
     }
     return text;
@@ -150,7 +158,11 @@ std::string summary(const LineTally& total, bool hasStopped) {
     if (total.blanks > 0) {
         text += ", " + groupedDigits(total.blanks) + " empty";
     }
-    text += noteSummary(total.notes);
+    text += countSummary("notes", total.notes,
+                         [](std::size_t kind) { return noteWord(static_cast<NoteKind>(kind)); });
+    text += countSummary("findings", total.findings, [](std::size_t rule) {
+        return checkRuleWord(static_cast<CheckRule>(rule));
+    });
     if (hasStopped) {
         text += "; stopped at the first failure";
     }

@@ -47,6 +47,10 @@ void countNotes(LineTask& task) {
     for (std::size_t i = 0; notes != nullptr && i < notes->size(); ++i) {
         ++task.work.tally.notes[static_cast<std::size_t>((*notes)[i].kind)];
     }
+    const Rows<Finding>* const findings = task.work.converter->findings();
+    for (std::size_t i = 0; findings != nullptr && i < findings->size(); ++i) {
+        ++task.work.tally.findings[static_cast<std::size_t>((*findings)[i].rule)];
+    }
 }
 
 // Converts one line. False where the arguments of the command do not suffice.

@@ -16,11 +16,15 @@ namespace rosetag {
 // How often there were notes of each kind.
 using NoteCounts = std::array<std::uint64_t, 32>;
 
+// How often check found something, by rule.
+using FindingCounts = std::array<std::uint64_t, CHECK_RULE_COUNT>;
+
 struct LineTally {
     std::uint64_t lines = 0;
     std::uint64_t blanks = 0;
     std::uint64_t failures = 0;
     NoteCounts notes{};
+    FindingCounts findings{};
     std::string firstFailure; // its line and what was wrong
     std::string usageError;   // what no line after it could do better; the run ends with it
 };

@@ -126,6 +126,15 @@ int openForWriting(const std::string& fileName) {
     return open(fileName.c_str(), O_WRONLY | O_CREAT | OPEN_FLAGS, 0666);
 }
 
+bool isFileName(const std::string& text) {
+    const int descriptor = openForReading(text);
+    const bool isFile = descriptor >= 0 && fileIdentity(descriptor).has_value();
+    if (descriptor >= 0) {
+        close(descriptor);
+    }
+    return isFile;
+}
+
 bool emptyFile(int descriptor) {
     FileStatus status = {};
     return !regularFile(descriptor, status) || ftruncate(descriptor, 0) == 0;

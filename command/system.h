@@ -37,6 +37,8 @@ struct FileIdentity {
     bool operator==(const FileIdentity&) const = default;
 };
 
+bool isFileName(const std::string& text);
+
 // Nothing for what is not a regular file.
 std::optional<FileIdentity> fileIdentity(int descriptor);
 

@@ -1,6 +1,7 @@
 #include "table.h"
 
 #include "csv_cells.h"
+#include "fields.h"
 #include "json_lines.h"
 #include "output.h"
 
@@ -112,6 +113,14 @@ void readJsonCells(const Table& table, TableRow& row) {
     }
 }
 
+// Files whose first byte begins no UTF-8 text: UTF-16, or compressed.
+void throwIfNoText(std::string_view text) {
+    const auto first = static_cast<unsigned char>(text.empty() ? ' ' : text.front());
+    if (first >= 0xFE || (first < 0x20 && first != '\t' && first != '\r' && first != '\n')) {
+        throw UsageError("the table: " + failureMessage(recognise(text.substr(0, 4)).failure));
+    }
+}
+
 } // namespace
 
 Table tableFind(const TableOptions& options, std::string_view text) {
@@ -124,11 +133,16 @@ Table tableFind(const TableOptions& options, std::string_view text) {
         table.hasHeader = false;
         return table;
     }
+    throwIfNoText(text);
     table.delimiter = options.delimiter != '\0' ? options.delimiter
                                                 : csvDelimiterOf(text.substr(0, text.find('\n')));
     CsvReader reader = csvReader(table.delimiter);
     CsvRow first;
     csvReadRow(reader, text, first);
+    if (first.fault == CsvFault::NUL) {
+        throw UsageError("the first row of the table: " +
+                         failureMessage(recognise(first.text).failure));
+    }
     if (first.fault != CsvFault::NONE) {
         throw UsageError("the first row of the table: " + faultText(first.fault));
     }

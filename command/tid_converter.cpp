@@ -27,6 +27,9 @@ public:
     std::string_view value() const override {
         return given;
     }
+    const Rows<Note>* notes() const override {
+        return &result.notes;
+    }
 
     // The lines of a TID end with an empty one, and say what is wrong.
     void writeLine(std::string& out) override {

@@ -67,6 +67,7 @@ public:
         item.translation.scheme = nullptr;
         item.translation.filter.reset();
         item.translation.notes.clear();
+        item.translation.findings.clear();
         item.translation.asked = {};
         item.translation.bits = 0;
         item.translation.ais.clear();
@@ -82,6 +83,9 @@ public:
     }
     const Rows<Note>* notes() const override {
         return &item.translation.notes;
+    }
+    const Rows<Finding>* findings() const override {
+        return &item.translation.findings;
     }
 
     void writeLine(std::string& out) override {

@@ -327,6 +327,7 @@ std::span<const std::string_view> bankWords();
 struct ReadOptions {
     bool asBarcode = false;       ///< Digits without any mark are a barcode string, not hex.
     bool strict = false;          ///< Links are taken as they are: nothing is left out or padded.
+                                  ///< Where findings are asked for, an error is a failure.
     std::optional<int> gcpLength; ///< Digits of the GS1 company prefix.
     const GcpList* gcpList = nullptr; ///< Tells it where gcpLength is not given; may be null.
     char separator = '\0';            ///< Stands for GS in barcode strings; NUL: no other does.
@@ -492,7 +493,7 @@ struct Translation {
     Rows<AiValue> ais;
     Rows<const SchemeInfo*> fitsSchemes;
     Rows<Note> notes;
-    Rows<Finding> findings; ///< What check finds, of the value as given.
+    Rows<Finding> findings; ///< What check finds, of the value as given. Empty if it was not read.
     FormSet asked;
     Workspace workspace;
 };
@@ -522,7 +523,8 @@ std::string_view aiValueOf(const Translation& translation, std::string_view ai);
  *     // item.digitalLink is "/01/80614141123458/21/6789"
  *
  * JSON: value, form, scheme, filter, bits, each form that was asked for by its word, ais as an
- * array of objects with ai, title and value, fits_schemes as an array of names, notes.
+ * array of objects with ai, title and value, fits_schemes as an array of names, notes, findings as
+ * those of check.
  */
 void translate(std::string_view value, const ReadOptions& options, FormSet wanted,
                Translation& result);
@@ -694,6 +696,7 @@ struct AiTranslation {
     AiValue ai;
     std::string hex;
     int bits = 0; ///< 0: not known.
+    Rows<Note> notes;
 };
 
 /**
@@ -713,7 +716,7 @@ struct AiTranslation {
  *     // serial.hex is "64001086"
  *     // serial.bits is 32
  *
- * JSON: ai, title, value, hex, bits.
+ * JSON: ai, title, value, hex, bits, notes.
  */
 AiTranslation encodeAi(std::string_view ai, std::string_view value, bool withCode = false,
                        int encoding = AI_ENC_AUTO);
@@ -732,7 +735,7 @@ AiTranslation encodeAi(std::string_view ai, std::string_view value, bool withCod
  *     const rosetag::AiTranslation serial = rosetag::decodeAi("2164001086");
  *     // serial.ai.value is "ABCG"
  *
- * JSON: ai, title, value, hex.
+ * JSON: ai, title, value, hex, notes.
  */
 AiTranslation decodeAi(std::string_view hex, std::string_view ai = {});
 
@@ -748,6 +751,7 @@ struct Tid {
     Failure failure;
     std::string hex;
     TidRecord record{};
+    Rows<Note> notes;
 };
 
 /** The members of TidRecord::mdid. */
@@ -770,7 +774,7 @@ inline constexpr unsigned TID_DESIGNER_MASK = 0x1FF;
  *     // chip.record.tmid is 0x412
  *
  * JSON: value, mdid, tmid, xtid, serial_bits, serial, and the other members of TidRecord in lower
- * case with underscores.
+ * case with underscores, notes.
  */
 void tid(std::string_view value, Tid& result);
 Tid tid(std::string_view value);

@@ -100,6 +100,46 @@ TEST(Toolkit, EncodesEveryFormOfATagValue) {
     EXPECT_EQ(item.hex, encode(item.barcodeString, options).hex);
 }
 
+struct CheckedValue {
+    const char* value;
+    const char* rules;  // that check finds broken, where the value can be read
+    EpcStatus strictly; // what becomes of it if an error is a failure
+};
+
+TEST(Toolkit, TellsWhatCheckFindsIfAsked) {
+    const CheckedValue rows[] = {
+        {"(01)80614141123458(21)6789(17)251301", " date", EPC_ERR_BAD_FORMAT},
+        {"]C1018061414112345821A^B", " character_set_82", EPC_ERR_BAD_FORMAT},
+        {"(10)LOT7", " needs", EPC_OK},
+        {"F7080614141123459046A140", " check_digit", EPC_ERR_CHECK_DIGIT},
+        {"FA90614141E23ABC21625D83103000BD17305D00", " needs needs needs", EPC_OK},
+        {"urn:epc:tag:sgtin-96:3.0614141.812345.6789", "", EPC_OK},
+        {"(01)80614141123459(21)6789(17)251301", "", EPC_ERR_CHECK_DIGIT},
+    };
+    const auto rulesOf = [](const Translation& item) {
+        std::string rules;
+        for (const Finding& finding : item.findings) {
+            rules += ' ' + std::string(checkRuleWord(finding.rule));
+        }
+        return rules;
+    };
+    ReadOptions strict;
+    strict.strict = true;
+    EncodeOptions options;
+    options.scheme = schemeByName("sgtin-198");
+    options.read.gcpLength = 7;
+    for (const CheckedValue& row : rows) {
+        const Translation item = translate(row.value, {}, Form::FINDINGS);
+        EXPECT_EQ(row.rules, rulesOf(item)) << row.value;
+        EXPECT_TRUE(item.ais.empty() && translate(row.value).findings.empty()) << row.value;
+        EXPECT_EQ(row.strictly, translate(row.value, strict, Form::FINDINGS).failure.status)
+            << row.value;
+        const Translation tag = encode(row.value, options, Form::FINDINGS);
+        EXPECT_EQ(isFailure(tag.failure) ? "" : row.rules, rulesOf(tag)) << row.value;
+        EXPECT_TRUE(tag.ais.empty()) << row.value;
+    }
+}
+
 TEST(Toolkit, WritesJson) {
     const std::string value = "]d201806141411234582167\x1d"
                               "10\xC3\xA4\xFF\"\\";

@@ -11,6 +11,7 @@ namespace {
 struct Question {
     std::string verb;
     EncodeOptions options;
+    FormSet forms = ALL_FORMS;
     std::string ai;
 };
 
@@ -28,6 +29,8 @@ void addOption(Question& question, const std::string& word) {
         options.read.asBarcode = true;
     } else if (word == "strict") {
         options.read.strict = true;
+    } else if (word == "checked") {
+        question.forms = question.forms | Form::FINDINGS;
     } else if (word == "epc" || word == "pc" || word == "crc-pc") {
         options.read.bank = word == "epc" ? Bank::EPC : word == "pc" ? Bank::PC : Bank::CRC_PC;
     } else {
@@ -60,7 +63,7 @@ Answer ask(std::string_view text, const std::string& value) {
     }
     const EncodeOptions& options = question.options;
     if (question.verb == "encode") {
-        Translation item = encode(value, options);
+        Translation item = encode(value, options, question.forms);
         return {item.failure, item.notes, item.hex};
     }
     if (question.verb == "explain") {
@@ -68,17 +71,18 @@ Answer ask(std::string_view text, const std::string& value) {
         return {explanation.failure, explanation.notes, explanation.hex};
     }
     if (question.verb == "tid") {
-        return {tid(value).failure, {}, {}};
+        Tid memory = tid(value);
+        return {memory.failure, memory.notes, memory.hex};
     }
     if (question.verb == "ai-encode") {
         const AiTranslation ai = encodeAi(question.ai, value);
-        return {ai.failure, {}, ai.hex};
+        return {ai.failure, ai.notes, ai.hex};
     }
     if (question.verb == "ai-decode") {
         const AiTranslation ai = decodeAi(value, question.ai);
-        return {ai.failure, {}, ai.ai.value};
+        return {ai.failure, ai.notes, ai.ai.value};
     }
     EXPECT_EQ("decode", question.verb);
-    Translation item = translate(value, options.read);
+    Translation item = translate(value, options.read, question.forms);
     return {item.failure, item.notes, textOf(item)};
 }

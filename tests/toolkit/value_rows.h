@@ -20,7 +20,7 @@ struct Answer {
 };
 
 // Asks "decode", "encode", "explain", "tid", "ai-encode" or "ai-decode" with options: a scheme, an
-// AI, "barcode", "strict", "epc", "pc", "crc-pc", "gcp=7", "filter=3", "separator=^".
+// AI, "barcode", "strict", "checked", "epc", "pc", "crc-pc", "gcp=7", "filter=3", "separator=^".
 Answer ask(std::string_view text, const std::string& value);
 
 #endif

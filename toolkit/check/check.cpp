@@ -147,7 +147,7 @@ Rows<Finding> check(std::string_view value, const ReadOptions& options) {
 std::string findingText(const Finding& finding) {
     std::string text = "at character " + std::to_string(finding.position + 1);
     if (!finding.culprit.empty()) {
-        text += ", " + quotedText(finding.culprit);
+        text += ", " + quotedBeginning(finding.culprit);
     }
     return text + ": " + finding.message;
 }

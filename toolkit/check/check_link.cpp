@@ -216,9 +216,8 @@ void checkQualifier(CheckRun& run, QualifierOrder& order, std::string_view code,
         report(run, CheckRule::LINK_QUALIFIER, code, place,
                "after AI " + std::string(order.key) + " the path of a link takes " +
                    qualifiersOfKey(order.key) +
-                   (aiIsLinkKey(code) ? ": write a link of its own for AI "
-                                      : ": move to the query AI ") +
-                   std::string(code));
+                   (aiIsLinkKey(code) ? ": write a link of its own for AI " + std::string(code)
+                                      : ": move AI " + std::string(code) + " to the query"));
         return;
     }
     if (order.row != nullptr && choice != order.row) {

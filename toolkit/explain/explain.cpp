@@ -5,6 +5,7 @@
 #include "explain/explain_epc.h"
 #include "explain/field_places.h"
 #include "recognise/hex_text.h"
+#include "recognise/look.h"
 #include "translate/tag_notes.h"
 #include "translate/text_room.h"
 #include "translate/translate.h"
@@ -83,13 +84,14 @@ Explanation explain(std::string_view value, const ReadOptions& options) {
 
 void tid(std::string_view value, Tid& result) {
     Workspace workspace;
-    Rows<Note> notes;
     const ReadOptions options;
-    Reading reading{value, options, workspace, notes, result.failure, Form::TID};
+    Reading reading{value, options, workspace, result.notes, result.failure, Form::TID};
     result.record = {};
     result.hex.clear();
+    result.notes.clear();
     failureClear(result.failure);
-    if (!prepareHex(reading, value)) {
+    const std::string_view memory = withoutOuterBlanks(reading);
+    if (failIsFileName(reading, memory) || !prepareHex(reading, memory)) {
         return;
     }
     result.hex = workspace.text;

@@ -2,6 +2,7 @@
 
 #include "core/long_decimal.h"
 #include "values/text_encoding.h"
+#include "words/shown_text.h"
 
 #include <iterator>
 
@@ -70,7 +71,7 @@ void walkDigitsAsNumber(Walk& walk, const AiSubject& subject, std::size_t digits
     const std::string number =
         zeroPadded(decimalOfBits(walkTake(walk, fieldName(subject, "number"), width)), digits);
     if (width <= 64 && digits > 0 && number.size() > digits) {
-        walkFail(walk, number + " has more than " + std::to_string(digits) + " digits");
+        walkFail(walk, number + " has more than " + counted(digits, "digit"));
     }
     meanValue(walk, subject, digits == 0 ? std::string_view() : number);
 }

@@ -45,7 +45,7 @@ void walkPadded(Walk& walk, std::string_view name, std::size_t width, std::size_
         return meanText(walk, {});
     }
     if (number.size() > digits) {
-        walkFail(walk, number + " has more than " + std::to_string(digits) + " digits");
+        walkFail(walk, number + " has more than " + counted(digits, "digit"));
     }
     meanText(walk, number);
 }

@@ -278,6 +278,7 @@ void appendJson(std::string& text, const AiTranslation& result) {
     } else if (result.bits != 0) {
         jsonMember(json, "bits", static_cast<std::uint64_t>(result.bits));
     }
+    putNotes(json, result.notes);
     jsonEnd(json, '}');
 }
 
@@ -290,6 +291,7 @@ void appendJson(std::string& text, const Tid& result, std::string_view value) {
     } else {
         putTid(json, result.record);
     }
+    putNotes(json, result.notes);
     jsonEnd(json, '}');
 }
 

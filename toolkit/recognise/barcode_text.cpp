@@ -123,8 +123,8 @@ bool prepareGtinSymbol(Reading& reading, std::string_view data, const SymbologyI
                            positionIn(reading, data) + at, isLong ? data.size() : 1,
                            {std::string(row.identifier) + " is followed by " +
                                 (isEan ? shortGtinLengthsText() : std::to_string(row.gtinDigits)) +
-                                " digits, " +
-                                (isLong ? "and here are " + std::to_string(data.size())
+                                " digits, and " +
+                                (isLong ? "here are " + std::to_string(data.size())
                                         : quotedText(data.substr(at, 1)) + " is not one"),
                             "scan the symbol again"});
     }

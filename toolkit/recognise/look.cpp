@@ -163,15 +163,23 @@ bool failIsFile(Reading& reading, std::string_view value) {
     return false;
 }
 
+bool failIsFileName(Reading& reading, std::string_view value) {
+    if (looksLikeFileName(value)) {
+        readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, value), value.size(),
+                    {"this looks like the name of a file, and a value is expected",
+                     "give what is in the file", "input"});
+        return true;
+    }
+    return false;
+}
+
 bool failUnknown(Reading& reading, std::string_view value) {
     if (value.empty()) {
         return readingFail(reading, EPC_ERR_BAD_FORMAT, 0, reading.value.size(),
                            {"the value is empty", std::string(forms)});
     }
-    if (looksLikeFileName(value)) {
-        return readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, value), value.size(),
-                           {"this looks like the name of a file, and a value is expected",
-                            "give what is in the file", "input"});
+    if (failIsFileName(reading, value)) {
+        return false;
     }
     const std::size_t urn = std::max(commonLength(value, TAG_URI_PREFIX),
                                      commonLength(value, PURE_IDENTITY_URI_PREFIX));

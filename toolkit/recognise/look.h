@@ -16,6 +16,9 @@ Form formByLook(std::string_view value, const ReadOptions& options);
 // Sets the failure of a file that is not text in UTF-8. False if it is not the beginning of one.
 bool failIsFile(Reading& reading, std::string_view value);
 
+// Sets the failure of what is the name of a file. False if it does not look like one.
+bool failIsFileName(Reading& reading, std::string_view value);
+
 // Says where a value of no known form stopped making sense, and what could have followed there.
 // Always false.
 bool failUnknown(Reading& reading, std::string_view value);

@@ -24,6 +24,9 @@ struct Reading {
 // Makes the value ready. False if that is not possible: the failure says why.
 bool readingPrepare(Reading& reading);
 
+// The value without the blanks around it, with a note if there are any.
+std::string_view withoutOuterBlanks(Reading& reading);
+
 // Where a part of the value begins.
 inline std::size_t positionIn(const Reading& reading, std::string_view part) {
     return static_cast<std::size_t>(part.data() - reading.value.data());

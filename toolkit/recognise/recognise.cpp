@@ -24,23 +24,6 @@ constexpr bool isBlank(char character) {
                        [=](char blank) { return character == blank; });
 }
 
-std::string_view withoutOuterBlanks(Reading& reading) {
-    const std::string_view value = reading.value;
-    if (!value.empty() && !isBlank(value.front()) && !isBlank(value.back())) {
-        return value;
-    }
-    const std::size_t first = std::min(value.find_first_not_of(blanks), value.size());
-    const std::size_t last = value.find_last_not_of(blanks);
-    const std::string_view inner =
-        first == value.size() ? value.substr(first) : value.substr(first, last + 1 - first);
-    if (inner.size() < value.size() && !inner.empty()) {
-        readingNote(reading, NoteKind::BLANKS,
-                    first > 0 ? value.substr(0, first) : value.substr(inner.size()),
-                    "took off the blanks around the value");
-    }
-    return inner;
-}
-
 // Keeps the elements of a bracketed text, GTINs padded.
 void prepareElementString(Reading& reading, std::string_view value) {
     readingClear(reading);
@@ -107,7 +90,36 @@ bool prepareForm(Reading& reading, std::string_view value) {
     return failUnknown(reading, value);
 }
 
+// Every other byte of ASCII in UTF-16 is a NUL.
+bool failNul(Reading& reading, std::size_t nul) {
+    const std::string_view value = reading.value;
+    const auto nuls = static_cast<std::size_t>(std::count(value.begin(), value.end(), '\0'));
+    const bool isUtf16 = nuls > 1 && nuls >= value.size() / 2;
+    return readingFail(
+        reading, EPC_ERR_BAD_CHARACTER, nul, 1,
+        {"a value cannot hold a NUL, the byte 0",
+         isUtf16 ? "this may be UTF-16 text: convert it to UTF-8 first: iconv -f UTF-16 -t UTF-8"
+                 : "leave it out"});
+}
+
 } // namespace
+
+std::string_view withoutOuterBlanks(Reading& reading) {
+    const std::string_view value = reading.value;
+    if (!value.empty() && !isBlank(value.front()) && !isBlank(value.back())) {
+        return value;
+    }
+    const std::size_t first = std::min(value.find_first_not_of(blanks), value.size());
+    const std::size_t last = value.find_last_not_of(blanks);
+    const std::string_view inner =
+        first == value.size() ? value.substr(first) : value.substr(first, last + 1 - first);
+    if (inner.size() < value.size() && !inner.empty()) {
+        readingNote(reading, NoteKind::BLANKS,
+                    first > 0 ? value.substr(0, first) : value.substr(inner.size()),
+                    "took off the blanks around the value");
+    }
+    return inner;
+}
 
 bool readingPrepare(Reading& reading) {
     reading.notes.clear();
@@ -124,8 +136,7 @@ bool readingPrepare(Reading& reading) {
         return false;
     }
     if (const std::size_t nul = reading.value.find('\0'); nul != std::string_view::npos) {
-        return readingFail(reading, EPC_ERR_BAD_CHARACTER, nul, 1,
-                           {"a value cannot hold a NUL, the byte 0", "leave it out"});
+        return failNul(reading, nul);
     }
     std::string_view value = withoutOuterBlanks(reading);
     if (value.starts_with(']') && !takeOffIdentifier(reading, value)) {

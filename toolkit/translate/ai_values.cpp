@@ -4,6 +4,7 @@
 #include "explain/explain_ai_values.h"
 #include "explain/explain_epc.h"
 #include "recognise/hex_text.h"
+#include "recognise/look.h"
 #include "translate/text_room.h"
 #include "words/ai_words.h"
 #include "words/failure.h"
@@ -35,11 +36,10 @@ void walkAis(Explanation& explanation, std::string_view hex, std::string_view ai
 
 AiTranslation encodeAi(std::string_view ai, std::string_view value, bool withCode, int encoding) {
     AiTranslation result;
-    result.ai = {std::string(ai), std::string(value), aiTitle(ai)};
     Workspace workspace;
-    Rows<Note> notes;
     const ReadOptions options;
-    Reading reading{value, options, workspace, notes, result.failure};
+    Reading reading{value, options, workspace, result.notes, result.failure};
+    result.ai = {std::string(ai), std::string(withoutOuterBlanks(reading)), aiTitle(ai)};
     if (aiRowOf(ai) == nullptr) {
         failUnknownAi(reading, ai);
         return result;
@@ -66,14 +66,14 @@ AiTranslation decodeAi(std::string_view hex, std::string_view ai) {
     result.ai.ai = ai;
     result.ai.title = aiTitle(ai);
     Workspace workspace;
-    Rows<Note> notes;
     const ReadOptions options;
-    Reading reading{hex, options, workspace, notes, result.failure, Form::HEX};
+    Reading reading{hex, options, workspace, result.notes, result.failure, Form::HEX};
     if (!ai.empty() && aiRowOf(ai) == nullptr) {
         failUnknownAi(reading, ai);
         return result;
     }
-    if (!prepareHex(reading, hex)) {
+    const std::string_view bits = withoutOuterBlanks(reading);
+    if (failIsFileName(reading, bits) || !prepareHex(reading, bits)) {
         return result;
     }
     result.hex = workspace.text;

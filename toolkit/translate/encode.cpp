@@ -50,17 +50,19 @@ bool completeGcpLength(Reading& reading, EncodeOptions& options) {
         return true;
     }
     ParsedAis ais;
-    const bool isAsked = aisParse(reading.form, reading.workspace.text, ais) == EPC_OK;
-    CompanyPrefix prefix = isAsked ? companyPrefixOf(options.read, ais) : CompanyPrefix{};
+    const EpcStatus status = aisParse(reading.form, reading.workspace.text, ais);
+    if (status != EPC_OK) {
+        failReading(reading, status);
+        return false;
+    }
+    CompanyPrefix prefix = companyPrefixOf(options.read, ais);
     if (!prefix.problem.empty()) {
         return readingFail(reading, EPC_ERR_BAD_PARTITION, 0, reading.value.size(),
                            {std::move(prefix.problem),
                             "correct the key, take a newer list, or give the length",
                             "gcp_length"});
     }
-    if (isAsked) {
-        options.read.gcpLength = prefix.length;
-    }
+    options.read.gcpLength = prefix.length;
     return true;
 }
 
@@ -68,6 +70,11 @@ bool completeGcpLength(Reading& reading, EncodeOptions& options) {
 bool suffices(Reading& reading, EncodeOptions& options) {
     if (isTagValue(reading.form)) {
         return true;
+    }
+    if (reading.form == Form::TID) {
+        return readingFail(reading, EPC_ERR_NOT_SUPPORTED, 0, reading.value.size(),
+                           {"this is a TID, which the maker of a chip writes: no scheme holds it",
+                            "give the identity of the object"});
     }
     const std::string_view form = formName(reading.form);
     if (options.scheme == nullptr) {
@@ -310,6 +317,17 @@ void failEncodeForm(Reading& reading, EpcStatus status, const EncodeOptions& opt
     failEncoding(reading, status, options);
 }
 
+// Checks the value as given: bits that were encoded anew may have lost what was wrong with them.
+void checkGiven(Reading& reading, Translation& result) {
+    if (reading.form != Form::HEX) {
+        return findOut(reading, result);
+    }
+    Translation given;
+    translate(reading.value, reading.options, Form::FINDINGS, given);
+    result.findings = std::move(given.findings);
+    result.failure = std::move(given.failure);
+}
+
 } // namespace
 
 void encode(std::string_view value, const EncodeOptions& options, FormSet wanted,
@@ -322,8 +340,9 @@ void encode(std::string_view value, const EncodeOptions& options, FormSet wanted
     if (!isPrepared || !suffices(reading, completed)) {
         return;
     }
+    const bool isChecked = wanted.has(Form::FINDINGS);
     TagBits tag;
-    if (encodePlain(reading, completed, tag) &&
+    if (!isChecked && encodePlain(reading, completed, tag) &&
         formsOfEncoded(tag, result.asked, result) == EPC_OK) {
         return;
     }
@@ -333,10 +352,14 @@ void encode(std::string_view value, const EncodeOptions& options, FormSet wanted
         return;
     }
     if (status == EPC_OK) {
-        status = formsOfHex(hex, result.asked, result);
+        status = formsOfHex(hex, isChecked ? result.asked | Form::AIS : result.asked, result);
     }
     if (status == EPC_OK && reading.form == Form::HEX) {
         noteTagBits(reading);
+    }
+    if (status == EPC_OK && isChecked) {
+        checkGiven(reading, result);
+        dropUnasked(result.asked, result);
     }
     if (status != EPC_OK && !isFailure(result.failure)) {
         failEncodeForm(reading, status, completed);

@@ -58,17 +58,31 @@ bool translatePlainTag(std::string_view value, const ReadOptions& options, FormS
     return false;
 }
 
-// What is wrong with the AIs of a value that was read.
-void findOut(std::string_view value, const ReadOptions& options, Translation& result) {
-    constexpr FormSet tagForms = Form::HEX | Form::TAG_URI | Form::PURE_IDENTITY;
-    if (tagForms.has(result.form)) {
-        checkAis(value, options, result, result.findings);
-    } else {
-        check(value, options, result.findings);
+// The first error is the failure of the value.
+void failByError(Reading& reading, const Rows<Finding>& findings) {
+    const Finding* const error =
+        std::find_if(findings.begin(), findings.end(),
+                     [](const Finding& finding) { return finding.severity == Severity::ERROR; });
+    if (error != findings.end()) {
+        const bool isCheckDigit = error->rule == CheckRule::CHECK_DIGIT;
+        readingFail(reading, isCheckDigit ? EPC_ERR_CHECK_DIGIT : EPC_ERR_BAD_FORMAT,
+                    error->position, error->length, {error->message, {}, "strict"});
     }
 }
 
 } // namespace
+
+void findOut(Reading& reading, Translation& result) {
+    constexpr FormSet tagForms = Form::HEX | Form::TAG_URI | Form::PURE_IDENTITY;
+    if (tagForms.has(result.form)) {
+        checkAis(reading.value, reading.options, result, result.findings);
+    } else {
+        check(reading.value, reading.options, result.findings);
+    }
+    if (reading.options.strict) {
+        failByError(reading, result.findings);
+    }
+}
 
 void dropUnasked(FormSet asked, Translation& result) {
     if (!asked.has(Form::PURE_IDENTITY)) {
@@ -141,7 +155,7 @@ void translate(std::string_view value, const ReadOptions& options, FormSet wante
         noteTagBits(reading);
     }
     if (wanted.has(Form::FINDINGS)) {
-        findOut(value, options, result);
+        findOut(reading, result);
     }
     dropUnasked(wanted, result);
 }

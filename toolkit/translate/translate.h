@@ -16,6 +16,10 @@ void translationClear(Translation& result, FormSet asked);
 // Takes out what was only made on the way to something else.
 void dropUnasked(FormSet asked, Translation& result);
 
+// Finds out what is wrong with the AIs of a value that was read, which the result has. If reading
+// is strict an error among it is a failure.
+void findOut(Reading& reading, Translation& result);
+
 // Fills the forms of a tag value, its scheme, filter and length. On failure they are as far as it
 // could be read.
 EpcStatus formsOfHex(std::string_view hex, FormSet wanted, Translation& result);

@@ -25,14 +25,18 @@ namespace {
 // ---- GS1 texts ----
 
 // The finding of check that says why a text failed: an error rather than a warning, of the AI if
-// there is one given, and of the check digit if that is what the status says.
+// there is one given, and of the check digit if that is what the status says. Of what is a warning
+// a semicolon is the likeliest cause.
 const Finding* findingOf(const Rows<Finding>& findings, EpcStatus status, std::string_view ai) {
     const Finding* found = nullptr;
     int most = 0;
     for (const Finding& finding : findings) {
         const bool isRule =
             (status == EPC_ERR_CHECK_DIGIT) == (finding.rule == CheckRule::CHECK_DIGIT);
-        const int weight = (finding.severity == Severity::ERROR ? 3 : 1) + (isRule ? 1 : 0);
+        const int cause = finding.severity == Severity::ERROR         ? 5
+                          : finding.rule == CheckRule::LINK_SEMICOLON ? 3
+                                                                      : 1;
+        const int weight = cause + (isRule ? 1 : 0);
         const bool isOfValue =
             finding.rule != CheckRule::NEEDS && finding.rule != CheckRule::EXCLUDES;
         if (isOfValue && weight > most && (ai.empty() || finding.ai == ai)) {
@@ -282,6 +286,24 @@ bool failAnyAi(Reading& reading, const ParsedAis& ais, int encoding) {
     return false;
 }
 
+// What check calls an error in the AIs that a plain scheme holds.
+bool failByErrorInKey(Reading& reading, EpcStatus status, const SchemeInfo& scheme) {
+    const Gs1KeyDefinition* const key = gs1KeyFindByName(scheme.family);
+    if (key == nullptr) {
+        return false;
+    }
+    Rows<Finding> findings;
+    check(reading.value, reading.options, findings);
+    for (const std::string_view ai : {key->primaryAi, key->secondaryAi}) {
+        const Finding* const finding = ai.empty() ? nullptr : findingOf(findings, status, ai);
+        if (finding != nullptr && finding->severity == Severity::ERROR) {
+            readingFail(reading, status, finding->position, finding->length, {finding->message});
+            return true;
+        }
+    }
+    return false;
+}
+
 void failGs1Encoding(Reading& reading, EpcStatus status, const EncodeOptions& options,
                      const ParsedAis& ais) {
     const SchemeInfo& scheme = *options.scheme;
@@ -293,6 +315,9 @@ void failGs1Encoding(Reading& reading, EpcStatus status, const EncodeOptions& op
                             status == EPC_ERR_NO_PRIMARY_KEY;
     if (isAboutKey) {
         return failMissingKey(reading, status, scheme, ais);
+    }
+    if (!scheme.isPlus && failByErrorInKey(reading, status, scheme)) {
+        return;
     }
     if (scheme.isPlus && failAnyAi(reading, ais, options.encoding)) {
         return;
@@ -340,7 +365,10 @@ void failBits(Reading& reading, EpcStatus status, const Explanation& explanation
         complaint.message = statusMeaning(status, {StatusSource::BITS});
     }
     if (status == EPC_ERR_TRUNCATED) {
-        complaint.remedy = missingBits(explanation);
+        complaint.remedy = reading.form == Form::TID
+                               ? "a TID has at least 32 bits, and more with an extended part: read "
+                                 "more words of the bank"
+                               : missingBits(explanation);
     } else if (std::string later = hintForLaterEpc(digits);
                status == EPC_ERR_UNKNOWN_HEADER && !later.empty()) {
         complaint = {std::move(complaint.message), std::move(later)};
@@ -414,14 +442,10 @@ void failAiValue(Reading& reading, EpcStatus status, std::string_view code) {
 std::string failureText(const Failure& failure) {
     std::string text;
     if (failure.length > 0 || failure.position > 0) {
-        constexpr std::size_t longest = 24;
-        const std::string_view culprit = failure.culprit;
-        text = "character " + std::to_string(failure.position + 1) + ", " +
-               quotedText(culprit.substr(0, longest)) + (culprit.size() > longest ? "..." : "") +
-               ": ";
-        if (culprit.empty()) {
-            text = "after character " + std::to_string(failure.position) + ": ";
-        }
+        text = failure.culprit.empty()
+                   ? "after character " + std::to_string(failure.position) + ": "
+                   : "character " + std::to_string(failure.position + 1) + ", " +
+                         quotedBeginning(failure.culprit) + ": ";
     }
     text += failure.message;
     return failure.remedy.empty() ? text : text + "; " + failure.remedy;

@@ -29,6 +29,11 @@ std::string quotedText(std::string_view text) {
     return '"' + shownText(text) + '"';
 }
 
+std::string quotedBeginning(std::string_view text) {
+    constexpr std::size_t longest = 24;
+    return quotedText(text.substr(0, longest)) + (text.size() > longest ? "..." : "");
+}
+
 std::string counted(std::size_t count, std::string_view noun) {
     std::string text = std::to_string(count);
     text += ' ';

@@ -56,11 +56,16 @@ bool faultOfDigits(UriFault& fault, const FieldView& view) {
     if (stranger == view.text.end()) {
         return false;
     }
-    const std::string_view part =
-        view.text.substr(static_cast<std::size_t>(stranger - view.text.begin()), 1);
-    return faultAt(fault, view, part,
+    const std::string_view rest =
+        view.text.substr(static_cast<std::size_t>(stranger - view.text.begin()));
+    const bool isEscape = rest.size() >= 3 && rest[0] == '%' && hexDigitValue(rest[1]) >= 0 &&
+                          hexDigitValue(rest[2]) >= 0;
+    const char character =
+        isEscape ? static_cast<char>(hexDigitValue(rest[1]) * 16 + hexDigitValue(rest[2]))
+                 : rest[0];
+    return faultAt(fault, view, rest.substr(0, isEscape ? 3 : 1),
                    nameOf(view) + " of " + std::string(view.scheme.name) +
-                       " has digits only, and " + quotedText(part) + " is not one");
+                       " has digits only, and " + quotedText({&character, 1}) + " is not one");
 }
 
 // A number below 2^bits, which no zero precedes.
