@@ -2,6 +2,7 @@
  * Every family of exports over arrays of varied values. One iteration is one call.
  */
 #include "baselines.h"
+#include "columns.h"
 #include "samples.h"
 
 #include <rosetag/toolkit.hpp>
@@ -246,6 +247,7 @@ int main(int argc, char** argv) {
     addCheck();
     addTid();
     addThreads(sgtin);
+    addColumns();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 2;

@@ -54,6 +54,8 @@ RATIOS = (
          "one snprintf", "snprintf/tag-uri", 1.2),
         ("AI value of 90 digits to hex", "ai-90-digits/to-hex",
          "one snprintf", "snprintf/tag-uri", 10.0),
+        ("a column of a million SGTIN-96, hex to element string", "columns/hex-to-element-string",
+         "a million plain calls", "columns/plain-calls", 1.3),
         ("two threads, time per call", "threads/hex-to-tag-uri/real_time/threads:2",
          "one thread", "threads/hex-to-tag-uri/real_time/threads:1", 1 / 1.95),
         ("the hand-tuned program on two threads", "threads/hand-tuned/real_time/threads:2",
