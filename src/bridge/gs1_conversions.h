@@ -11,7 +11,8 @@
 
 namespace rosetag {
 
-// A binary value to the text of the slot. What was written before a failure stays in dst.
+// A binary value to the text of the slot. What was written before a failure stays there.
+EpcStatus bitsPutGs1Text(BitBuffer& bits, TextBuffer& text, BinaryToText TagSchemeOps::*slot);
 EpcStatus bitsToGs1Text(BitBuffer& bits, std::int32_t dstSize, char* dst,
                         BinaryToText TagSchemeOps::*slot);
 

@@ -4,9 +4,8 @@
 
 namespace rosetag {
 
-EpcStatus bitsToEpcUri(BitBuffer& bits, std::int32_t dstSize, char* dst, UriForm form) {
+EpcStatus bitsPutEpcUri(BitBuffer& bits, TextBuffer& text, UriForm form) {
     const bool isTagUri = form == UriForm::TAG;
-    TextBuffer text = textBufferOver(dst, dstSize);
     const TagSchemeOps* row = nullptr;
     const EpcStatus headerStatus = tagSchemeReadHeader(bits, row);
     if (row != nullptr && row->numericBitsToUri != nullptr &&
@@ -21,6 +20,11 @@ EpcStatus bitsToEpcUri(BitBuffer& bits, std::int32_t dstSize, char* dst, UriForm
     EPC_TRY(textBufferPutString(text, isTagUri ? row->info.name : row->info.familyWord));
     EPC_TRY(textBufferPutChar(text, ':'));
     return row->binaryToUriBody(bits, text, form);
+}
+
+EpcStatus bitsToEpcUri(BitBuffer& bits, std::int32_t dstSize, char* dst, UriForm form) {
+    TextBuffer text = textBufferOver(dst, dstSize);
+    return bitsPutEpcUri(bits, text, form);
 }
 
 EpcStatus tagUriReadScheme(TextCursor& cursor, const TagSchemeOps*& row) {

@@ -18,6 +18,7 @@ inline constexpr std::string_view PURE_IDENTITY_URI_PREFIX = "urn:epc:id:";
 constexpr std::int32_t SCHEME_WORD_SIZE = 256;
 
 // A whole binary value to either URI. What was written before a failure stays in dst.
+EpcStatus bitsPutEpcUri(BitBuffer& bits, TextBuffer& text, UriForm form);
 EpcStatus bitsToEpcUri(BitBuffer& bits, std::int32_t dstSize, char* dst, UriForm form);
 
 // A whole URI to a binary value, padded to a word. A negative filter becomes a large unsigned one.

@@ -440,6 +440,9 @@ TEST(Columns, ReadRowsByTheOptionsOfACall) {
         const Result result = decode(*arrayOf("u", values), plain, &row.options);
         EXPECT_EQ(expectedRow(values[0], row.same)[1], result.columns[0][0]);
         EXPECT_NE(expectedRow(values[0], row.same), expectedRow(values[0], {}));
+        rosetag::Translation item;
+        EXPECT_EQ(expectedRow(values[0], row.same)[1].value_or(""),
+                  rosetag::convert(row.value, row.same, rosetag::Form::TAG_URI, item));
     }
 }
 

@@ -4,7 +4,6 @@
 #include "recognise/hex_text.h"
 
 #include <algorithm>
-#include <cstring>
 #include <iterator>
 
 namespace rosetag {
@@ -233,8 +232,8 @@ std::int32_t columnTableOpen(const char* const* outputs, std::int32_t outputCoun
             return columnsFail(error, ROSETAG_COLUMNS_BAD_OUTPUT,
                                "there is no output \"%.40s\" here", outputs[i]);
         }
-        column.plainExport = plainRowExportOf(column.form);
-        const bool isPlain = column.output == Output::STATUS || column.plainExport != nullptr;
+        column.plainMaker = plainRowMakerOf(column.form);
+        const bool isPlain = column.output == Output::STATUS || column.plainMaker != nullptr;
         table.isPlain = table.isPlain && isPlain;
         if (!columnWriterOpen(column.writer, type, table.isLarge, reader.length)) {
             return columnsNoMemory(error);
@@ -314,14 +313,13 @@ bool columnTablePutPlain(ColumnTable& table, std::int64_t row, std::string_view 
             continue;
         }
         char* const room = columnWriterRoom(column.writer, PLAIN_ROW_ROOM);
-        if (room == nullptr || !plainRowForm(plain, column.plainExport, room)) {
+        if (room == nullptr || !plainRowForm(plain, column.plainMaker, room, column.plainLength)) {
             return false;
         }
     }
     for (OutputColumn& column : table.columns) {
         if (column.output == Output::FORM) {
-            const char* const text = column.writer.data + column.writer.used;
-            columnWriterTake(column.writer, row, std::strlen(text));
+            columnWriterTake(column.writer, row, column.plainLength);
         } else {
             columnWriterPutNumber(column.writer, row, EPC_OK);
         }

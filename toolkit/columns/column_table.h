@@ -45,7 +45,8 @@ struct OutputColumn {
     Output output = Output::FORM;
     Form form = Form::UNKNOWN;
     std::string_view ai;
-    PlainRowExport plainExport = nullptr; // of a form that plain rows have
+    PlainRowMaker plainMaker = nullptr; // of a form that plain rows have
+    std::size_t plainLength = 0;        // of the row that is being put
     ColumnWriter writer;
 };
 

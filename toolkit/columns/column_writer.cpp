@@ -4,6 +4,11 @@
 #include <cstdlib>
 #include <cstring>
 
+#if defined(__linux__)
+#include <sys/mman.h>
+#include <unistd.h>
+#endif
+
 namespace rosetag {
 namespace {
 
@@ -183,6 +188,19 @@ bool exportRows(std::int64_t count, std::int64_t rows, ArrowSchema& type, ArrowA
            heldArray->children != nullptr && heldArray->childPointers != nullptr;
 }
 
+// Large buffers are filled from front to back, once. In large pages the system hands them out many
+// times as quickly; without them they are the same.
+void adviseLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t size) {
+#if defined(MADV_HUGEPAGE)
+    constexpr std::size_t worthwhile = std::size_t{1} << 22;
+    const auto page = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
+    const auto first = (reinterpret_cast<std::uintptr_t>(memory) + page - 1) / page * page;
+    if (memory != nullptr && size >= worthwhile) {
+        madvise(reinterpret_cast<void*>(first), size - page, MADV_HUGEPAGE); // NOLINT: an address
+    }
+#endif
+}
+
 } // namespace
 
 bool columnWriterOpen(ColumnWriter& writer, ColumnType type, bool isLarge, std::int64_t rows) {
@@ -193,6 +211,7 @@ bool columnWriterOpen(ColumnWriter& writer, ColumnType type, bool isLarge, std::
     const auto count = static_cast<std::size_t>(rows);
     writer.validity = static_cast<std::uint8_t*>(std::calloc(count / 8 + 1, 1));
     writer.values = std::calloc(bytesOfValues(writer, count) + 1, 1);
+    adviseLargePages(writer.values, bytesOfValues(writer, count));
     if (writer.validity == nullptr || writer.values == nullptr) {
         return false;
     }
@@ -214,6 +233,7 @@ char* columnWriterRoom(ColumnWriter& writer, std::size_t size) {
         if (data == nullptr) {
             return nullptr;
         }
+        adviseLargePages(data, capacity);
         writer.data = data;
         writer.capacity = capacity;
     }

@@ -155,12 +155,6 @@ std::int32_t readRows(Call& call, const RosetagColumnsReadOptions& options, char
     return ROSETAG_COLUMNS_OK;
 }
 
-// Rows that may be plain ones: what is 24 hexadecimal digits is the bits of a tag, from the EPC on.
-bool mayBePlain(const RosetagColumnsReadOptions& options) {
-    return options.asBarcode == 0 && options.separator == 0 &&
-           options.bank <= ROSETAG_COLUMNS_BANK_EPC;
-}
-
 std::int32_t decode(const ArrowSchema* type, const ArrowArray* values, const char* const* outputs,
                     std::int32_t outputCount, const RosetagColumnsReadOptions& options,
                     ArrowSchema* outType, ArrowArray* out, char* error) {
@@ -171,10 +165,10 @@ std::int32_t decode(const ArrowSchema* type, const ArrowArray* values, const cha
         return result;
     }
     const bool isBinary = isBinaryColumn(call.reader);
-    const bool isPlain = call.table.isPlain && mayBePlain(options);
     result = readRows(call, options, error,
                       [&](std::int64_t row, std::string_view value, const ReadOptions& read) {
-                          if (isPlain && columnTablePutPlain(call.table, row, value, isBinary)) {
+                          if (call.table.isPlain && mayBePlainRows(read) &&
+                              columnTablePutPlain(call.table, row, value, isBinary)) {
                               return;
                           }
                           translate(valueText(call, value), read, call.table.wanted, call.result);

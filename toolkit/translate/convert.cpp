@@ -15,21 +15,21 @@ std::string_view charactersOf(std::span<const std::uint8_t> bytes) {
 // True where the value is a plain row and has the form: then text is that.
 bool convertPlain(std::string_view value, bool isBinary, const ReadOptions& options, Form form,
                   Translation& result, std::string_view& text) {
-    const PlainRowExport make = plainRowExportOf(form);
-    const bool isUsual = !options.asBarcode && options.bank == Bank::AUTO;
+    const PlainRowMaker make = plainRowMakerOf(form);
     PlainRow row;
-    if (make == nullptr || !isUsual || !plainRowRead(value, isBinary, row)) {
+    if (make == nullptr || !mayBePlainRows(options) || !plainRowRead(value, isBinary, row)) {
         return false;
     }
     std::string& room = result.workspace.more;
     if (room.size() < PLAIN_ROW_ROOM) {
         room.resize(PLAIN_ROW_ROOM);
     }
-    if (!plainRowForm(row, make, room.data())) {
+    std::size_t length = 0;
+    if (!plainRowForm(row, make, room.data(), length)) {
         return false;
     }
     result.failure.status = EPC_OK;
-    text = room.c_str();
+    text = {room.data(), length};
     return true;
 }
 
@@ -43,8 +43,10 @@ void translate(std::span<const std::uint8_t> bytes, const ReadOptions& options, 
     if (bytes.size() <= MAX_VALUE_LENGTH) {
         appendHex(digits, bytes);
     }
+    ReadOptions read = options;
+    read.asBarcode = false; // it is about characters
     // Too many bytes are too many characters, too, whatever they are.
-    translate(bytes.size() <= MAX_VALUE_LENGTH ? std::string_view(digits) : characters, options,
+    translate(bytes.size() <= MAX_VALUE_LENGTH ? std::string_view(digits) : characters, read,
               wanted, result);
 }
 

@@ -1,6 +1,8 @@
 #include "translate/plain_rows.h"
 
+#include "bridge/gs1_conversions.h"
 #include "core/hex_words.h"
+#include "schemes/epc_uri.h"
 #include "schemes/tag_scheme.h"
 #include "translate/translate.h"
 
@@ -22,29 +24,41 @@ constexpr std::array<bool, 256> plainHeadersMake() {
 
 constexpr std::array<bool, 256> plainHeaders = plainHeadersMake();
 
-template <Form number>
-EpcStatus numberOfRow(std::int32_t bits, const std::uint8_t* binary, std::int32_t /*dstSize*/,
-                      char* dst) {
-    static_assert(PLAIN_ROW_ROOM >= EPC_AI_VALUE_SIZE);
-    return numberOfBits(bitBufferForReading(binary, bits), number, dst);
+template <UriForm form>
+EpcStatus putUri(BitBuffer& bits, TextBuffer& text) {
+    return bitsPutEpcUri(bits, text, form);
 }
 
-struct FormExport {
+template <BinaryToText TagSchemeOps::*slot>
+EpcStatus putGs1Text(BitBuffer& bits, TextBuffer& text) {
+    return bitsPutGs1Text(bits, text, slot);
+}
+
+template <Form number>
+EpcStatus putNumber(BitBuffer& bits, TextBuffer& text) {
+    return numberOfBits(bits, number, text);
+}
+
+struct FormMaker {
     Form form;
-    PlainRowExport convert;
+    PlainRowMaker make;
 };
 
-constexpr FormExport formExports[] = {
-    {Form::TAG_URI, epc_binaryToEpcTagUri},
-    {Form::PURE_IDENTITY, epc_binaryToEpcUri},
-    {Form::ELEMENT_STRING, epc_binaryToGs1ElementString},
-    {Form::BARCODE_STRING, epc_binaryToBarcodeString},
-    {Form::DIGITAL_LINK, epc_binaryToDigitalLink},
-    {Form::GTIN, numberOfRow<Form::GTIN>},
-    {Form::SERIAL, numberOfRow<Form::SERIAL>},
+constexpr FormMaker formMakers[] = {
+    {Form::TAG_URI, putUri<UriForm::TAG>},
+    {Form::PURE_IDENTITY, putUri<UriForm::PURE_IDENTITY>},
+    {Form::ELEMENT_STRING, putGs1Text<&TagSchemeOps::binaryToElementString>},
+    {Form::BARCODE_STRING, putGs1Text<&TagSchemeOps::binaryToBarcodeString>},
+    {Form::DIGITAL_LINK, putGs1Text<&TagSchemeOps::binaryToDigitalLink>},
+    {Form::GTIN, putNumber<Form::GTIN>},
+    {Form::SERIAL, putNumber<Form::SERIAL>},
 };
 
 } // namespace
+
+bool mayBePlainRows(const ReadOptions& options) {
+    return !options.asBarcode && options.separator == '\0' && options.bank <= Bank::EPC;
+}
 
 bool plainRowRead(std::string_view value, bool isBinary, PlainRow& row) {
     if (isBinary) {
@@ -59,15 +73,19 @@ bool plainRowRead(std::string_view value, bool isBinary, PlainRow& row) {
     return plainHeaders[row.bytes[0]];
 }
 
-PlainRowExport plainRowExportOf(Form form) {
+PlainRowMaker plainRowMakerOf(Form form) {
     const auto* const found =
-        std::find_if(std::begin(formExports), std::end(formExports),
-                     [form](const FormExport& row) { return row.form == form; });
-    return found == std::end(formExports) ? nullptr : found->convert;
+        std::find_if(std::begin(formMakers), std::end(formMakers),
+                     [form](const FormMaker& row) { return row.form == form; });
+    return found == std::end(formMakers) ? nullptr : found->make;
 }
 
-bool plainRowForm(const PlainRow& row, PlainRowExport convert, char* room) {
-    return convert(PLAIN_ROW_BITS, row.bytes, PLAIN_ROW_ROOM, room) == EPC_OK;
+bool plainRowForm(const PlainRow& row, PlainRowMaker make, char* room, std::size_t& length) {
+    BitBuffer bits = bitBufferForReading(row.bytes, PLAIN_ROW_BITS);
+    TextBuffer text = textBufferOver(room, PLAIN_ROW_ROOM);
+    const EpcStatus status = make(bits, text);
+    length = static_cast<std::size_t>(textBufferLength(text));
+    return status == EPC_OK;
 }
 
 } // namespace rosetag

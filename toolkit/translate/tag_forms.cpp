@@ -167,13 +167,12 @@ EpcStatus formsOfTag(const TagBits& tag, FormSet wanted, TagOrigin origin, Trans
     return EPC_OK;
 }
 
-EpcStatus numberOfBits(const BitBuffer& bits, Form number, char* room) {
+EpcStatus numberOfBits(const BitBuffer& bits, Form number, TextBuffer& text) {
     TagAis ais;
     EPC_TRY(tagAisRead(bits, ais));
-    const std::string_view text = number == Form::GTIN ? gtinAmong(ais.count, std::cref(ais))
-                                                       : serialAmong(ais.count, std::cref(ais));
-    *std::copy(text.begin(), text.end(), room) = '\0';
-    return text.empty() ? EPC_ERR_NOT_SUPPORTED : EPC_OK;
+    const std::string_view found = number == Form::GTIN ? gtinAmong(ais.count, std::cref(ais))
+                                                        : serialAmong(ais.count, std::cref(ais));
+    return found.empty() ? EPC_ERR_NOT_SUPPORTED : textBufferPutString(text, found);
 }
 
 std::size_t tagValueBits(std::string_view hex) {

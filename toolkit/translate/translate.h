@@ -5,6 +5,7 @@
 #define ROSETAG_TOOLKIT_TRANSLATE_TRANSLATE_H
 
 #include "core/bit_buffer.h"
+#include "core/text_buffer.h"
 #include "recognise/plain_tag.h"
 #include "recognise/reading.h"
 
@@ -45,7 +46,7 @@ EpcStatus tagBitsWrite(TagBits& tag, Work work) {
 
 // Writes the GTIN or the serial number of a tag value into EPC_AI_VALUE_SIZE characters.
 // EPC_ERR_NOT_SUPPORTED if it has none.
-EpcStatus numberOfBits(const BitBuffer& bits, Form number, char* room);
+EpcStatus numberOfBits(const BitBuffer& bits, Form number, TextBuffer& text);
 
 // How many bits of a tag value its scheme takes, or 0 if it cannot be read.
 std::size_t tagValueBits(std::string_view hex);

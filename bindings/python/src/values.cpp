@@ -148,8 +148,8 @@ PyObject* convert(PyObject*, PyObject* const* positional, Py_ssize_t count, PyOb
         return nullptr;
     }
     Translation& item = workTranslation();
-    translate(value.text, options, form, item);
-    return isFailure(item.failure) ? raise(item.failure, value) : textOrNone(formText(item, form));
+    const std::string_view text = rosetag::convert(value.text, options, form, item);
+    return isFailure(item.failure) ? raise(item.failure, value) : textOrNone(text);
 }
 
 // The bytes of hexadecimal digits; an odd last digit is the high half of its byte.
