@@ -22,6 +22,7 @@ build) build ;;
 test)
     build
     node --test --test-reporter=spec test/*.test.mjs
+    bash "$root/scripts/page.sh" test
     ;;
 *)
     sed -n 's/^# //p' "${BASH_SOURCE[0]}" >&2

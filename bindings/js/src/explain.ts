@@ -18,6 +18,8 @@ import type { Encoding } from "./generated/names.js";
 import { reasons } from "./reasons.js";
 import type { Ai, AiBits, Explanation, Field, Finding, ReadOptions, Value } from "./results.js";
 
+export { GcpList } from "./gcp_list.js";
+
 /**
  * Takes the bits of a tag value or of a TID apart, field by field.
  *

@@ -35,6 +35,8 @@ interface Exports {
   rosetag_column(form: number): number;
   rosetag_names(): void;
   // The larger module only.
+  rosetag_keepGcpList(length: number): void;
+  rosetag_gcpLength(length: number): number;
   rosetag_explain(length: number, flags: number, gcpLength: number): number;
   rosetag_bits(): void;
   rosetag_check(length: number, flags: number, gcpLength: number): void;

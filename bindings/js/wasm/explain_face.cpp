@@ -3,6 +3,8 @@
  */
 #include "face.h"
 
+#include <algorithm>
+
 using namespace rosetag;
 using namespace rosetag::js;
 
@@ -55,6 +57,42 @@ ROSETAG_JS(rosetag_decodeAi)
 EpcStatus rosetag_decodeAi(std::size_t codeLength, std::size_t length) {
     const std::string_view input = valueOf(length);
     return giveAi(decodeAi(input.substr(codeLength), input.substr(0, codeLength)));
+}
+
+// Keeps a list of company prefixes: the input has an entry a line, "0614141 7". What is wrong with
+// it becomes the result, nothing if it is right.
+ROSETAG_JS(rosetag_keepGcpList) void rosetag_keepGcpList(std::size_t length) {
+    std::string_view lines = valueOf(length);
+    GcpList& list = face().gcpList;
+    list = {};
+    beginJson();
+    std::string& wrong = face().json;
+    while (!lines.empty() && wrong.empty()) {
+        const std::string_view line = lines.substr(0, lines.find('\n'));
+        lines.remove_prefix(std::min(line.size() + 1, lines.size()));
+        const std::size_t blank = std::min(line.find(' '), line.size());
+        const std::size_t second = std::min(blank + 1, line.size());
+        wrong = gcpListAdd(list, line.substr(0, blank), line.substr(second));
+    }
+    if (wrong.empty()) {
+        const std::string prefix = gcpListFinish(list);
+        wrong = prefix.empty() ? "" : "prefix " + prefix + " has two lengths";
+    }
+    giveJson();
+}
+
+// The length of the company prefix in the key of a value, by the list that was kept; 0 if the list
+// does not tell it.
+ROSETAG_JS(rosetag_gcpLength) int rosetag_gcpLength(std::size_t length) {
+    Translation& item = face().item;
+    translate(valueOf(length), {}, Form::AIS, item);
+    for (const AiValue& ai : item.ais) {
+        const std::string_view digits = companyPrefixOnwards(ai.ai, ai.value);
+        if (!digits.empty()) {
+            return gcpLengthOf(face().gcpList, digits).length;
+        }
+    }
+    return 0;
 }
 
 // The words of the rules of check, and of the kinds of notes, as an object.

@@ -48,6 +48,7 @@ struct Face {
     Translation item;
     Explanation explanation;
     Rows<Finding> findings;
+    GcpList gcpList;
     std::string json;
     Result result{};
     std::array<Column, static_cast<std::size_t>(Form::UNKNOWN)> columns;

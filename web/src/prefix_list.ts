@@ -1,0 +1,124 @@
+/*
+ * The list of the lengths of company prefixes, which GS1 publishes: the user drops the file, and it
+ * stays on the device.
+ */
+import { byId, grouped } from "./elements";
+import { usePrefixList } from "./values";
+
+const DATABASE = "rosetag";
+const STORE = "lists";
+const KEY = "prefixes";
+
+type Entry = readonly [prefix: string, length: number];
+
+function entryOf(prefix: unknown, length: unknown): Entry {
+    return [String(prefix), length === null ? NaN : Number(length)];
+}
+
+/** The prefixes and lengths of a file. */
+function entriesOf(text: string): Entry[] {
+    if (text.trimStart().startsWith("<")) {
+        const tree = new DOMParser().parseFromString(text, "application/xml");
+        return Array.from(tree.querySelectorAll("entry"), (entry) =>
+            entryOf(entry.getAttribute("prefix"), entry.getAttribute("gcpLength")),
+        );
+    }
+    const tree = JSON.parse(text) as {
+        GCPPrefixFormatList?: { entry?: { prefix?: unknown; gcpLength?: unknown }[] };
+    };
+    return (tree.GCPPrefixFormatList?.entry ?? []).map((entry) => entryOf(entry.prefix, entry.gcpLength));
+}
+
+function withStore<Result>(mode: IDBTransactionMode, work: (store: IDBObjectStore) => IDBRequest<Result>): Promise<Result> {
+    return new Promise((resolve, reject) => {
+        const opening = indexedDB.open(DATABASE, 1);
+        opening.onupgradeneeded = () => opening.result.createObjectStore(STORE);
+        opening.onerror = () => {
+            reject(new Error("this browser keeps nothing"));
+        };
+        opening.onsuccess = () => {
+            const request = work(opening.result.transaction(STORE, mode).objectStore(STORE));
+            request.onsuccess = () => {
+                resolve(request.result);
+                opening.result.close();
+            };
+            request.onerror = () => {
+                reject(new Error("this browser keeps nothing"));
+            };
+        };
+    });
+}
+
+// Gives the package the list, and says so.
+function use(entries: readonly Entry[]): void {
+    usePrefixList(entries);
+    const { length } = entries;
+    byId("list-state").textContent = length === 0 ? "" : `In use: ${grouped(length)} prefixes.`;
+    byId("list-forget").hidden = length === 0;
+}
+
+async function take(file: File, changed: () => void): Promise<void> {
+    try {
+        const entries = entriesOf(await file.text());
+        if (entries.length === 0) {
+            throw new Error("it has no entries");
+        }
+        use(entries);
+        changed();
+        await withStore("readwrite", (store) => store.put(entries, KEY));
+    } catch (error) {
+        byId("list-state").textContent = `This is not a list of company prefixes: ${(error as Error).message}.`;
+    }
+}
+
+async function forget(changed: () => void): Promise<void> {
+    use([]);
+    changed();
+    await withStore("readwrite", (store) => store.delete(KEY));
+}
+
+async function recall(changed: () => void): Promise<void> {
+    try {
+        const entries = await withStore("readonly", (store) => store.get(KEY) as IDBRequest<Entry[] | undefined>);
+        if (entries !== undefined) {
+            use(entries);
+            changed();
+        }
+    } catch {
+        // Without storage the list is dropped anew each time.
+    }
+}
+
+/** Takes dropped and chosen files; dropped anywhere on an element they are taken by a callback. */
+export function takeFiles(zone: HTMLElement, chooser: HTMLInputElement, work: (file: File) => void): void {
+    zone.addEventListener("dragover", (event) => {
+        event.preventDefault();
+        zone.classList.add("over");
+    });
+    for (const end of ["dragleave", "drop"]) {
+        zone.addEventListener(end, () => {
+            zone.classList.remove("over");
+        });
+    }
+    zone.addEventListener("drop", (event) => {
+        event.preventDefault();
+        const file = event.dataTransfer?.files[0];
+        if (file !== undefined) {
+            work(file);
+        }
+    });
+    chooser.addEventListener("change", () => {
+        const file = chooser.files?.[0];
+        if (file !== undefined) {
+            work(file);
+        }
+        chooser.value = "";
+    });
+}
+
+/** Recalls the list of an earlier visit and takes new ones. */
+export function startPrefixList(changed: () => void): void {
+    takeFiles(byId("list-drop"), byId<HTMLInputElement>("list-file"), (file) => void take(file, changed));
+    byId("list-forget").addEventListener("click", () => void forget(changed));
+    void recall(changed);
+}

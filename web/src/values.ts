@@ -1,0 +1,146 @@
+/*
+ * What the page asks of the package rosetag, and the shape of the answers that it shows.
+ */
+import * as rosetag from "rosetag";
+import type { Explanation, Finding, Identity, Note, RosetagError, Scheme } from "rosetag";
+import { check, explain, GcpList } from "rosetag/explain";
+
+export type { Explanation, Field, Finding, Identity, Scheme } from "rosetag";
+
+export type Form =
+    | "tagUri"
+    | "pureIdentity"
+    | "elementString"
+    | "barcodeString"
+    | "digitalLink"
+    | "hex";
+
+/** The forms in the order in which they are shown, and what people call them. */
+export const formTitles: Record<Form, string> = {
+    tagUri: "tag URI",
+    pureIdentity: "pure identity",
+    elementString: "element string",
+    barcodeString: "barcode string",
+    digitalLink: "Digital Link",
+    hex: "hex",
+};
+
+/** Why a value could not be read, and where. */
+export type Failure = Pick<
+    RosetagError,
+    "status" | "reason" | "remedy" | "position" | "length" | "culprit"
+>;
+
+/** Everything that is known of a value. */
+export interface Answer {
+    value: string;
+    identity: Identity | null;
+    explanation: Explanation | null;
+    findings: readonly Finding[];
+    notes: readonly Note[];
+    failure: Failure | null;
+}
+
+export function schemes(): readonly Scheme[] {
+    return rosetag.schemes();
+}
+
+export function schemeNamed(name: string | null): Scheme | undefined {
+    return schemes().find((scheme) => scheme.name === name);
+}
+
+interface Attempt<Result> {
+    result: Result | null;
+    failure: Failure | null;
+}
+
+function attempt<Result>(work: () => Result): Attempt<Result> {
+    try {
+        return { result: work(), failure: null };
+    } catch (error) {
+        if (error instanceof rosetag.RosetagError) {
+            return { result: null, failure: error };
+        }
+        throw error;
+    }
+}
+
+/** For each digit of the hex the fields that its bits belong to. */
+export function hexPlaces(explanation: Explanation): number[][] {
+    return Array.from(explanation.hex, (_, digit) =>
+        explanation.fields.flatMap((field, index) =>
+            field.first < 4 * digit + 4 && 4 * digit < field.first + field.width ? [index] : [],
+        ),
+    );
+}
+
+/** Finds out everything about a value. */
+export function answerTo(value: string, givenLength?: number): Answer {
+    const gcpLength = givenLength ?? list?.lengthFor(value);
+    const decoded = attempt(() => rosetag.decode(value, { gcpLength }));
+    const explained = attempt(() => explain(value));
+    const isTid = explained.result?.form === "tid"; // which the rules of GS1 say nothing of
+    return {
+        value,
+        identity: decoded.result,
+        explanation: explained.result,
+        findings: isTid ? [] : check(value, { gcpLength }),
+        notes: (isTid ? explained.result : decoded.result)?.notes ?? [],
+        failure: isTid ? (explained.result?.failure ?? null) : decoded.failure,
+    };
+}
+
+export interface Tag {
+    scheme: Scheme;
+    answer: Answer | null;
+    failure: Failure | null;
+}
+
+/** A scheme that can hold an identity which is no tag value; plus schemes need no prefix length. */
+export function schemeThatHolds(identity: Identity): Scheme | undefined {
+    const text = identity.elementString;
+    return (
+        schemeNamed(identity.fitsSchemes[0] ?? null) ??
+        schemes().find(
+            (scheme) =>
+                scheme.isPlus &&
+                text !== null &&
+                attempt(() => rosetag.encode(text, { scheme: scheme.name })).failure === null,
+        )
+    );
+}
+
+/** Encodes an identity for a scheme. */
+export function encodeFor(scheme: Scheme, text: string, filter: number, givenLength?: number): Tag {
+    const gcpLength = givenLength ?? list?.lengthFor(text);
+    const { result, failure } = attempt(() =>
+        rosetag.encode(text, { scheme: scheme.name, filter, gcpLength }),
+    );
+    return { scheme, answer: result === null ? null : answerTo(result), failure };
+}
+
+export interface Converted {
+    schemes: readonly (string | null)[];
+    statuses: readonly string[]; // "OK" where a row was read
+    texts: readonly (string | null)[];
+}
+
+/** Converts values to one form. */
+export function convertMany(values: readonly string[], form: Form): Converted {
+    const rows = rosetag.decodeMany(values, [form, "scheme"]);
+    return {
+        schemes: rows.scheme as (string | null)[],
+        statuses: Array.from(rows.status, (status) => rosetag.statuses[status] ?? ""),
+        texts: rows[form] as (string | null)[],
+    };
+}
+
+let list: GcpList | null = null;
+
+/**
+ * From here on the lengths of company prefixes come from this list, where the user does not give
+ * them; an empty one stands for none.
+ */
+export function usePrefixList(entries: readonly (readonly [string, number])[]): void {
+    list = entries.length === 0 ? null : new GcpList(entries);
+}

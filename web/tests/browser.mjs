@@ -1,0 +1,56 @@
+/*
+ * Debian's Chromium, and what tests ask of a page.
+ */
+import { readdirSync, statSync } from "node:fs";
+import { join } from "node:path";
+import { chromium } from "playwright-core";
+import { siteDirectory } from "../serve.mjs";
+
+export { serve, siteDirectory } from "../serve.mjs";
+
+/** The bytes of all files of the page. */
+export function siteSize() {
+    return readdirSync(siteDirectory).reduce((sum, name) => sum + statSync(join(siteDirectory, name)).size, 0);
+}
+
+export async function startBrowser() {
+    return chromium.launch({
+        executablePath: process.env.CHROMIUM ?? "/usr/bin/chromium",
+        args: [
+            "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
+            "--disable-background-networking", "--disable-component-update", "--disable-sync",
+        ],
+    });
+}
+
+/** Opens the page with a value, and notes its errors and requests. */
+export async function openPage(browser, url, value = "", options = {}) {
+    const context = await browser.newContext({ viewport: { width: 1000, height: 900 }, ...options });
+    context.setDefaultTimeout(15_000);
+    const page = await context.newPage();
+    page.errors = [];
+    page.requests = [];
+    page.on("pageerror", (error) => page.errors.push(error.message));
+    page.on("console", (message) => {
+        if (message.type() === "error") {
+            page.errors.push(message.text());
+        }
+    });
+    page.on("request", (request) => page.requests.push(request.url()));
+    await page.goto(`${url}${value === "" ? "" : `#${encodeURIComponent(value)}`}`);
+    // The policy of the page forbids the evaluation that waiting for functions needs.
+    await page.locator("#sentence > span").waitFor();
+    return page;
+}
+
+export async function type(page, value) {
+    await page.locator("#value").fill(value);
+}
+
+export async function textOf(page, selector) {
+    return (await page.locator(selector).first().textContent()).replace(/\s+/g, " ").trim();
+}
+
+export async function textsOf(page, selector) {
+    return (await page.locator(selector).allTextContents()).map((text) => text.replace(/\s+/g, " ").trim());
+}
