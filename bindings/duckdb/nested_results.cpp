@@ -12,20 +12,13 @@ struct Field {
     duckdb_type type;
 };
 
-// clang-format off
-constexpr Field decodeFields[] = {
-    {"scheme",         DUCKDB_TYPE_VARCHAR},
-    {"filter",         DUCKDB_TYPE_INTEGER},
-    {"tag_uri",        DUCKDB_TYPE_VARCHAR},
-    {"pure_identity",  DUCKDB_TYPE_VARCHAR},
-    {"element_string", DUCKDB_TYPE_VARCHAR},
-    {"barcode_string", DUCKDB_TYPE_VARCHAR},
-    {"digital_link",   DUCKDB_TYPE_VARCHAR},
-    {"hex",            DUCKDB_TYPE_VARCHAR},
-    {"gtin",           DUCKDB_TYPE_VARCHAR},
-    {"serial",         DUCKDB_TYPE_VARCHAR},
-};
+// Those of epc_decode: which is the scheme's and which the filter's.
+constexpr std::size_t SCHEME_FIELD = 0;
+constexpr std::size_t FILTER_FIELD = 1;
+static_assert(std::string_view(sqlDecodeFields[SCHEME_FIELD]) == "scheme");
+static_assert(std::string_view(sqlDecodeFields[FILTER_FIELD]) == "filter");
 
+// clang-format off
 constexpr Field tidFields[] = {
     {"designer",       DUCKDB_TYPE_INTEGER},
     {"model",          DUCKDB_TYPE_INTEGER},
@@ -38,7 +31,6 @@ constexpr Field tidFields[] = {
 // clang-format on
 
 enum TidField { DESIGNER, MODEL, XTID, SECURITY, FILE_FLAG, SERIAL, SERIAL_BITS };
-constexpr std::size_t FILTER_FIELD = 1;
 
 duckdb_logical_type structType(std::span<const Field> fields) {
     std::vector<duckdb_logical_type> types;
@@ -124,7 +116,12 @@ bool translateAll(SqlRoom& room, SqlValue value) {
 } // namespace
 
 duckdb_logical_type decodeType() {
-    return structType(decodeFields);
+    std::vector<Field> fields;
+    for (const char* const name : sqlDecodeFields) {
+        fields.push_back({name, DUCKDB_TYPE_VARCHAR});
+    }
+    fields[FILTER_FIELD].type = DUCKDB_TYPE_INTEGER;
+    return structType(fields);
 }
 
 duckdb_logical_type tidType() {
@@ -140,14 +137,14 @@ duckdb_logical_type aisType() {
 
 void runDecode(Chunk& chunk) {
     forEachStruct(
-        chunk, std::size(decodeFields), translateAll,
+        chunk, std::size(sqlDecodeFields), translateAll,
         [&](std::vector<OutColumn>& fields, idx_t row) {
             const Translation& item = chunk.room.item;
-            putTextOrNull(fields[0], row,
+            putTextOrNull(fields[SCHEME_FIELD], row,
                           item.scheme == nullptr ? std::string_view() : item.scheme->name);
             putNumberOrNull(fields[FILTER_FIELD], row, item.filter);
             for (std::size_t i = FILTER_FIELD + 1; i < fields.size(); ++i) {
-                putTextOrNull(fields[i], row, formText(item, formByWord(decodeFields[i].name)));
+                putTextOrNull(fields[i], row, formText(item, formByWord(sqlDecodeFields[i])));
             }
         });
 }

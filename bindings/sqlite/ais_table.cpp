@@ -51,26 +51,25 @@ int disconnect(sqlite3_vtab* table) {
 
 // There is one way to read the table: with its argument known.
 int bestIndex(sqlite3_vtab* table, sqlite3_index_info* info) {
-    bool isGiven = false;
+    int result = SQLITE_ERROR;
     for (int i = 0; i < info->nConstraint; ++i) {
         const auto& constraint = info->aConstraint[i];
         if (constraint.iColumn != ARGUMENT || constraint.op != SQLITE_INDEX_CONSTRAINT_EQ) {
             continue;
         }
-        isGiven = true;
-        if (constraint.usable == 0) {
-            return SQLITE_CONSTRAINT;
+        if (constraint.usable != 0) {
+            info->aConstraintUsage[i].argvIndex = 1;
+            info->aConstraintUsage[i].omit = 1;
+            info->estimatedCost = 1;
+            info->estimatedRows = 3;
+            return SQLITE_OK;
         }
-        info->aConstraintUsage[i].argvIndex = 1;
-        info->aConstraintUsage[i].omit = 1;
-        info->estimatedCost = 1;
-        info->estimatedRows = 3;
-        return SQLITE_OK;
+        result = SQLITE_CONSTRAINT; // not known in this order of the tables
     }
-    if (!isGiven) {
+    if (result == SQLITE_ERROR) {
         table->zErrMsg = sqlite3_mprintf("epc_ais needs a value: epc_ais(x)");
     }
-    return SQLITE_ERROR;
+    return result;
 }
 
 int open(sqlite3_vtab*, sqlite3_vtab_cursor** cursor) {
