@@ -326,6 +326,7 @@ std::span<const std::string_view> bankWords();
 /** How a value is to be read. */
 struct ReadOptions {
     bool asBarcode = false;       ///< Digits without any mark are a barcode string, not hex.
+    bool isHex = false;           ///< Digits are hex whatever else they could be: those of bytes.
     bool strict = false;          ///< Links are taken as they are: nothing is left out or padded.
                                   ///< Where findings are asked for, an error is a failure.
     std::optional<int> gcpLength; ///< Digits of the GS1 company prefix.

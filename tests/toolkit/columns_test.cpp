@@ -446,11 +446,14 @@ TEST(Columns, ReadRowsByTheOptionsOfACall) {
     }
 }
 
-TEST(Columns, TakeBytesForTheBitsOfATagAlsoWhereDigitsAreABarcode) {
+TEST(Columns, TakeBytesForTheBitsOfATagWhateverTheirDigitsCouldBe) {
     const Cells bytes = {bytesOf("302512345678901234567890")};
     const auto options = with(&RosetagColumnsReadOptions::asBarcode, 1);
     EXPECT_EQ(decode(*arrayOf("z", bytes), {"tag_uri"}).columns,
               decode(*arrayOf("z", bytes), {"tag_uri"}, &options).columns);
+    const Result likeGtin = decode(*arrayOf("z", {bytesOf("30506000134352")}), {"gtin", "status"});
+    EXPECT_EQ(std::nullopt, likeGtin.columns[0][0]);
+    EXPECT_EQ(std::to_string(EPC_ERR_TRUNCATED), likeGtin.columns[1][0]);
 }
 
 TEST(Columns, CheckEachRowAsAValueAlone) {

@@ -264,6 +264,10 @@ TEST(Convert, GivesWhatTranslateGives) {
         }
     }
     EXPECT_GT(texts, 20);
+    const std::vector<std::uint8_t> likeGtin = {0x30, 0x50, 0x60, 0x00, 0x13, 0x43, 0x52};
+    EXPECT_EQ("", convert(likeGtin, {}, Form::GTIN, room));
+    EXPECT_EQ(EPC_ERR_TRUNCATED, room.failure.status);
+    EXPECT_EQ("30506000134352", convert("30506000134352", {}, Form::GTIN, room));
     const std::vector<std::uint8_t> tooLong(MAX_VALUE_LENGTH + 1);
     EXPECT_EQ("", convert(tooLong, {}, Form::HEX, room));
     EXPECT_EQ(EPC_ERR_TOO_LONG, room.failure.status);

@@ -125,6 +125,7 @@ std::int32_t openReading(const Call& call, const RosetagColumnsReadOptions& opti
                            "the separator must be an ASCII character, not %d", options.separator);
     }
     read.asBarcode = options.asBarcode != 0 && !isBinaryColumn(call.reader);
+    read.isHex = isBinaryColumn(call.reader);
     read.strict = options.strict != 0;
     if (options.gcpLength != 0) {
         read.gcpLength = options.gcpLength;

@@ -124,13 +124,14 @@ void keepName(Reading& reading, std::string_view segment, std::string_view ai, N
 
 // A path without its trailing slashes, unless the last one is before the empty value of an AI.
 std::string_view withoutTrailingSlashes(std::string_view path) {
+    auto slashes = std::count(path.begin(), path.end(), '/');
     while (path.ends_with('/')) {
-        const auto slashes = std::count(path.begin(), path.end(), '/');
         const std::string_view before = path.substr(0, path.size() - 1);
         if (slashes % 2 == 0 && !before.ends_with('/')) {
             break;
         }
         path = before;
+        --slashes;
     }
     return path;
 }
@@ -174,6 +175,19 @@ std::string_view firstPair(std::string_view path) {
     return path.substr(0, end);
 }
 
+// True if the path has more segments than codes and values that can be read. A trailing slash may
+// be one of them or not.
+bool hasTooManySegments(std::string_view path) {
+    constexpr std::size_t most = std::size_t{2} * EPC_MAX_AIS + 1;
+    const std::size_t end = path.find_last_not_of('/') + 1;
+    std::size_t slashes = 0;
+    for (std::size_t at = path.find('/'); at < end && slashes <= most;
+         at = path.find('/', at + 1)) {
+        ++slashes;
+    }
+    return slashes > most;
+}
+
 struct KeyPlace {
     std::size_t start;   // the end of the path if there is none
     std::size_t choices; // places where it could begin
@@ -213,6 +227,9 @@ KeyPlace findKey(Reading& reading, std::string_view path) {
         looks = at;
         keepPath(reading, firstPair(tail), Notes::NO);
         holds = isRead(reading) ? at : holds;
+        if (hasTooManySegments(tail)) {
+            continue;
+        }
         keepPath(reading, tail, Notes::NO);
         if (isRead(reading)) {
             reads = {at, reads.choices + 1};

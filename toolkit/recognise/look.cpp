@@ -124,6 +124,9 @@ Form formByLook(std::string_view value, const ReadOptions& options) {
     if (value.empty()) {
         return Form::UNKNOWN;
     }
+    if (options.isHex) {
+        return hexIsTid(value) ? Form::TID : Form::HEX;
+    }
     if (value.front() == '(') {
         return Form::ELEMENT_STRING;
     }

@@ -44,6 +44,7 @@ void translate(std::span<const std::uint8_t> bytes, const ReadOptions& options, 
         appendHex(digits, bytes);
     }
     ReadOptions read = options;
+    read.isHex = true;
     read.asBarcode = false; // it is about characters
     // Too many bytes are too many characters, too, whatever they are.
     translate(bytes.size() <= MAX_VALUE_LENGTH ? std::string_view(digits) : characters, read,
