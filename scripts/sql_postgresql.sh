@@ -41,11 +41,15 @@ as_server() {
     fi
 }
 
+# In the folder where the other extensions are built, too.
 build_toolkit() {
-    cmake -S "$root" -B "$root/build/sql/toolkit" -G Ninja -DCMAKE_BUILD_TYPE=Release \
-        -DROSETAG_BUILD_TESTS=OFF -DROSETAG_BUILD_TOOLS=OFF \
-        -DCMAKE_INSTALL_PREFIX="$prefix" &&
-        ninja -C "$root/build/sql/toolkit" && cmake --install "$root/build/sql/toolkit"
+    local component
+    (cd "$root" && cmake --preset release -B build/extensions -DROSETAG_BUILD_TESTS=OFF \
+        -DROSETAG_BUILD_TOOLS=OFF -DROSETAG_INSTALL=ON) &&
+        ninja -C "$root/build/extensions" rosetag rosetag_toolkit rosetag_lists &&
+        for component in development toolkit; do
+            cmake --install "$root/build/extensions" --component "$component" --prefix "$prefix"
+        done
 }
 
 in_build() {
@@ -88,7 +92,7 @@ mkdir "$server/data"
 logged initdb as_server "$bindir/initdb" -D "$server/data" -A trust -U postgres -E UTF8 \
     --locale=C.UTF-8 --no-sync
 
-readonly settings=(-c fsync=off -c autovacuum=off -c "extension_destdir=$server/root")
+readonly settings=(-c fsync=off -c autovacuum=off -c log_min_duration_statement=300 -c "extension_destdir=$server/root")
 export PGHOST=$server PGUSER=postgres PGDATABASE=postgres PGPORT=5432
 
 start_server() {

@@ -272,10 +272,10 @@ static Datum giveTid(FunctionCallInfo fcinfo, bool isBinary) {
     }
     bool nulls[7] = {false};
     const Datum serial = textDatum(tid.serial, &nulls[5]);
-    Datum values[] = {
-        Int32GetDatum(tid.designer), Int32GetDatum(tid.model), BoolGetDatum(tid.xtid),
-        BoolGetDatum(tid.security),  BoolGetDatum(tid.file),   serial,
-        Int32GetDatum(tid.serialBits)};
+    Datum values[] = {Int32GetDatum(tid.designer),  Int32GetDatum(tid.model),
+                      BoolGetDatum(tid.xtid),       BoolGetDatum(tid.security),
+                      BoolGetDatum(tid.file),       serial,
+                      Int32GetDatum(tid.serialBits)};
     return HeapTupleGetDatum(heap_form_tuple(rowTypeOf(fcinfo), values, nulls));
 }
 
@@ -285,10 +285,12 @@ FUNCTION_OF_BOTH(tid_decode, giveTid)
  * ---- Check ----
  */
 
-/* A remark as a message has it: a sentence with a capital letter and a full stop. */
-static char* remarkOf(struct RosetagText text) {
+/* A hint is a sentence: with a full stop, and a capital letter unless it begins with a name. */
+static char* hintOf(struct RosetagText text) {
     char* const sentence = sentenceOf(text);
-    sentence[0] = (char)pg_toupper((unsigned char)sentence[0]);
+    if (sentence[strspn(sentence, "abcdefghijklmnopqrstuvwxyz")] == ' ') {
+        sentence[0] = (char)pg_toupper((unsigned char)sentence[0]);
+    }
     return psprintf("%s.", sentence);
 }
 
@@ -320,7 +322,7 @@ static Datum check(FunctionCallInfo fcinfo, bool isBinary) {
         ereport(ERROR, (errcode(ERRCODE_INVALID_TEXT_REPRESENTATION),
                         errmsg("%s", sentenceOf(failure.message)),
                         errdetail("%s", placeOf(value, &failure)),
-                        failure.remedy.size > 0 ? errhint("%s", remarkOf(failure.remedy)) : 0));
+                        failure.remedy.size > 0 ? errhint("%s", hintOf(failure.remedy)) : 0));
     }
     PG_RETURN_DATUM(PG_GETARG_DATUM(0));
 }
@@ -339,9 +341,9 @@ static Datum encode(FunctionCallInfo fcinfo, bool asBytes) {
     const struct RosetagValue value = valueOf(PG_GETARG_DATUM(0), false);
     const int32_t filter = PG_ARGISNULL(2) ? 0 : PG_GETARG_INT32(2);
     const int32_t gcpLength = PG_ARGISNULL(3) ? 0 : PG_GETARG_INT32(3);
-    const struct RosetagEncodeArguments arguments = {
-        bytesOf(PG_GETARG_VARLENA_PP(1)), PG_ARGISNULL(2) ? NULL : &filter,
-        PG_ARGISNULL(3) ? NULL : &gcpLength, asBytes};
+    const struct RosetagEncodeArguments arguments = {bytesOf(PG_GETARG_VARLENA_PP(1)),
+                                                     PG_ARGISNULL(2) ? NULL : &filter,
+                                                     PG_ARGISNULL(3) ? NULL : &gcpLength, asBytes};
     const enum RosetagOutcome outcome = rosetagEncode(value.text, &arguments, &result);
     if (outcome == ROSETAG_BAD_ARGUMENT) {
         refuseArgument(result);

@@ -183,10 +183,10 @@ RosetagOutcome rosetagEncode(RosetagText text, const RosetagEncodeArguments* arg
                              RosetagText* result) {
     return run([=](SqlRoom& free) {
         EncodeOptions options;
-        std::string fault = sqlReadEncodeArguments({viewOf(arguments->scheme),
-                                                    numberOf(arguments->filter),
-                                                    numberOf(arguments->gcpLength)},
-                                                   options);
+        std::string fault =
+            sqlReadEncodeArguments({viewOf(arguments->scheme), numberOf(arguments->filter),
+                                    numberOf(arguments->gcpLength)},
+                                   options);
         if (!fault.empty()) {
             free.text = std::move(fault);
             *result = textOf(free.text);

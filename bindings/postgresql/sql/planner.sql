@@ -31,16 +31,15 @@ SET parallel_setup_cost = 0;
 SET parallel_tuple_cost = 0;
 SET max_parallel_workers_per_gather = 2;
 SET enable_indexonlyscan = off;
-EXPLAIN (COSTS OFF)
-SELECT count(epc_element_string(epc)), count(epc_tag_uri(bits)), count(epc_decode(epc)) FROM reads;
-CREATE FUNCTION digest() RETURNS text LANGUAGE sql AS $$
-    SELECT md5(string_agg(concat_ws('|', id, epc_element_string(epc), epc_tag_uri(bits),
-                                    (epc_decode(epc))::text, epc_status(bits)), ',' ORDER BY id))
-      FROM reads
-$$;
-SELECT digest() AS in_parallel \gset
+PREPARE digest AS
+  SELECT sum(hashtextextended(concat_ws('|', id, epc_element_string(epc), epc_tag_uri(bits),
+                                        epc_decode(epc), epc_status(bits)), 0)) AS digest
+    FROM reads;
+EXPLAIN (ANALYZE, COSTS OFF, TIMING OFF, SUMMARY OFF) EXECUTE digest;
+EXECUTE digest \gset parallel_
 SET max_parallel_workers_per_gather = 0;
-SELECT digest() = :'in_parallel' AS same;
+EXECUTE digest \gset serial_
+SELECT :parallel_digest = :serial_digest AS same, :serial_digest <> 0 AS is_digest;
+DEALLOCATE digest;
 RESET ALL;
-DROP FUNCTION digest;
 DROP TABLE reads;
