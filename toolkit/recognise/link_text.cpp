@@ -175,17 +175,15 @@ std::string_view firstPair(std::string_view path) {
     return path.substr(0, end);
 }
 
-// True if the path has more segments than codes and values that can be read. A trailing slash may
-// be one of them or not.
+// True if the path has more segments than codes and values that can be read.
 bool hasTooManySegments(std::string_view path) {
-    constexpr std::size_t most = std::size_t{2} * EPC_MAX_AIS + 1;
-    const std::size_t end = path.find_last_not_of('/') + 1;
-    std::size_t slashes = 0;
-    for (std::size_t at = path.find('/'); at < end && slashes <= most;
-         at = path.find('/', at + 1)) {
-        ++slashes;
+    constexpr std::size_t most = std::size_t{2} * EPC_MAX_AIS;
+    std::size_t segments = 0;
+    for (std::size_t at = 0; at < path.size() && segments <= most; ++at) {
+        const bool begins = path[at] != '/' && (at == 0 || path[at - 1] == '/');
+        segments += begins ? std::size_t{1} : 0;
     }
-    return slashes > most;
+    return segments > most;
 }
 
 struct KeyPlace {
