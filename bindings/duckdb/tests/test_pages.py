@@ -1,4 +1,7 @@
-"""Runs what the pages show in DuckDB's shell: test_pages.py SOURCE_DIR EXTENSION SHELL"""
+"""Looks at the extension as a file, and runs what the pages show in DuckDB's shell.
+
+usage: test_pages.py SOURCE_DIR EXTENSION SHELL
+"""
 
 import sys
 import unittest
@@ -7,11 +10,15 @@ from pathlib import Path
 ROOT, EXTENSION, SHELL = sys.argv[1:4]
 sys.path.insert(0, str(Path(ROOT) / "bindings/sql/tests"))
 
+import binary
 import counted
 import pages
 
 
 class Pages(unittest.TestCase):
+    def test_binary(self):
+        binary.check(self, EXTENSION, "rosetag_init_c_api")
+
     def test_pages(self):
         for page, section, blocks in [("docs/sql.md", "DuckDB", 6),
                                       ("bindings/duckdb/README.md", None, 1)]:

@@ -13,6 +13,7 @@ from pathlib import Path
 ROOT, EXTENSION = sys.argv[1:3]
 sys.path.insert(0, str(Path(ROOT) / "bindings/sql/tests"))
 
+import binary
 import counted
 import pages
 import rules
@@ -211,6 +212,9 @@ SELECT * FROM epc_ais;
                          result.stdout, result.stderr)
         self.assertEqual(1, result.returncode, result.stderr)
         self.assertIn("EPC_ERR_BAD_FORMAT", result.stderr)
+
+    def test_binary(self):
+        binary.check(self, EXTENSION, "sqlite3_rosetag_init")
 
     def test_pages(self):
         for page, section, blocks in [("docs/sql.md", "SQLite", 6),
