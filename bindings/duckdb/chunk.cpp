@@ -1,6 +1,11 @@
 #include "chunk.h"
 
+#include <algorithm>
+
 namespace rosetag {
+
+// Texts as long as that stand in the vector itself. Without calls they are read and written sooner.
+constexpr std::size_t LONGEST_INLINED = sizeof(duckdb_string_t::value.inlined.inlined);
 
 OutColumn::OutColumn(duckdb_vector outVector)
     : vector(outVector), data(duckdb_vector_get_data(outVector)) {}
@@ -14,11 +19,10 @@ InColumn inColumn(const Chunk& chunk, idx_t index) {
 }
 
 std::string_view textOf(const InColumn& column, idx_t row) {
-    // As duckdb_string_t_data has it, without two calls a row.
-    constexpr std::uint32_t longestInlined = 12;
     const duckdb_string_t& text = static_cast<const duckdb_string_t*>(column.data)[row];
     const std::uint32_t length = text.value.inlined.length;
-    return {length <= longestInlined ? text.value.inlined.inlined : text.value.pointer.ptr, length};
+    return {length <= LONGEST_INLINED ? text.value.inlined.inlined : text.value.pointer.ptr,
+            length};
 }
 
 std::optional<std::int64_t> integerOf(const InColumn& column, idx_t row,
@@ -41,6 +45,13 @@ void putNull(OutColumn& column, idx_t row) {
 }
 
 void putText(OutColumn& column, idx_t row, std::string_view text) {
+    if (text.size() <= LONGEST_INLINED) {
+        duckdb_string_t inlined{};
+        inlined.value.inlined.length = static_cast<std::uint32_t>(text.size());
+        std::copy(text.begin(), text.end(), inlined.value.inlined.inlined);
+        static_cast<duckdb_string_t*>(column.data)[row] = inlined;
+        return;
+    }
     duckdb_vector_assign_string_element_len(column.vector, row, text.data(), text.size());
 }
 
