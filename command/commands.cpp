@@ -139,13 +139,15 @@ std::string headerOf(const TranslationSettings& settings) {
     return header + '\n';
 }
 
-void tellNotes(Output& output, const Converter& converter) {
+// Without a list the form that needs the length of the company prefix says so in its place.
+void tellNotes(Output& output, const Converter& converter, bool hasGcpList) {
     const Rows<Note>* const notes = converter.notes();
     for (const Severity severity : {Severity::NOTE, Severity::WARNING}) {
         std::string text;
         for (std::size_t i = 0; notes != nullptr && i < notes->size(); ++i) {
             const Note& note = (*notes)[i];
-            if (note.severity == severity && note.kind != NoteKind::NEEDS_GCP_LENGTH) {
+            const bool isShown = note.kind == NoteKind::NEEDS_GCP_LENGTH && !hasGcpList;
+            if (note.severity == severity && !isShown) {
                 text += (text.empty() ? "" : "; ") + note.text + optionHint(note.option);
             }
         }
@@ -194,7 +196,7 @@ int runValues(Output& output, const Arguments& arguments, Converter& converter) 
     std::string text;
     for (const std::string& value : arguments.values) {
         converter.convert({value, 0, {}});
-        tellNotes(output, converter);
+        tellNotes(output, converter, arguments.read.gcpList != nullptr);
         if (!converter.showsFailures()) {
             tellFindings(output, converter);
         }

@@ -172,6 +172,14 @@ std::string summary(const LineTally& total, bool hasStopped) {
     return text;
 }
 
+// Any object may lack the members that are asked for; that all of them do is likely to be a slip.
+void tellMissingMember(Output& output, const LineRules& rules, const LineTally& total) {
+    if (rules.table.has_value() && rules.table->isJsonLines && total.lines > 0 &&
+        total.blanks == total.lines) {
+        complain(output, "warning: no object has a member \"" + rules.table->columns.front() + '"');
+    }
+}
+
 void runAll(LineSource& source, LineRules& rules, const RunOptions& options, Sink& sink) {
     LineWork first;
     if (!lineSourceRead(source, first.block)) {
@@ -236,6 +244,7 @@ int lineRun(Output& output, LineRules& rules, const RunOptions& options) {
     if (!options.isQuiet) {
         complain(output, summary(sink.total, hasFailed && rules.stopsAtFailure));
     }
+    tellMissingMember(output, rules, sink.total);
     return hasFailed ? EXIT_STATUS_FAILED : EXIT_STATUS_GOOD;
 }
 
