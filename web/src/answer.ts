@@ -122,7 +122,7 @@ export function sentence(answer: Answer): (Node | string)[] {
     return identity.scheme === null ? sentenceOfText(identity) : sentenceOfTag(identity, answer);
 }
 
-// The bits before those of a field that say which field it is.
+// What its first bits say, and how that lays out the rest.
 function why(explanation: Explanation): HTMLElement | null {
     const start = explanation.fields.findIndex((field) => ["header", "allocation class"].includes(field.name));
     const head = explanation.fields[start];

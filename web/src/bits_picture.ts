@@ -83,7 +83,7 @@ function widthOf(text: string, font: number): number {
     if (measure === null) {
         return text.length * font * 0.62;
     }
-    measure.font = `${String(font)}px ${getComputedStyle(document.body).fontFamily}`;
+    measure.font = `bold ${String(font)}px ${getComputedStyle(document.body).fontFamily}`;
     return measure.measureText(text).width;
 }
 

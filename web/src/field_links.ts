@@ -29,7 +29,12 @@ export function linkFields(root: Element): void {
         root.classList.toggle("has-lit", fields.length > 0);
         for (const place of root.querySelectorAll(`[${MARK}]`)) {
             const own = place.getAttribute(MARK)?.split(" ") ?? [];
-            place.classList.toggle("lit", own.some((field) => fields.includes(field)));
+            const shown = own.find((field) => fields.includes(field));
+            if (own.length > 1 && place.classList.contains("part")) {
+                // A hex digit that two fields share shows the one that is lit.
+                place.className = `part ${fieldClass(Number(shown ?? own[0]))}`;
+            }
+            place.classList.toggle("lit", shown !== undefined);
         }
     };
     const hold = (fields: string[]): void => {

@@ -2,7 +2,7 @@
  * The part of the page for many values. The work is done in a worker, so that the page stays
  * responsive.
  */
-import { byId, grouped, html, saveFile } from "./elements";
+import { byId, counted, grouped, html, saveFile } from "./elements";
 import { doRequest, type Count, type Report, type Request, type Row } from "./many_rows";
 import { takeFiles } from "./prefix_list";
 import { formTitles, type Form } from "./values";
@@ -50,7 +50,7 @@ function show(report: Report): void {
 function showCounts(counts: readonly Count[], rows: number, milliseconds: number): void {
     const failed = counts.filter((count) => count.isFailure).reduce((sum, count) => sum + count.rows, 0);
     byId("many-state").textContent =
-        `${grouped(rows)} values in ${(milliseconds / 1000).toFixed(2)} s: ` +
+        `${counted(rows, "value")} in ${(milliseconds / 1000).toFixed(2)} s: ` +
         `${grouped(rows - failed)} read, ${grouped(failed)} not.`;
     save.disabled = rows === 0;
     only = "";
@@ -108,7 +108,7 @@ function showRows(rows: readonly Row[], of: number): void {
                             html("td", { class: "count" }, String(row.line)),
                             html("td", { class: "value" }, html("a", { href: `#${encodeURIComponent(row.value)}` }, row.value)),
                             html("td", {}, row.scheme),
-                            html("td", { class: "value" }, row.text),
+                            html("td", { class: row.status === "OK" ? "value" : "value reason" }, row.text),
                             html("td", {}, row.status),
                         ),
                     ),

@@ -3,7 +3,7 @@
  * a worker, or in the page where the browser allows no worker.
  */
 import { csvCell, tableOf, type TextTable } from "./table_text";
-import { convertMany, type Form } from "./values";
+import { convertMany, reasonAgainst, type Form } from "./values";
 
 const CHUNK = 8192;
 const SHOWN = 200;
@@ -28,7 +28,7 @@ export interface Row {
     value: string;
     scheme: string;
     status: string;
-    text: string;
+    text: string; // in the form that was asked for, or why there is none
 }
 
 /** And this is what it is told. */
@@ -124,12 +124,14 @@ function reportRows(only: string, report: (report: Report) => void): void {
             continue;
         }
         if (++of <= SHOWN) {
+            const value = results.values[row] ?? "";
+            const status = results.statuses[row] ?? "";
             rows.push({
                 line: row + (hasHeader ? 2 : 1),
-                value: results.values[row] ?? "",
+                value,
                 scheme: results.schemes[row] ?? "",
-                status: results.statuses[row] ?? "",
-                text: results.texts[row] ?? "",
+                status,
+                text: status === OK ? (results.texts[row] ?? "") : reasonAgainst(value),
             });
         }
     }

@@ -26,10 +26,7 @@ export const formTitles: Record<Form, string> = {
 };
 
 /** Why a value could not be read, and where. */
-export type Failure = Pick<
-    RosetagError,
-    "status" | "reason" | "remedy" | "position" | "length" | "culprit"
->;
+export type Failure = Pick<RosetagError, "reason" | "remedy" | "position" | "length">;
 
 /** Everything that is known of a value. */
 export interface Answer {
@@ -61,6 +58,10 @@ function attempt<Result>(work: () => Result): Attempt<Result> {
         if (error instanceof rosetag.RosetagError) {
             return { result: null, failure: error };
         }
+        if (error instanceof RangeError) {
+            const reason = error.message;
+            return { result: null, failure: { reason, remedy: "", position: 0, length: 0 } };
+        }
         throw error;
     }
 }
@@ -73,6 +74,8 @@ export function hexPlaces(explanation: Explanation): number[][] {
         ),
     );
 }
+
+let list: GcpList | null = null;
 
 /** Finds out everything about a value. */
 export function answerTo(value: string, givenLength?: number): Answer {
@@ -135,7 +138,11 @@ export function convertMany(values: readonly string[], form: Form): Converted {
     };
 }
 
-let list: GcpList | null = null;
+/** Why a value cannot be read. */
+export function reasonAgainst(value: string): string {
+    return attempt(() => rosetag.decode(value)).failure?.reason ?? "";
+}
+
 
 /**
  * From here on the lengths of company prefixes come from this list, where the user does not give

@@ -69,7 +69,7 @@ for (const theme of ["light", "dark"]) {
 }
 
 test("the picture for the README", async () => {
-    const page = await openPage(browser, site.url, values.tag, { viewport: { width: 900, height: 1020 } });
+    const page = await openPage(browser, site.url, values.tag, { viewport: { width: 900, height: 1036 } });
     await page.locator("#value").blur();
     await page.screenshot({ path: join(pictures, "page.png") });
     assert.equal(await page.locator(".memory").isVisible(), true);
