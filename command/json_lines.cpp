@@ -51,7 +51,7 @@ std::string jsonLineRead(std::string_view line, std::span<const std::string> pat
     values.assign(paths.size(), {});
     const Json object = Json::parse(line, nullptr, false);
     if (!object.is_object()) {
-        return "the line is not a JSON object";
+        return "the line is not a JSON object: give one object on each line";
     }
     for (std::size_t i = 0; i < paths.size(); ++i) {
         const Json* const member = memberOf(object, paths[i]);
@@ -63,12 +63,13 @@ std::string jsonLineRead(std::string_view line, std::span<const std::string> pat
         } else if (member->is_number_integer()) {
             values[i] = member->dump();
         } else {
-            return "\"" + paths[i] + "\" is neither a text nor a whole number";
+            return "\"" + paths[i] +
+                   "\" is neither a text nor a whole number: give one value in quotes";
         }
     }
     for (const std::string_view key : added) {
         if (object.contains(key)) {
-            return "the object has a member \"" + std::string(key) + "\" of its own";
+            return "the object has a member \"" + std::string(key) + "\" of its own: rename it";
         }
     }
     return {};

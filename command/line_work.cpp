@@ -80,7 +80,7 @@ Failure overlong() {
     Failure failure;
     failure.status = EPC_ERR_TOO_LONG;
     failure.message = "the line is longer than " + std::to_string(LONGEST_LINE >> 20) +
-                      " MiB; this is its beginning";
+                      " MiB; this is its beginning: split it";
     return failure;
 }
 

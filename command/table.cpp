@@ -59,9 +59,9 @@ std::string faultText(CsvFault fault) {
         return "text follows the closing quote of a cell; a quote inside of quotes is written "
                "twice";
     case CsvFault::OPEN_QUOTE:
-        return "a quote opens here that is not closed";
+        return "a quote opens here that is not closed: close it";
     case CsvFault::NUL:
-        return "the row holds a NUL";
+        return "the row holds a NUL: leave it out";
     case CsvFault::NONE:
         break;
     }
@@ -96,7 +96,7 @@ void readCsvCells(const Table& table, const CsvRow& csv, TableRow& row) {
         } else {
             return fail(row, EPC_ERR_TRUNCATED,
                         "the row has " + cellsText(count) + ", and column \"" + table.columns[i] +
-                            "\" is the cell " + std::to_string(index + 1));
+                            "\" is the cell " + std::to_string(index + 1) + ": add it");
         }
     }
 }
