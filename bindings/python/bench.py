@@ -26,23 +26,36 @@ def measure(work: Callable[[], object], rows: int) -> float:
     return statistics.median(times)
 
 
-def each(function: Callable[[str], object], rows: int) -> Callable[[], object]:
+def each(
+    function: Callable[..., object], values: list[str], argument: str | None = None
+) -> Callable[[], object]:
     def work() -> None:
-        for value in VALUES[:rows]:
-            function(value)
+        if argument is None:
+            for value in values:
+                function(value)
+        else:
+            for value in values:
+                function(value, argument)
 
     return work
 
 
-ROADS: list[tuple[str, Callable[[], object], int]] = [
-    ("len(value), for comparison", each(len, ROWS), ROWS),
-    ("convert(value, 'tag_uri')", each(lambda value: rosetag.convert(value, "tag_uri"), ROWS), ROWS),
-    ("decode(value)", each(rosetag.decode, 100_000), 100_000),
-    ("columns, tag_uri", lambda: columns.decode(COLUMN, "tag_uri"), ROWS),
-    ("columns, element_string", lambda: columns.decode(COLUMN, "element_string"), ROWS),
-    ("columns, gtin and serial", lambda: columns.decode(COLUMN, ["gtin", "serial"]), ROWS),
+SOME = VALUES[:100_000]
+TEXTS = [f"(01)80614141123458(21){number}" for number in range(len(SOME))]
+CALLS: list[tuple[str, Callable[[], object], int]] = [
+    ("len(value)", each(len, VALUES), ROWS),
+    ("convert(value, 'tag_uri')", each(rosetag.convert, VALUES, "tag_uri"), ROWS),
+    ("convert(value, 'element_string')", each(rosetag.convert, VALUES, "element_string"), ROWS),
+    ("encode(text, 'sgtin+')", each(rosetag.encode, TEXTS, "sgtin+"), len(TEXTS)),
+    ("check(text)", each(rosetag.check, TEXTS), len(TEXTS)),
+    ("decode(value)", each(rosetag.decode, SOME), len(SOME)),
+    ("columns.decode, tag_uri", lambda: columns.decode(COLUMN, "tag_uri"), ROWS),
+    ("columns.decode, element_string", lambda: columns.decode(COLUMN, "element_string"), ROWS),
+    ("columns.decode, gtin and serial", lambda: columns.decode(COLUMN, ["gtin", "serial"]), ROWS),
+    ("columns.check, is_valid", lambda: columns.check(COLUMN, "is_valid"), ROWS),
 ]
 
 if __name__ == "__main__":
-    for name, work, rows in ROADS:
-        print(f"{name:32} {measure(work, rows):8.0f} ns")
+    print("| Call, or row of a column | Time |\n|---|---:|")
+    for name, work, rows in CALLS:
+        print(f"| `{name}` | {measure(work, rows):.0f} ns |")

@@ -1,6 +1,7 @@
 """What the functions on single values take, give and refuse."""
 
 import array
+import dataclasses
 import doctest
 import importlib
 import inspect
@@ -62,6 +63,11 @@ def test_an_identity():
     assert identity.ais[2].title == "BATCH/LOT"
     with pytest.raises(KeyError):
         identity["17"]
+    with pytest.raises(AttributeError):
+        identity.gtin = "0"
+    assert {field.name for field in dataclasses.fields(identity)} == set(vars(identity))
+    assert pickle.loads(pickle.dumps(identity)) == identity
+    assert repr(identity).startswith("Identity(value='(01)8061")
     assert "tag_uri" not in identity.as_dict()
     assert "<code>LOT7" not in identity._repr_html_() and "10 LOT7" in identity._repr_html_()
 
@@ -159,6 +165,16 @@ def test_an_explanation():
     broken = rosetag.explain("307C257BF7194E4000001A85")
     assert not broken.fields[-1].is_good and broken.fields[-1].name == "partition"
     assert "partition" in broken.failure
+
+
+def test_statuses():
+    """They are written out for those who write programs, and are those of the library."""
+    names = []
+    while (name := rosetag._core.status_name(len(names))) is not None:
+        names.append(name.removeprefix("EPC_").removeprefix("ERR_"))
+    assert [(status.name, status.value) for status in rosetag.Status] == [
+        (name, number) for number, name in enumerate(names)
+    ]
 
 
 def test_failures():

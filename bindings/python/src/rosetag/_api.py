@@ -70,7 +70,7 @@ def decode(
     )
     result["ais"] = tuple(map(Ai._make, result["ais"]))
     result["notes"] = tuple(map(Note._make, result["notes"]))
-    return Identity(**result)
+    return Identity._of(result)
 
 
 convert = _core.convert

@@ -5,20 +5,37 @@ from enum import IntEnum
 from rosetag import _core
 
 
-def _status_members() -> dict[str, int]:
-    members = {}
-    number = 0
-    while (name := _core.status_name(number)) is not None:
-        members[name.removeprefix("EPC_").removeprefix("ERR_")] = number
-        number += 1
-    return members
+class Status(IntEnum):
+    """How a conversion ended: ``Status.OK``, or what was wrong.
 
+    The numbers are those of the ``status`` column of :mod:`rosetag.columns`.
+    """
 
-Status = IntEnum("Status", _status_members(), module=__name__)
-Status.__doc__ = """How a conversion ended: ``Status.OK``, or what was wrong.
-
-The numbers are those of the ``status`` column of :mod:`rosetag.columns`.
-"""
+    OK = 0
+    NO_ROOM = 1
+    TRUNCATED = 2
+    OUT_OF_RANGE = 3
+    TOO_LONG = 4
+    UNKNOWN_HEADER = 5
+    BAD_PARTITION = 6
+    BAD_FORMAT = 7
+    FILTER_FIELD = 8
+    SCHEME_MISMATCH = 9
+    FILTER_LIMIT = 10
+    UNKNOWN_SCHEME = 11
+    NO_KEY_DEFINITION = 12
+    UNKNOWN_AI = 13
+    SECOND_KEY = 14
+    NO_KEY_AI = 15
+    NO_SECONDARY_AI = 16
+    BAD_CHARACTER = 17
+    NOT_SUPPORTED = 18
+    NO_KEY_FOR_SCHEME = 19
+    NO_PRIMARY_KEY = 20
+    TOO_MANY_AIS = 21
+    KEY_CONFLICT = 22
+    CHECK_DIGIT = 23
+    BAD_TID = 24
 
 
 class RosetagError(ValueError):

@@ -70,7 +70,7 @@ class Field(NamedTuple):
     is_good: bool
 
 
-@dataclass(frozen=True, slots=True, kw_only=True)
+@dataclass(frozen=True, kw_only=True)
 class Identity:
     """A value in all the forms that it has; one that it does not have is None.
 
@@ -104,6 +104,13 @@ class Identity:
     ais: tuple[Ai, ...]
     fits_schemes: tuple[str, ...]
     notes: tuple[Note, ...]
+
+    @classmethod
+    def _of(cls, members: dict[str, object]) -> Identity:
+        """Takes the members as they are, in a third of the time of the constructor."""
+        identity = object.__new__(cls)
+        object.__setattr__(identity, "__dict__", members)
+        return identity
 
     def __getitem__(self, ai: str) -> str:
         """The value of an AI. KeyError where the identity does not have it."""

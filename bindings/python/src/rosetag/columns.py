@@ -32,7 +32,7 @@ class Columns:
     """
 
     def __init__(self, batches: Sequence[object]) -> None:
-        self._batches = batches
+        self._batches = list(batches)
 
     def __arrow_c_array__(self, requested_schema: object = None) -> tuple[object, object]:
         """The result as one struct array. Can be called once; use the stream for chunks."""
