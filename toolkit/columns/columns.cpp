@@ -124,7 +124,7 @@ std::int32_t openReading(const Call& call, const RosetagColumnsReadOptions& opti
         return columnsFail(error, ROSETAG_COLUMNS_BAD_OPTION,
                            "the separator must be an ASCII character, not %d", options.separator);
     }
-    read.asBarcode = options.asBarcode != 0 && !isBinaryColumn(call.reader);
+    read.asBarcode = options.asBarcode != 0;
     read.isHex = isBinaryColumn(call.reader);
     read.strict = options.strict != 0;
     if (options.gcpLength != 0) {

@@ -45,7 +45,6 @@ void translate(std::span<const std::uint8_t> bytes, const ReadOptions& options, 
     }
     ReadOptions read = options;
     read.isHex = true;
-    read.asBarcode = false; // it is about characters
     // Too many bytes are too many characters, too, whatever they are.
     translate(bytes.size() <= MAX_VALUE_LENGTH ? std::string_view(digits) : characters, read,
               wanted, result);

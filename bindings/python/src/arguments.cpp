@@ -273,7 +273,7 @@ bool readReading(const Arguments& arguments, bool isText, ReadOptions& options) 
                         readGcpLength(arguments[Name::GCP_LENGTH], options) &&
                         readBank(arguments[Name::BANK], options.bank) &&
                         readSeparator(arguments[Name::SEPARATOR], options.separator);
-    options.asBarcode = options.asBarcode && isText;
+    options.isHex = !isText;
     return isRead;
 }
 

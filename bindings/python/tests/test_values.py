@@ -230,6 +230,7 @@ def test_failures():
         (lambda: rosetag.decode("a\0b"), rosetag.RosetagError, None),
         (lambda: rosetag.decode("x" * 2_000_000), rosetag.RosetagError, None),
         (lambda: rosetag.decode(b""), rosetag.RosetagError, None),
+        (lambda: rosetag.decode(bytes.fromhex("30506000134352")), rosetag.RosetagError, "bits"),
         (lambda: rosetag.decode(bytes(1 << 31)), rosetag.RosetagError, None),
     ],
 )
