@@ -115,7 +115,7 @@ bool hexFromFields(const Fields& fields, char* out) {
     return true;
 }
 
-// Reads digits and tells how many they were.
+// Reads digits and gives their count.
 int getNumber(const char*& text, std::uint64_t& value) {
     const char* first = text;
     value = 0;

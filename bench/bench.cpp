@@ -115,7 +115,7 @@ void addBaseline(const Shared<std::vector<TagSample>>& samples, const SgtinBasel
     });
 }
 
-// The baselines must give what the library gives, or they are no measure of it.
+// The baselines must give what the library gives, or they do not measure it.
 bool baselinesAgree(const std::vector<TagSample>& samples) {
     for (const SgtinBaseline* baseline :
          {&straightforwardBaseline, &handTunedBaseline, &numbersBaseline}) {

@@ -3,7 +3,7 @@
 include(CheckCXXCompilerFlag)
 include(CheckPIESupported)
 
-# No folder of the machine that builds stands in what it builds.
+# What is built names no folder of the machine that built it.
 add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 

@@ -10,7 +10,8 @@ namespace rosetag {
 
 namespace {
 
-// "--to excludes --json" and "VALUE excludes --input" in the words of a person.
+// "--to excludes --json" and "VALUE excludes --input" in the words of a person. The error holds the
+// two names in its text alone.
 std::string exclusionText(const std::string& text) {
     constexpr std::string_view excludes = " excludes ";
     const std::size_t at = text.find(excludes);
@@ -46,7 +47,7 @@ std::string strangerText(const CLI::App& app, const CLI::ExtrasError& error) {
     return unknownWordError(names, "option", option->substr(0, option->find('=')));
 }
 
-// The words for "rosetag help encode" are those of "rosetag encode --help".
+// The words in reverse order. "rosetag help encode" is another way to say "rosetag encode --help".
 std::vector<std::string> wordsOf(int argc, char** argv) {
     std::vector<std::string> words(argv + 1, argv + argc);
     if (!words.empty() && words.front() == "help") {
@@ -56,22 +57,9 @@ std::vector<std::string> wordsOf(int argc, char** argv) {
     return {words.rbegin(), words.rend()};
 }
 
-} // namespace
-
-std::optional<int> argumentsRead(int argc, char** argv, Output& output, Arguments& arguments) {
-    CLI::App app("Translates identifiers between the forms used in GS1 and RFID data capture.\n"
-                 "rosetag VALUE says what a value is.",
-                 "rosetag");
-    commandLineBuild(app, arguments);
-    std::vector<std::string> words = wordsOf(argc, argv);
-    if (words.empty()) {
-        throw UsageError("give a value, or a command such as decode or encode");
-    }
-    const std::vector<std::string> commands = commandNames();
-    arguments.isBare = std::ranges::find(commands, words.back()) == commands.end();
-    if (arguments.isBare && app.get_option_no_throw(words.back()) == nullptr) {
-        commandLineAddBareDecode(app, arguments);
-    }
+// Parses words, which are in reverse order. Help and version are written, and their exit status
+// given.
+std::optional<int> parse(CLI::App& app, std::vector<std::string> words, Output& output) {
     try {
         app.parse(std::move(words));
     } catch (const CLI::Success& asked) {
@@ -85,6 +73,32 @@ std::optional<int> argumentsRead(int argc, char** argv, Output& output, Argument
         throw UsageError(strangerText(app, error));
     } catch (const CLI::ParseError& error) {
         throw UsageError(error.what());
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<int> argumentsRead(int argc, char** argv, Output& output, Arguments& arguments) {
+    CLI::App app("Translates identifiers between the forms used in GS1 and RFID data capture.\n"
+                 "rosetag VALUE says what a value is.",
+                 "rosetag");
+    commandLineBuild(app, arguments);
+    std::vector<std::string> words = wordsOf(argc, argv);
+    if (words.empty()) {
+        throw UsageError("give a value, or a command such as decode or encode");
+    }
+    if (const std::optional<int> exitStatus = parse(app, std::move(words), output)) {
+        return exitStatus;
+    }
+    const std::vector<std::string> rest = app.remaining();
+    arguments.isBare = app.get_subcommands().empty();
+    if (arguments.isBare) {
+        CLI::App* const decode = app.get_subcommand("decode")->name("rosetag");
+        return parse(*decode, {rest.rbegin(), rest.rend()}, output);
+    }
+    if (!rest.empty()) {
+        throw UsageError(rest.front() + " belongs after the command");
     }
     return std::nullopt;
 }

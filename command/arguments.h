@@ -1,5 +1,5 @@
 /*
- * What the command is told on its command line.
+ * What the command line asks for.
  */
 #ifndef ROSETAG_COMMAND_ARGUMENTS_H
 #define ROSETAG_COMMAND_ARGUMENTS_H

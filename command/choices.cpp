@@ -99,8 +99,9 @@ std::string choicesText(std::string_view typeName) {
 std::string unknownWordError(const std::vector<std::string>& words, std::string_view what,
                              std::string_view given) {
     const std::vector<std::string> like = wordsLike(words, given);
-    return "there is no " + std::string(what) + " \"" + std::string(given) + "\"; there " +
-           (like.size() == 1 ? "is " : "are ") + joined(like);
+    return "there is no " + std::string(what) + " \"" + std::string(given) + "\"; " +
+           (like.size() == 1 ? "did you mean " + like.front() + "?"
+                             : "choose one of " + joined(like));
 }
 
 std::string choiceError(std::string_view typeName, std::string_view what, std::string_view given) {

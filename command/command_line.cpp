@@ -47,7 +47,7 @@ constexpr const char* encodeExamples = R"(Examples:
   printf 'gtin,serial\n80614141123458,6789\n' | rosetag encode --text "(01){gtin}(21){serial}" --scheme sgtin-96 --gcp-length 7
 
 A link may have a host, a path before its key, and parameters that are not AIs: what is left out is
-told, and --strict takes the link as it is. Without values the lines of standard input or of --input
+reported, and --strict takes the link as it is. Without values the lines of standard input or of --input
 are read. In a table --text, --scheme, --filter and --gcp-length may name columns in braces.)";
 
 constexpr const char* explainExamples = R"(Examples:
@@ -123,7 +123,7 @@ void addReading(CLI::App& command, Arguments& arguments) {
             [&arguments](const std::string& word) { arguments.read.bank = bankByWord(word); },
             "where hex begins in the memory of a tag: auto finds out, epc, pc is the PC word "
             "before it, crc-pc the CRC and the PC word"),
-        "BANK", "beginning of hex");
+        "BANK", "bank");
     command
         .add_option_function<std::string>(
             "--separator",
@@ -267,7 +267,7 @@ void addEncode(CLI::App& command, Arguments& arguments) {
     addRunning(command, arguments);
     forLines(command, command.add_option("--text", arguments.text,
                                          "make the value from columns of a table, whose names "
-                                         "stand in braces: (01){gtin}(21){serial}"))
+                                         "are in braces: (01){gtin}(21){serial}"))
         .type_name("TEMPLATE");
     addTable(command, arguments);
     command.footer(wrapped("Fields: " + choicesText("FIELD"), 100) + "\n\n" + encodeExamples);
@@ -337,7 +337,7 @@ constexpr CommandRow commandTable[] = {
     {"",   "check",   "find what is not as GS1 demands",                         addCheck,    Command::CHECK},
     {"ai", "encode",  "make the bits of values of an AI",                        addAiEncode, Command::AI_ENCODE},
     {"ai", "decode",  "read the bits of values",                                 addAiDecode, Command::AI_DECODE},
-    {"",   "tid",     "tell what a TID says",                                    addTid,      Command::TID},
+    {"",   "tid",     "explain a TID",                                    addTid,      Command::TID},
     {"",   "schemes", "list the tag schemes",                                    addJson,     Command::SCHEMES},
 };
 // clang-format on
@@ -372,6 +372,7 @@ void commandLineBuild(CLI::App& app, Arguments& arguments) {
             row.addOptions(command, arguments);
         });
     }
+    app.prefix_command();
 }
 
 std::vector<std::string> commandNames() {
@@ -383,12 +384,6 @@ std::vector<std::string> commandNames() {
         }
     }
     return names;
-}
-
-void commandLineAddBareDecode(CLI::App& app, Arguments& arguments) {
-    const std::string footer = app.get_footer();
-    addDecode(app, arguments);
-    app.footer(footer);
 }
 
 void commandLineComplete(CLI::App& app, Arguments& arguments) {

@@ -12,13 +12,12 @@
 namespace rosetag {
 
 // Adds all commands to the app, each with its options as soon as it is met on the command line.
+// From the first word on that is neither a command nor an option of the app, words remain: a value
+// without a command is decoded.
 void commandLineBuild(CLI::App& app, Arguments& arguments);
 
 // The names of the commands.
 std::vector<std::string> commandNames();
-
-// Adds the options of decode to the app itself: a value without a command is decoded.
-void commandLineAddBareDecode(CLI::App& app, Arguments& arguments);
 
 // Adds the options of every command at once, for those who describe them.
 void commandLineComplete(CLI::App& app, Arguments& arguments);

@@ -16,7 +16,7 @@ void tsvAppendCell(std::string& row, std::string_view cell);
 void csvAppendCell(std::string& row, char delimiter, std::string_view cell);
 
 // The delimiter of a table by its first line: of tab, semicolon, comma and bar the first in this
-// order that stands outside of quotes; the comma if none does.
+// order outside of quotes; the comma if none does.
 char csvDelimiterOf(std::string_view firstLine);
 
 } // namespace rosetag

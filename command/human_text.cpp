@@ -116,7 +116,7 @@ std::string alignment(unsigned isFree, unsigned offset, std::string_view bank) {
                              " bank begins at word " + std::to_string(offset);
 }
 
-// Without a size the record tells nothing of a command.
+// Without a size the record says nothing about a command.
 std::string blockLines(std::string_view command, const TidBlockInfo& block) {
     if (block.maxBlockSize == 0) {
         return labelled(command, "not described");
@@ -130,7 +130,7 @@ std::string blockLines(std::string_view command, const TidBlockInfo& block) {
 
 std::string commandLines(const TidRecord& record) {
     if (record.hasOptionalCommands == 0) {
-        return labelled("commands", "not told");
+        return labelled("commands", "not stated");
     }
     return labelled("largest EPC", wordCount(record.maxEpcSize)) +
            labelled("recommission", yesNo(record.recomSupport)) +
@@ -234,9 +234,9 @@ std::string humanTid(const TidRecord& record, const DesignerList* designers) {
     text += blockLines("block writing", record.blockWrite);
     text += blockLines("block erasing", record.blockErase);
     text += labelled("user memory",
-                     record.userMemorySize == 0 ? "not told" : wordCount(record.userMemorySize));
+                     record.userMemorySize == 0 ? "not stated" : wordCount(record.userMemorySize));
     return text + labelled("perma-lock", record.blockPermaLockBlockSize == 0
-                                             ? "not told"
+                                             ? "not stated"
                                              : wordCount(record.blockPermaLockBlockSize));
 }
 

@@ -19,8 +19,8 @@ struct JsonMember {
 
 // Reads members of the object of a line as texts. A path is a key, or keys and indexes of arrays
 // with dots between them; a member that is not there, or null, is the empty text. Says what is
-// wrong; empty if nothing is: the line is no object, a member is no text and no whole number, or
-// the object has one of the keys in added already.
+// wrong; empty if nothing is: the line is not an object, a member is neither a text nor a whole
+// number, or the object has one of the keys in added already.
 std::string jsonLineRead(std::string_view line, std::span<const std::string> paths,
                          std::span<const std::string_view> added, std::vector<std::string>& values);
 

@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
         return run(output, argc, argv);
     } catch (const UsageError& error) {
         const int exitStatus = endWith(output, EXIT_STATUS_USAGE, error.what());
-        warn("rosetag --help tells how the command is used");
+        warn("rosetag --help shows how the command is used");
         return exitStatus;
     } catch (const IoError& error) {
         return endWith(output, EXIT_STATUS_IO, error.what());

@@ -73,7 +73,7 @@ void warn(std::string_view text) {
     try {
         writeAll(STDERR_FILENO, "standard error", "rosetag: " + std::string(text) + '\n');
     } catch (const IoError&) {
-        // Nobody can be told of a standard error that is closed.
+        // A closed standard error cannot be reported to anyone.
     }
 }
 

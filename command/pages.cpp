@@ -1,5 +1,5 @@
 /*
- * Writes the completions for bash, zsh and fish, and the man page, out of the description of the
+ * Writes the completions for bash, zsh and fish, and the man page, from the description of the
  * command line: pages bash|zsh|fish, pages man TEMPLATE.
  */
 #include "choices.h"
@@ -277,7 +277,7 @@ struct ManOption {
     std::vector<std::string> commands;
 };
 
-// Options of one name and description stand once.
+// Options of one name and description are listed once.
 std::vector<ManOption> manOptions(const CLI::App& app) {
     std::vector<ManOption> options;
     const auto add = [&](const CLI::Option* option, const std::string& command) {

@@ -1,5 +1,5 @@
 /*
- * A line on the terminal that tells how far a run is, kept apart from its output.
+ * A line on the terminal that shows how far a run is, kept apart from its output.
  */
 #ifndef ROSETAG_COMMAND_PROGRESS_H
 #define ROSETAG_COMMAND_PROGRESS_H

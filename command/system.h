@@ -54,8 +54,8 @@ inline constexpr const char* END_OF_INPUT_KEYS = "Ctrl-Z and Enter";
 inline constexpr const char* END_OF_INPUT_KEYS = "Ctrl-D";
 #endif
 
-// True if something can be read, false if nothing came in that time. Where the system cannot tell,
-// the read itself waits.
+// True if something can be read, false if nothing came in that time. Where the system does not
+// know, the read itself waits.
 bool waitUntilReadable(int descriptor, int milliseconds);
 void waitUntilWritable(int descriptor);
 

@@ -177,7 +177,7 @@ private:
         }
     }
 
-    // The text of the required field stands ready.
+    // The text of the required field is ready.
     void writeRequired(std::string& out) {
         if (settings.required->holdsGivenText) {
             if (!settings.isRaw) {
@@ -233,8 +233,7 @@ std::string encodeOptionsOf(const EncodeWords& words, std::span<const std::strin
         if (options.read.gcpLength.value_or(0) < MIN_GCP_LENGTH ||
             *options.read.gcpLength > MAX_GCP_LENGTH) {
             return "--gcp-length: a company prefix has " + std::to_string(MIN_GCP_LENGTH) + " to " +
-                   std::to_string(MAX_GCP_LENGTH) + " digits, and \"" + gcpLength +
-                   "\" is none of these numbers";
+                   std::to_string(MAX_GCP_LENGTH) + " digits, not \"" + gcpLength + '"';
         }
     }
     if (!filter.empty()) {

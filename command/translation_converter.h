@@ -13,7 +13,7 @@ namespace rosetag {
 
 enum class Writing { FIELDS, JSON, HUMAN };
 
-// What encode is told, in which columns of a table may stand.
+// The words of the options of encode, which may name columns of a table.
 struct EncodeWords {
     Template scheme;
     Template filter;
@@ -30,8 +30,8 @@ struct TranslationSettings {
     bool isRaw = false;
     bool hasStatus = true;    // the status of a line that failed follows its result
     bool hasHeader = false;   // every line has a status then
-    bool hasSentence = false; // a person is told what the value is
-    Template text;            // makes the value out of a row; empty: its first cell
+    bool hasSentence = false; // a sentence says what the value is
+    Template text;            // makes the value from a row; empty: its first cell
     EncodeWords words;
     bool hasWordsOfRows = false; // words hold columns
 };

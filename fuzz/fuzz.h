@@ -45,7 +45,7 @@ inline bool writesText(const Export& row) {
     }
 }
 
-// Calls an export twice, its outputs before and behind an unreadable page, and looks whether all
+// Calls an export twice, its outputs before and after an unreadable page, and looks whether all
 // that every export promises holds. What it gave is the result.
 inline Outcome checkedCall(const Export& row, const Arguments& arguments, Room room) {
     thread_local ExportCaller caller;

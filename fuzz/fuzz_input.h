@@ -1,5 +1,5 @@
 /*
- * Numbers and texts out of the bytes that a fuzzer is given.
+ * Numbers and texts from the bytes that a fuzzer is given.
  */
 #ifndef ROSETAG_FUZZ_FUZZ_INPUT_H
 #define ROSETAG_FUZZ_FUZZ_INPUT_H

@@ -39,7 +39,7 @@ check_clang-tidy() {
     cmake --preset asan && cmake --build --preset asan --clean-first
 }
 
-# What -fstack-usage tells of a function: its place, its frame in bytes, and of what kind it is.
+# What -fstack-usage says of a function: its place, its frame in bytes, and of what kind it is.
 check_frames() {
     local file usage=build/analyze-frames
     rm -rf "$usage" && mkdir -p "$usage"

@@ -7,8 +7,8 @@
 PROGRAM is the benchmarks, COMMAND is rosetag, of which the time for a line of a file is taken.
 
 Each time of a call is the median of the repetitions, which run interleaved in random order, so that
-what else the machine does falls on all of them alike. The line of a file is measured behind them;
-its ratio is one of processor times. With --write the table replaces what stands
+what else the machine does falls on all of them alike. The line of a file is measured after them;
+its ratio is one of processor times. With --write the table replaces what is
 between the markers of FILE. With --all every benchmark is listed too.
 With --memory nothing else is measured than the memory of a run over 1 and over 100 million lines.
 """
@@ -27,7 +27,7 @@ LINE = "line of a file, hex to tag URI"
 PROCESSOR = " (processor time)"
 SGTIN = ["hex-to-tag-uri", "tag-uri-to-hex", "hex-to-element-string", "element-string-to-hex"]
 
-# What, its benchmark, measured against, that one's benchmark, largest ratio (None: it only tells
+# What, its benchmark, measured against, that one's benchmark, largest ratio (None: it is only shown
 # what the machine gives).
 RATIOS = (
     [(f"SGTIN-96, {name}", f"sgtin-96/{name}", "the hand-tuned program", f"hand-tuned/{name}",
@@ -119,7 +119,7 @@ def nanoseconds_of_line(command, repetitions):
 
 def peak_of_lines(command, lines):
     """The most memory, in KiB, that a run over so many lines has, asked for before its end: what
-    the system tells of a finished child counts this interpreter in."""
+    the system reports of a finished child counts this interpreter in."""
     child = subprocess.Popen([command, "decode", "--quiet", "--to", "tag-uri"],
                              stdin=subprocess.PIPE, stdout=subprocess.DEVNULL)
     block = b"3074257BF7194E4000001A85\n" * 10_000

@@ -36,7 +36,7 @@ def main():
     if "--write" in sys.argv:
         with open(path, "w", encoding="utf-8") as file:
             file.write("# Instructions of one call, release build with g++ 12 on x86-64, counted by\n"
-                       "# scripts/instructions.py. Written anew by: ./dev instructions\n")
+                       "# scripts/instructions.py. Written by: ./dev instructions\n")
             file.writelines(f"{name}\t{value}\n" for name, value in counts.items())
         return 0
     with open(path, encoding="utf-8") as file:

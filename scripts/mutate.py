@@ -30,7 +30,7 @@ TURNED = {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "=="}
 EXCHANGED = {"+": "-", "-": "+", "+=": "-=", "-=": "+=", "&&": "||", "||": "&&"}
 FLIPPED = {"true": "false", "false": "true"}
 
-# The layout of the sources tells operators of two operands from all else: spaces stand around them.
+# Operators of two operands are recognised by the layout of the sources: spaces surround them.
 KINDS = {
     "comparison": re.compile(r"(?<= )(<=|>=|<|>|==|!=)(?= )"),
     "operator": re.compile(r"(?<= )(\+=|-=|\+|-|&&|\|\|)(?= )"),
@@ -44,7 +44,7 @@ STATUSES = ["EPC_OK"] + re.findall(
 
 
 def code_only(text):
-    """The text with all that is no code blanked: comments, texts, directives, assertions."""
+    """The text with all that is not code blanked: comments, texts, directives, assertions."""
     no_code = r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])+\'' \
         r"|^#[^\n]*(?:\\\n[^\n]*)*"
     blank = lambda match: re.sub(r"[^\n]", " ", match.group())
@@ -139,7 +139,7 @@ def files_of_build():
 
 
 def restore_build():
-    """Puts back what the last change has built, so that only the next change is built anew."""
+    """Puts back what the last change has built, so that only the next change is built again."""
     for path, changed_at in files_of_build().items():
         kept = KEPT / path.relative_to(BUILD)
         if not kept.exists():
@@ -149,7 +149,7 @@ def restore_build():
 
 
 def try_change(path, offset, token, replacement, seconds):
-    """Caught by what, or None if nothing noticed; False if it is no program."""
+    """Caught by what, or None if nothing noticed; False if it does not build."""
     target = TREE / path.relative_to(ROOT)
     text = path.read_text()
     target.write_text(text[:offset] + replacement + text[offset + len(token):])
@@ -179,7 +179,7 @@ def main():
         seen.add((path, offset))
         caught = try_change(path, offset, token, replacement, seconds)
         if caught is False:
-            continue  # the change is no program
+            continue  # the change does not build
         tried += 1
         line = path.read_text().count("\n", 0, offset) + 1
         what = f"{path.relative_to(ROOT)}:{line}: {token} -> {replacement}"

@@ -2,7 +2,7 @@
 #
 # Tests the Python package as its users get it: python.sh values|spark
 #
-# Builds the sdist, the wheel out of it, and installs that into an environment of its own under
+# Builds the sdist, the wheel from it, and installs that into an environment of its own under
 # build/python. A run whose sources have not changed since they were last found good says so and
 # ends.
 set -euo pipefail

@@ -2,8 +2,8 @@
 #
 # Holds the library against an earlier one: witness.sh [REVISION] [CALLS] [SEED]
 #
-# Builds the library as it stood at REVISION (the last release if not given; or the path of a shared
-# library), and calls all exports of both with the same random inputs, 10 million times if not told
+# Builds the library as it was at REVISION (the last release if not given; or the path of a shared
+# library), and calls all exports of both with the same random inputs, 10 million times if not said
 # otherwise. Every status and every byte of the caller's storage must be the same.
 set -euo pipefail
 

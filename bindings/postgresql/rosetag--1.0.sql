@@ -108,12 +108,12 @@ COMMENT ON FUNCTION epc_gln(bytea) IS 'the GLN, 13 digits';
 CREATE FUNCTION epc_serial(x text)
     RETURNS text AS 'MODULE_PATHNAME', 'epc_serial_of_text'
     LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 5;
-COMMENT ON FUNCTION epc_serial(text) IS 'what tells one object from the others of its key';
+COMMENT ON FUNCTION epc_serial(text) IS 'what distinguishes one object from the others of its key';
 
 CREATE FUNCTION epc_serial(x bytea)
     RETURNS text AS 'MODULE_PATHNAME', 'epc_serial_of_bytea'
     LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 5;
-COMMENT ON FUNCTION epc_serial(bytea) IS 'what tells one object from the others of its key';
+COMMENT ON FUNCTION epc_serial(bytea) IS 'what distinguishes one object from the others of its key';
 
 CREATE FUNCTION epc_filter(x text)
     RETURNS integer AS 'MODULE_PATHNAME', 'epc_filter_of_text'

@@ -114,7 +114,7 @@ struct RosetagColumnsReadOptions {
     struct RosetagColumn gcpLengths; /**< The same for each row, integers; null: as gcpLength. */
     int32_t bank;                    /**< ROSETAG_COLUMNS_BANK_...: where hex begins. */
     int32_t separator;   /**< An ASCII character that stands for GS in barcode strings; 0: none. */
-    const void* gcpList; /**< A rosetag::GcpList, which tells the length where gcpLength does not;
+    const void* gcpList; /**< A rosetag::GcpList, which gives the length where gcpLength does not;
                               may be null. */
 };
 

@@ -107,7 +107,7 @@
  * a function nor a record, a status or the number of a scheme changes. Functions, statuses and
  * schemes may be added, AIs are added as GS1 assigns them, and the sizes below may grow; a program
  * compiled with smaller ones keeps working, since every call passes its sizes. Statuses and schemes
- * are 32-bit integers, so that other languages can declare the functions as they stand.
+ * are 32-bit integers, so that other languages can declare the functions as they are.
  *
  * Arguments that many functions share:
  *
@@ -115,7 +115,7 @@
  *     filter     the filter value to write: 0 to 7; 0 to 14 in usdod-96, 0 to 63 in adi-var.
  *                Ignored by gid-96, which has none.
  *     gcpLength  the number of digits of the GS1 Company Prefix in the key, 6 to 12. It cannot be
- *                told from a GS1 text. Ignored by the plus schemes.
+ *                taken from a GS1 text. Ignored by the plus schemes.
  *     encoding   the encoding of every text field of a +AIDC value: AI_ENC_AUTO, or AI_ENC_INTEGER
  *                to AI_ENC_CODE40. Ignored by all other schemes.
  *
@@ -129,7 +129,7 @@
 
 /** The version of this header, and the one place where it is written. */
 #define ROSETAG_VERSION "1.0.0"
-/** First number of the version: raised when programs must be changed or compiled anew. */
+/** First number of the version: raised when programs must be changed or compiled again. */
 #define ROSETAG_VERSION_MAJOR 1
 /** Second number of the version: raised when something is added. */
 #define ROSETAG_VERSION_MINOR 0
@@ -460,7 +460,7 @@ typedef struct TidRecord {
 /** @{ */
 
 /**
- * Writes the name of a scheme, as it stands in a tag URI.
+ * Writes the name of a scheme, as in a tag URI.
  *
  *     scheme   0 to 33.
  *     dstSize  bytes at dst; EPC_SCHEME_NAME_SIZE is always enough.
@@ -1614,7 +1614,7 @@ ROSETAG_EXPORT EpcStatus epc_wordsToDigitalLink(int32_t bits, const uint16_t* wo
  *     EPC_ERR_TRUNCATED      the text ends before a "." or inside a percent escape; a text field is
  *                            empty
  *     EPC_ERR_TOO_LONG       a CAGE or DoDAAC code (usdod-96, adi-var) has more than 6 characters
- *     EPC_ERR_BAD_FORMAT     another character stands in place of a "."; a number has a leading
+ *     EPC_ERR_BAD_FORMAT     another character is in place of a "."; a number has a leading
  *                            zero that its field cannot keep; a serial number that keeps its
  *                            leading zeros is empty; a code has fewer than 5 characters or one that
  *                            is not allowed

@@ -2,7 +2,7 @@
  * @file
  * Rosetag's toolkit: whatever a value is, in all its forms, with its bits explained.
  *
- * The library of rosetag.h converts one form into another and has to be told which. The toolkit
+ * The library of rosetag.h converts one form into another and has to know which. The toolkit
  * finds out what it was given, takes it the way people have it (with blanks, with a host, with a
  * scanner's prefix), gives every form that it has, and says in words what is wrong with it:
  *
@@ -40,7 +40,7 @@
  * They throw nothing themselves; std::string and std::vector do when memory runs out.
  *
  * JSON. Each result can be had as an object on one line. A key that has nothing to say is left out.
- * Bytes that are not UTF-8 stand as U+FFFD. The keys are documented with each result; later
+ * Bytes that are not UTF-8 become U+FFFD. The keys are documented with each result; later
  * versions may add some.
  *
  * Sources: GS1 General Specifications; GS1 Digital Link Standard: URI Syntax; EPC Tag Data
@@ -136,7 +136,7 @@ enum class Form : std::uint8_t {
     DIGITAL_LINK,   ///< Path and query of a GS1 Digital Link; when given, also with its host.
     GTIN,           ///< 14 digits; when given, also 8, 12 or 13.
     AIS,            ///< The AIs and their values. Only asked for.
-    SERIAL,         ///< What tells one object from the others of its key. Only asked for.
+    SERIAL,         ///< What distinguishes one object from the others of its key. Only asked for.
     FITS_SCHEMES,   ///< The schemes that can hold an identity. Only asked for.
     FINDINGS,       ///< What check finds. Only asked for.
     TID,            ///< The TID memory of a tag in hex. Only given.
@@ -251,7 +251,7 @@ struct Failure {
     std::string remedy{};      ///< What to do about it; may be empty.
     std::size_t position = 0;  ///< Where in the value as given.
     std::size_t length = 0;    ///< 0: between two bytes, or at the end.
-    std::string culprit{};     ///< The bytes that stand there; may be empty.
+    std::string culprit{};     ///< The bytes there; may be empty.
     std::string_view option{}; ///< The option that helps; may be empty.
     bool isOfOptions = false;  ///< Not the value is at fault, but the options.
 };
@@ -330,7 +330,7 @@ struct ReadOptions {
     bool strict = false;          ///< Links are taken as they are: nothing is left out or padded.
                                   ///< Where findings are asked for, an error is a failure.
     std::optional<int> gcpLength; ///< Digits of the GS1 company prefix.
-    const GcpList* gcpList = nullptr; ///< Tells it where gcpLength is not given; may be null.
+    const GcpList* gcpList = nullptr; ///< Gives it where gcpLength does not; may be null.
     char separator = '\0';            ///< Stands for GS in barcode strings; NUL: no other does.
     Bank bank = Bank::AUTO;           ///< Where hex begins.
 };
@@ -338,7 +338,7 @@ struct ReadOptions {
 /** Room for the work of a call, kept for the next. Of no interest to callers. */
 struct Workspace {
     struct Piece {
-        std::size_t prepared; ///< From here on the prepared text stands as it was given,
+        std::size_t prepared; ///< From here on the prepared text is as it was given,
         std::size_t given;    ///< there.
     };
     std::string text;
@@ -365,7 +365,7 @@ struct Recognition {
  *     result   receives form, text and notes.
  *
  * EPC_ERR_TOO_LONG       more than MAX_VALUE_LENGTH bytes
- * EPC_ERR_BAD_CHARACTER  a NUL, or a character that is no hexadecimal digit in hex
+ * EPC_ERR_BAD_CHARACTER  a NUL, or a character that is not a hexadecimal digit in hex
  * EPC_ERR_BAD_FORMAT     nothing that is known; position is where it stopped making sense
  *
  * Example:
@@ -394,7 +394,7 @@ enum class CheckRule : std::uint8_t {
     AI_CODE,            ///< An AI has two to four digits.
     UNKNOWN_AI,         ///< GS1 has not assigned the AI.
     NEWER_AI,           ///< The AI is newer than this version. A warning.
-    REPEATED_AI,        ///< An AI stands once. A warning where the values are the same.
+    REPEATED_AI,        ///< An AI appears once. A warning where the values are the same.
     TOO_MANY_AIS,       ///< More AIs than can be converted. A warning.
     MISSING_SEPARATOR,  ///< A separator must end the value.
     NEEDLESS_SEPARATOR, ///< A separator ends nothing. A warning.
@@ -403,10 +403,10 @@ enum class CheckRule : std::uint8_t {
     TOO_SHORT,
     TOO_LONG,
     SHORT_GTIN,        ///< A GTIN of 8, 12 or 13 digits where 14 belong. In links a warning.
-    DIGITS,            ///< Only digits may stand here.
-    CHARACTER_SET_82,  ///< Only the GS1 character set 82 may stand here.
-    CHARACTER_SET_39,  ///< Only the GS1 character set 39 may stand here.
-    BASE64URL,         ///< Only base64url may stand here.
+    DIGITS,            ///< Only digits belong here.
+    CHARACTER_SET_82,  ///< Only the GS1 character set 82 belong here.
+    CHARACTER_SET_39,  ///< Only the GS1 character set 39 belong here.
+    BASE64URL,         ///< Only base64url belong here.
     CHECK_DIGIT,       ///< The check digit does not match.
     CHECK_PAIR,        ///< The check character pair of a GMN does not match.
     ONLY_DIGITS,       ///< At least one character is not a digit.
@@ -432,14 +432,14 @@ enum class CheckRule : std::uint8_t {
     IBAN,
     MEDIA_TYPE,
     PACKAGE_TYPE,
-    // What stands together.
-    NEEDS,    ///< An AI stands beside another one. A warning: it may be in another symbol.
-    EXCLUDES, ///< An AI does not stand beside another one.
+    // What belongs together.
+    NEEDS,    ///< An AI needs another one. A warning: it may be in another symbol.
+    EXCLUDES, ///< An AI excludes another one.
     // Links.
     LINK_KEY,       ///< The path has a key.
     LINK_QUALIFIER, ///< Only qualifiers of the key follow it in the path.
     LINK_ORDER,     ///< They follow in a fixed order.
-    LINK_QUERY,     ///< The AI may not stand in the query.
+    LINK_QUERY,     ///< The AI does not belong in the query.
     LINK_CHARACTER, ///< The character must be escaped.
     LINK_ESCAPE,    ///< Two hexadecimal digits follow each "%".
     LINK_NAME,      ///< Names in place of AIs are no longer part of the standard. A warning.
@@ -571,7 +571,7 @@ std::string describe(const Translation& translation);
  */
 std::span<const std::string_view> encodingWords();
 
-/** What a text does not tell of the tag value that it becomes. */
+/** What a text does not say about the tag value that it becomes. */
 struct EncodeOptions {
     ReadOptions read;                   ///< gcpLength counts here too.
     const SchemeInfo* scheme = nullptr; ///< Null: the value is a tag value and keeps its own.
@@ -639,7 +639,7 @@ struct ExplainedField {
     bool isGood = true;
 };
 
-/** Where a field of a tag value stands in a text form of the value, as translate gives it. */
+/** Where a field of a tag value is in a text form of the value, as translate gives it. */
 struct FieldPlace {
     std::size_t field = 0; ///< An element of fields.
     Form form = Form::UNKNOWN;
@@ -791,8 +791,8 @@ Tid tid(std::string_view value);
  *
  *     value     the value in any form.
  *     options   how to read it. gcpList adds UNASSIGNED_PREFIX.
- *     findings  receives what was found, in the order of the text, with what stands together last.
- *               Empty if nothing was.
+ *     findings  receives what was found, in the order of the text, with what is about several AIs
+ * last. Empty if nothing was.
  *
  * A value without findings is not always one that translate can read; it says so itself.
  *
@@ -902,7 +902,7 @@ const ChipModel* chipOf(const ChipDesigner& designer, unsigned tmn);
  * EPC_ERR_BAD_FORMAT  the text is not as it should be; message names line and column, position and
  *                     length are those of the text
  *
- * These two stand in a library of their own, rosetag::lists, which needs an XML and a JSON library.
+ * These two are in a library of their own, rosetag::lists, which needs an XML and a JSON library.
  */
 Failure readGcpList(std::string_view text, GcpList& list);
 Failure readDesignerList(std::string_view text, DesignerList& list);

@@ -20,7 +20,7 @@ constexpr bool tailsAreConsistent(const Gs1KeyDefinition& key) {
            (!continuesKey || key.keyValueLength > 0);
 }
 
-// Extra fields stand between a key of fixed length and a tail.
+// Extra fields come between a key of fixed length and a tail.
 constexpr bool extraFieldsAreConsistent(const Gs1KeyDefinition& key) {
     std::int32_t count = 0;
     for (const std::int32_t length : key.extraFieldLengths) {

@@ -1,5 +1,5 @@
 /*
- * How the fields of an EPC URI body stand in the values of AIs, for each kind of GS1 key. A row
+ * Where the fields of an EPC URI body are in the values of AIs, for each kind of GS1 key. A row
  * describes shape and nothing else, and both directions read the same fields:
  *
  *     first field "." second field ["." extra fields] ["." tail]
@@ -18,7 +18,7 @@
 
 namespace rosetag {
 
-// How the first two fields stand in the value of the key's AI.
+// How the first two fields are arranged in the value of the key's AI.
 enum KeyDigitArrangement : std::uint32_t {
     KEY_DIGITS_AS_IS = 0,       // first field, second field
     KEY_DIGITS_FIRST_MOVES = 1, // first character of the second field, first field, the rest
@@ -72,7 +72,7 @@ constexpr const Gs1KeyDefinition* gs1KeyFindByName(std::string_view familyName) 
     return row != std::end(gs1KeyTable) ? row : nullptr;
 }
 
-// The first row whose key stands in exactly this AI, or null. AI 01 is always the key sgtin.
+// The first row whose key is in exactly this AI, or null. AI 01 is always the key sgtin.
 const Gs1KeyDefinition* gs1KeyFindByAi(std::string_view code);
 
 } // namespace rosetag

@@ -37,7 +37,7 @@ template <EpcScheme scheme>
 inline constexpr std::int32_t leadingDigits =
     numericKey<scheme>.digitArrangement == KEY_DIGITS_AS_IS ? 0 : 1;
 
-// ---- What stands before the values ----
+// ---- What precedes the values ----
 
 template <EpcScheme scheme, Gs1Syntax syntax, bool isKey>
 constexpr auto aiLiteralMake() {

@@ -50,7 +50,7 @@ constexpr std::uint64_t digitWordValue(std::uint64_t word) {
     return word * (std::uint64_t{10000} << 32 | 1) >> 32;
 }
 
-// Of a number below WORD_LIMIT. 10486 / 2^20 and 103 / 2^10 are 1 / 100 and 1 / 10 for what stands
+// Of a number below WORD_LIMIT. 10486 / 2^20 and 103 / 2^10 are 1 / 100 and 1 / 10 for what is
 // in a lane.
 constexpr std::uint64_t digitWordOf(std::uint64_t value) {
     const std::uint64_t fours = value / 10000 | value % 10000 << 32;
@@ -136,7 +136,7 @@ constexpr std::int32_t leadingDigitsOf(std::uint64_t word) {
     return std::countr_zero(others | std::uint64_t{1} << 63) / 8 + (others == 0 ? 1 : 0);
 }
 
-// Counts the digits from the first character on: 16 at most. Nothing tells beforehand how long a
+// Counts the digits from the first character on: 16 at most. It is not known how long a
 // number is, so that a branch would often be taken the wrong way.
 ROSETAG_INLINE std::int32_t digitsCount(const char* characters, const char* end) {
     const std::int32_t first = leadingDigitsOf(loadUpTo(characters, end) ^ DIGIT_CHARACTERS);

@@ -21,7 +21,7 @@ constexpr DigitLimit digitLimit(std::int32_t maxDigits, std::int32_t stopAfter) 
     return {stops ? stopAfter : maxDigits, stops};
 }
 
-// Steps over a run of count digits and tells what is wrong with it.
+// Steps over a run of count digits. The status says what is wrong with it.
 EpcStatus endDigitRun(TextCursor& cursor, LeadingZeros leadingZeros, DigitLimit limit,
                       std::int32_t count) {
     if (count > 1 && *cursor.current == '0' && leadingZeros == LeadingZeros::REFUSE) {
@@ -45,7 +45,7 @@ DigitGroup readDigitGroup(const char* characters) {
     return {count != 0 ? digitWordValue(word << (8 * (WORD_DIGITS - count))) : 0, count};
 }
 
-// Copies up to where isDone tells, percent escapes resolved.
+// Copies until isDone, percent escapes resolved.
 template <typename IsDone>
 EpcStatus readEscaped(TextCursor& cursor, std::int32_t capacity, char* out, std::int32_t& outCount,
                       IsDone isDone) {

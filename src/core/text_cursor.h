@@ -78,7 +78,7 @@ inline EpcStatus textCursorExpect(TextCursor& cursor, std::string_view literal) 
 EpcStatus textCursorReadUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
                               std::string_view& out);
 
-// Reads a percent escape (%2F), whose "%" stands under the cursor.
+// Reads a percent escape (%2F), whose "%" is at the cursor.
 EpcStatus textCursorReadEscape(TextCursor& cursor, char& out);
 
 // Reads one character; a percent escape is one.
@@ -94,8 +94,8 @@ inline EpcStatus textCursorReadEscapedChar(TextCursor& cursor, char& out) {
 }
 
 // Copies up to the delimiter into out of capacity characters with its NUL, percent escapes
-// resolved, and tells how many. Only a raw delimiter ends the text, the delimiter NUL its end. Out
-// of room is found before the end.
+// resolved, and gives their count. Only a raw delimiter ends the text, the delimiter NUL its end.
+// Out of room is found before the end.
 EpcStatus textCursorReadEscapedUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
                                      char* out, std::int32_t& outCount);
 

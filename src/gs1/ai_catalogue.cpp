@@ -20,7 +20,7 @@ constexpr bool hasItsPrefix(const AiTableRow& row) {
             (!isVariable && prefix.valueLength == first.digitCount + second.digitCount));
 }
 static_assert(std::all_of(aiTable.begin(), aiTable.end(), hasItsPrefix),
-              "the leading digits of an AI tell the length of its code and of its value");
+              "the leading digits of an AI determine the length of its code and of its value");
 
 constexpr AiDefinition definitionOf(std::string_view code, const AiTableRow& row) {
     const DigitalLinkKeyChain* const link = digitalLinkKeyFind(code);

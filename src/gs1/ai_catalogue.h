@@ -36,7 +36,7 @@ inline bool aiCodesAreEqual(const char (&one)[AI_CODE_SIZE], const char (&other)
     return std::memcmp(one, other, AI_CODE_SIZE - 1) == 0;
 }
 
-// Where the definitions of the codes with the same two leading digits stand.
+// Where the definitions of the codes with the same two leading digits are.
 struct AiBlock {
     std::uint8_t codeDigits; // 0: no AI begins with these digits
     std::uint16_t firstSlot;

@@ -1,5 +1,5 @@
 /*
- * What the two leading digits of an AI tell: how many digits its code has, and whether its value
+ * What the two leading digits of an AI say: how many digits its code has, and whether its value
  * has a predefined length, so that no separator follows it in a barcode string.
  *
  * Source: EPC Tag Data Standard, table K (length of AI codes); GS1 General Specifications, section

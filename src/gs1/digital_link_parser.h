@@ -1,5 +1,5 @@
 /*
- * Reads a Digital Link: scheme and host are skipped, the AIs stand in path and query. First the AIs
+ * Reads a Digital Link: scheme and host are skipped, the AIs are in path and query. First the AIs
  * are found, their values left percent-encoded in the raw text; then the values are decoded into
  * one flat text.
  *

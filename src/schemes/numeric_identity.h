@@ -1,10 +1,10 @@
 /*
  * Identities that are numbers: what a plain scheme without character fields holds. Between bits and
- * texts such an identity is kept as numbers with their digits, and no text stands in between.
+ * texts such an identity is kept as numbers with their digits, and there is no text in between.
  *
  * This is a short cut for what is usual. Whatever is not (a partition that does not exist, a number
  * that is too large, a missing bit, too little room) makes an operation return false with nothing
- * written: the general readers and writers then run, and they alone tell what is wrong.
+ * written: the general readers and writers then run, and they alone find out what is wrong.
  */
 #ifndef ROSETAG_SCHEMES_NUMERIC_IDENTITY_H
 #define ROSETAG_SCHEMES_NUMERIC_IDENTITY_H
@@ -250,7 +250,7 @@ ROSETAG_INLINE bool numericPutFields(ValueBits& bits, const NumericIdentity& ide
 template <EpcScheme scheme>
 using NumericFieldSequence = std::make_index_sequence<schemeFields(schemeRows[scheme]).size()>;
 
-// Reads a whole value, wherever the position stands.
+// Reads a whole value, wherever the position is.
 template <EpcScheme scheme>
 ROSETAG_INLINE bool numericFromBits(const BitBuffer& bits, NumericIdentity& identity) {
     constexpr std::int32_t byteCount = (numericBits<scheme> + 7) / 8;

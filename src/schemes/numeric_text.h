@@ -1,6 +1,6 @@
 /*
  * The numbers of an identity in text: what the URIs and the GS1 texts share. Texts are written from
- * their end to their beginning in whole words, each of which may run into what stands before it and
+ * their end to their beginning in whole words, each of which may run into what is before it and
  * is written later.
  */
 #ifndef ROSETAG_SCHEMES_NUMERIC_TEXT_H

@@ -53,7 +53,7 @@ constexpr bool plusIsInName(const SchemeRow& row) {
     return schemeIsPlus(row) == (row.name.back() == '+');
 }
 
-// Partition, company prefix and reference stand together or not at all; the filter comes first; a
+// Partition, company prefix and reference come together or not at all; the filter comes first; a
 // plus scheme goes on with its key and ends with the data.
 constexpr bool fieldsAreInOrder(const SchemeRow& row) {
     using enum FieldKind;

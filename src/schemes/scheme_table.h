@@ -64,8 +64,8 @@ struct SchemeField {
 constexpr std::size_t MAX_SCHEME_FIELDS = 8;
 
 struct SchemeRow {
-    std::string_view name;       // as it stands in a tag URI: "sgtin-96"
-    std::string_view familyWord; // as it stands in a pure identity URI: "sgtin"
+    std::string_view name;       // as in a tag URI: "sgtin-96"
+    std::string_view familyWord; // as in a pure identity URI: "sgtin"
     std::uint8_t header;         // the first eight bits of a binary value
     EpcScheme scheme;
     SchemeField fields[MAX_SCHEME_FIELDS + 1]; // the rest of the row is of kind END

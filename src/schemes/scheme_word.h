@@ -22,7 +22,7 @@ struct SchemeWord {
     std::uint64_t second;
 };
 
-// A longer name gives the word of its beginning, which is no scheme's.
+// A longer name gives the word of its beginning, which no scheme has.
 constexpr SchemeWord schemeWordOf(std::string_view name) {
     SchemeWord word{};
     for (std::size_t i = 0; i < name.size() && i < SCHEME_WORD_CHARS; ++i) {

@@ -12,8 +12,8 @@
 namespace rosetag {
 
 struct TagSchemeInfo {
-    std::string_view name;       // as it stands in a tag URI: "sgtin-96"
-    std::string_view familyWord; // as it stands in a pure identity URI: "sgtin"
+    std::string_view name;       // as in a tag URI: "sgtin-96"
+    std::string_view familyWord; // as in a pure identity URI: "sgtin"
     std::int32_t filterLimit;    // filter values lie below it; 0: the scheme has no filter
     std::uint32_t plus;          // 1: the scheme carries +AIDC data
     EpcScheme scheme;

@@ -81,7 +81,7 @@ inline constexpr auto dateKeyAis = [] {
 EpcStatus aiEncodeDate(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeDate(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 
-// YYMMDD after the date code of the AI, which is one of dateKeyAis. The decoder tells which one.
+// YYMMDD after the date code of the AI, which is one of dateKeyAis. The decoder gives which one.
 EpcStatus aiEncodeDateCoded(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeDateCoded(BitBuffer& bits, TextBuffer& text, const AiDefinition*& ai);
 

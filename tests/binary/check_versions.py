@@ -1,4 +1,4 @@
-"""Checks that all places that tell the version tell the same one.
+"""Checks that all places that name the version name the same one.
 
 usage: check_versions.py SOURCE_DIR BUILD_DIR LIBRARY
 """

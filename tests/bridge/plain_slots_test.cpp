@@ -200,7 +200,7 @@ TEST(PlainSlots, LeaveTheBitsBeforeAFailure) {
     }
 }
 
-// What the AIs of a value tell about its texts.
+// What the AIs of a value say about its texts.
 struct ExpectedTexts {
     std::string elementString;
     bool hasBracket;       // in a value: its element string does not read back

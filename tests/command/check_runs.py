@@ -24,7 +24,7 @@ def peak_of_run(lines, options, line=LINE, exit_status=0):
     for _ in range(max(lines // 1000, 1)):
         child.stdin.write(line * min(lines, 1000))
     child.stdin.flush()
-    # What the system tells at the end of a child counts this interpreter in.
+    # What the system reports at the end of a child counts this interpreter in.
     with open(f"/proc/{child.pid}/status", encoding="ascii") as status:
         peak = next(int(line.split()[1]) for line in status if line.startswith("VmHWM:"))
     child.communicate()
@@ -44,7 +44,7 @@ class Runs(unittest.TestCase):
         one, four = (peak_of_run(8, ["--jobs", jobs], line, 1) for jobs in ("1", "4"))
         self.assertLess(four, one + 32_000)
 
-    # A line stands across the end of a block at each of its characters, and ends at it.
+    # A line lies across the end of a block at each of its characters, and ends at it.
     def test_borders_of_blocks(self):
         text = b"(8004)0614141" + b"A" * 23 + b"(21)XY(3103)000189(17)240229(10)" + b"L" * 20
         with tempfile.TemporaryDirectory() as folder:

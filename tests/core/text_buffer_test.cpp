@@ -61,7 +61,7 @@ TEST(TextBuffer, EveryOperationAtEveryCapacity) {
             const auto enough = static_cast<std::int32_t>(before.size() + text.size()) + 1;
             const std::int32_t least = before.empty() ? -1 : 3;
             for (std::int32_t capacity = least; capacity <= enough + 2; ++capacity) {
-                SCOPED_TRACE(testing::Message() << operation.name << " behind \"" << before
+                SCOPED_TRACE(testing::Message() << operation.name << " after \"" << before
                                                 << "\" in capacity " << capacity);
                 GuardedArea area;
                 const auto size = static_cast<std::size_t>(std::max(capacity, 1));

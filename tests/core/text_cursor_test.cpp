@@ -107,7 +107,7 @@ const Row rows[] = {
     {"until, no delimiter",            until<'.', 7>,                 "abc",                  WHOLE, EPC_ERR_TRUNCATED,      "",          3},
     {"until, text and room end",       until<'.', 7>,                 "abcdef",               WHOLE, EPC_ERR_TRUNCATED,      "",          6},
     {"until, span ends first",         until<'.', 7>,                 "abcdef.",              3,     EPC_ERR_TRUNCATED,      "",          3},
-    {"until, delimiter behind span",   until<'.', 7>,                 "abc.",                 3,     EPC_OK,                 "abc",       3},
+    {"until, delimiter after span",   until<'.', 7>,                 "abc.",                 3,     EPC_OK,                 "abc",       3},
     {"until, empty span",              until<'.', 7>,                 "abc.",                 0,     EPC_ERR_TRUNCATED,      "",          0},
     {"until, NUL in the span",         until<'.', 7>,                 "ab\0c."s,              WHOLE, EPC_ERR_TRUNCATED,      "",          2},
     {"until NUL",                      until<'\0', 7>,                "abc",                  WHOLE, EPC_OK,                 "abc",       3},
@@ -131,7 +131,7 @@ const Row rows[] = {
     {"escaped until, one too many",    escapedUntil<'.', 4>,          "a%2Ebc.",              WHOLE, EPC_ERR_TOO_LONG,       "",          5},
     {"escaped until, both end",        escapedUntil<'.', 4>,          "abc",                  WHOLE, EPC_ERR_TOO_LONG,       "",          3},
     {"escaped until, no delimiter",    escapedUntil<'.', 5>,          "abc",                  WHOLE, EPC_ERR_TRUNCATED,      "",          3},
-    {"escaped until, delimiter behind",escapedUntil<'.', 5>,          "abc.",                 3,     EPC_OK,                 "abc",       3},
+    {"escaped until, delimiter after",escapedUntil<'.', 5>,          "abc.",                 3,     EPC_OK,                 "abc",       3},
     {"escaped until, span ends first", escapedUntil<'.', 5>,          "abcd.",                3,     EPC_ERR_TRUNCATED,      "",          3},
     {"escaped until, bad escape",      escapedUntil<'.', 5>,          "a%x1.",                WHOLE, EPC_ERR_BAD_CHARACTER,  "",          4},
     {"escaped until NUL",              escapedUntil<'\0', 5>,         "a%20b",                WHOLE, EPC_OK,                 "a b",       5},
@@ -150,7 +150,7 @@ const Row rows[] = {
     {"digits, none allowed",           digits<0>,                     "1",                    WHOLE, EPC_ERR_OUT_OF_RANGE,   "",          0},
     {"digits, stop",                   digits<6, 3>,                  "12345",                WHOLE, EPC_OK,                 "123",       3},
     {"digits, stop at the most",       digits<3, 3>,                  "12345",                WHOLE, EPC_OK,                 "123",       3},
-    {"digits, stop behind the most",   digits<3, 4>,                  "12345",                WHOLE, EPC_ERR_OUT_OF_RANGE,   "",          3},
+    {"digits, stop after the most",   digits<3, 4>,                  "12345",                WHOLE, EPC_ERR_OUT_OF_RANGE,   "",          3},
     {"digits, stop not reached",       digits<6, 3>,                  "12a",                  WHOLE, EPC_OK,                 "12",        2},
     {"digits pass the span",           digits<6>,                     "1234",                 2,     EPC_OK,                 "1234",      4},
     {"number",                         number<ZEROS>,                 "0042.",                WHOLE, EPC_OK,                 "42",        4, 4},
@@ -188,7 +188,7 @@ TEST(TextCursor, Readers) {
     }
 }
 
-// Digits are read many at a time. Against one by one: every count of them, and behind them every
+// Digits are read many at a time. Against one by one: every count of them, and after them every
 // other character and the end.
 TEST(TextCursor, NumbersOfEveryLengthBeforeEveryCharacter) {
     Random random(8);

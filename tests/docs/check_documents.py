@@ -2,9 +2,9 @@
 
 usage: check_documents.py SOURCE_DIR BUILD_DIR
 
-A block marked `console` holds commands behind "$ " (further lines of a command behind "> ") and what
+A block marked `console` holds commands after "$ " (further lines of a command after "> ") and what
 they print; a line "..." stands for any lines. A block marked `c` or `cpp` that has a main is a
-program; the block marked `text` behind it is what it prints. Blocks without a mark, or marked `sh`,
+program; the block marked `text` after it is what it prints. Blocks without a mark, or marked `sh`,
 are not run.
 """
 

@@ -105,7 +105,7 @@ TEST(BarcodeString, BecomesRowsWithAndWithoutIdentifier) {
             {"]E09506000134352", "01=09506000134352 #1"},
             {"]E495060019", "01=00000095060019 #1"},
             {"]I119506000134359", "01=19506000134359 #1"},
-            // a separator may stand behind any value
+            // a separator may follow any value
             {"0109506000134352\0351725123110LOT\035", "01=09506000134352 17=251231 10=LOT #3"},
             {"01095060001343521725123110LOT", "01=09506000134352 17=251231 10=LOT #3"},
             {"10\03521", "10= 21= #2"},
@@ -116,7 +116,7 @@ TEST(BarcodeString, BecomesRowsWithAndWithoutIdentifier) {
         {
             // clang-format off
             {EPC_ERR_BAD_CHARACTER, {"10LOT\035\03521S", "\03510LOT", "(10)LOT"}},
-            // an identifier in front of other data than it tells
+            // an identifier in front of other data than it says
             {EPC_ERR_BAD_FORMAT, {"]E0950600013435", "]E095060001343522", "]E49506001",
                                   "]E4950600199", "]I11950600013435", "]I1195060001343599"}},
             {EPC_ERR_CHECK_DIGIT, {"]E09506000134353", "]E0950600013435X"}},
@@ -184,7 +184,7 @@ TEST(CheckDigit, FollowsModuloTen) {
         {"0", '0'}, {"1", '7'}, {"01", '7'}, {"10", '9'},
         // no digits: the code less 48, which may be below 0
         {"A", '9'}, {"\xFF", '9'}, {"!", '5'}, {"!!!", '5'},
-        // the length tells the first weight, a NUL ends the sum
+        // the length decides the first weight, a NUL ends the sum
         {{"12\00045", 5}, '5'},
         // clang-format on
     };

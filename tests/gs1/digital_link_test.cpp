@@ -68,7 +68,7 @@ TEST(DigitalLink, IsReadByPathAndQuery) {
             {EPC_ERR_UNKNOWN_AI, {"/3106/000001", "/14/000001"}},
             {EPC_ERR_CHECK_DIGIT, {"/01/09506000134353", "?01=0950600013435%33",
                                    "/01/%00%00%00%00%00%00%00%00%00%00%00%00%00%00"}},
-            // path before query, and the escapes of variable values behind both
+            // path before query, and the escapes of variable values after both
             {EPC_ERR_CHECK_DIGIT, {"/10/A%G1/01/09506000134353", "/01/09506000134353?11"}},
             {EPC_ERR_TRUNCATED, {"/10/A%G1?11"}},
             {EPC_ERR_TOO_LONG, {"/7007/1" + longest, "/7007/1" + longest + "%G1",

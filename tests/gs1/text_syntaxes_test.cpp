@@ -81,7 +81,7 @@ TEST(TextSyntaxes, GiveTheSameRows) {
     ASSERT_FALSE(codes.empty());
     for (std::size_t round = 0; round < 2 * codes.size(); ++round) {
         AiTexts texts;
-        // Every AI comes to stand first.
+        // Every AI comes first once.
         addAi(texts, random, codes[round % codes.size()]);
         const std::uint64_t further = random.below(10);
         for (std::uint64_t i = 0; i < further; ++i) {

@@ -62,7 +62,7 @@ EpcStatus runTwins(const Request& request, Enc enc, Plain plain, std::vector<Ele
     return status;
 }
 
-// The storage as hex, and behind it the count of bytes if it was written.
+// The storage as hex, and after it the count of bytes if it was written.
 TextResult bytesOf(const Request& request, std::size_t maxBytes) {
     std::vector<std::uint8_t> out(maxBytes + 1, 0xEE);
     std::int32_t count = -1;
@@ -118,7 +118,7 @@ TEST(TextToBinary, GivesOneValueInAllForms) {
     }
 }
 
-// Of several faults the first in the order of the frame is told. The storage of the bytes is
+// Of several faults the first in the order of the frame is reported. The storage of the bytes is
 // cleared whatever it is, that of the other forms left alone.
 TEST(TextToBinary, RefusesInItsOrder) {
     const char* const good = "(01)80614141123458(21)6789";

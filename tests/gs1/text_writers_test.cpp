@@ -1,4 +1,4 @@
-// The two writers: which AI goes where, and what stands in a full text.
+// The two writers: which AI goes where, and what a full text holds.
 #include "gs1/text_writers.h"
 
 #include "gs1/digital_link_keys.h"

@@ -19,7 +19,7 @@ struct Shape {
     const char* name;
     std::string_view start;
     std::string_view repeated;
-    EpcScheme scheme = EPC_SCHEME_SGTIN_96; // of the exports that are told one
+    EpcScheme scheme = EPC_SCHEME_SGTIN_96; // of the exports that take one
     std::string_view ai = "91";             // of the exports of one value
 };
 

@@ -6,7 +6,7 @@
 
 namespace {
 
-// The lowest and the highest character stand at the ends.
+// The lowest and the highest character are at the ends.
 constexpr std::string_view DIGITS = "0123456789";
 constexpr std::string_view CHARACTER_SET_82 =
     "!\"%&'()*+,-./0123456789:;<=>?ABCDEFGHIJKLMNOPQRSTUVWXYZ_abcdefghijklmnopqrstuvwxyz";
@@ -40,7 +40,7 @@ Value numberValue(std::uint64_t number, std::size_t bits) {
     return {std::to_string(number), bitsFromNumber(number, bits)};
 }
 
-// The low bits of every character, and the text as it stands in a URI.
+// The low bits of every character, and the text as it is in a URI.
 Value charsValue(const std::string& characters, std::size_t charBits) {
     Value value;
     for (const char character : characters) {

@@ -1,5 +1,5 @@
 /*
- * What an export that writes AI rows has given: its status, the rows it left, and behind them their
+ * What an export that writes AI rows has given: its status, the rows it left, and after them their
  * count if it wrote one.
  *
  *     EXPECT_EQ(AiResult(EPC_OK, "01=09506000134352 10=LOT7 #2"), aiResult([](const AiArrays& out)

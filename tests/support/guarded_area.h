@@ -1,7 +1,7 @@
 /*
  * Memory between two pages that can be neither read nor written. What lies against one of them on
  * its near side cannot be overrun there: the machine stops the program. The rest of the memory
- * holds a fill byte that tells afterwards whether it was written.
+ * holds a fill byte that shows afterwards whether it was written.
  *
  *     GuardedArea area;
  *     char* dst = area.place<char>(size, GuardedArea::Side::BEFORE_PAGE);
@@ -31,7 +31,7 @@
 
 class GuardedArea {
 public:
-    // Where a block lies: its end against the page behind the memory, or its beginning against the
+    // Where a block lies: its end against the page after the memory, or its beginning against the
     // page in front.
     enum class Side { BEFORE_PAGE, AFTER_PAGE };
 

@@ -90,7 +90,7 @@ std::string withoutEscapes(std::string_view text) {
 }
 
 // Each form shows the characters of a field where its places say, in the order of the text except
-// that the first digit of a reference may stand before the company prefix.
+// that the first digit of a reference may come before the company prefix.
 void checkPlaces(const Explanation& explanation, const Translation& forms) {
     for (const Form form : {Form::TAG_URI, Form::PURE_IDENTITY, Form::ELEMENT_STRING,
                             Form::BARCODE_STRING, Form::DIGITAL_LINK}) {

@@ -1,5 +1,5 @@
 /*
- * The rows of a table beside the tests: fields apart by tabs, "#" begins a line that is none.
+ * The rows of a table beside the tests: fields apart by tabs, "#" begins a comment.
  */
 #ifndef ROSETAG_TESTS_TOOLKIT_ROWS_OF_FILE_H
 #define ROSETAG_TESTS_TOOLKIT_ROWS_OF_FILE_H

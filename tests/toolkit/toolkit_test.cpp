@@ -47,7 +47,7 @@ TEST(Toolkit, SaysWhateverThisIs) {
     EXPECT_EQ(ROSETAG_VERSION, version());
 }
 
-// What tells an object from others of its key, wherever its AIs have it.
+// What distinguishes an object from others of its key, wherever its AIs have it.
 TEST(Toolkit, FindsTheSerialNumber) {
     const char* const rows[][2] = {
         {"(01)80614141123458(21)6789", "6789"}, {"(414)0614141123452(254)32a", "32a"},

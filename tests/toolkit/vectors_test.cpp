@@ -44,7 +44,7 @@ std::string cellText(const std::string& cell) {
 std::vector<VectorRow> vectorRows() {
     std::vector<VectorRow> rows;
     for (std::vector<std::string>& cells : rowsOfFile("../../vectors/rosetag.tsv")) {
-        cells.resize(9); // an empty output at the end of a line is no cell
+        cells.resize(9); // an empty output at the end of a line is not a cell
         VectorRow row;
         std::string* const members[] = {&row.id,       &row.op,     &row.input,
                                         &row.scheme,   &row.filter, &row.gcpLength,

@@ -69,7 +69,7 @@ TEST(AiValue, StandsInItsBitsAndComesBack) {
         EXPECT_EQ(BitsResult(EPC_OK, bits), encodeValue(row.ai, row.value));
         EXPECT_EQ(TextResult(EPC_OK, row.value), decodeValue(row.ai, bits));
         EXPECT_EQ(TextResult(EPC_OK, row.value), decodeValue(row.ai, bits + "1011"));
-        // Room for all but the last bits: the fields that fit whole stand.
+        // Room for all but the last bits: the fields that fit whole stay.
         for (std::size_t room = 0; room + 8 <= (bits.size() + 7) / 8 * 8; room += 8) {
             EXPECT_EQ(BitsResult(EPC_ERR_NO_ROOM,
                                  room == 0 ? "untouched" : wholeFieldsOf(row.bits, room)),

@@ -111,7 +111,7 @@ TEST(PlusScheme, StandsInItsBitsAndComesBack) {
         const TextResult barcode = decode(epc_binaryToBarcodeString, bits);
         EXPECT_EQ(BitsResult(EPC_OK, bits),
                   encode(epc_barcodeStringToBinaryEnc, barcode.text, row.scheme));
-        // With too little room the fields before stand.
+        // With too little room the fields before stay.
         const std::string fields =
             row.bits + " " + std::string(bits.size() - bitsOf(row.bits).size(), '0');
         for (std::size_t room = 8; room < bits.size(); room += 8) {

@@ -19,7 +19,7 @@
 
 namespace {
 
-// What the name of an export tells about its input; the first row that matches counts.
+// What the name of an export says about its input; the first row that matches counts.
 struct Family {
     std::string_view mark;
     Kind kind;

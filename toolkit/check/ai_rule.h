@@ -1,7 +1,7 @@
 /*
  * What GS1 says of each AI beyond the shape of its value, which the AI table of the library holds:
- * of what parts the value is made and what each must satisfy, which other AIs must or may not stand
- * beside it, and where it may stand in a Digital Link.
+ * of what parts the value is made and what each must satisfy, which other AIs it needs or
+ * excludes, and where it may be in a Digital Link.
  *
  * Source: GS1 General Specifications, sections 3 (AIs) and 4.14 (associations); GS1 Digital Link
  * Standard, URI syntax.
@@ -72,7 +72,7 @@ struct AiRule {
     ValueParts parts;             // none where the AI table says it all; see secondOptional
     std::string_view needs;       // "01+21,8006": 01 and 21, or 8006; 31nn: any that begins so
     std::string_view excludes;    // "=n": any other code with the same first three digits
-    LinkQuery linkQuery;          // whether it may stand in the query of a link
+    LinkQuery linkQuery;          // whether it may be in the query of a link
 };
 
 // The digits of the shortest company prefix that GS1 assigns; those in a tag are longer.

@@ -76,7 +76,7 @@ constexpr std::size_t numberOf(std::string_view digits) {
 
 using Numbers = std::array<bool, NO_NUMBER + 1>;
 
-// The numbers that stand at the same place of each entry.
+// The numbers at the same place of each entry.
 constexpr Numbers numbersOf(std::string_view entries, std::size_t entrySize, std::size_t place) {
     Numbers numbers{};
     for (std::size_t i = 0; i < entries.size(); i += entrySize) {
@@ -88,7 +88,7 @@ constexpr Numbers numbersOf(std::string_view entries, std::size_t entrySize, std
 constexpr Numbers countryNumbers = numbersOf(countries, COUNTRY_SIZE, LETTERS_SIZE);
 constexpr Numbers currencyNumbers = numbersOf(currencies, CURRENCY_SIZE, 0);
 
-// As many numbers as entries: none stands twice, and all are numbers.
+// As many numbers as entries: none appears twice, and all are numbers.
 static_assert(std::count(countryNumbers.begin(), countryNumbers.end() - 1, true) == 249);
 static_assert(std::count(currencyNumbers.begin(), currencyNumbers.end() - 1, true) == 182);
 

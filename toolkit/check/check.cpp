@@ -41,7 +41,7 @@ void reportWarnings(CheckRun& run, Place place, const Translation& translation) 
     }
 }
 
-// Of a value whose AIs do not stand in it as text: each has the place of the whole.
+// Of a value that does not hold its AIs as text: each has the place of the whole.
 void checkTranslation(CheckRun& run, Place place, const Translation& translation) {
     run.kind = TextKind::TAG_VALUE;
     for (const AiValue& ai : translation.ais) {

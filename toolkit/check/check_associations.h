@@ -1,5 +1,5 @@
 /*
- * Which AIs must stand together, and which may not.
+ * Which AIs must be together, and which must not.
  *
  * Source: GS1 General Specifications, section 4.14.
  */

@@ -39,7 +39,7 @@ void addSegment(Path& path, const Segment& segment) {
     path.segments[path.count++] = segment;
 }
 
-// position stands on the first "/", or at the end.
+// position is that of the first "/", or at the end.
 Path splitPath(const CheckRun& run, std::size_t position, std::size_t end) {
     Path path;
     while (position < end) {
@@ -256,11 +256,11 @@ void checkPath(CheckRun& run, const Path& path, std::size_t first, QualifierOrde
     }
 }
 
-// Where an AI belongs that may not stand in the query.
+// Where an AI belongs that may not be in the query.
 std::string placeOutsideQuery(std::string_view code) {
     for (const LinkKey& row : linkKeys()) {
         if (isQualifierOf(row, code)) {
-            return "it stands in the path, after AI " + std::string(row.key);
+            return "it belongs in the path, after AI " + std::string(row.key);
         }
     }
     return "leave it out";

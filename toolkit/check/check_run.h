@@ -24,13 +24,13 @@ struct CheckedText {
     std::string_view characters;
     std::size_t position;
     const std::uint16_t* offsets = nullptr; // from position; null: each character is itself
-    std::size_t wholeLength = 0; // not 0: the characters cannot be told apart in the value
+    std::size_t wholeLength = 0;            // not 0: the characters cannot be found in the value
 };
 
 struct CheckedAi {
     std::string_view code;
     const AiRule* rule;
-    std::string_view value; // as it stands in the text
+    std::string_view value; // as it is in the text
     std::size_t position;   // of the code
     std::size_t length;
 };
@@ -60,7 +60,7 @@ struct Place {
 };
 Place placeOf(const CheckedText& text, std::size_t at, std::size_t length);
 
-// Adds a finding. detail goes into the sentence of the rule; its culprit is what stands at the
+// Adds a finding. detail goes into the sentence of the rule; its culprit is what is at the
 // place.
 Finding& report(CheckRun& run, CheckRule rule, std::string_view ai, Place place,
                 std::string_view detail = {});

@@ -65,7 +65,7 @@ Culprit onlyDigits(std::string_view part) {
 
 enum class Day00 : std::uint8_t { REFUSE, ALLOW };
 
-// The month or the day of a date that does not exist. at is where the month stands.
+// The month or the day of a date that does not exist. at is the place of the month.
 Culprit badMonthOrDay(std::string_view part, std::size_t at, bool isLeapYear, Day00 day00) {
     const std::uint64_t month = numberOf({part.data() + at, 2});
     const std::uint64_t day = numberOf({part.data() + at + 2, 2});
@@ -77,7 +77,7 @@ Culprit badMonthOrDay(std::string_view part, std::size_t at, bool isLeapYear, Da
     return isDay ? nothing : Culprit{at + 2, 2};
 }
 
-// Year 00 is 2000, a leap year: 1900 and 2100 are out of reach of the sliding window.
+// Year 00 is 2000, a leap year: 1900 and 2100 are outside the sliding window.
 bool isLeapYearOfTwoDigits(std::string_view part) {
     return numberOf({part.data(), 2}) % 4 == 0;
 }

@@ -1,5 +1,5 @@
 /*
- * How a call on columns tells its caller that it cannot be done at all.
+ * How a call on columns says that it cannot be done at all.
  */
 #ifndef ROSETAG_TOOLKIT_COLUMNS_COLUMN_ERROR_H
 #define ROSETAG_TOOLKIT_COLUMNS_COLUMN_ERROR_H

@@ -64,7 +64,7 @@ const OutputWord* findWord(std::string_view word, ColumnCall call) {
     return found == std::end(outputWords) ? nullptr : found;
 }
 
-// Finds out what a word of outputs stands for. False for a word that is none.
+// Finds out what a word of outputs stands for. False for any other word.
 bool readOutput(std::string_view word, ColumnCall call, OutputColumn& column, ColumnType& type,
                 FormSet& wanted) {
     if (const OutputWord* const row = findWord(word, call); row != nullptr) {

@@ -1,5 +1,5 @@
 /*
- * Reads the bits of a value field by field and adds each to an explanation: where it stands, its
+ * Reads the bits of a value field by field and adds each to an explanation: where it is, its
  * bits and what they mean. A walk stops at the first field that breaks the layout, and says so
  * there.
  */

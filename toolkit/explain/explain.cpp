@@ -26,7 +26,7 @@ EpcStatus hexOf(const Reading& reading, std::string& hex) {
     });
 }
 
-// Whether the library reads the bits, and where they stand in its texts.
+// Whether the library reads the bits, and where they are in its texts.
 EpcStatus readEpc(std::string_view hex, Explanation& explanation) {
     Translation tag;
     EPC_TRY(formsOfHex(hex, ALL_FORMS, tag));

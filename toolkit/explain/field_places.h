@@ -1,5 +1,5 @@
 /*
- * Where the fields of a tag value stand in its text forms.
+ * Where the fields of a tag value are in its text forms.
  */
 #ifndef ROSETAG_TOOLKIT_EXPLAIN_FIELD_PLACES_H
 #define ROSETAG_TOOLKIT_EXPLAIN_FIELD_PLACES_H

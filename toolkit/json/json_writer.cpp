@@ -45,7 +45,7 @@ std::size_t plainLength(std::string_view text) {
     return length;
 }
 
-// The length of the UTF-8 sequence at the start of a text, 0 if it is none.
+// The length of the UTF-8 sequence at the start of a text, 0 if there is none.
 //
 // Source: The Unicode Standard, table 3-7 (well-formed byte sequences).
 std::size_t sequenceLength(std::string_view text) {

@@ -24,7 +24,7 @@ void jsonEnd(JsonWriter& json, char bracket);
 // Begins a member. key needs no escapes.
 void jsonKey(JsonWriter& json, std::string_view key);
 
-// Values. Bytes that are not UTF-8 stand as U+FFFD.
+// Values. Bytes that are not UTF-8 become U+FFFD.
 void jsonText(JsonWriter& json, std::string_view text);
 void jsonNumber(JsonWriter& json, std::uint64_t number);
 void jsonBool(JsonWriter& json, bool value);

@@ -12,7 +12,7 @@ Failure listFailure(std::string_view text, std::size_t position, const std::stri
     failure.status = EPC_ERR_BAD_FORMAT;
     failure.message =
         "line " + std::to_string(line) + ", column " + std::to_string(column + 1) + ": " + message;
-    failure.remedy = "get the list anew from GS1, as it is published";
+    failure.remedy = "get the list from GS1 again, as it is published";
     failure.position = before.size();
     return failure;
 }

@@ -86,7 +86,7 @@ void takeOff(Reading& reading, const BankLayout& layout) {
     const std::size_t digits = layout.words * HEX_WORD_DIGITS;
     if (reading.options.bank == Bank::AUTO) {
         readingNote(reading, NoteKind::PC_WORD, part,
-                    "took off " + layoutText(layout) + ' ' + shownText(part) + " before the EPC");
+                    "removed " + layoutText(layout) + ' ' + shownText(part) + " before the EPC");
     }
     reading.workspace.bankWords.assign(reading.workspace.text, 0, digits);
     const std::string_view rest = reading.value.substr(givenPosition(reading.workspace, digits));
@@ -96,11 +96,12 @@ void takeOff(Reading& reading, const BankLayout& layout) {
 
 bool failOtherFamily(Reading& reading, const BankLayout& layout, const PcWord& pc) {
     const std::string_view part = givenWords(reading, layout.pcIndex + 1);
-    return readingFail(reading, EPC_ERR_UNKNOWN_HEADER, positionIn(reading, part), part.size(),
-                       {"the PC word says that this tag is not one of GS1, but of the application "
-                        "family (AFI) 0x" +
-                            std::string(hexPairOf(static_cast<std::uint8_t>(pc.familyOrAttribute))),
-                        "read it with software of its application", "bank"});
+    return readingFail(
+        reading, EPC_ERR_UNKNOWN_HEADER, positionIn(reading, part), part.size(),
+        {"the PC word says that this tag does not belong to GS1, but to the application "
+         "family (AFI) 0x" +
+             std::string(hexPairOf(static_cast<std::uint8_t>(pc.familyOrAttribute))),
+         "read it with software for that application", "bank"});
 }
 
 // The options say what precedes the EPC.
@@ -109,9 +110,9 @@ bool takeOffAsked(Reading& reading) {
     const bool hasCrc = reading.options.bank == Bank::CRC_PC;
     const std::size_t pcIndex = hasCrc ? 1 : 0;
     if (wordCount(digits) < pcIndex + 2) {
-        return readingFail(reading, EPC_ERR_TRUNCATED, reading.value.size(), 0,
-                           {"an EPC follows the words before it, and here is none",
-                            "give the bank from its first word on", "bank"});
+        return readingFail(
+            reading, EPC_ERR_TRUNCATED, reading.value.size(), 0,
+            {"no EPC follows the words before it", "give the bank from its first word on", "bank"});
     }
     BankLayout layout = layoutWithPc(digits, hasCrc);
     if (layout.words == 0 && hasCrc &&
@@ -126,8 +127,7 @@ bool takeOffAsked(Reading& reading) {
         const std::string_view part = givenWords(reading, pcIndex + 1);
         return readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, part), part.size(),
                            {"the PC word says that " + counted(pc.epcWords, "word") +
-                                " follow, and here are " +
-                                std::to_string(wordCount(digits) - pcIndex - 1),
+                                " follow, not " + std::to_string(wordCount(digits) - pcIndex - 1),
                             "read the tag again, or say what the value begins with", "bank"});
     }
     if (pc.isOtherFamily) {

@@ -123,9 +123,9 @@ bool prepareGtinSymbol(Reading& reading, std::string_view data, const SymbologyI
                            positionIn(reading, data) + at, isLong ? data.size() : 1,
                            {std::string(row.identifier) + " is followed by " +
                                 (isEan ? shortGtinLengthsText() : std::to_string(row.gtinDigits)) +
-                                " digits, and " +
-                                (isLong ? "here are " + std::to_string(data.size())
-                                        : quotedText(data.substr(at, 1)) + " is not one"),
+                                " digits, " +
+                                (isLong ? "not " + std::to_string(data.size())
+                                        : "and " + quotedText(data.substr(at, 1)) + " is not one"),
                             "scan the symbol again"});
     }
     const std::size_t before = reading.notes.size();
@@ -197,7 +197,7 @@ bool takeOffIdentifier(Reading& reading, std::string_view& value) {
         return readingFail(
             reading, EPC_ERR_BAD_CHARACTER, positionIn(reading, identifier), identifier.size(),
             {quotedText(identifier) + " is not the symbology identifier of a symbol with GS1 data",
-             "those are " + knownIdentifiers() + "; leave it out if AIs follow it nevertheless"});
+             "those are " + knownIdentifiers() + "; leave it out if AIs follow it"});
     }
     readingNote(reading, NoteKind::LEFT_OUT, identifier,
                 "left out the symbology identifier " + quotedText(identifier));

@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t MOST_HEX_DIGITS = std::size_t{2} * EPC_MAX_BINARY_BYTES;
 
 // Keeps the digits of a text that may have 0x before each byte or word. False at another character,
-// which stranger then is. A comma only stands after a byte or a word: elsewhere it separates
+// which stranger then is. A comma belongs only after a byte or a word: elsewhere it separates
 // values.
 bool keepDigits(Reading& reading, std::string_view text, std::string_view& stranger) {
     std::size_t digits = 0; // since the last gap
@@ -66,7 +66,7 @@ bool prepareHex(Reading& reading, std::string_view value) {
         return readingFailAt(reading, EPC_ERR_TOO_LONG, MOST_HEX_DIGITS, digits - MOST_HEX_DIGITS,
                              {"a tag value has at most " + std::to_string(EPC_MAX_BINARY_BITS) +
                                   " bits, " + std::to_string(MOST_HEX_DIGITS) +
-                                  " hexadecimal digits, and here are " + std::to_string(digits),
+                                  " hexadecimal digits, not " + std::to_string(digits),
                               "give one value at a time"});
     }
     return true;

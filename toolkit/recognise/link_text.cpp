@@ -79,7 +79,7 @@ std::string_view aiOfLinkName(std::string_view name) {
 
 namespace {
 
-// The AI that a segment of a path is, by its digits or by an old name; empty if it is none.
+// The AI that a segment of a path is, by its digits or by an old name; empty if it is not one.
 std::string_view aiOfSegment(std::string_view segment) {
     if (!segment.empty() && charIsDigit(segment.front())) {
         return aiFind(segment) != nullptr ? segment : std::string_view();
@@ -354,7 +354,7 @@ bool prepareLink(Reading& reading, std::string_view value) {
     if (looksCompressed(link, place)) {
         return readingFail(reading, EPC_ERR_NOT_SUPPORTED, positionIn(reading, link.path),
                            link.path.size(),
-                           {"this looks like a compressed GS1 Digital Link, which is not read here",
+                           {"this looks like a compressed GS1 Digital Link, which is not supported",
                             "decompress it first"});
     }
     const std::size_t stem = stemLength(reading, link, place);

@@ -12,7 +12,7 @@
 
 namespace rosetag {
 
-// The AI that a name of early versions of the standard stood for; empty if it is none.
+// The AI that a name of early versions of the standard stood for; empty if it is not one.
 std::string_view aiOfLinkName(std::string_view name);
 
 // Keeps path and query with their AIs, and notes what was left out, padded or renamed.

@@ -75,7 +75,7 @@ constexpr FileMark fileMarks[] = {
     {{"\xFF\xFE", 2}, "this is UTF-16 text",         "convert it to UTF-8 first: iconv -f UTF-16 -t UTF-8"},
     {{"\xFE\xFF", 2}, "this is UTF-16 text",         "convert it to UTF-8 first: iconv -f UTF-16 -t UTF-8"},
     {{"\x1F\x8B", 2}, "this is a gzip file",         "decompress it first: gzip -dc"},
-    {{"PK\x03\x04", 4}, "this is a zip file",        "take the text out of it first"},
+    {{"PK\x03\x04", 4}, "this is a zip file",        "extract the text first"},
     {{"<?xml", 5},    "this is XML",                 "give the values in it"},
     {{"{\"", 2},      "this is JSON",                "give the values in it"},
 };
@@ -103,7 +103,7 @@ bool failAfterUrn(Reading& reading, std::string_view value, std::size_t length) 
         known < common.size() ? std::string(common.substr(known)) : std::string("tag:\" or \"id:");
     const std::string_view rest = value.substr(known);
     return readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, rest), rest.size(),
-                       {"an EPC URI goes on with \"" + expected + "\" after \"" +
+                       {"an EPC URI continues with \"" + expected + "\" after \"" +
                             std::string(value.substr(0, known)) + '"',
                         "write urn:epc:tag: and a tag scheme, or urn:epc:id: and a kind of "
                         "identity"});

@@ -35,7 +35,7 @@ constexpr std::array<PlainShape, 256> plainShapesMake() {
 
 constexpr std::array<PlainShape, 256> plainShapes = plainShapesMake();
 
-// Values of other lengths are told apart by what they hold.
+// Values of other lengths are distinguished by what they hold.
 constexpr std::size_t SHORTEST_PLAIN = 16; // digits: more than a GTIN has
 constexpr std::uint8_t TID_HEADER = 0xE2;
 static_assert(std::all_of(schemeRows.begin(), schemeRows.end(), [](const SchemeRow& row) {

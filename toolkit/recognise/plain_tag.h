@@ -1,6 +1,6 @@
 /*
  * Tag values as readers deliver most of them: the hexadecimal digits of a scheme whose values have
- * one length, all of them and nothing else. One look tells that they are hex with nothing to note;
+ * one length, all of them and nothing else. One look shows that they are hex with nothing to note;
  * whatever is unusual is not plain.
  */
 #ifndef ROSETAG_TOOLKIT_RECOGNISE_PLAIN_TAG_H

@@ -116,7 +116,7 @@ std::string_view withoutOuterBlanks(Reading& reading) {
     if (inner.size() < value.size() && !inner.empty()) {
         readingNote(reading, NoteKind::BLANKS,
                     first > 0 ? value.substr(0, first) : value.substr(inner.size()),
-                    "took off the blanks around the value");
+                    "removed the blanks around the value");
     }
     return inner;
 }

@@ -111,7 +111,7 @@ constexpr std::array<bool, EPC_SCHEME_COUNT> numericSchemesMake() {
 
 constexpr std::array<bool, EPC_SCHEME_COUNT> numericSchemes = numericSchemesMake();
 
-// Some form that tells whether the bits can be read, if none was asked for.
+// Some form that shows whether the bits can be read, if none was asked for.
 FormSet readable(FormSet wanted, const SchemeInfo& scheme) {
     if (wanted.hasAny(scheme.hasUris ? Form::TAG_URI | Form::PURE_IDENTITY : FormSet()) ||
         wanted.hasAny(scheme.hasGs1Texts ? GS1_TEXTS | AI_FORMS : FormSet())) {

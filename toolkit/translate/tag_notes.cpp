@@ -23,7 +23,7 @@ void warn(Reading& reading, NoteKind kind, std::size_t digit, const std::string&
 }
 
 std::string counts(std::size_t bits, std::size_t given) {
-    return std::to_string(bits) + " bits, and here are " + std::to_string(given);
+    return std::to_string(bits) + " bits, not " + std::to_string(given);
 }
 
 // The first bit that is 1, from one on; the count of bits if there is none.

@@ -1,5 +1,5 @@
 /*
- * The forms of GS1 texts and of URIs that are no tag value.
+ * The forms of GS1 texts and of URIs that are not tag values.
  */
 #ifndef ROSETAG_TOOLKIT_TRANSLATE_TEXT_FORMS_H
 #define ROSETAG_TOOLKIT_TRANSLATE_TEXT_FORMS_H

@@ -40,7 +40,7 @@ EpcStatus formsOf(Reading& reading, FormSet wanted, Translation& result) {
     }
 }
 
-// Translates a plain tag value. False if it is not one or cannot be read: the usual road tells why.
+// Translates a plain tag value. False if it is not one or cannot be read: the usual road says why.
 bool translatePlainTag(std::string_view value, const ReadOptions& options, FormSet wanted,
                        Translation& result) {
     TagBits tag;

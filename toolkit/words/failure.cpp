@@ -65,7 +65,7 @@ void failGs1Text(Reading& reading, EpcStatus status) {
     if (reading.form == Form::DIGITAL_LINK && reading.options.strict && !isPath) {
         readingFail(
             reading, status, 0, reading.value.size(),
-            {"a link that is taken as it is begins with \"/\"", "take its host off", "strict"});
+            {"a link that is taken as it is begins with \"/\"", "remove its host", "strict"});
         return;
     }
     if (!failByFinding(reading, status, {})) {
@@ -129,8 +129,8 @@ std::string missingBits(const Explanation& explanation) {
     if (bits == 0 || given >= bits) {
         return {};
     }
-    return std::string(explanation.scheme->name) + " has " + std::to_string(bits) +
-           " bits, and here are " + std::to_string(given);
+    return std::string(explanation.scheme->name) + " has " + std::to_string(bits) + " bits, not " +
+           std::to_string(given);
 }
 
 // ---- URIs ----

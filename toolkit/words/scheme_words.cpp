@@ -77,7 +77,7 @@ constexpr std::array<std::uint8_t, 256> byHeaderMake() {
 
 constexpr std::array<std::uint8_t, 256> byHeader = byHeaderMake();
 
-// Where the filter of a scheme stands in the byte after the header; a plus scheme has its toggle
+// Where the filter of a scheme is in the byte after the header; a plus scheme has its toggle
 // before it.
 struct FilterPlace {
     std::uint8_t shift;

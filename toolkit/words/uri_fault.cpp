@@ -300,7 +300,7 @@ bool faultOfSchemeName(UriFault& fault, std::string_view word) {
         fault.complaint = {"the names of tag schemes are lower case", "write " + shownText(lower)};
     } else {
         fault.complaint = {"there is no tag scheme " + quotedText(word),
-                           "there are " + schemeNamesLike(lower)};
+                           "choose one of " + schemeNamesLike(lower)};
     }
     return true;
 }
@@ -313,7 +313,7 @@ bool faultOfFamily(UriFault& fault, std::string_view word) {
                            "write " + shownText(lower)};
         return true;
     }
-    fault.complaint = {"there is no kind of identity " + quotedText(word), "there are"};
+    fault.complaint = {"there is no kind of identity " + quotedText(word), "choose one of"};
     std::string_view last;
     for (const SchemeInfo& scheme : schemes()) {
         if (scheme.hasUris && scheme.family != last) {

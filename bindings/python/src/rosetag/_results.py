@@ -82,7 +82,7 @@ class Identity:
         tag_uri, pure_identity, element_string, barcode_string, digital_link, hex: the forms.
             Values of variable length in a barcode string end with character 29, GS.
         gtin: 14 digits.
-        serial: what tells one object from the others of its key.
+        serial: what distinguishes one object from the others of its key.
         ais: the AIs in their order. ``identity["10"]`` is the value of AI 10.
         fits_schemes: the schemes that can hold the identity.
         notes: what was left out, padded or looks wrong.
