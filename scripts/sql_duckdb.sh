@@ -34,15 +34,12 @@ if [[ ! -f $folder/node/package.json ]]; then
     npm install --silent --prefix "$folder/node" "@duckdb/node-api@$node_version" >&2
 fi
 
-extension=bindings/duckdb/rosetag.duckdb_extension
-options=(-DROSETAG_BUILD_SQLITE=ON -DROSETAG_BUILD_DUCKDB=ON
-    -DDUCKDB_EXTENSION_INCLUDE_DIR="$folder/include" -DROSETAG_BUILD_TESTS=OFF
-    -DROSETAG_BUILD_TOOLS=OFF -DROSETAG_INSTALL=OFF)
-cmake --preset release -B build/extensions "${options[@]}" >"$folder/configure.log"
-ninja -C build/extensions rosetag_duckdb >&2
-cmake -G Ninja -B build/extensions-asan -DCMAKE_BUILD_TYPE=Debug "${options[@]}" \
-    -DCMAKE_CXX_FLAGS="-O1 -fsanitize=address -fno-omit-frame-pointer" >"$folder/configure.log"
-ninja -C build/extensions-asan rosetag_duckdb >&2
+cmake --preset release -B build/extensions -DROSETAG_BUILD_SQLITE=ON -DROSETAG_BUILD_DUCKDB=ON \
+    -DDUCKDB_EXTENSION_INCLUDE_DIR="$folder/include" -DROSETAG_BUILD_TESTS=OFF \
+    -DROSETAG_BUILD_TOOLS=OFF -DROSETAG_INSTALL=OFF >"$folder/configure.log"
+ninja -C build/extensions rosetag_duckdb rosetag_duckdb_asan >&2
+readonly extension=build/extensions/bindings/duckdb/rosetag.duckdb_extension
+readonly extension_asan=build/extensions/bindings/duckdb/asan/rosetag.duckdb_extension
 
 passed=0 failed=0 status=0
 # counted COMMAND...: runs it and adds what its last line says.
@@ -57,13 +54,13 @@ counted() {
 for version in "${python_versions[@]}"; do
     echo "DuckDB $version of PyPI" >&2
     counted "$folder/duckdb-$version/bin/python" bindings/duckdb/tests/test_duckdb.py "$root" \
-        "build/extensions/$extension"
+        "$extension"
 done
 echo "DuckDB $node_version of npm" >&2
 counted node bindings/duckdb/tests/test_node.mjs "$root" "$folder/node" \
-    "build/extensions/$extension"
+    "$extension"
 echo "DuckDB's shell $shell_version" >&2
-counted python3 bindings/duckdb/tests/test_pages.py "$root" "build/extensions/$extension" \
+counted python3 bindings/duckdb/tests/test_pages.py "$root" "$extension" \
     "$folder/duckdb-shell/bin/duckdb"
 
 # Python and DuckDB have leaks of their own, which are not counted. DuckDB throws exceptions, for
@@ -74,7 +71,7 @@ rm -f "$leaks".*
 counted env LD_PRELOAD="$(g++ -print-file-name=libasan.so) $(g++ -print-file-name=libstdc++.so.6)" \
     ASAN_OPTIONS="detect_leaks=1:exitcode=0:log_path=$leaks" \
     "$folder/duckdb-${python_versions[1]}/bin/python" bindings/duckdb/tests/test_duckdb.py "$root" \
-    "build/extensions-asan/$extension" DuckDb.test_shared_rows_as_columns DuckDb.test_rules \
+    "$extension_asan" DuckDb.test_shared_rows_as_columns DuckDb.test_rules \
     DuckDb.test_nested_results DuckDb.test_one_connection_for_each_thread
 if grep -s -e 'AddressSanitizer: [a-z]' -e ' \(bindings\|toolkit\|src\)/' "$leaks".* >&2; then
     echo "the extension leaks memory, or goes beyond its own" >&2
