@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace {
@@ -404,8 +405,8 @@ TEST(Columns, EncodeByConstantsAndByColumns) {
     EXPECT_EQ("3074257BF7194E4000001A85", encode(*arrayOf("U", values), constants).columns[0][0]);
 }
 
-template <typename Options, typename Member, typename Value>
-Options with(Member Options::*member, Value value) {
+template <typename Options, typename Member>
+Options with(Member Options::*member, std::type_identity_t<Member> value) {
     Options options{};
     options.*member = value;
     return options;
