@@ -21,15 +21,18 @@ say() {
     printf '%s\n' "$*" >&2
 }
 
-# Counts the outcome of the command before.
-count() {
-    local status=$?
-    if [[ $status -eq 0 ]]; then
+# counted NAME COMMAND...: runs the command in a shell that stops at an error.
+counted() {
+    local name=$1 log=$folder/$1.log
+    shift
+    if (set -e; "$@") >"$log" 2>&1; then
         passed=$((passed + 1))
+        say "ok: $name"
     else
         failed=$((failed + 1))
+        tail -n 30 "$log" >&2
+        say "FAILED: $name"
     fi
-    say "$([[ $status -eq 0 ]] && echo ok || echo FAILED): $1"
 }
 
 # PostgreSQL does not run as root.
@@ -96,7 +99,7 @@ readonly settings=(-c fsync=off -c autovacuum=off -c log_min_duration_statement=
 export PGHOST=$server PGUSER=postgres PGDATABASE=postgres PGPORT=5432
 
 start_server() {
-    as_server "$bindir/postgres" -D "$server/data" -k "$server" -c listen_addresses= \
+    as_server env LD_PRELOAD="${preload-}" "$bindir/postgres" -D "$server/data" -k "$server" -c listen_addresses= \
         "${settings[@]}" >"$folder/server.log" 2>&1 &
     starter=$!
     for _ in {1..100}; do
@@ -123,12 +126,77 @@ test_regress() {
 
 if [[ ${1-} == bench ]]; then
     start_server
-    bash "$source/bench.sh" "$server" "$prefix"
+    bash "$source/bench.sh" "$prefix"
     exit
 fi
 
+expect() {
+    local expected=$1 found
+    shift
+    found=$(psql -XAtq "$@" 2>&1) || true
+    [[ $found == "$expected" ]] || {
+        printf 'expected: %s\nfound:    %s\n' "$expected" "$found"
+        return 1
+    }
+}
+
+# A version that does not exist yet: what stands on the functions outlasts the way to it.
+test_update() {
+    local scripts
+    scripts=$server/root$("$pg_config" --sharedir)/extension
+    echo "COMMENT ON FUNCTION epc_gtin(text) IS 'the GTIN of the next version';" \
+        >"$scripts/rosetag--1.0--next.sql"
+    expect '' -c 'CREATE DATABASE updated'
+    expect '' -d updated -c 'CREATE EXTENSION rosetag' \
+        -c "CREATE TABLE reads AS SELECT '3074257BF7194E4000001A85' AS epc" \
+        -c 'CREATE INDEX ON reads (epc_gtin(epc))' -c "ALTER EXTENSION rosetag UPDATE TO 'next'"
+    expect 'next|80614141123458|the GTIN of the next version' -d updated -c \
+        "SET enable_seqscan = off" -c "SELECT extversion, epc_gtin(epc),
+             obj_description('epc_gtin(text)'::regprocedure, 'pg_proc')
+           FROM pg_extension, reads WHERE extname = 'rosetag' AND epc_gtin(epc) = '80614141123458'"
+    rm "$scripts/rosetag--1.0--next.sql"
+    # A dump brings tables, indexes and the extension to another database.
+    expect '' -c 'CREATE DATABASE restored'
+    echo "CREATE EXTENSION rosetag; $(pg_dump updated | grep -v '^CREATE EXTENSION')" |
+        psql -Xq -v ON_ERROR_STOP=1 -d restored
+    expect 1 -d restored -c "SELECT count(*) FROM reads WHERE epc_gtin(epc) = '80614141123458'"
+}
+
+# Allocations of C++ that fail are errors of PostgreSQL, and the session goes on.
+test_no_memory() {
+    expect $'ERROR:  out of memory\nERROR:  out of memory\n80614141123458' -d contrib_regression \
+        -c "SELECT epc_status('(01)80614141123458(21)' || repeat('9', 300000))" \
+        -c "SELECT epc_decode(repeat('30', 150000)::bytea)" \
+        -c "SELECT epc_gtin('3074257BF7194E4000001A85')"
+}
+
+# One session in one process: nothing of the extension reads or writes what it may not, or is lost.
+test_valgrind() {
+    local report=$server/valgrind.report
+    sed "s|:file|'$server/rosetag.tsv'|" "$source/tests/valgrind.sql" |
+        as_server valgrind --leak-check=full --show-leak-kinds=definite,possible --num-callers=40 \
+            --log-file="$report" "$bindir/postgres" --single -D "$server/data" -c jit=off \
+            "${settings[@]}" contrib_regression
+    grep -q 'ERROR SUMMARY' "$report"
+    ! awk -v RS='==[0-9]+== *\n' '/rosetag\.(so|c:)|rosetag_core|sql_functions/ && !/Command:/' \
+        "$report" | grep .
+}
+
 start_server
 test_regress
+counted update test_update
+counted page python3 "$source/tests/test_page.py" "$root"
 stop_server
+c++ -std=c++20 -O1 -fPIC -shared "$source/tests/no_memory.cpp" -o "$server/no_memory.so"
+chmod a+r "$server/no_memory.so"
+preload=$server/no_memory.so
+start_server
+counted no-memory test_no_memory
+stop_server
+counted valgrind test_valgrind
+grep -q 'the end of the run' "$folder/valgrind.log" || {
+    failed=$((failed + 1))
+    say "FAILED: the run below valgrind did not come to its end: $folder/valgrind.log"
+}
 echo "$passed passed, $failed failed"
 [[ $failed -eq 0 && $passed -gt 0 ]]

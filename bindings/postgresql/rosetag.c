@@ -105,13 +105,13 @@ static char* sentenceOf(struct RosetagText text) {
  */
 static struct varlena* fetch(Datum datum) {
     struct varlena* const given = (struct varlena*)DatumGetPointer(datum);
-    if (VARATT_IS_COMPRESSED(given) || VARATT_IS_EXTERNAL(given)) {
-        const Size longest = rosetagLongestValue();
-        if (toast_raw_datum_size(datum) - VARHDRSZ > longest) {
-            return pg_detoast_datum_slice(given, 0, (int32)longest + 1);
-        }
+    if (!VARATT_IS_COMPRESSED(given) && !VARATT_IS_EXTERNAL(given)) {
+        return given;
     }
-    return pg_detoast_datum_packed(given);
+    const Size longest = rosetagLongestValue();
+    return toast_raw_datum_size(datum) - VARHDRSZ > longest
+               ? pg_detoast_datum_slice(given, 0, (int32)longest + 1)
+               : pg_detoast_datum(given);
 }
 
 static struct RosetagText bytesOf(const struct varlena* stored) {

@@ -1,0 +1,11 @@
+CREATE TEMP TABLE vectors (id text, op text, input text, scheme text, filter text, gcp_length text, encoding text, status text, output text);
+COPY vectors FROM :file WITH (HEADER);
+CREATE TEMP VIEW given AS SELECT input AS x, scheme, nullif(filter, '')::int AS filter FROM vectors UNION ALL SELECT repeat(input, 3000), 'sgtin+', NULL FROM vectors WHERE id LIKE '%00' UNION ALL SELECT input || 'é', 'sgtin+', NULL FROM vectors WHERE id LIKE '%50' UNION ALL SELECT NULL, NULL, NULL;
+CREATE TEMP VIEW bits AS SELECT convert_to(x, 'UTF8') AS x FROM given WHERE length(x) < 100 UNION ALL SELECT decode(x, 'hex') FROM given WHERE x ~ '^([0-9A-F]{2})+$';
+SELECT count(epc_decode(x)), count(epc_gtin(x)), count(epc_sscc(x)), count(epc_ai(x, '21')), count(epc_status(x)), count(epc_filter(x)), count(tid_decode(x)), count(epc_hex(x)), count(epc_tag_uri(x)), count(epc_element_string(x)), count(epc_serial(x)) FROM given;
+SELECT count(epc_decode(x)), count(epc_gtin(x)), count(epc_sscc(x)), count(epc_ai(x, '21')), count(epc_status(x)), count(epc_filter(x)), count(tid_decode(x)), count(epc_hex(x)), count(epc_tag_uri(x)), count(epc_element_string(x)), count(epc_serial(x)) FROM bits;
+SELECT count(*) FROM given, epc_ais(x);
+SELECT count(epc_encode(x, scheme, filter, 7)), count(epc_encode_bytes(x, scheme, NULL, NULL)) FROM given WHERE scheme <> '' AND filter BETWEEN 0 AND 7;
+DO $$ DECLARE r record; BEGIN FOR r IN SELECT x FROM given LOOP BEGIN PERFORM epc_check(r.x), epc_check(convert_to(r.x, 'UTF8')); EXCEPTION WHEN invalid_text_representation THEN NULL; END; END LOOP; END $$;
+SELECT epc_encode('x', 'no scheme');
+SELECT 'the end of the run ' || rosetag_version();
