@@ -3,7 +3,7 @@
  */
 import { bitsFile, drawBits } from "./bits_picture";
 import { button, copyButton, counted, html, saveFile } from "./elements";
-import { fieldClass, MARK, markedText, type TextPart } from "./field_links";
+import { fieldClass, MARK, markedText, tellOfRedrawing, type TextPart } from "./field_links";
 import {
     formTitles,
     hexPlaces,
@@ -313,6 +313,7 @@ export function bits(explanation: Explanation, name: string, what: string): HTML
         if (width > 0 && width !== drawnFor) {
             drawnFor = width;
             frame.replaceChildren(drawBits(explanation, width));
+            tellOfRedrawing(frame);
         }
     }).observe(frame);
     const bank = explanation.form === "tid" ? "the TID bank" : "the EPC bank";

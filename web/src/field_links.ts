@@ -16,10 +16,18 @@ function fieldsAt(target: EventTarget | null): string[] {
     return place?.getAttribute(MARK)?.split(" ") ?? [];
 }
 
-/** Lights fields inside of an element while they are pointed at or have the focus. */
-export function linkFields(root: Element): void {
+/** Tells that a part was made anew, in which what was lit has to be lit again. */
+export function tellOfRedrawing(part: Element): void {
+    part.dispatchEvent(new Event("redrawn", { bubbles: true }));
+}
+
+/**
+ * Lights fields inside of an element while they are pointed at or have the focus. Gives a function
+ * that lets go of all.
+ */
+export function linkFields(root: Element): () => void {
     let held: string[] = []; // by a tap or a click, until the next one
-    let lit = "";
+    let lit: string | null = ""; // null: not known
 
     const light = (fields: string[]): void => {
         if (fields.join(" ") === lit) {
@@ -69,6 +77,13 @@ export function linkFields(root: Element): void {
             hold([]);
         }
     });
+    root.addEventListener("redrawn", () => {
+        lit = null;
+        hold(held);
+    });
+    return () => {
+        hold([]);
+    };
 }
 
 /** A part of a text that stands for a field. */

@@ -13,6 +13,7 @@ import { answerTo, type Answer } from "./values";
 
 const input = byId<HTMLTextAreaElement>("value");
 const prefixSelect = byId<HTMLSelectElement>("prefix-length");
+const letGoOfFields = linkFields(byId("answer"));
 let builder: Builder | null = null;
 
 function setSentence(parts: (Node | string)[]): void {
@@ -58,6 +59,7 @@ function show(): void {
     const isEmpty = value.trim() === "";
     document.body.classList.toggle("is-empty", isEmpty);
     fitInput();
+    letGoOfFields();
     if (isEmpty) {
         byId("prefix").hidden = true;
         byId("answer").replaceChildren();
@@ -147,7 +149,6 @@ export function startPage(): void {
     addEventListener("hashchange", takeFromAddress);
     addEventListener("resize", fitInput);
 
-    linkFields(byId("answer"));
     startExamples();
     startPrefixSelect();
     builder = startBuilding();

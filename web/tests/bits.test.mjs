@@ -125,6 +125,9 @@ test("focus lights too, a click or a tap holds, Escape lets go", async () => {
     assert.equal(await page.locator(".fields button[aria-pressed='true']").textContent(), "item reference");
     await page.keyboard.press("Escape");
     assert.equal(await page.locator(".fields button[aria-pressed='true']").count(), 0);
+    await serial.click();
+    await type(page, TID);
+    assert.equal(await page.locator(".has-lit, .lit").count(), 0, "another value has nothing lit");
     await page.context().close();
 
     page = await openPage(browser, site.url, SGTIN, { hasTouch: true, isMobile: true, viewport: { width: 390, height: 800 } });

@@ -42,10 +42,12 @@ test("every scheme that can hold the identity stands beside the others with its 
 test("the bits change with every key, and schemes that no longer fit say why", async () => {
     await openBuilder();
     const serial = page.locator("#build-serial");
+    await page.locator("#build-answer .fields button", { hasText: "serial" }).click();
     await serial.press("End");
     const seen = new Set();
     for (const key of ["0", "1", "x"]) {
         await serial.press(key);
+        await page.locator("#build-answer .field.lit").first().waitFor();
         seen.add((await textsOf(page, "#build-answer .memory .hex")).join(""));
     }
     assert.equal(seen.size, 3);
