@@ -1,34 +1,21 @@
 #include "converters.h"
 #include "csv_cells.h"
 #include "human_text.h"
+#include "result_converter.h"
 
 namespace rosetag {
 
 namespace {
 
-class AiConverter : public Converter {
+class AiConverter : public ResultConverter<AiTranslation> {
 public:
     AiConverter(const AiEncoding& theEncoding, bool isEncoder, bool isJsonWanted)
-        : encoding(theEncoding), isEncode(isEncoder), isJson(isJsonWanted) {}
+        : ResultConverter(isJsonWanted), encoding(theEncoding), isEncode(isEncoder) {}
 
     void convert(const InputItem& input) override {
         given = input.value;
         result = isEncode ? encodeAi(encoding.ai, given, encoding.withCode, encoding.encoding)
                           : decodeAi(given, encoding.ai);
-    }
-    void refuse(const InputItem& input, Failure failure) override {
-        given = input.value;
-        result = {};
-        result.failure = std::move(failure);
-    }
-    const Failure& failure() const override {
-        return result.failure;
-    }
-    std::string_view value() const override {
-        return given;
-    }
-    const Rows<Note>* notes() const override {
-        return &result.notes;
     }
 
     // Encoding writes hex, decoding the AI and its value.
@@ -59,16 +46,10 @@ public:
                 result.bits == 0 ? "" : labelled("length", std::to_string(result.bits) + " bits");
         }
     }
-    bool writesBlocks() const override {
-        return !isJson;
-    }
 
 private:
     const AiEncoding encoding;
     const bool isEncode;
-    const bool isJson;
-    std::string_view given;
-    AiTranslation result;
 };
 
 } // namespace

@@ -1,45 +1,21 @@
 #include "converters.h"
-#include "fields.h"
 #include "human_text.h"
+#include "result_converter.h"
 
 namespace rosetag {
 
 namespace {
 
-class ExplainConverter : public Converter {
+class ExplainConverter : public ResultConverter<Explanation> {
 public:
     ExplainConverter(const ReadOptions& theOptions, bool isJsonWanted)
-        : options(theOptions), isJson(isJsonWanted) {}
+        : ResultConverter(isJsonWanted), options(theOptions) {}
 
     void convert(const InputItem& input) override {
         given = input.value;
         explain(given, options, result);
     }
-    void refuse(const InputItem& input, Failure failure) override {
-        given = input.value;
-        result = {};
-        result.failure = std::move(failure);
-    }
-    const Failure& failure() const override {
-        return result.failure;
-    }
-    std::string_view value() const override {
-        return given;
-    }
-    const Rows<Note>* notes() const override {
-        return &result.notes;
-    }
 
-    // An explanation of several lines ends with an empty one, and says what is wrong.
-    void writeLine(std::string& out) override {
-        writeArgument(out);
-        if (!isJson) {
-            out += isFailure(failure())
-                       ? std::string(failureWord()) + ": " + failureMessage(failure()) + '\n'
-                       : "";
-            out += '\n';
-        }
-    }
     void writeArgument(std::string& out) override {
         if (isJson) {
             appendJson(out, result, given);
@@ -48,15 +24,9 @@ public:
             out += humanExplanation(result);
         }
     }
-    bool writesBlocks() const override {
-        return !isJson;
-    }
 
 private:
     const ReadOptions options;
-    const bool isJson;
-    std::string_view given;
-    Explanation result;
 };
 
 } // namespace

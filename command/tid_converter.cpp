@@ -1,46 +1,22 @@
 #include "converters.h"
-#include "fields.h"
 #include "human_text.h"
 #include "json_lines.h"
+#include "result_converter.h"
 
 namespace rosetag {
 
 namespace {
 
-class TidConverter : public Converter {
+class TidConverter : public ResultConverter<Tid> {
 public:
     TidConverter(const DesignerList* theDesigners, bool isJsonWanted)
-        : designers(theDesigners), isJson(isJsonWanted) {}
+        : ResultConverter(isJsonWanted), designers(theDesigners) {}
 
     void convert(const InputItem& input) override {
         given = input.value;
         tid(given, result);
     }
-    void refuse(const InputItem& input, Failure failure) override {
-        given = input.value;
-        result = {};
-        result.failure = std::move(failure);
-    }
-    const Failure& failure() const override {
-        return result.failure;
-    }
-    std::string_view value() const override {
-        return given;
-    }
-    const Rows<Note>* notes() const override {
-        return &result.notes;
-    }
 
-    // The lines of a TID end with an empty one, and say what is wrong.
-    void writeLine(std::string& out) override {
-        writeArgument(out);
-        if (!isJson) {
-            out += isFailure(failure())
-                       ? std::string(failureWord()) + ": " + failureMessage(failure()) + '\n'
-                       : "";
-            out += '\n';
-        }
-    }
     void writeArgument(std::string& out) override {
         if (isJson) {
             appendJson(out, result, given);
@@ -49,9 +25,6 @@ public:
         } else if (!isFailure(failure())) {
             out += humanTid(result.record, designers);
         }
-    }
-    bool writesBlocks() const override {
-        return !isJson;
     }
 
 private:
@@ -70,9 +43,6 @@ private:
     }
 
     const DesignerList* const designers;
-    const bool isJson;
-    std::string_view given;
-    Tid result;
 };
 
 } // namespace

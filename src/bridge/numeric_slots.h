@@ -328,27 +328,11 @@ ROSETAG_INLINE bool numericGs1TextToBits(TextCursor& cursor, BitBuffer& bits,
     return true;
 }
 
-// ---- The slots ----
+// ---- The slots, each with the general one that takes what is unusual ----
 
-template <EpcScheme scheme>
-EpcStatus numericBinaryToElementString(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text) {
-    return numericBitsToGs1Text<scheme, Gs1Syntax::ELEMENT_STRING>(bits, text)
-               ? EPC_OK
-               : plainBinaryToElementString(row, bits, text);
-}
-
-template <EpcScheme scheme>
-EpcStatus numericBinaryToBarcodeString(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text) {
-    return numericBitsToGs1Text<scheme, Gs1Syntax::BARCODE_STRING>(bits, text)
-               ? EPC_OK
-               : plainBinaryToBarcodeString(row, bits, text);
-}
-
-template <EpcScheme scheme>
-EpcStatus numericBinaryToDigitalLink(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text) {
-    return numericBitsToGs1Text<scheme, Gs1Syntax::DIGITAL_LINK>(bits, text)
-               ? EPC_OK
-               : plainBinaryToDigitalLink(row, bits, text);
+template <EpcScheme scheme, Gs1Syntax syntax, BinaryToText general>
+EpcStatus numericBinaryToGs1Text(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text) {
+    return numericBitsToGs1Text<scheme, syntax>(bits, text) ? EPC_OK : general(row, bits, text);
 }
 
 template <EpcScheme scheme>
@@ -356,28 +340,12 @@ EpcStatus numericBinaryToAIs(const TagSchemeOps& row, BitBuffer& bits, const AiR
     return numericBitsToAIs<scheme>(bits, rows) ? EPC_OK : plainBinaryToAIs(row, bits, rows);
 }
 
-template <EpcScheme scheme>
-EpcStatus numericElementStringToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
-                                       const EncodeArguments& arguments) {
-    return numericGs1TextToBits<scheme, Gs1Syntax::ELEMENT_STRING>(cursor, bits, arguments)
+template <EpcScheme scheme, Gs1Syntax syntax, TextToBinary general>
+EpcStatus numericGs1TextToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
+                                 const EncodeArguments& arguments) {
+    return numericGs1TextToBits<scheme, syntax>(cursor, bits, arguments)
                ? EPC_OK
-               : plainElementStringToBinary(row, cursor, bits, arguments);
-}
-
-template <EpcScheme scheme>
-EpcStatus numericBarcodeStringToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
-                                       const EncodeArguments& arguments) {
-    return numericGs1TextToBits<scheme, Gs1Syntax::BARCODE_STRING>(cursor, bits, arguments)
-               ? EPC_OK
-               : plainBarcodeStringToBinary(row, cursor, bits, arguments);
-}
-
-template <EpcScheme scheme>
-EpcStatus numericDigitalLinkToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
-                                     const EncodeArguments& arguments) {
-    return numericGs1TextToBits<scheme, Gs1Syntax::DIGITAL_LINK>(cursor, bits, arguments)
-               ? EPC_OK
-               : plainDigitalLinkToBinary(row, cursor, bits, arguments);
+               : general(row, cursor, bits, arguments);
 }
 
 } // namespace rosetag

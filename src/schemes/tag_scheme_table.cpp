@@ -12,6 +12,8 @@ namespace rosetag {
 
 namespace {
 
+using enum Gs1Syntax;
+
 template <EpcScheme scheme>
 constexpr TagSchemeOps opsOfScheme() {
     constexpr SchemeRow row = schemeRows[scheme];
@@ -46,13 +48,19 @@ constexpr TagSchemeOps opsOfScheme() {
             ops.binaryToDigitalLink = plainBinaryToDigitalLink;
             ops.digitalLinkToBinary = plainDigitalLinkToBinary;
             if constexpr (NUMERIC_ROAD && schemeIsNumeric(row)) {
-                ops.binaryToElementString = numericBinaryToElementString<scheme>;
+                ops.binaryToElementString =
+                    numericBinaryToGs1Text<scheme, ELEMENT_STRING, plainBinaryToElementString>;
                 ops.binaryToAIs = numericBinaryToAIs<scheme>;
-                ops.elementStringToBinary = numericElementStringToBinary<scheme>;
-                ops.binaryToBarcodeString = numericBinaryToBarcodeString<scheme>;
-                ops.barcodeStringToBinary = numericBarcodeStringToBinary<scheme>;
-                ops.binaryToDigitalLink = numericBinaryToDigitalLink<scheme>;
-                ops.digitalLinkToBinary = numericDigitalLinkToBinary<scheme>;
+                ops.elementStringToBinary =
+                    numericGs1TextToBinary<scheme, ELEMENT_STRING, plainElementStringToBinary>;
+                ops.binaryToBarcodeString =
+                    numericBinaryToGs1Text<scheme, BARCODE_STRING, plainBinaryToBarcodeString>;
+                ops.barcodeStringToBinary =
+                    numericGs1TextToBinary<scheme, BARCODE_STRING, plainBarcodeStringToBinary>;
+                ops.binaryToDigitalLink =
+                    numericBinaryToGs1Text<scheme, DIGITAL_LINK, plainBinaryToDigitalLink>;
+                ops.digitalLinkToBinary =
+                    numericGs1TextToBinary<scheme, DIGITAL_LINK, plainDigitalLinkToBinary>;
             }
         }
         return ops;

@@ -270,30 +270,29 @@ void columnTablePutNulls(ColumnTable& table, std::int64_t row) {
     }
 }
 
-void columnTablePut(ColumnTable& table, std::int64_t row, const Translation& result) {
+// put: void(OutputColumn& column), for a row that did not fail.
+template <typename Put>
+static void putRow(ColumnTable& table, std::int64_t row, const Failure& failure, Put put) {
     for (OutputColumn& column : table.columns) {
-        if (putStatus(table, column, row, result.failure)) {
+        if (putStatus(table, column, row, failure)) {
             continue;
         }
-        if (isFailure(result.failure)) {
+        if (isFailure(failure)) {
             columnWriterPutNull(column.writer, row);
         } else {
-            putTranslation(table, column, row, result);
+            put(column);
         }
     }
 }
 
+void columnTablePut(ColumnTable& table, std::int64_t row, const Translation& result) {
+    putRow(table, row, result.failure,
+           [&](OutputColumn& column) { putTranslation(table, column, row, result); });
+}
+
 void columnTablePut(ColumnTable& table, std::int64_t row, const Tid& result) {
-    for (OutputColumn& column : table.columns) {
-        if (putStatus(table, column, row, result.failure)) {
-            continue;
-        }
-        if (isFailure(result.failure)) {
-            columnWriterPutNull(column.writer, row);
-        } else {
-            putTid(table, column, row, result.record);
-        }
-    }
+    putRow(table, row, result.failure,
+           [&](OutputColumn& column) { putTid(table, column, row, result.record); });
 }
 
 void columnTablePut(ColumnTable& table, std::int64_t row, const Rows<Finding>& findings) {

@@ -131,17 +131,6 @@ EpcStatus encodeText(const EncodeCall& call, const std::string& text, Export enc
     });
 }
 
-std::string bracketed(const ParsedAis& ais) {
-    std::string text;
-    for (std::size_t i = 0; i < ais.list.count; ++i) {
-        text += '(';
-        text += aiCodeAt(ais, i);
-        text += ')';
-        text += aiValueAt(ais, i);
-    }
-    return text;
-}
-
 // A plain scheme takes a link by way of a bracketed text, which a "(" in a value would cut: such
 // AIs go on as a barcode string.
 EpcStatus encodeLink(const EncodeCall& call, const std::string& text, const ParsedAis* ais) {
@@ -165,7 +154,7 @@ EpcStatus encodeSyntax(const EncodeCall& call, Form form, const ParsedAis* ais) 
         return encodeLink(call, text, ais);
     }
     return ais != nullptr && canStandInBrackets(*ais)
-               ? encodeText(call, bracketed(*ais), epc_gs1ElementStringToHexEnc)
+               ? encodeText(call, elementStringOf(*ais), epc_gs1ElementStringToHexEnc)
                : encodeText(call, text, epc_barcodeStringToHexEnc);
 }
 

@@ -37,4 +37,15 @@ bool canStandInBrackets(const ParsedAis& ais) {
     return true;
 }
 
+std::string elementStringOf(const ParsedAis& ais) {
+    std::string text;
+    for (std::size_t i = 0; i < ais.list.count; ++i) {
+        text += '(';
+        text += aiCodeAt(ais, i);
+        text += ')';
+        text += aiValueAt(ais, i);
+    }
+    return text;
+}
+
 } // namespace rosetag

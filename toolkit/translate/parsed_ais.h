@@ -31,6 +31,9 @@ inline std::string_view aiCodeAt(const ParsedAis& ais, std::size_t index) {
 // True if a bracketed text of the AIs reads back as the same: a "(" in a value would begin another.
 bool canStandInBrackets(const ParsedAis& ais);
 
+// The AIs as a bracketed text, in their order.
+std::string elementStringOf(const ParsedAis& ais);
+
 } // namespace rosetag
 
 #endif

@@ -199,17 +199,6 @@ void failAsUri(Reading& reading, EpcStatus status, const SchemeInfo& scheme, con
     readingFailAt(reading, status, place.position, place.length, std::move(fault.complaint));
 }
 
-std::string elementStringOf(const ParsedAis& ais) {
-    std::string text;
-    for (std::size_t i = 0; i < ais.list.count; ++i) {
-        text += '(';
-        text += aiCodeAt(ais, i);
-        text += ')';
-        text += aiValueAt(ais, i);
-    }
-    return text;
-}
-
 bool hasAi(const ParsedAis& ais, std::string_view code) {
     for (std::size_t i = 0; i < ais.list.count; ++i) {
         if (aiCodeAt(ais, i) == code) {
