@@ -50,7 +50,7 @@ inline bool isNull(const InColumn& column, idx_t row) {
 // The bytes of a row that is not NULL.
 std::string_view textOf(const InColumn& column, idx_t row);
 
-// The integer of a row, nothing for NULL; otherwise where the column was left out.
+// The integer of a row, nothing for NULL. A column that was left out has the given one.
 std::optional<std::int64_t> integerOf(const InColumn& column, idx_t row,
                                       std::optional<std::int64_t> otherwise);
 

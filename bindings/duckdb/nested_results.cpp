@@ -66,7 +66,7 @@ void putNull(StructColumn& column, idx_t row) {
     }
 }
 
-// What is NULL, is so in its fields too.
+// A struct that is NULL has fields that are NULL too.
 template <typename Put>
 void forEachStruct(Chunk& chunk, std::size_t fields, bool (*read)(SqlRoom& room, SqlValue value),
                    Put put) {

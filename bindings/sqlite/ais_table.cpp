@@ -1,6 +1,6 @@
 /*
- * epc_ais(x): a table without a name of its own, whose rows are the AIs of its argument. The
- * argument is a hidden column, as SQLite has it.
+ * epc_ais(x), a table-valued function: a virtual table whose rows are the AIs of its argument,
+ * which is a hidden column.
  *
  * Source: SQLite: The Virtual Table Mechanism of SQLite (table-valued functions).
  */
@@ -135,7 +135,7 @@ int rowNumber(sqlite3_vtab_cursor* base, sqlite3_int64* number) {
     return SQLITE_OK;
 }
 
-// Without xCreate the table is there by its name, and no other can be made.
+// Without xCreate the table exists under its own name, and CREATE VIRTUAL TABLE makes no other.
 constexpr sqlite3_module moduleMake() {
     sqlite3_module module{};
     module.xConnect = connect;

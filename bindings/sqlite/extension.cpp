@@ -21,7 +21,7 @@ bool sqliteValue(sqlite3_value* argument, SqlValue& value) {
         return false;
     }
     value.isBinary = type == SQLITE_BLOB;
-    // The bytes have to be asked for before their count, which a conversion may change.
+    // The bytes first: to ask for them may convert the value, and change their count.
     const void* const bytes =
         value.isBinary ? sqlite3_value_blob(argument) : sqlite3_value_text(argument);
     const auto count = static_cast<std::size_t>(sqlite3_value_bytes(argument));

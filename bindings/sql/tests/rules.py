@@ -45,7 +45,7 @@ RESULTS = [
 # expression, argument, part of the message
 ERRORS = [
     ("epc_check(?)", "none", "EPC_ERR_BAD_FORMAT"),
-    ("epc_check(?)", ITEM[:20], "here are 80"),
+    ("epc_check(?)", ITEM[:20], "EPC_ERR_TRUNCATED: character 15"),
     ("epc_ai(?, '9999')", ITEM, "there is no AI \"9999\""),
     ("epc_encode(?, 'sgtin-97')", TEXT, "there is no scheme \"sgtin-97\""),
     ("epc_encode(?, '')", TEXT, "there is no scheme"),
