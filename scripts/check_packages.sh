@@ -84,7 +84,7 @@ in_root cmake --build /rosetag/build
 expect "$uri" /rosetag/build/decode "$hex"
 in_root sh -c 'cc /rosetag/examples/decode.c -o /rosetag/decode $(pkg-config --cflags --libs rosetag)'
 expect "$uri" /rosetag/decode "$hex"
-expect "-lrosetag" pkg-config --cflags --libs rosetag
+expect "-lrosetag" sh -c 'echo $(pkg-config --cflags --libs rosetag)'
 cat >"$clean_root/rosetag/whatever.cpp" <<'PROGRAM'
 #include <rosetag/toolkit.hpp>
 #include <iostream>
