@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Counts the instructions of ten conversions and holds them against a file of the repository.
+"""Counts the instructions of some conversions and holds them against a file of the repository.
 
     scripts/instructions.py PROGRAM FILE            fails where a count has grown by more than 10%
     scripts/instructions.py PROGRAM FILE --write    writes the counts of today into FILE
