@@ -243,7 +243,9 @@ int main(int argc, char** argv) {
     for (const char* ai : {"01", "3103", "17", "30", "8008", "10", "8004"}) {
         addAi(ai, ai, share(aiSamples(ai)));
     }
-    addAi("90-digits", "91", share(longNumberSamples()));
+    for (const unsigned digits : {19U, 20U, 90U}) {
+        addAi(std::to_string(digits) + "-digits", "91", share(longNumberSamples(digits)));
+    }
     addCheck();
     addTid();
     addThreads(sgtin);

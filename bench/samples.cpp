@@ -298,10 +298,10 @@ std::vector<AiSample> aiSamples(const char* ai) {
     return samples;
 }
 
-std::vector<AiSample> longNumberSamples() {
+std::vector<AiSample> longNumberSamples(std::size_t digitCount) {
     std::vector<AiSample> samples;
     while (samples.size() < SAMPLE_COUNT) {
-        samples.push_back(aiSample("91", digits(90)));
+        samples.push_back(aiSample("91", digits(digitCount)));
     }
     return samples;
 }
