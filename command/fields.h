@@ -26,6 +26,7 @@ struct Field {
     std::string_view name;
     void (*append)(std::string& text, const Item& item);
     FormSet needs;       // the forms that must have been asked for
+    Form text;           // the form whose text it is, UNKNOWN if it is made otherwise
     bool isForm;         // a form that a value may not have
     bool isOfFailure;    // a value that failed has it
     bool isNumber;       // its text is always a number

@@ -47,10 +47,15 @@ public:
         if (settings.hasWordsOfRows && !takeWords(input.cells)) {
             return;
         }
+        const Form only = settings.required == nullptr ? Form::UNKNOWN : settings.required->text;
         if (settings.isEncode) {
             encode(item.value, options, settings.wanted, item.translation);
+            text = formText(item.translation, only);
+        } else if (settings.wanted == only) {
+            text = rosetag::convert(item.value, options.read, only, item.translation);
         } else {
             translate(item.value, options.read, settings.wanted, item.translation);
+            text = formText(item.translation, only);
         }
         Failure& failure = item.translation.failure;
         if (failure.isOfOptions && !settings.hasWordsOfRows && options.read.gcpList == nullptr) {
@@ -125,7 +130,7 @@ public:
         for (std::size_t i = 0; i < settings.fields.size(); ++i) {
             cells[i].clear();
             if (!isBlank) {
-                fieldAppend(*settings.fields[i], item, settings.isRaw, cells[i]);
+                appendField(*settings.fields[i], cells[i]);
             }
         }
         if (settings.hasStatus) {
@@ -162,9 +167,13 @@ private:
 
     // Fails where the value has no text of the field.
     void require(const Field& field, Failure& failure) {
-        scratch.clear();
-        field.append(scratch, item);
-        if (scratch.empty()) {
+        bool isEmpty = text.empty();
+        if (field.text == Form::UNKNOWN) {
+            scratch.clear();
+            field.append(scratch, item);
+            isEmpty = scratch.empty();
+        }
+        if (isEmpty) {
             failure = Failure();
             failure.status = EPC_ERR_NOT_SUPPORTED;
             failure.message = "this value has no " + std::string(field.name);
@@ -177,32 +186,29 @@ private:
         }
     }
 
-    // The text of the required field is ready.
-    void writeRequired(std::string& out) {
-        if (settings.required->holdsGivenText) {
-            if (!settings.isRaw) {
-                spellSeparators(scratch, 0);
-            }
-            tsvAppendCell(out, scratch);
-        } else {
-            out += scratch;
+    // The required field has its text at hand.
+    void appendField(const Field& field, std::string& out) {
+        const bool isAtHand = &field == settings.required && field.text != Form::UNKNOWN;
+        if (!isAtHand || isFailure(failure())) {
+            return fieldAppend(field, item, settings.isRaw, out);
+        }
+        const std::size_t from = out.size();
+        out += text;
+        if (field.holdsGivenText && !settings.isRaw) {
+            spellSeparators(out, from);
         }
     }
 
     void writeFields(std::string& out) {
-        if (settings.fields.size() == 1 && settings.fields.front() == settings.required &&
-            !isFailure(failure())) {
-            return writeRequired(out);
-        }
         const char* tab = "";
         for (const Field* field : settings.fields) {
             out += tab;
             tab = "\t";
             if (!field->holdsGivenText) {
-                fieldAppend(*field, item, settings.isRaw, out);
+                appendField(*field, out);
             } else {
                 scratch.clear();
-                fieldAppend(*field, item, settings.isRaw, scratch);
+                appendField(*field, scratch);
                 tsvAppendCell(out, scratch);
             }
         }
@@ -212,7 +218,8 @@ private:
     EncodeOptions options;
     Item item;
     std::string composed;
-    std::string scratch; // after convert the text of the required field
+    std::string_view text; // of the required field, after a conversion
+    std::string scratch;
 };
 
 } // namespace

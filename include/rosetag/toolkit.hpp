@@ -537,13 +537,14 @@ void translate(std::span<const std::uint8_t> bytes, const ReadOptions& options, 
                Translation& result);
 
 /**
- * Translates a value into one form that is one text. That of a tag value of 96 bits costs little
- * more than the call of the library.
+ * Translates a value into one form that is one text. That of a tag value of a plain scheme costs
+ * little more than the call of the library.
  *
  *     value    the value in any form, or the bits of a tag as bytes.
  *     options  how to read it.
  *     form     the form.
- *     result   receives the failure and holds the text; its other members are of no interest.
+ *     result   receives failure and notes, and holds the text; its other members are of no
+ * interest.
  *
  * Gives the text until result is used again; empty after a failure, and where the value does not
  * have the form.

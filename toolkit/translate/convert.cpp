@@ -1,9 +1,10 @@
 /*
  * One form of a value, and values that are given as bytes.
  */
+#include "recognise/plain_tag.h"
+#include "recognise/reading.h"
 #include "rosetag/toolkit.hpp"
 #include "translate/plain_rows.h"
-#include "words/failure.h"
 
 namespace rosetag {
 namespace {
@@ -12,24 +13,24 @@ std::string_view charactersOf(std::span<const std::uint8_t> bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-// True where the value is a plain row and has the form: then text is that.
-bool convertPlain(std::string_view value, bool isBinary, const ReadOptions& options, Form form,
-                  Translation& result, std::string_view& text) {
+// True where the bits of a tag have the form: then text is that.
+bool convertBits(const std::uint8_t* bytes, std::int32_t count, Form form, Translation& result,
+                 std::string_view& text) {
     const PlainRowMaker make = plainRowMakerOf(form);
-    PlainRow row;
-    if (make == nullptr || !mayBePlainRows(options) || !plainRowRead(value, isBinary, row)) {
-        return false;
-    }
     std::string& room = result.workspace.more;
     if (room.size() < PLAIN_ROW_ROOM) {
         room.resize(PLAIN_ROW_ROOM);
     }
-    std::size_t length = 0;
-    if (!plainRowForm(row, make, room.data(), length)) {
+    BitBuffer bits = bitBufferForReading(bytes, count);
+    TextBuffer buffer = textBufferOver(room.data(), PLAIN_ROW_ROOM);
+    if (make == nullptr || make(bits, buffer) != EPC_OK) {
         return false;
     }
-    result.failure.status = EPC_OK;
-    text = {room.data(), length};
+    if (isFailure(result.failure)) {
+        failureClear(result.failure);
+    }
+    result.notes.clear();
+    text = textBufferView(buffer);
     return true;
 }
 
@@ -52,8 +53,10 @@ void translate(std::span<const std::uint8_t> bytes, const ReadOptions& options, 
 
 std::string_view convert(std::string_view value, const ReadOptions& options, Form form,
                          Translation& result) {
+    TagBits tag;
     std::string_view text;
-    if (convertPlain(value, false, options, form, result, text)) {
+    if (plainTagRead(value, options, tag) &&
+        convertBits(tag.bytes.data(), tag.count, form, result, text)) {
         return text;
     }
     translate(value, options, form, result);
@@ -62,8 +65,10 @@ std::string_view convert(std::string_view value, const ReadOptions& options, For
 
 std::string_view convert(std::span<const std::uint8_t> bytes, const ReadOptions& options, Form form,
                          Translation& result) {
+    PlainRow row;
     std::string_view text;
-    if (convertPlain(charactersOf(bytes), true, options, form, result, text)) {
+    if (mayBePlainRows(options) && plainRowRead(charactersOf(bytes), true, row) &&
+        convertBits(row.bytes, 8 * PLAIN_ROW_BYTES, form, result, text)) {
         return text;
     }
     translate(bytes, options, form, result);

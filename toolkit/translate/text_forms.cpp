@@ -36,6 +36,11 @@ EpcStatus writeAis(std::string& text, EpcStatus (*write)(TextBuffer&, List, cons
     return EPC_OK;
 }
 
+// An identity is sound if there is a scheme that holds it.
+HowMany howManyFit(FormSet wanted) {
+    return wanted.has(Form::FITS_SCHEMES) ? HowMany::ALL : HowMany::ONE;
+}
+
 // Whether there would be a pure identity URI is found out with any length of the prefix.
 void addPureIdentity(Reading& reading, const ParsedAis& ais, FormSet wanted, Translation& result) {
     constexpr int anyLength = 7;
@@ -54,7 +59,8 @@ void addPureIdentity(Reading& reading, const ParsedAis& ais, FormSet wanted, Tra
             .option = "gcp_length";
         return;
     }
-    if (schemesThatFit(uri, result.fitsSchemes) == EPC_OK && wanted.has(Form::PURE_IDENTITY)) {
+    if (schemesThatFit(uri, howManyFit(wanted), result.fitsSchemes) == EPC_OK &&
+        wanted.has(Form::PURE_IDENTITY)) {
         result.pureIdentity = uri;
     }
 }
@@ -96,7 +102,7 @@ EpcStatus formsOfGs1Text(Reading& reading, Form form, const std::string& text, F
 
 EpcStatus formsOfPureIdentity(Reading& reading, FormSet wanted, Translation& result) {
     const std::string& uri = reading.workspace.text;
-    EPC_TRY(schemesThatFit(uri, result.fitsSchemes));
+    EPC_TRY(schemesThatFit(uri, howManyFit(wanted), result.fitsSchemes));
     const bool hasSchemes = !result.fitsSchemes.empty();
     const EpcStatus status =
         textFrom<EPC_ELEMENT_STRING_SIZE>(result.elementString, [&](std::int32_t size, char* dst) {

@@ -117,19 +117,25 @@ void translationClear(Translation& result, FormSet asked) {
     result.asked = asked;
 }
 
-EpcStatus schemesThatFit(const std::string& pureIdentity, Rows<const SchemeInfo*>& fits) {
+EpcStatus schemesThatFit(const std::string& pureIdentity, HowMany howMany,
+                         Rows<const SchemeInfo*>& fits) {
     std::string_view family = pureIdentity;
     family.remove_prefix(PURE_IDENTITY_URI_PREFIX.size());
     family = family.substr(0, family.find(':'));
     EpcStatus status = EPC_OK;
-    std::array<char, EPC_HEX_SIZE> hex;
+    TagBits tag;
     for (const SchemeInfo& scheme : schemes()) {
         if (!scheme.hasUris || scheme.family != family) {
             continue;
         }
-        status = epc_epcUriToHex(pureIdentity.c_str(), scheme.scheme, 0, EPC_HEX_SIZE, hex.data());
+        status = tagBitsWrite(tag, [&](BitBuffer& bits) {
+            return pureIdentityUriToBits(bits, pureIdentity, scheme.scheme, 0);
+        });
         if (status == EPC_OK) {
             fits.add() = &scheme;
+        }
+        if (status == EPC_OK && howMany == HowMany::ONE) {
+            break;
         }
     }
     return fits.empty() ? status : EPC_OK;

@@ -51,9 +51,12 @@ EpcStatus numberOfBits(const BitBuffer& bits, Form number, TextBuffer& text);
 // How many bits of a tag value its scheme takes, or 0 if it cannot be read.
 std::size_t tagValueBits(std::string_view hex);
 
-// The schemes that can hold an identity. Their status is that of the roomiest, EPC_OK if there is
-// one.
-EpcStatus schemesThatFit(const std::string& pureIdentity, Rows<const SchemeInfo*>& fits);
+enum class HowMany : std::uint8_t { ALL, ONE };
+
+// The schemes that can hold an identity, or one of them. Their status is that of the roomiest,
+// EPC_OK if there is one.
+EpcStatus schemesThatFit(const std::string& pureIdentity, HowMany howMany,
+                         Rows<const SchemeInfo*>& fits);
 
 } // namespace rosetag
 

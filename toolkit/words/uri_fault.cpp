@@ -344,7 +344,7 @@ std::string uriShape(const SchemeInfo& scheme, Form form) {
 
 std::string uriHolders(const std::string& pureIdentity) {
     Rows<const SchemeInfo*> fits;
-    if (schemesThatFit(pureIdentity, fits) != EPC_OK || fits.empty()) {
+    if (schemesThatFit(pureIdentity, HowMany::ALL, fits) != EPC_OK || fits.empty()) {
         return {};
     }
     std::string names;
