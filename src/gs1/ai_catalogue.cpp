@@ -90,10 +90,6 @@ const AiDefinition* aiFind(std::string_view code) {
     return aiAtSlot(aiSlotOf(code));
 }
 
-std::int32_t aiCodeLength(char first, char second) {
-    return aiPrefixOf(first, second).codeDigits;
-}
-
 EpcStatus aiReadCode(TextCursor& cursor, const AiDefinition*& ai) {
     const char* const code = cursor.current;
     if (!charIsDigit(code[0])) {

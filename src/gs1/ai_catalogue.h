@@ -82,10 +82,6 @@ inline const AiDefinition* aiAtSlot(std::size_t slot) {
 // The definition of exactly this code, or null.
 const AiDefinition* aiFind(std::string_view code);
 
-// The count of digits of an AI code, 2 to 4, by its two leading characters, or 0 if no AI begins
-// so.
-std::int32_t aiCodeLength(char first, char second);
-
 // Reads the code at the cursor, whose span is not followed by a digit. ai is an empty slot if the
 // code is well formed but not assigned; EPC_ERR_UNKNOWN_AI if no AI begins with its two leading
 // digits.

@@ -84,7 +84,7 @@ TEST(AiPrefix, TellsTheLengthsOfCodeAndValue) {
         const auto second = static_cast<char>('0' + pair % 10);
         const AiPrefix prefix = aiPrefixOf(first, second);
         EXPECT_EQ(codeDigits, prefix.codeDigits) << pair;
-        EXPECT_EQ(codeDigits, aiCodeLength(first, second)) << pair;
+        EXPECT_EQ(codeDigits, aiPrefixOf(first, second).codeDigits) << pair;
         EXPECT_EQ(predefinedLength == 0 ? 0 : predefinedLength - codeDigits, prefix.valueLength)
             << pair;
     }

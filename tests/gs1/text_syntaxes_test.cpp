@@ -27,7 +27,7 @@ std::vector<std::string> catalogueCodes() {
     for (int number = 0; number < 10000; ++number) {
         std::string code = std::to_string(number);
         code.insert(0, 4 - code.size(), '0');
-        code.resize(static_cast<std::size_t>(aiCodeLength(code[0], code[1])));
+        code.resize(aiPrefixOf(code[0], code[1]).codeDigits);
         if (aiFind(code) != nullptr && (codes.empty() || codes.back() != code)) {
             codes.push_back(code);
         }

@@ -5,6 +5,7 @@
 #include "recognise/barcode_text.h"
 #include "recognise/gtin_text.h"
 #include "values/text_encoding.h"
+#include "words/shown_text.h"
 
 #include <algorithm>
 #include <iterator>
@@ -217,10 +218,6 @@ bool isFixedThroughout(const ValueParts& parts) {
                        [](const ValuePart& part) { return part.least == part.most; });
 }
 
-std::string numbered(std::size_t count, std::string_view unit) {
-    return std::to_string(count) + ' ' + std::string(unit) + (count == 1 ? "" : "s");
-}
-
 // "6 or 10 digits": every length of a value whose parts are of fixed length.
 std::string describeFixedParts(const ValueParts& parts) {
     std::string lengths;
@@ -231,7 +228,7 @@ std::string describeFixedParts(const ValueParts& parts) {
         }
         length += parts[i].most;
     }
-    return lengths + numbered(length, isDigitsThroughout(parts) ? "digit" : "character");
+    return lengths + counted(length, isDigitsThroughout(parts) ? "digit" : "character");
 }
 
 } // namespace
@@ -246,7 +243,7 @@ std::string describeParts(const ValueParts& parts) {
         if (part.most != 0) {
             text += text.empty() ? "" : ", then ";
             text += isFixed ? "" : part.optional ? "0 to " : std::to_string(part.least) + " to ";
-            text += numbered(part.most, part.set == CharacterSet::DIGITS ? "digit" : "character");
+            text += counted(part.most, part.set == CharacterSet::DIGITS ? "digit" : "character");
         }
     }
     return text;

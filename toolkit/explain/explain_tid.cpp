@@ -1,13 +1,10 @@
 #include "explain/explain_epc.h"
 #include "tid/tid_layout.h"
+#include "words/shown_text.h"
 
 namespace rosetag {
 
 namespace {
-
-std::string countOfWords(std::uint64_t count) {
-    return std::to_string(count) + (count == 1 ? " word" : " words");
-}
 
 void meanNumber(Walk& walk, const TidField& field, std::uint64_t number) {
     const std::string digits = std::to_string(number);
@@ -25,7 +22,7 @@ void meanNumber(Walk& walk, const TidField& field, std::uint64_t number) {
                                                 std::to_string(tidSerialBits(number)) + " bits");
     case TidMeaning::WORDS:
     case TidMeaning::LARGEST_BLOCK:
-        return walkMean(walk, countOfWords(number), digits);
+        return walkMean(walk, counted(number, "word"), digits);
     case TidMeaning::NUMBER:
     case TidMeaning::SERIAL:
         return walkMean(walk, "0x" + hexOfBits(walkLastBits(walk)), digits);

@@ -1,5 +1,7 @@
 #include "words/ai_words.h"
 
+#include "words/shown_text.h"
+
 #include "gs1/ai_catalogue.h"
 
 #include <array>
@@ -30,7 +32,7 @@ std::string componentText(const AiComponent& component) {
     switch (component.kind) {
     case AI_KIND_NUMERIC:
     case AI_KIND_DIGITS:
-        return component.digitCount == 1 ? "1 digit" : count + " digits";
+        return counted(component.digitCount, "digit");
     case AI_KIND_TEXT:
         return "1 to " + most + " characters";
     case AI_KIND_DIGITS_THEN_TEXT:
