@@ -96,7 +96,15 @@ in_root sh -c 'c++ -std=c++20 /rosetag/whatever.cpp -o /rosetag/whatever \
     $(pkg-config --cflags --libs rosetag-toolkit)'
 expect "$uri" /rosetag/whatever "$hex"
 
-in_root sh -c 'dpkg -r rosetag librosetag-toolkit-dev librosetag-dev librosetag1'
+in_root sh -c 'apt-get install -y -qq --no-install-recommends /rosetag/postgresql-15-rosetag_*.deb'
+readonly in_server='PATH=$PATH:/usr/lib/postgresql/15/bin PGDATA=/tmp/data'
+in_root runuser -u postgres -- sh -c "$in_server initdb >/dev/null && $in_server pg_ctl -w \
+    -l /tmp/server.log -o '-k /tmp -c listen_addresses=' start >/dev/null"
+expect "$uri" runuser -u postgres -- psql -XAtqh /tmp -c 'CREATE EXTENSION rosetag' \
+    -c "SELECT epc_tag_uri('$hex')"
+in_root runuser -u postgres -- sh -c "$in_server pg_ctl stop >/dev/null"
+
+in_root sh -c 'dpkg -r postgresql-15-rosetag rosetag librosetag-toolkit-dev librosetag-dev librosetag1'
 
 say "Conan"
 conan=$source_dir/build/conan

@@ -7,7 +7,7 @@
 # between. Nothing runs in parallel.
 set -euo pipefail
 
-readonly prefix=$1 rows=1000000 runs=7
+readonly prefix=$1 rows=1000000 runs=5
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 work=$(mktemp -d)
 trap 'rm -rf -- "$work"' EXIT
@@ -15,7 +15,7 @@ pc=$(find "$prefix" -name rosetag-toolkit.pc -printf '%h')
 read -ra flags < <(PKG_CONFIG_PATH=$pc pkg-config --cflags --libs rosetag-toolkit)
 c++ -std=c++20 -O2 "$here/bench.cpp" -o "$work/loop" "${flags[@]}"
 
-psql -Xq -v ON_ERROR_STOP=1 <<SQL
+psql -Xq -v ON_ERROR_STOP=1 <<SQL 2>/dev/null
 CREATE EXTENSION IF NOT EXISTS rosetag;
 DROP TABLE IF EXISTS bench;
 CREATE UNLOGGED TABLE bench AS
@@ -38,7 +38,7 @@ query() {
 
 readonly calls=(epc bits 'upper(epc)' 'epc_tag_uri(epc)' 'epc_tag_uri(bits)'
     'epc_element_string(epc)' 'epc_element_string(bits)' 'epc_digital_link(epc)' 'epc_gtin(epc)'
-    'epc_serial(epc)' 'epc_ai(epc, '"'21'"')' 'epc_status(epc)' 'epc_hex(epc)' 'epc_decode(epc)')
+    'epc_serial(epc)' 'epc_ai(epc, '"'21'"')' 'epc_status(epc)' 'epc_check(epc)' 'epc_hex(epc)' 'epc_decode(epc)')
 for ((run = 0; run < runs; ++run)); do
     for call in "${calls[@]}"; do
         printf '%s\t%s\n' "$call" "$(query "$call")"

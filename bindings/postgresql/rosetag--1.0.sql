@@ -1,6 +1,8 @@
 -- complain if script is sourced in psql, rather than via CREATE EXTENSION
 \echo Use "CREATE EXTENSION rosetag" to load this file. \quit
 
+-- Costs are in proportion to the times that bench.sh measures.
+
 --
 -- One form of a value, NULL for one that cannot be decoded
 --
@@ -178,12 +180,12 @@ CREATE TYPE epc_forms AS (
 
 CREATE FUNCTION epc_decode(x text)
     RETURNS epc_forms AS 'MODULE_PATHNAME', 'epc_decode_of_text'
-    LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 20;
+    LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
 COMMENT ON FUNCTION epc_decode(text) IS 'all forms of a value';
 
 CREATE FUNCTION epc_decode(x bytea)
     RETURNS epc_forms AS 'MODULE_PATHNAME', 'epc_decode_of_bytea'
-    LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 20;
+    LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 40;
 COMMENT ON FUNCTION epc_decode(bytea) IS 'all forms of a value';
 
 CREATE FUNCTION epc_ais(x text)

@@ -13,7 +13,6 @@
 #include <funcapi.h>
 #include <mb/pg_wchar.h>
 #include <miscadmin.h>
-#include <utils/builtins.h>
 #include <utils/tuplestore.h>
 
 PG_MODULE_MAGIC;
@@ -57,7 +56,10 @@ static bool convertCharacters(struct RosetagText text, int from, int to,
 
 /* A text of the database in UTF-8. What cannot be converted stays as it is. */
 static struct RosetagText utf8Of(struct RosetagText text) {
-    const int encoding = GetDatabaseEncoding();
+    static int encoding = -1; /* that of a session's database never changes */
+    if (encoding < 0) {
+        encoding = GetDatabaseEncoding();
+    }
     if (encoding != PG_UTF8 && encoding != PG_SQL_ASCII && text.size <= rosetagLongestValue() &&
         !isAscii(text)) {
         (void)convertCharacters(text, encoding, PG_UTF8, &text);
@@ -67,8 +69,11 @@ static struct RosetagText utf8Of(struct RosetagText text) {
 
 /* A result in the encoding of the database. False: it cannot be written in that. */
 static bool serverTextOf(struct RosetagText* text) {
+    if (isAscii(*text)) {
+        return true;
+    }
     const int encoding = GetDatabaseEncoding();
-    if (encoding == PG_SQL_ASCII || isAscii(*text)) {
+    if (encoding == PG_SQL_ASCII) {
         return true;
     }
     if (!pg_verify_mbstr(PG_UTF8, text->data, (int)text->size, true)) {
@@ -142,9 +147,16 @@ static void refuseArgument(struct RosetagText sentence) {
     ereport(ERROR, (errcode(ERRCODE_INVALID_PARAMETER_VALUE), errmsg("%s", sentenceOf(sentence))));
 }
 
+static Datum bytesDatum(struct RosetagText bytes) {
+    struct varlena* const stored = palloc(VARHDRSZ + bytes.size);
+    SET_VARSIZE(stored, VARHDRSZ + bytes.size);
+    memcpy(VARDATA(stored), bytes.data, bytes.size);
+    return PointerGetDatum(stored);
+}
+
 static Datum textDatum(struct RosetagText text, bool* isNull) {
     *isNull = text.size == 0 || !serverTextOf(&text);
-    return *isNull ? (Datum)0 : PointerGetDatum(cstring_to_text_with_len(text.data, text.size));
+    return *isNull ? (Datum)0 : bytesDatum(text);
 }
 
 /* The row type of a function that gives rows, kept for the next call. */
@@ -351,8 +363,7 @@ static Datum encode(FunctionCallInfo fcinfo, bool asBytes) {
     if (!isThere(outcome)) {
         PG_RETURN_NULL();
     }
-    /* Both are a length and bytes. */
-    PG_RETURN_TEXT_P(cstring_to_text_with_len(result.data, result.size));
+    return bytesDatum(result);
 }
 
 PG_FUNCTION_INFO_V1(epc_encode);
@@ -367,6 +378,5 @@ Datum epc_encode_bytes(PG_FUNCTION_ARGS) {
 
 PG_FUNCTION_INFO_V1(rosetag_version);
 Datum rosetag_version(PG_FUNCTION_ARGS) {
-    const struct RosetagText version = rosetagVersion();
-    PG_RETURN_TEXT_P(cstring_to_text_with_len(version.data, version.size));
+    return bytesDatum(rosetagVersion());
 }

@@ -47,6 +47,16 @@ class Versions(unittest.TestCase):
         }
         self.assertEqual(told, dict.fromkeys(told, version))
 
+    # A release that leaves the SQL as it is needs no new script.
+    def test_agree_with_that_of_the_extension(self):
+        extension = only_match(r"^default_version = '(.*)'$",
+                               text_of(SOURCE, "bindings/postgresql/rosetag.control"))
+        version = only_match(r'^#define ROSETAG_VERSION "(.*)"$',
+                             text_of(SOURCE, "include/rosetag/rosetag.h"))
+        self.assertEqual(version.rsplit(".", 1)[0], extension)
+        self.assertTrue(os.path.exists(os.path.join(
+            SOURCE, f"bindings/postgresql/rosetag--{extension}.sql")))
+
 
 if __name__ == "__main__":
     unittest.main(argv=sys.argv[:1])
