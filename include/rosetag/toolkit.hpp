@@ -483,7 +483,7 @@ struct Translation {
     const SchemeInfo* scheme = nullptr; ///< Of a tag value; null where there is none.
     std::optional<int> filter;          ///< Of a tag value whose scheme has one.
     int bits = 0;                       ///< The length of a tag value as hex, 8 bits a byte.
-    std::string hex;
+    std::string hex;                    ///< In upper case; all digits that were given.
     std::string tagUri;
     std::string pureIdentity;
     std::string elementString;

@@ -122,9 +122,18 @@ FormSet readable(FormSet wanted, const SchemeInfo& scheme) {
 
 } // namespace
 
+void hexAsGiven(std::string_view hex, std::string& text) {
+    text = hex;
+    for (char& digit : text) {
+        if ('a' <= digit && digit <= 'f') {
+            digit = static_cast<char>(digit - 'a' + 'A');
+        }
+    }
+}
+
 EpcStatus formsOfHex(std::string_view hex, FormSet wanted, Translation& result) {
     if (wanted.has(Form::HEX)) {
-        result.hex = hex;
+        hexAsGiven(hex, result.hex);
     }
     return formsOfTag(tagBitsOf(hex), wanted, TagOrigin::GIVEN, result);
 }

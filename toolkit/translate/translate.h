@@ -21,6 +21,9 @@ void dropUnasked(FormSet asked, Translation& result);
 // is strict an error among it is a failure.
 void findOut(Reading& reading, Translation& result);
 
+// The digits of hex as they were given, in upper case.
+void hexAsGiven(std::string_view hex, std::string& text);
+
 // Fills the forms of a tag value, its scheme, filter and length. On failure they are as far as it
 // could be read.
 EpcStatus formsOfHex(std::string_view hex, FormSet wanted, Translation& result);
