@@ -1,8 +1,7 @@
 #include "words/ai_words.h"
 
-#include "words/shown_text.h"
-
 #include "gs1/ai_catalogue.h"
+#include "words/shown_text.h"
 
 #include <array>
 #include <string>
