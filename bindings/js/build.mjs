@@ -76,7 +76,7 @@ run(tsc, "-p", here);
 mkdirSync(join(dist, "cjs"), { recursive: true });
 writeFileSync(join(dist, "cjs/package.json"), '{ "type": "commonjs" }\n');
 run(tsc, "-p", here, "--outDir", "dist/cjs", "--module", "commonjs", "--moduleResolution", "node10");
-for (const name of ["core", "explain"]) {
+for (const name of ["rosetag", "core", "explain"]) {
   copyFileSync(join(build, `${name}.wasm`), join(dist, `${name}.wasm`));
 }
 copyFileSync(join(root, "LICENSE"), join(here, "LICENSE"));

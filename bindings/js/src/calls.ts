@@ -95,16 +95,24 @@ function utf8Length(text: string): number {
   return length;
 }
 
-/** No text that is encoded holds one. */
+/** Half of a pair, which no encoding of Unicode can hold. */
 const LONE_SURROGATE = /\p{Surrogate}/u;
 
-function isShort(text: string): boolean {
-  for (let at = 0; at < text.length; ++at) {
-    if (text.charCodeAt(at) >= 0x80) {
-      return false;
-    }
+function refuseLoneSurrogate(text: string): void {
+  const position = text.search(LONE_SURROGATE);
+  if (position >= 0) {
+    const message = "half of a surrogate pair is not a character";
+    throw new RosetagError(text, {
+      status: "BAD_CHARACTER",
+      text: `character ${position + 1}: ${message}; leave it out`,
+      message,
+      remedy: "leave it out",
+      position,
+      length: 1,
+      culprit: text.charAt(position),
+      option: "",
+    });
   }
-  return true;
 }
 
 /**
@@ -116,20 +124,11 @@ export function put(wasm: Wasm, value: Value, offset = 0): number {
     if (value.length > wasm.largestValue) {
       return utf8Length(value);
     }
-    if (!isShort(value) && LONE_SURROGATE.test(value)) {
-      const position = value.search(LONE_SURROGATE);
-      throw new RosetagError(value, {
-        status: "BAD_CHARACTER",
-        text: `character ${position + 1}: half of a surrogate pair is not a character; leave it out`,
-        message: "half of a surrogate pair is not a character",
-        remedy: "leave it out",
-        position,
-        length: 1,
-        culprit: value.charAt(position),
-        option: "",
-      });
+    const length = wasm.putText(value, offset);
+    if (length !== value.length) {
+      refuseLoneSurrogate(value);
     }
-    return wasm.putText(value, offset);
+    return length;
   }
   if (value instanceof Uint8Array || value instanceof Uint16Array) {
     const digits = 2 * value.byteLength;
@@ -160,7 +159,7 @@ export function integerOf(what: string, given: number | undefined): number {
 // ---- Calls ----
 
 /** Runs a call. A module that ran out of memory begins anew. */
-function attempt<Result>(wasm: Wasm, call: (wasm: Wasm) => Result): Result {
+export function attempt<Result>(wasm: Wasm, call: (wasm: Wasm) => Result): Result {
   try {
     return call(wasm);
   } catch (error) {

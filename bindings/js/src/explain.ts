@@ -3,6 +3,7 @@
  * `rosetag` say where a value is wrong and what to do.
  */
 import {
+  attempt,
   encodingNumber,
   errorOf,
   flagsOf,
@@ -29,9 +30,10 @@ export { GcpList } from "./gcp_list.js";
  */
 export function explain(value: Value, options?: ReadOptions): Explanation {
   const wasm = reasons();
-  const call = (): number =>
-    wasm.exports.rosetag_explain(put(wasm, value), flagsOf(options), gcpLengthOf(options));
-  const status = call();
+  const flags = flagsOf(options);
+  const gcpLength = gcpLengthOf(options);
+  const call = (): number => wasm.exports.rosetag_explain(put(wasm, value), flags, gcpLength);
+  const status = attempt(wasm, call);
   const raw = JSON.parse(wasm.result());
   const failure = status === 0 ? null : errorOf(value, call, wasm);
   if (failure !== null && raw.fields.length === 0) {
@@ -68,10 +70,17 @@ function fieldOf(raw: Record<string, unknown>): Field {
   };
 }
 
-/** Finds every place where a value breaks a rule of GS1. Nothing found: it is right. */
+/**
+ * Finds every place where a value breaks a rule of GS1. Nothing found: it is right.
+ *
+ * @throws RosetagError only if the value is too long to look at, or not well-formed Unicode.
+ */
 export function check(value: Value, options?: ReadOptions): readonly Finding[] {
+  refuseTooLong(value);
   const wasm = reasons();
-  wasm.exports.rosetag_check(put(wasm, value), flagsOf(options), gcpLengthOf(options));
+  const flags = flagsOf(options);
+  const gcpLength = gcpLengthOf(options);
+  attempt(wasm, () => wasm.exports.rosetag_check(put(wasm, value), flags, gcpLength));
   const { findings } = JSON.parse(wasm.result());
   return findings.map((raw: Record<string, unknown>) => {
     const finding = {

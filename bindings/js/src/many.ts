@@ -73,6 +73,7 @@ class Pass {
       texts.length,
       textLength,
       this.#wanted,
+      this.#schemes === undefined && this.#filters === undefined ? 0 : 1,
       this.#flags,
       this.#gcpLength,
     );

@@ -28,6 +28,7 @@ interface Exports {
     rows: number,
     textLength: number,
     forms: number,
+    details: number,
     flags: number,
     gcpLength: number,
   ): void;
@@ -59,8 +60,9 @@ export interface RawFailure {
 const encoder = new TextEncoder();
 const decoder = new TextDecoder();
 
-/** Texts up to this length are quicker put together here than by the decoder. */
-const SHORT_TEXT = 64;
+/** Texts up to these lengths are quicker written and put together here than by the functions above. */
+const SHORT_INPUT = 64;
+const SHORT_RESULT = 16;
 
 function bytesOfBase64(text: string): Uint8Array<ArrayBuffer> {
   const characters = atob(text);
@@ -94,13 +96,14 @@ export class Wasm {
     this.#inputSize = 0;
     this.#result = this.exports.rosetag_result() / 4;
     this.largestValue = this.exports.rosetag_largestValue();
+    this.bytes = new Uint8Array();
     this.look();
     this.reserve(4096);
   }
 
-  /** Looks at the memory again: growing moves it. */
+  /** Looks at the memory again: growing moves it, and leaves views without a length. */
   look(): void {
-    if (this.bytes?.buffer !== this.exports.memory.buffer) {
+    if (this.bytes.length === 0) {
       this.bytes = new Uint8Array(this.exports.memory.buffer);
       this.words = new Uint32Array(this.exports.memory.buffer);
     }
@@ -122,7 +125,7 @@ export class Wasm {
     this.reserve(offset + 3 * length);
     const { bytes } = this;
     const first = this.input + offset;
-    if (length <= SHORT_TEXT) {
+    if (length <= SHORT_INPUT) {
       let at = 0;
       for (; at < length; ++at) {
         const code = text.charCodeAt(at);
@@ -140,9 +143,8 @@ export class Wasm {
 
   /** A text in the memory. */
   textAt(address: number, length: number): string {
-    this.look();
     const { bytes } = this;
-    if (length <= SHORT_TEXT) {
+    if (length <= SHORT_RESULT) {
       let text = "";
       let at = address;
       for (; at < address + length; ++at) {
@@ -169,8 +171,8 @@ export class Wasm {
 
   /** The result of the last call. */
   result(): string {
-    const { address, length } = this.resultPlace();
-    return this.textAt(address, length);
+    this.look();
+    return this.textAt(this.words[this.#result] as number, this.words[this.#result + 1] as number);
   }
 
   failure(): RawFailure {

@@ -5,7 +5,7 @@
  */
 #include "face.h"
 
-#include <array>
+#include <bit>
 #include <cstring>
 
 using namespace rosetag;
@@ -81,8 +81,7 @@ ROSETAG_JS(rosetag_largestValue) std::size_t rosetag_largestValue() {
 ROSETAG_JS(rosetag_convert)
 EpcStatus rosetag_convert(std::size_t length, int form, std::uint32_t flags, int gcpLength) {
     Translation& item = face().item;
-    translate(valueOf(length), readOptions(flags, gcpLength), static_cast<Form>(form), item);
-    give(formText(item, static_cast<Form>(form)));
+    give(convert(valueOf(length), readOptions(flags, gcpLength), static_cast<Form>(form), item));
     return item.failure.status;
 }
 
@@ -140,10 +139,49 @@ ROSETAG_JS(rosetag_failure) void rosetag_failure() {
  * ---- Many values ----
  */
 
+namespace {
+
+std::uint32_t numberAt(const char* place) {
+    std::uint32_t number = 0;
+    std::memcpy(&number, place, sizeof number);
+    return number;
+}
+
+void finish(Column& column, std::string_view text) {
+    column.texts += text;
+    column.ends.push_back(static_cast<std::uint32_t>(column.texts.size()));
+}
+
+// One form of each row, without its scheme and filter, which is quicker.
+Row convertRow(std::string_view value, const ReadOptions& options, Form form) {
+    Translation& item = face().item;
+    finish(face().columns[static_cast<std::size_t>(form)], convert(value, options, form, item));
+    return {static_cast<std::uint8_t>(item.failure.status), NOT_GIVEN, NOT_GIVEN};
+}
+
+Row translateRow(std::string_view value, const ReadOptions& options, FormSet wanted) {
+    Face& all = face();
+    translate(value, options, wanted, all.item);
+    const bool isGood = !isFailure(all.item.failure);
+    for (std::size_t form = 0; form < all.columns.size(); ++form) {
+        if (wanted.has(static_cast<Form>(form))) {
+            finish(all.columns[form],
+                   isGood ? formText(all.item, static_cast<Form>(form)) : std::string_view());
+        }
+    }
+    const bool hasScheme = isGood && all.item.scheme != nullptr;
+    const int filter = isGood ? all.item.filter.value_or(NOT_GIVEN) : NOT_GIVEN;
+    return {static_cast<std::uint8_t>(all.item.failure.status),
+            static_cast<std::int8_t>(hasScheme ? all.item.scheme->scheme : NOT_GIVEN),
+            static_cast<std::int8_t>(filter)};
+}
+
+} // namespace
+
 // The input holds the texts of the rows one after the other, then, from a multiple of four on,
-// where each ends, as 32-bit numbers.
+// where each ends, as 32-bit numbers. details: schemes and filters are wanted too.
 ROSETAG_JS(rosetag_decodeMany)
-void rosetag_decodeMany(std::size_t rows, std::size_t textLength, std::uint32_t forms,
+void rosetag_decodeMany(std::size_t rows, std::size_t textLength, std::uint32_t forms, int details,
                         std::uint32_t flags, int gcpLength) {
     Face& all = face();
     const char* const text = all.input.data();
@@ -153,33 +191,18 @@ void rosetag_decodeMany(std::size_t rows, std::size_t textLength, std::uint32_t 
     for (std::size_t form = 0; form < all.columns.size(); ++form) {
         all.columns[form].texts.clear();
         all.columns[form].ends.clear();
-        if ((forms >> form & 1U) != 0) {
-            wanted = wanted | static_cast<Form>(form);
-        }
+        wanted = (forms >> form & 1U) != 0 ? wanted | static_cast<Form>(form) : wanted;
     }
-    all.rows.resize(rows);
+    const auto only = static_cast<Form>(std::countr_zero(forms));
+    const bool isOne = std::has_single_bit(forms) && details == 0;
+    all.rows.clear();
     std::uint32_t first = 0;
     for (std::size_t row = 0; row < rows; ++row) {
-        std::uint32_t end = 0;
-        std::memcpy(&end, ends + 4 * row, sizeof end);
-        translate({text + first, end - first}, options, wanted, all.item);
+        const std::uint32_t end = numberAt(ends + 4 * row);
+        const std::string_view value(text + first, end - first);
+        all.rows.push_back(isOne ? convertRow(value, options, only)
+                                 : translateRow(value, options, wanted));
         first = end;
-        const bool isGood = all.item.failure.status == EPC_OK;
-        all.rows[row] = {
-            static_cast<std::uint8_t>(all.item.failure.status),
-            static_cast<std::int8_t>(isGood && all.item.scheme != nullptr ? all.item.scheme->scheme
-                                                                          : NOT_GIVEN),
-            static_cast<std::int8_t>(isGood ? all.item.filter.value_or(NOT_GIVEN) : NOT_GIVEN)};
-        for (std::size_t form = 0; form < all.columns.size(); ++form) {
-            if (!wanted.has(static_cast<Form>(form))) {
-                continue;
-            }
-            Column& column = all.columns[form];
-            if (isGood) {
-                column.texts += formText(all.item, static_cast<Form>(form));
-            }
-            column.ends.push_back(static_cast<std::uint32_t>(column.texts.size()));
-        }
     }
 }
 
