@@ -20,6 +20,7 @@ import { reasons } from "./reasons.js";
 import type { Ai, AiBits, Explanation, Field, Finding, ReadOptions, Value } from "./results.js";
 
 export { GcpList } from "./gcp_list.js";
+export type { Ai, AiBits, Explanation, Field, FieldPlace, Finding } from "./results.js";
 
 /**
  * Takes the bits of a tag value or of a TID apart, field by field.

@@ -5,8 +5,9 @@ import { put, refuseTooLong } from "./calls.js";
 import { reasons } from "./reasons.js";
 import type { Value } from "./results.js";
 
-/** The list that the module holds now. */
+/** The list that the module holds now; one that began anew holds none. */
 let kept: GcpList | undefined;
+let keptIn: unknown;
 
 /** A list of company prefixes, for the option gcpLength. */
 export class GcpList {
@@ -30,15 +31,16 @@ export class GcpList {
       throw new RangeError(wrong);
     }
     kept = this;
+    keptIn = wasm.exports;
   }
 
   /** The length of the company prefix in a value; undefined if the list does not tell it. */
   lengthFor(value: Value): number | undefined {
     refuseTooLong(value);
-    if (kept !== this) {
+    const wasm = reasons();
+    if (kept !== this || keptIn !== wasm.exports) {
       this.#keep();
     }
-    const wasm = reasons();
     return wasm.exports.rosetag_gcpLength(put(wasm, value)) || undefined;
   }
 }
