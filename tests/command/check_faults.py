@@ -27,6 +27,7 @@ FAULTS = [
     ("write", 1, 2, 5, errno.EINTR, COMPLETE),
     ("write", 1, 2, 5, errno.EAGAIN, COMPLETE),
     ("write", 1, 1, ALWAYS, errno.ENOSPC, PREFIX),
+    ("write", 1, 2, ALWAYS, errno.ENOSPC, PREFIX),
     ("write", 1, 3, ALWAYS, errno.EIO, PREFIX),
     ("write", 1, 3, ALWAYS, "zero", PREFIX),
     ("close", 1, 1, 1, errno.EIO, COMPLETE),
@@ -98,8 +99,10 @@ class Faults(unittest.TestCase):
                 for more in ([], ["--unbuffered"]):
                     with self.subTest(call=call, descriptor=descriptor, first=first, fault=fault,
                                       jobs=jobs, more=more):
+                        # The first write, being short, ends within a line.
                         status, out, err = run(
-                            self.folder.name, [(call, descriptor, first, last, fault)],
+                            self.folder.name,
+                            [(call, descriptor, first, last, fault), ("write", 1, 1, 1, "short")],
                             ["--errors", "errors", "--quiet", "--jobs", jobs, *more])
                         self.check(outcome, status, out, outcome != EITHER)
                         is_lost = fault not in TRANSIENT and (call, descriptor) != ("close", INPUT)

@@ -142,9 +142,9 @@ TEST(Toolkit, TellsWhatCheckFindsIfAsked) {
 
 TEST(Toolkit, WritesJson) {
     const std::string value = "]d201806141411234582167\x1d"
-                              "10\xC3\xA4\xFF\"\\";
+                              "10\xC3\xA4\xE0\x9F\xBF\xED\xA0\x80\"\\";
     EXPECT_EQ(R"({"line":7,"value":"]d201806141411234582167\u001d10ä)"
-              "\xEF\xBF\xBD"
+              "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"
               R"(\"\\","form":"barcode_string","serial":"67"})",
               toJson(translate(value, {}, Form::SERIAL), value, 7U));
     EXPECT_EQ(
@@ -226,10 +226,10 @@ TEST(Toolkit, ExplainsTheWordsBeforeTheEpc) {
 
 // The short road for tag values of 96 bits is not to be seen in what it gives.
 TEST(Convert, GivesWhatTranslateGives) {
-    const std::string values[] = {"3074257BF7194E4000001A85",
+    const std::string values[] = {"30FFFFFFFFFFFFFFFFFFFFFF",
+                                  "3074257BF7194E4000001A85",
                                   "3174257BF4499602D2000000",
                                   "2F0000000000000000000000",
-                                  "30FFFFFFFFFFFFFFFFFFFFFF",
                                   "3074257bf7194e4000001a85",
                                   "3074257BF7194E40000000000",
                                   "F774257BF7194E4000001A85",
@@ -245,7 +245,7 @@ TEST(Convert, GivesWhatTranslateGives) {
         for (std::size_t i = 0; i + 1 < value.size(); i += 2) {
             bytes += static_cast<char>(std::strtol(value.substr(i, 2).c_str(), nullptr, 16));
         }
-        for (const Form form : {Form::HEX, Form::TAG_URI, Form::PURE_IDENTITY, Form::ELEMENT_STRING,
+        for (const Form form : {Form::TAG_URI, Form::HEX, Form::PURE_IDENTITY, Form::ELEMENT_STRING,
                                 Form::BARCODE_STRING, Form::DIGITAL_LINK, Form::GTIN}) {
             SCOPED_TRACE(value + " as " + std::string(formWord(form)));
             const Translation expected = translate(value, {}, form);
@@ -268,6 +268,7 @@ TEST(Convert, GivesWhatTranslateGives) {
     EXPECT_EQ("", convert(likeGtin, {}, Form::GTIN, room));
     EXPECT_EQ(EPC_ERR_TRUNCATED, room.failure.status);
     EXPECT_EQ("30506000134352", convert("30506000134352", {}, Form::GTIN, room));
+    EXPECT_EQ(EPC_OK, recognise("(10)" + std::string(MAX_VALUE_LENGTH - 4, 'A')).failure.status);
     const std::vector<std::uint8_t> tooLong(MAX_VALUE_LENGTH + 1);
     EXPECT_EQ("", convert(tooLong, {}, Form::HEX, room));
     EXPECT_EQ(EPC_ERR_TOO_LONG, room.failure.status);
