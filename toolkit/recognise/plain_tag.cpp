@@ -58,7 +58,8 @@ bool plainTagRead(std::string_view value, const ReadOptions& options, TagBits& t
         return false;
     }
     tag.count = static_cast<std::int32_t>(words) * WORD_BITS;
-    const unsigned last = tag.bytes[2 * words - 2] << 8 | tag.bytes[2 * words - 1];
+    const auto last =
+        static_cast<unsigned>(tag.bytes[2 * words - 2] << 8 | tag.bytes[2 * words - 1]);
     return (last & ((1U << shape.unusedBits) - 1)) == 0 &&
            (options.bank == Bank::EPC ||
             (options.bank == Bank::AUTO && !mayBeginWithBankWords(tag.bytes.data(), words)));
