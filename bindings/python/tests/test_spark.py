@@ -23,20 +23,23 @@ BAD_EVERY = 1000
 
 
 @pytest.fixture(scope="module")
-def spark():
-    os.environ["PYSPARK_PYTHON"] = sys.executable
-    os.environ["SPARK_LOCAL_IP"] = "127.0.0.1"
-    session = (
-        SparkSession.builder.master("local-cluster[2,1,1024]")
-        .config("spark.driver.host", "127.0.0.1")
-        .config("spark.ui.enabled", "false")
-        .config("spark.sql.shuffle.partitions", "4")
-        .config("spark.executorEnv.SPARK_LOCAL_IP", "127.0.0.1")
-        .getOrCreate()
-    )
-    session.sparkContext.setLogLevel("ERROR")
-    yield session
-    session.stop()
+def spark(tmp_path_factory):
+    with pytest.MonkeyPatch.context() as patch:
+        # Spark keeps the folder in which it starts: what examples write goes there.
+        patch.chdir(tmp_path_factory.mktemp("spark"))
+        patch.setenv("PYSPARK_PYTHON", sys.executable)
+        patch.setenv("SPARK_LOCAL_IP", "127.0.0.1")
+        session = (
+            SparkSession.builder.master("local-cluster[2,1,1024]")
+            .config("spark.driver.host", "127.0.0.1")
+            .config("spark.ui.enabled", "false")
+            .config("spark.sql.shuffle.partitions", "4")
+            .config("spark.executorEnv.SPARK_LOCAL_IP", "127.0.0.1")
+            .getOrCreate()
+        )
+        session.sparkContext.setLogLevel("ERROR")
+        yield session
+        session.stop()
 
 
 def reads(spark):
@@ -136,8 +139,7 @@ def test_bytes(spark):
     assert frame.select(rs.decode("epc", "gtin")).collect()[0][0] == "80614141123458"
 
 
-def test_examples_of_the_page(spark, tmp_path, monkeypatch):
-    monkeypatch.chdir(tmp_path)
+def test_examples_of_the_page(spark):
     page = Path(__file__).parents[3] / "docs/spark.md"
     result = doctest.testfile(str(page), module_relative=False)
     assert result.attempted > 10
