@@ -122,7 +122,7 @@ FormSet readable(FormSet wanted, const SchemeInfo& scheme) {
 
 } // namespace
 
-void hexAsGiven(std::string_view hex, std::string& text) {
+void hexInUpperCase(std::string_view hex, std::string& text) {
     text = hex;
     for (char& digit : text) {
         if ('a' <= digit && digit <= 'f') {
@@ -133,7 +133,7 @@ void hexAsGiven(std::string_view hex, std::string& text) {
 
 EpcStatus formsOfHex(std::string_view hex, FormSet wanted, Translation& result) {
     if (wanted.has(Form::HEX)) {
-        hexAsGiven(hex, result.hex);
+        hexInUpperCase(hex, result.hex);
     }
     return formsOfTag(tagBitsOf(hex), wanted, TagOrigin::GIVEN, result);
 }

@@ -49,7 +49,7 @@ bool translatePlainTag(std::string_view value, const ReadOptions& options, FormS
     }
     result.form = Form::HEX;
     if (wanted.has(Form::HEX)) {
-        hexAsGiven(value, result.hex);
+        hexInUpperCase(value, result.hex);
     }
     if (formsOfTag(tag, wanted, TagOrigin::GIVEN, result) == EPC_OK) {
         return true;

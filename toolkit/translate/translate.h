@@ -21,8 +21,8 @@ void dropUnasked(FormSet asked, Translation& result);
 // is strict an error among it is a failure.
 void findOut(Reading& reading, Translation& result);
 
-// The digits of hex as they were given, in upper case.
-void hexAsGiven(std::string_view hex, std::string& text);
+// Sets text to all digits of hex, in upper case.
+void hexInUpperCase(std::string_view hex, std::string& text);
 
 // Fills the forms of a tag value, its scheme, filter and length. On failure they are as far as it
 // could be read.
