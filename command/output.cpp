@@ -27,6 +27,9 @@ Output standardOutput() {
 }
 
 void outputWrite(Output& output, std::string_view text) {
+    if (output.buffer.empty() && text.size() >= heldBack) {
+        return writeAll(output.descriptor, output.name, text);
+    }
     output.buffer += text;
     if (output.buffer.size() >= heldBack) {
         outputFlush(output);
@@ -34,10 +37,13 @@ void outputWrite(Output& output, std::string_view text) {
 }
 
 void outputFlush(Output& output) {
-    // What cannot be written is not tried again.
-    const std::string text = std::move(output.buffer);
-    output.buffer.clear();
+    // What cannot be written is not tried again. The buffer keeps its memory, which the system
+    // would otherwise take back and give anew each time.
+    std::string text;
+    text.swap(output.buffer);
     writeAll(output.descriptor, output.name, text);
+    text.clear();
+    output.buffer.swap(text);
 }
 
 void outputClose(Output& output) {

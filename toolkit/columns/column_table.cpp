@@ -232,8 +232,8 @@ std::int32_t columnTableOpen(const char* const* outputs, std::int32_t outputCoun
             return columnsFail(error, ROSETAG_COLUMNS_BAD_OUTPUT,
                                "there is no output \"%.40s\" here", outputs[i]);
         }
-        column.plainMaker = plainRowMakerOf(column.form);
-        const bool isPlain = column.output == Output::STATUS || column.plainMaker != nullptr;
+        column.formWriter = tagFormWriterOf(column.form);
+        const bool isPlain = column.output == Output::STATUS || column.formWriter != nullptr;
         table.isPlain = table.isPlain && isPlain;
         if (!columnWriterOpen(column.writer, type, table.isLarge, reader.length)) {
             return columnsNoMemory(error);
@@ -303,22 +303,22 @@ void columnTablePut(ColumnTable& table, std::int64_t row, const Rows<Finding>& f
 
 bool columnTablePutPlain(ColumnTable& table, std::int64_t row, std::string_view value,
                          bool isBinary) {
-    PlainRow plain;
-    if (!plainRowRead(value, isBinary, plain)) {
+    TagBits tag;
+    if (isBinary ? !plainTagOfBytes(value, tag) : !plainTagOfHex(value, tag)) {
         return false;
     }
     for (OutputColumn& column : table.columns) {
         if (column.output != Output::FORM) {
             continue;
         }
-        char* const room = columnWriterRoom(column.writer, PLAIN_ROW_ROOM);
-        if (room == nullptr || !plainRowForm(plain, column.plainMaker, room, column.plainLength)) {
+        char* const room = columnWriterRoom(column.writer, TAG_FORM_ROOM);
+        if (room == nullptr || !tagFormWrite(tag, column.formWriter, room, column.formLength)) {
             return false;
         }
     }
     for (OutputColumn& column : table.columns) {
         if (column.output == Output::FORM) {
-            columnWriterTake(column.writer, row, column.plainLength);
+            columnWriterTake(column.writer, row, column.formLength);
         } else {
             columnWriterPutNumber(column.writer, row, EPC_OK);
         }

@@ -7,7 +7,7 @@
 #include "columns/column_reader.h"
 #include "columns/column_writer.h"
 #include "rosetag/toolkit.hpp"
-#include "translate/plain_rows.h"
+#include "translate/tag_form_writers.h"
 
 #include <vector>
 
@@ -45,8 +45,8 @@ struct OutputColumn {
     Output output = Output::FORM;
     Form form = Form::UNKNOWN;
     std::string_view ai;
-    PlainRowMaker plainMaker = nullptr; // of a form that plain rows have
-    std::size_t plainLength = 0;        // of the row that is being put
+    TagFormWriter formWriter = nullptr; // of a form that plain tag values have
+    std::size_t formLength = 0;         // in the row that is being put
     ColumnWriter writer;
 };
 
@@ -54,7 +54,7 @@ struct OutputColumn {
 struct ColumnTable {
     std::vector<OutputColumn> columns;
     FormSet wanted;        // forms that the columns need
-    bool isPlain = true;   // all of them can be had from bytes by one export each
+    bool isPlain = true;   // all of them can be had from the bits of a tag
     bool isLarge = false;  // texts have 64-bit offsets
     bool hasMemory = true; // false once it ran out
     std::string json;      // of a row
@@ -83,8 +83,8 @@ void columnTablePut(ColumnTable& table, std::int64_t row, const Translation& res
 void columnTablePut(ColumnTable& table, std::int64_t row, const Tid& result);
 void columnTablePut(ColumnTable& table, std::int64_t row, const Rows<Finding>& findings);
 
-// Fills a row whose value is plain. False where it is not, or where a form of it fails: then the
-// row has not begun.
+// Fills a row whose value is a plain tag. False where it is not, or where a form of it fails: then
+// the row has not begun. Notes are in no column, so that none is looked for.
 bool columnTablePutPlain(ColumnTable& table, std::int64_t row, std::string_view value,
                          bool isBinary);
 

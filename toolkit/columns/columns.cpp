@@ -168,7 +168,7 @@ std::int32_t decode(const ArrowSchema* type, const ArrowArray* values, const cha
     const bool isBinary = isBinaryColumn(call.reader);
     result = readRows(call, options, error,
                       [&](std::int64_t row, std::string_view value, const ReadOptions& read) {
-                          if (call.table.isPlain && mayBePlainRows(read) &&
+                          if (call.table.isPlain && mayBePlainTags(read) &&
                               columnTablePutPlain(call.table, row, value, isBinary)) {
                               return;
                           }

@@ -1,21 +1,29 @@
 /*
- * Writes JSON into a string, with no white space. Commas come by themselves; that every object and
- * array is ended is up to the caller.
+ * Writes JSON into a string, with no white space. Commas come by themselves; the text is whole
+ * when every object and array has ended.
  *
  * Source: RFC 8259.
  */
 #ifndef ROSETAG_TOOLKIT_JSON_JSON_WRITER_H
 #define ROSETAG_TOOLKIT_JSON_JSON_WRITER_H
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace rosetag {
 
+// What is written collects in room until the outermost object or array ends: to append a few
+// characters to a string takes longer than to convert them.
 struct JsonWriter {
+    explicit JsonWriter(std::string& target) : text(target) {}
+
     std::string& text;
     bool needsComma = false; // before the next key or element
+    std::size_t depth = 0;   // of objects and arrays
+    std::size_t used = 0;
+    std::array<char, 2048> room; // without an initialiser, for its time
 };
 
 void jsonBegin(JsonWriter& json, char bracket);

@@ -209,7 +209,7 @@ void putFilterWords(JsonWriter& json, const SchemeInfo& scheme) {
 } // namespace
 
 void appendJson(std::string& text, const Recognition& result, std::string_view value) {
-    JsonWriter json{text};
+    JsonWriter json(text);
     jsonBegin(json, '{');
     jsonMember(json, "value", value);
     jsonMember(json, "form", formWord(result.form));
@@ -224,7 +224,7 @@ void appendJson(std::string& text, const Recognition& result, std::string_view v
 
 void appendJson(std::string& text, const Translation& result, std::string_view value,
                 std::uint64_t line) {
-    JsonWriter json{text};
+    JsonWriter json(text);
     jsonBegin(json, '{');
     if (line != 0) {
         jsonMember(json, "line", line);
@@ -245,7 +245,7 @@ void appendJson(std::string& text, const Translation& result, std::string_view v
 }
 
 void appendJson(std::string& text, const Explanation& result, std::string_view value) {
-    JsonWriter json{text};
+    JsonWriter json(text);
     jsonBegin(json, '{');
     jsonMember(json, "value", value);
     jsonMember(json, "form", formWord(result.form));
@@ -269,7 +269,7 @@ void appendJson(std::string& text, const Explanation& result, std::string_view v
 }
 
 void appendJson(std::string& text, const AiTranslation& result) {
-    JsonWriter json{text};
+    JsonWriter json(text);
     jsonBegin(json, '{');
     putAi(json, result.ai);
     jsonMemberIfAny(json, "hex", result.hex);
@@ -283,7 +283,7 @@ void appendJson(std::string& text, const AiTranslation& result) {
 }
 
 void appendJson(std::string& text, const Tid& result, std::string_view value) {
-    JsonWriter json{text};
+    JsonWriter json(text);
     jsonBegin(json, '{');
     jsonMember(json, "value", value);
     if (isFailure(result.failure)) {
@@ -296,7 +296,7 @@ void appendJson(std::string& text, const Tid& result, std::string_view value) {
 }
 
 void appendJson(std::string& text, const SchemeInfo& scheme) {
-    JsonWriter json{text};
+    JsonWriter json(text);
     jsonBegin(json, '{');
     jsonMember(json, "number", static_cast<std::uint64_t>(scheme.scheme));
     jsonMember(json, "name", scheme.name);
@@ -313,7 +313,7 @@ void appendJson(std::string& text, const SchemeInfo& scheme) {
 
 void appendJson(std::string& text, const Rows<Finding>& findings, std::string_view value,
                 std::uint64_t line) {
-    JsonWriter json{text};
+    JsonWriter json(text);
     jsonBegin(json, '{');
     if (line != 0) {
         jsonMember(json, "line", line);
@@ -325,7 +325,7 @@ void appendJson(std::string& text, const Rows<Finding>& findings, std::string_vi
 }
 
 void appendJson(std::string& text, const Rows<Finding>& findings) {
-    JsonWriter json{text};
+    JsonWriter json(text);
     putFindings(json, findings);
 }
 

@@ -44,25 +44,43 @@ static_assert(std::all_of(schemeRows.begin(), schemeRows.end(), [](const SchemeR
            (words == 0 || words * WORD_BITS >= 4 * std::int32_t{SHORTEST_PLAIN});
 }));
 
-} // namespace
+// Whether a header belongs to values of so many words.
+bool isShape(int header, std::size_t words) {
+    return header >= 0 && words != 0 && plainShapes[static_cast<unsigned>(header)].words == words;
+}
 
-bool plainTagRead(std::string_view value, const ReadOptions& options, TagBits& tag) {
-    const std::size_t words = value.size() / HEX_WORD_DIGITS;
-    if (value.size() % HEX_WORD_DIGITS != 0 || value.size() < SHORTEST_PLAIN) {
-        return false;
-    }
-    const int header = hexDigitValue(value[0]) << 4 | hexDigitValue(value[1]);
-    const PlainShape shape = header < 0 ? PlainShape{} : plainShapes[static_cast<unsigned>(header)];
-    if (shape.words != words || options.asBarcode || options.separator != '\0' ||
-        hexToBytes(value, tag.bytes.data()) != EPC_OK) {
-        return false;
-    }
+// Counts the bits. False if some follow the value that are not 0.
+bool takeCount(TagBits& tag, std::size_t words) {
     tag.count = static_cast<std::int32_t>(words) * WORD_BITS;
     const auto last =
         static_cast<unsigned>(tag.bytes[2 * words - 2] << 8 | tag.bytes[2 * words - 1]);
-    return (last & ((1U << shape.unusedBits) - 1)) == 0 &&
-           (options.bank == Bank::EPC ||
-            (options.bank == Bank::AUTO && !mayBeginWithBankWords(tag.bytes.data(), words)));
+    return (last & ((1U << plainShapes[tag.bytes[0]].unusedBits) - 1)) == 0;
+}
+
+} // namespace
+
+bool plainTagOfHex(std::string_view digits, TagBits& tag) {
+    const std::size_t words = digits.size() / HEX_WORD_DIGITS;
+    return digits.size() % HEX_WORD_DIGITS == 0 && digits.size() >= SHORTEST_PLAIN &&
+           isShape(hexPairValue(digits[0], digits[1]), words) &&
+           hexToBytes(digits, tag.bytes.data()) == EPC_OK && takeCount(tag, words);
+}
+
+bool plainTagOfBytes(std::string_view bytes, TagBits& tag) {
+    const std::size_t words = bytes.size() / 2;
+    if (bytes.size() % 2 != 0 || bytes.empty() ||
+        !isShape(static_cast<unsigned char>(bytes.front()), words)) {
+        return false;
+    }
+    std::transform(bytes.begin(), bytes.end(), tag.bytes.begin(),
+                   [](char byte) { return static_cast<std::uint8_t>(byte); });
+    return takeCount(tag, words);
+}
+
+bool plainTagIsClear(const TagBits& tag, const ReadOptions& options) {
+    return options.bank == Bank::EPC ||
+           !mayBeginWithBankWords(tag.bytes.data(),
+                                  static_cast<std::size_t>(tag.count / WORD_BITS));
 }
 
 } // namespace rosetag

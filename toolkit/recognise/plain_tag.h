@@ -1,7 +1,6 @@
 /*
- * Tag values as readers deliver most of them: the hexadecimal digits of a scheme whose values have
- * one length, all of them and nothing else. One look shows that they are hex with nothing to note;
- * whatever is unusual is not plain.
+ * Tag values as readers deliver most of them: the hexadecimal digits, or the bytes, of a scheme
+ * whose values have one length, all of them and nothing else. Whatever is unusual is not plain.
  */
 #ifndef ROSETAG_TOOLKIT_RECOGNISE_PLAIN_TAG_H
 #define ROSETAG_TOOLKIT_RECOGNISE_PLAIN_TAG_H
@@ -18,8 +17,22 @@ struct TagBits {
     std::int32_t count; // of bits
 };
 
-// True if the value is plain: if it can be read at all, it is hex without a note.
-bool plainTagRead(std::string_view value, const ReadOptions& options, TagBits& tag);
+// False where hexadecimal digits may be something else than the bits of a tag from the EPC on.
+inline bool mayBePlainTags(const ReadOptions& options) {
+    return !options.asBarcode && options.separator == '\0' && options.bank <= Bank::EPC;
+}
+
+// Reads the digits, or the bytes, of a value that may be plain. False if it is not.
+bool plainTagOfHex(std::string_view digits, TagBits& tag);
+bool plainTagOfBytes(std::string_view bytes, TagBits& tag);
+
+// True if there is nothing to note about a plain value: none of it could be words before the EPC.
+bool plainTagIsClear(const TagBits& tag, const ReadOptions& options);
+
+// All of it, for hex: if the value can be read at all, it is a tag value without a note.
+inline bool plainTagRead(std::string_view value, const ReadOptions& options, TagBits& tag) {
+    return mayBePlainTags(options) && plainTagOfHex(value, tag) && plainTagIsClear(tag, options);
+}
 
 } // namespace rosetag
 

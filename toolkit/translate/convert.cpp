@@ -4,7 +4,7 @@
 #include "recognise/plain_tag.h"
 #include "recognise/reading.h"
 #include "rosetag/toolkit.hpp"
-#include "translate/plain_rows.h"
+#include "translate/tag_form_writers.h"
 
 namespace rosetag {
 namespace {
@@ -13,24 +13,22 @@ std::string_view charactersOf(std::span<const std::uint8_t> bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-// True where the bits of a tag have the form: then text is that.
-bool convertBits(const std::uint8_t* bytes, std::int32_t count, Form form, Translation& result,
-                 std::string_view& text) {
-    const PlainRowMaker make = plainRowMakerOf(form);
+// True where a plain tag value has the form: then text is that.
+bool convertTag(const TagBits& tag, Form form, Translation& result, std::string_view& text) {
+    const TagFormWriter write = tagFormWriterOf(form);
     std::string& room = result.workspace.more;
-    if (room.size() < PLAIN_ROW_ROOM) {
-        room.resize(PLAIN_ROW_ROOM);
+    if (room.size() < TAG_FORM_ROOM) {
+        room.resize(TAG_FORM_ROOM);
     }
-    BitBuffer bits = bitBufferForReading(bytes, count);
-    TextBuffer buffer = textBufferOver(room.data(), PLAIN_ROW_ROOM);
-    if (make == nullptr || make(bits, buffer) != EPC_OK) {
+    std::size_t length = 0;
+    if (write == nullptr || !tagFormWrite(tag, write, room.data(), length)) {
         return false;
     }
     if (isFailure(result.failure)) {
         failureClear(result.failure);
     }
     result.notes.clear();
-    text = textBufferView(buffer);
+    text = {room.data(), length};
     return true;
 }
 
@@ -55,8 +53,7 @@ std::string_view convert(std::string_view value, const ReadOptions& options, For
                          Translation& result) {
     TagBits tag;
     std::string_view text;
-    if (plainTagRead(value, options, tag) &&
-        convertBits(tag.bytes.data(), tag.count, form, result, text)) {
+    if (plainTagRead(value, options, tag) && convertTag(tag, form, result, text)) {
         return text;
     }
     translate(value, options, form, result);
@@ -65,10 +62,10 @@ std::string_view convert(std::string_view value, const ReadOptions& options, For
 
 std::string_view convert(std::span<const std::uint8_t> bytes, const ReadOptions& options, Form form,
                          Translation& result) {
-    PlainRow row;
+    TagBits tag;
     std::string_view text;
-    if (mayBePlainRows(options) && plainRowRead(charactersOf(bytes), true, row) &&
-        convertBits(row.bytes, 8 * PLAIN_ROW_BYTES, form, result, text)) {
+    if (mayBePlainTags(options) && plainTagOfBytes(charactersOf(bytes), tag) &&
+        plainTagIsClear(tag, options) && convertTag(tag, form, result, text)) {
         return text;
     }
     translate(bytes, options, form, result);

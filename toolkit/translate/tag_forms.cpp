@@ -55,15 +55,13 @@ EpcStatus aisOfBits(const BitBuffer& bits, FormSet wanted, Translation& result) 
 
 template <std::size_t size>
 EpcStatus gs1TextOfBits(BitBuffer bits, BinaryToText TagSchemeOps::*slot, std::string& text) {
-    return textFrom<size>(text, [&](std::int32_t dstSize, char* dst) {
-        return bitsToGs1Text(bits, dstSize, dst, slot);
-    });
+    return textWritten<size>(
+        text, [&](TextBuffer& buffer) { return bitsPutGs1Text(bits, buffer, slot); });
 }
 
 EpcStatus uriOfBits(BitBuffer bits, UriForm form, std::string& text) {
-    return textFrom<EPC_URI_SIZE>(text, [&](std::int32_t dstSize, char* dst) {
-        return bitsToEpcUri(bits, dstSize, dst, form);
-    });
+    return textWritten<EPC_URI_SIZE>(
+        text, [&](TextBuffer& buffer) { return bitsPutEpcUri(bits, buffer, form); });
 }
 
 // The texts of a value that has a GS1 key. A value need not have a link: further AIs can be a key
@@ -125,9 +123,7 @@ FormSet readable(FormSet wanted, const SchemeInfo& scheme) {
 void hexInUpperCase(std::string_view hex, std::string& text) {
     text = hex;
     for (char& digit : text) {
-        if ('a' <= digit && digit <= 'f') {
-            digit = static_cast<char>(digit - 'a' + 'A');
-        }
+        digit = static_cast<char>('a' <= digit && digit <= 'f' ? digit - 'a' + 'A' : digit);
     }
 }
 
@@ -140,10 +136,9 @@ EpcStatus formsOfHex(std::string_view hex, FormSet wanted, Translation& result) 
 
 EpcStatus formsOfEncoded(const TagBits& tag, FormSet wanted, Translation& result) {
     if (wanted.has(Form::HEX)) {
-        std::array<char, EPC_HEX_SIZE> room;
-        TextBuffer hex = textBufferOver(room.data(), EPC_HEX_SIZE);
-        EPC_TRY(textBufferPutHex(hex, tag.bytes.data(), tag.count / 8));
-        result.hex = textBufferView(hex);
+        EPC_TRY(textWritten<EPC_HEX_SIZE>(result.hex, [&](TextBuffer& hex) {
+            return textBufferPutHex(hex, tag.bytes.data(), tag.count / 8);
+        }));
     }
     return formsOfTag(tag, wanted, TagOrigin::ENCODED, result);
 }

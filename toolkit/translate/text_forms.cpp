@@ -29,11 +29,7 @@ void addAis(const ParsedAis& ais, FormSet wanted, Translation& result) {
 template <std::size_t size, typename List>
 EpcStatus writeAis(std::string& text, EpcStatus (*write)(TextBuffer&, List, const char*), List list,
                    const char* base) {
-    std::array<char, size> room;
-    TextBuffer buffer = textBufferOver(room.data(), static_cast<std::int32_t>(size));
-    EPC_TRY(write(buffer, list, base));
-    text = textBufferView(buffer);
-    return EPC_OK;
+    return textWritten<size>(text, [&](TextBuffer& buffer) { return write(buffer, list, base); });
 }
 
 // An identity is sound if there is a scheme that holds it.

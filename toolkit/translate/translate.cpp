@@ -40,18 +40,23 @@ EpcStatus formsOf(Reading& reading, FormSet wanted, Translation& result) {
     }
 }
 
+// What has to be made for what is wanted: findings are about AIs.
+FormSet neededFor(FormSet wanted) {
+    return wanted.has(Form::FINDINGS) ? wanted | Form::AIS : wanted;
+}
+
 // Translates a plain tag value. False if it is not one or cannot be read: the usual road says why.
 bool translatePlainTag(std::string_view value, const ReadOptions& options, FormSet wanted,
                        Translation& result) {
     TagBits tag;
-    if (wanted.has(Form::FINDINGS) || !plainTagRead(value, options, tag)) {
+    if (!plainTagRead(value, options, tag)) {
         return false;
     }
     result.form = Form::HEX;
     if (wanted.has(Form::HEX)) {
         hexInUpperCase(value, result.hex);
     }
-    if (formsOfTag(tag, wanted, TagOrigin::GIVEN, result) == EPC_OK) {
+    if (formsOfTag(tag, neededFor(wanted), TagOrigin::GIVEN, result) == EPC_OK) {
         return true;
     }
     translationClear(result, wanted);
@@ -144,21 +149,20 @@ EpcStatus schemesThatFit(const std::string& pureIdentity, HowMany howMany,
 void translate(std::string_view value, const ReadOptions& options, FormSet wanted,
                Translation& result) {
     translationClear(result, wanted);
-    if (translatePlainTag(value, options, wanted, result)) {
-        return;
-    }
     Reading reading{value, options, result.workspace, result.notes, result.failure};
-    const bool isPrepared = readingPrepare(reading);
-    result.form = reading.form;
-    if (!isPrepared) {
-        return;
-    }
-    const FormSet needed = wanted.has(Form::FINDINGS) ? wanted | Form::AIS : wanted;
-    if (const EpcStatus status = formsOf(reading, needed, result); status != EPC_OK) {
-        return failReading(reading, status);
-    }
-    if (reading.form == Form::HEX) {
-        noteTagBits(reading);
+    if (!translatePlainTag(value, options, wanted, result)) {
+        const bool isPrepared = readingPrepare(reading);
+        result.form = reading.form;
+        if (!isPrepared) {
+            return;
+        }
+        if (const EpcStatus status = formsOf(reading, neededFor(wanted), result);
+            status != EPC_OK) {
+            return failReading(reading, status);
+        }
+        if (reading.form == Form::HEX) {
+            noteTagBits(reading);
+        }
     }
     if (wanted.has(Form::FINDINGS)) {
         findOut(reading, result);

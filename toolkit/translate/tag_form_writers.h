@@ -1,0 +1,27 @@
+/*
+ * What makes a form of a tag value from its bits, by one operation each. The bits are whole: from
+ * the EPC on, without what a reader puts before them.
+ */
+#ifndef ROSETAG_TOOLKIT_TRANSLATE_TAG_FORM_WRITERS_H
+#define ROSETAG_TOOLKIT_TRANSLATE_TAG_FORM_WRITERS_H
+
+#include "core/bit_buffer.h"
+#include "core/text_buffer.h"
+#include "recognise/plain_tag.h"
+
+namespace rosetag {
+
+// Holds every form of a value of up to 96 bits, and most of the others.
+constexpr std::size_t TAG_FORM_ROOM = 256;
+
+using TagFormWriter = EpcStatus (*)(BitBuffer& bits, TextBuffer& text);
+
+// Null if bits alone do not make the form.
+TagFormWriter tagFormWriterOf(Form form);
+
+// Writes a form into TAG_FORM_ROOM bytes, and its length. False where that fails.
+bool tagFormWrite(const TagBits& tag, TagFormWriter write, char* room, std::size_t& length);
+
+} // namespace rosetag
+
+#endif
