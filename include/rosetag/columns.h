@@ -23,10 +23,11 @@
  * Arrays cross the boundary by the Arrow C data interface. Input arrays stay the caller's: they are
  * read during the call, not released and not kept. Taken are utf8, large_utf8, utf8_view (texts in
  * any form that rosetag::recognise knows), binary, large_binary, binary_view, fixed-size binary
- * (the bytes of tag values), dictionaries of these, and the null type; with any offset and with or
- * without a validity buffer. The result is a struct array of the same length, with one child for
- * each output in the order in which they were asked for; the caller releases it. Its texts are
- * utf8, or large_utf8 where the input has 64-bit offsets.
+ * (the bytes of tag values), dictionaries of these, the null type, and a table (a struct) whose
+ * only column is one of these; with any offset and with or without a validity buffer. The result is
+ * a struct array of the same length, with one child for each output in the order in which they were
+ * asked for; the caller releases it. Its texts are utf8, or large_utf8 where the input has 64-bit
+ * offsets.
  *
  * The functions return 0, or a code other than 0: then nothing is to be released, and error holds a
  * sentence. They keep no state, and any number of threads may call them.
@@ -138,11 +139,12 @@ int32_t rosetag_columnsDecode(const struct ArrowSchema* type, const struct Arrow
 
 /**
  * Checks a column of values: finds what is not as GS1 demands, as rosetag::check does. Like
- * rosetag_columnsDecode, but no row fails, and the outputs are: "is_valid" (bool, true where there
- * is no error), "severity" (text, "error" or "warning", that of the worst finding), "errors" and
- * "warnings" (int32, how many there are), "rule" and "message" (text, those of the first finding of
- * that severity), "findings" (text, all of them as a JSON array). severity, rule and message are
- * null where nothing was found.
+ * rosetag_columnsDecode, but a row with errors has its outputs too. These are: "is_valid" (bool,
+ * true where there is no error), "status" and "status_name" (of the first error: why a tag value
+ * cannot be read, EPC_ERR_CHECK_DIGIT, or EPC_ERR_BAD_FORMAT; without one EPC_OK), "severity"
+ * (text, "error" or "warning", that of the worst finding), "errors" and "warnings" (int32, how many
+ * there are), "rule" and "message" (text, those of the first finding of that severity), "findings"
+ * (text, all of them as a JSON array). severity, rule and message are null where nothing was found.
  */
 int32_t rosetag_columnsCheck(const struct ArrowSchema* type, const struct ArrowArray* values,
                              const char* const* outputs, int32_t outputCount,

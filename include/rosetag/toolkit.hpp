@@ -465,7 +465,9 @@ std::string_view checkRuleWord(CheckRule rule);
 struct Finding {
     Severity severity = Severity::ERROR;
     CheckRule rule = CheckRule::UNKNOWN_FORM;
-    std::string ai;           ///< Empty where the rule is about the text as a whole.
+    EpcStatus status = EPC_ERR_BAD_FORMAT; ///< Of an error: why a tag value cannot be read, or
+                                           ///< EPC_ERR_CHECK_DIGIT, or EPC_ERR_BAD_FORMAT.
+    std::string ai;                        ///< Empty where the rule is about the text as a whole.
     std::size_t position = 0; ///< In the value as given. All of a tag value is one place.
     std::size_t length = 0;   ///< 0: between two bytes, or at the end.
     std::string culprit; ///< What is wrong: the bytes there, with the escapes of a link resolved.
@@ -814,6 +816,9 @@ Rows<Finding> check(std::string_view value, const ReadOptions& options = {});
 
 /** True if any finding is an error. */
 bool hasError(const Rows<Finding>& findings);
+
+/** The status of the first error, or EPC_OK. */
+EpcStatus statusOf(const Rows<Finding>& findings);
 
 /** A finding on one line: place, culprit and message. Control characters are spelled. */
 std::string findingText(const Finding& finding);

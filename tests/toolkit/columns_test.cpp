@@ -33,6 +33,9 @@ struct Array {
     ArrowSchema type{};
     ArrowArray values{};
     std::unique_ptr<Array> dictionary;
+    std::vector<std::unique_ptr<Array>> columns; // of a table
+    std::vector<ArrowSchema*> columnTypes;
+    std::vector<ArrowArray*> columnValues;
 
     template <typename Number>
     void add(Number number) {
@@ -304,6 +307,25 @@ const Cells VALUES = {
     "grüße",                                            //
 };
 
+// A table of columns that are alike.
+std::unique_ptr<Array> tableOf(const std::vector<const char*>& names, const char* format = "u") {
+    auto table = std::make_unique<Array>();
+    table->format = "+s";
+    table->buffers = {nullptr};
+    for (const char* const name : names) {
+        Array& column = *table->columns.emplace_back(arrayOf(format, VALUES));
+        column.type.name = name;
+        table->columnTypes.push_back(&column.type);
+        table->columnValues.push_back(&column.values);
+    }
+    table->finish(static_cast<std::int64_t>(VALUES.size()));
+    table->type.n_children = table->values.n_children = static_cast<std::int64_t>(names.size());
+    table->type.children = table->columnTypes.data();
+    table->values.children = table->columnValues.data();
+    table->values.offset = 0;
+    return table;
+}
+
 void expectRows(const Result& result, const Cells& values, const rosetag::ReadOptions& options) {
     ASSERT_EQ(0, result.code) << result.error;
     ASSERT_EQ(ALL_OUTPUTS.size(), result.columns.size());
@@ -362,6 +384,21 @@ TEST(Columns, DecodePlainRowsAsAllOthers) {
             EXPECT_EQ(expected[i + 1], result.columns[i][row]) << values[row].value_or("null");
         }
         EXPECT_EQ(expected[12], result.columns[5][row]) << values[row].value_or("null");
+    }
+}
+
+TEST(Columns, TakeATableForItsOnlyColumn) {
+    for (const char* const format : {"u", "vu", "dictionary"}) {
+        const auto table = tableOf({"epc"}, format);
+        table->values.offset = 1;
+        table->values.length = static_cast<std::int64_t>(VALUES.size()) - 1;
+        Cells expected(VALUES.begin() + 1, VALUES.end());
+        expectRows(decode(*table, ALL_OUTPUTS), expected, {});
+        addValidity(*table, VALUES);
+        table->validity[0] &= 0xFD; // the first row that is part of it
+        table->buffers[0] = table->validity.data();
+        expected[0].reset();
+        expectRows(decode(*table, ALL_OUTPUTS), expected, {});
     }
 }
 
@@ -457,6 +494,24 @@ TEST(Columns, TakeBytesForTheBitsOfATagWhateverTheirDigitsCouldBe) {
     EXPECT_EQ(std::to_string(EPC_ERR_TRUNCATED), likeGtin.columns[1][0]);
 }
 
+void expectCheckedStatuses() {
+    const Cells values = {"(01)80614141123458",
+                          "(01)80614141123459(17)261301", // the first of two errors counts
+                          "(17)261301(01)80614141123459",
+                          "(01)09506000134352(10)A(10)A", // a warning
+                          "307C257BF7194E4000001A85",     "]E09506000134353", "", std::nullopt};
+    const Result result = check(*arrayOf("u", values), {"status", "status_name"});
+    ASSERT_EQ("Cu", result.formats) << result.error;
+    EXPECT_EQ(
+        (Cells{"EPC_OK", "EPC_ERR_CHECK_DIGIT", "EPC_ERR_BAD_FORMAT", "EPC_OK",
+               "EPC_ERR_BAD_PARTITION", "EPC_ERR_CHECK_DIGIT", "EPC_ERR_BAD_FORMAT", std::nullopt}),
+        result.columns[1]);
+    for (std::size_t row = 0; row + 1 < values.size(); ++row) {
+        const auto status = static_cast<EpcStatus>(std::stoi(*result.columns[0][row]));
+        EXPECT_EQ(epc_statusName(status), result.columns[1][row]);
+    }
+}
+
 TEST(Columns, CheckEachRowAsAValueAlone) {
     Cells values = VALUES;
     values.emplace_back("(01)80614141123459(17)261301"); // two errors
@@ -466,6 +521,7 @@ TEST(Columns, CheckEachRowAsAValueAlone) {
     const Result result = check(*arrayOf("u", values), outputs);
     ASSERT_EQ(0, result.code) << result.error;
     EXPECT_EQ("buiiuuu", result.formats);
+    expectCheckedStatuses();
     Cells severities;
     for (std::size_t row = 0; row < values.size(); ++row) {
         SCOPED_TRACE(values[row].value_or("null"));
@@ -520,6 +576,9 @@ TEST(Columns, ReadTids) {
 }
 
 TEST(Columns, TakeArraysWithoutRowsAndWithoutValues) {
+    const auto table = tableOf({"epc"});
+    table->values.length = table->values.n_children = 0;
+    EXPECT_EQ(Cells{}, decode(*table, {"gtin"}).columns.at(0));
     for (const char* const format : {"u", "U", "vu", "z", "w:12", "dictionary", "n"}) {
         SCOPED_TRACE(format);
         const Result empty = decode(*arrayOf(format, {}), {"gtin", "status"});
@@ -544,6 +603,11 @@ TEST(Columns, RefuseWhatTheyCannotTake) {
     unknownScheme.scheme = "nonsense";
     const auto unknownBank = with(&RosetagColumnsReadOptions::bank, 4);
     const auto wideSeparator = with(&RosetagColumnsReadOptions::separator, 0xE9);
+    const auto longTable = tableOf({"epc"});
+    ++longTable->values.length;
+    RosetagColumnsReadOptions tableColumn{};
+    const auto table = tableOf({"length", "further"});
+    tableColumn.gcpLengths = columnOf(*table);
     Array unknownType;
     unknownType.format = "tsu:";
     unknownType.finish(0);
@@ -568,7 +632,11 @@ TEST(Columns, RefuseWhatTheyCannotTake) {
         {ROSETAG_COLUMNS_BAD_OPTION, "nonsense", encode(*values, unknownScheme)},
         {ROSETAG_COLUMNS_BAD_OPTION, "bank 4", decode(*values, {"gtin"}, &unknownBank)},
         {ROSETAG_COLUMNS_BAD_OPTION, "ASCII", decode(*values, {"gtin"}, &wideSeparator)},
-        {ROSETAG_COLUMNS_BAD_OUTPUT, "\"status\"", check(*values, {"status"})},
+        {ROSETAG_COLUMNS_BAD_OUTPUT, "\"gtin\"", check(*values, {"gtin"})},
+        {ROSETAG_COLUMNS_BAD_TYPE, "epc, place", decode(*tableOf({"epc", "place"}), {"gtin"})},
+        {ROSETAG_COLUMNS_BAD_TYPE, "none", decode(*tableOf({}), {"gtin"})},
+        {ROSETAG_COLUMNS_BAD_ARRAY, "lacks rows", decode(*longTable, {"gtin"})},
+        {ROSETAG_COLUMNS_BAD_TYPE, "gcp_length", decode(*values, {"gtin"}, &tableColumn)},
         {ROSETAG_COLUMNS_BAD_OUTPUT, "\"is_valid\"", decode(*values, {"is_valid"})},
     };
     for (const auto& refused : cases) {

@@ -28,7 +28,7 @@ void reportFailure(CheckRun& run, Place place, const Translation& translation) {
     if (!failure.remedy.empty()) {
         detail += ": " + failure.remedy;
     }
-    report(run, rule, {}, hasPlace ? culprit : place, detail);
+    report(run, rule, {}, hasPlace ? culprit : place, detail).status = failure.status;
 }
 
 // What looks wrong in the bits of a tag value, although they can be read.
@@ -130,7 +130,8 @@ void check(std::string_view value, const ReadOptions& options, Rows<Finding>& fi
     if (value.size() > MAX_VALUE_LENGTH) {
         report(run, CheckRule::UNKNOWN_FORM, {}, {0, value.size()},
                "a value of more than " + std::to_string(MAX_VALUE_LENGTH) +
-                   " bytes is not looked at: give one value at a time");
+                   " bytes is not looked at: give one value at a time")
+            .status = EPC_ERR_TOO_LONG;
     } else if (first == end) {
         report(run, CheckRule::UNKNOWN_FORM, {}, {end, 0}, "the value is empty: give one");
     } else {

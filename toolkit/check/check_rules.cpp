@@ -154,4 +154,11 @@ bool hasError(const Rows<Finding>& findings) {
                        [](const Finding& finding) { return finding.severity == Severity::ERROR; });
 }
 
+EpcStatus statusOf(const Rows<Finding>& findings) {
+    const auto* const error =
+        std::find_if(findings.begin(), findings.end(),
+                     [](const Finding& finding) { return finding.severity == Severity::ERROR; });
+    return error == findings.end() ? EPC_OK : error->status;
+}
+
 } // namespace rosetag

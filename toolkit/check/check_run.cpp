@@ -34,6 +34,7 @@ Finding& add(CheckRun& run, CheckRule rule, std::string_view ai, Place place,
     Finding& finding = run.findings.add();
     finding.severity = entry.severity;
     finding.rule = rule;
+    finding.status = rule == CheckRule::CHECK_DIGIT ? EPC_ERR_CHECK_DIGIT : EPC_ERR_BAD_FORMAT;
     finding.ai = ai;
     finding.position = place.position;
     finding.length = place.length;

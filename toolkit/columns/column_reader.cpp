@@ -4,6 +4,8 @@
 
 #include <charconv>
 #include <cstring>
+#include <iterator>
+#include <string>
 
 namespace rosetag {
 namespace {
@@ -165,12 +167,8 @@ std::int32_t readLayout(const ArrowSchema& type, const ArrowArray& values, Colum
     return ROSETAG_COLUMNS_OK;
 }
 
-} // namespace
-
-std::int32_t columnReaderOpen(const ArrowSchema& type, const ArrowArray& values,
-                              ColumnReader& reader, ColumnReader& dictionary, char* error) {
-    reader = {};
-    dictionary = {};
+std::int32_t openColumn(const ArrowSchema& type, const ArrowArray& values, ColumnReader& reader,
+                        ColumnReader& dictionary, char* error) {
     if (const std::int32_t result = readLayout(type, values, reader, error); result != 0) {
         return result;
     }
@@ -187,6 +185,63 @@ std::int32_t columnReaderOpen(const ArrowSchema& type, const ArrowArray& values,
     }
     reader.dictionary = &dictionary;
     return readLayout(*type.dictionary, *values.dictionary, dictionary, error);
+}
+
+bool isTable(const ArrowSchema& type) {
+    return std::string_view(type.format) == "+s";
+}
+
+std::int32_t failTable(const ArrowSchema& type, char* error) {
+    std::string names;
+    for (std::int64_t i = 0; i < type.n_children; ++i) {
+        const char* const name = type.children[i]->name;
+        names += (i == 0 ? "" : ", ") + std::string(name == nullptr ? "" : name);
+    }
+    return columnsFail(error, ROSETAG_COLUMNS_BAD_TYPE,
+                       type.n_children == 0
+                           ? "a column is expected, and this table has none%s"
+                           : "one column is expected: choose among those of the table: %.180s",
+                       names.c_str());
+}
+
+// A table is a struct; it stands for its column if it has just one.
+std::int32_t openTable(const ArrowSchema& type, const ArrowArray& values, ColumnReader& reader,
+                       ColumnReader& dictionary, char* error) {
+    if (type.n_children != 1) {
+        return failTable(type, error);
+    }
+    // A table without rows may do without its column.
+    static const void* const noBuffers[3] = {};
+    ArrowArray column{};
+    column.n_buffers = std::size(noBuffers);
+    column.buffers = const_cast<const void**>(noBuffers); // NOLINT: Arrow has it so; it is read
+    if (values.n_children == 1) {
+        column = *values.children[0];
+    }
+    if (values.offset < 0 || column.length < values.offset + values.length) {
+        return columnsFail(error, ROSETAG_COLUMNS_BAD_ARRAY, "a table lacks rows of its column");
+    }
+    column.offset += values.offset;
+    column.length = values.length;
+    if (values.null_count != 0 && values.n_buffers > 0) {
+        reader.tableValidity = static_cast<const std::uint8_t*>(values.buffers[0]);
+        reader.tableOffset = values.offset;
+    }
+    return openColumn(*type.children[0], column, reader, dictionary, error);
+}
+
+} // namespace
+
+std::int32_t columnReaderOpen(const ArrowSchema& type, const ArrowArray& values,
+                              ColumnReader& reader, ColumnReader& dictionary, char* error) {
+    reader = {};
+    dictionary = {};
+    return isTable(type) ? openTable(type, values, reader, dictionary, error)
+                         : openColumn(type, values, reader, dictionary, error);
+}
+
+const char* columnFormat(const ArrowSchema& type) {
+    return isTable(type) && type.n_children == 1 ? type.children[0]->format : type.format;
 }
 
 bool columnHoldsTexts(const ColumnReader& reader) {

@@ -36,7 +36,9 @@ struct ColumnReader {
     const char* data = nullptr;
     const void* const* viewBuffers = nullptr;
     std::int64_t viewBufferCount = 0;
-    const ColumnReader* dictionary = nullptr; // rows are indexes into it
+    const ColumnReader* dictionary = nullptr;    // rows are indexes into it
+    const std::uint8_t* tableValidity = nullptr; // of the table whose only column this is
+    std::int64_t tableOffset = 0;
 };
 
 // Lays a reader over an array; dictionary is where that of an encoded array goes. A code of
@@ -44,13 +46,18 @@ struct ColumnReader {
 std::int32_t columnReaderOpen(const ArrowSchema& type, const ArrowArray& values,
                               ColumnReader& reader, ColumnReader& dictionary, char* error);
 
+// The Arrow type of a column, or of the only one of a table.
+const char* columnFormat(const ArrowSchema& type);
+
 inline bool columnBit(const std::uint8_t* bits, std::int64_t index) {
     return (bits[index / 8] >> (index % 8) & 1) != 0;
 }
 
 inline bool columnIsNull(const ColumnReader& reader, std::int64_t row) {
     return reader.layout == ColumnLayout::NONE ||
-           (reader.validity != nullptr && !columnBit(reader.validity, reader.offset + row));
+           (reader.validity != nullptr && !columnBit(reader.validity, reader.offset + row)) ||
+           (reader.tableValidity != nullptr &&
+            !columnBit(reader.tableValidity, reader.tableOffset + row));
 }
 
 // The bytes of a row of text or binary. False for a null.

@@ -28,8 +28,8 @@ struct OutputWord {
 // clang-format off
 constexpr OutputWord outputWords[] = {
     // word         output               type                calls that have it
-    {"status",      Output::STATUS,      ColumnType::UINT8,  TRANSLATE | TID},
-    {"status_name", Output::STATUS_NAME, ColumnType::TEXT,   TRANSLATE | TID},
+    {"status",      Output::STATUS,      ColumnType::UINT8,  TRANSLATE | TID | CHECK},
+    {"status_name", Output::STATUS_NAME, ColumnType::TEXT,   TRANSLATE | TID | CHECK},
     {"message",     Output::MESSAGE,     ColumnType::TEXT,   TRANSLATE | TID | CHECK},
     {"scheme",      Output::SCHEME,      ColumnType::TEXT,   TRANSLATE},
     {"filter",      Output::FILTER,      ColumnType::INT8,   TRANSLATE},
@@ -193,6 +193,11 @@ void putFindings(ColumnTable& table, OutputColumn& column, std::int64_t row,
                  const Rows<Finding>& findings) {
     const Finding* const worst = worstOf(findings);
     switch (column.output) {
+    case Output::STATUS:
+        return columnWriterPutNumber(column.writer, row,
+                                     static_cast<std::uint32_t>(statusOf(findings)));
+    case Output::STATUS_NAME:
+        return put(table, column, row, epc_statusName(statusOf(findings)));
     case Output::IS_VALID:
         return columnWriterPutNumber(column.writer, row, hasError(findings) ? 0 : 1);
     case Output::SEVERITY:

@@ -22,16 +22,19 @@ std::int32_t openArgument(const RosetagColumn& column, std::int64_t rows, bool i
         return ROSETAG_COLUMNS_OK;
     }
     argument.isThere = true;
-    if (const std::int32_t result = columnReaderOpen(*column.type, *column.values, argument.reader,
-                                                     argument.dictionary, error);
-        result != 0) {
-        return result;
-    }
+    const std::int32_t result =
+        columnReaderOpen(*column.type, *column.values, argument.reader, argument.dictionary, error);
     const bool isInteger =
         argument.reader.layout == ColumnLayout::INTEGERS && argument.reader.dictionary == nullptr;
-    if (argument.reader.layout != ColumnLayout::NONE && isInteger == isText) {
-        return columnsFail(error, ROSETAG_COLUMNS_BAD_TYPE, "the column %s must hold %s", name,
-                           isText ? "texts" : "integers");
+    const bool isOther = argument.reader.layout != ColumnLayout::NONE && isInteger == isText;
+    if (result == ROSETAG_COLUMNS_BAD_TYPE || (result == ROSETAG_COLUMNS_OK && isOther)) {
+        return columnsFail(error, ROSETAG_COLUMNS_BAD_TYPE,
+                           "the column %s must hold %s, and is of the Arrow type \"%.40s\"%s", name,
+                           isText ? "texts" : "integers", columnFormat(*column.type),
+                           column.type->dictionary == nullptr ? "" : " with a dictionary");
+    }
+    if (result != ROSETAG_COLUMNS_OK) {
+        return result;
     }
     if (argument.reader.length != rows) {
         return columnsFail(error, ROSETAG_COLUMNS_BAD_ARRAY,
@@ -75,7 +78,7 @@ std::int32_t openCall(const ArrowSchema* type, const ArrowArray* values, const c
         return columnsFail(error, ROSETAG_COLUMNS_BAD_TYPE,
                            "a column of the Arrow type \"%.40s\" is not taken: give strings, or "
                            "the bytes of tag values as binary",
-                           type->format);
+                           columnFormat(*type));
     }
     return columnTableOpen(outputs, outputCount, kind, call.reader, call.table, error);
 }

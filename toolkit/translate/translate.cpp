@@ -69,9 +69,8 @@ void failByError(Reading& reading, const Rows<Finding>& findings) {
         std::find_if(findings.begin(), findings.end(),
                      [](const Finding& finding) { return finding.severity == Severity::ERROR; });
     if (error != findings.end()) {
-        const bool isCheckDigit = error->rule == CheckRule::CHECK_DIGIT;
-        readingFail(reading, isCheckDigit ? EPC_ERR_CHECK_DIGIT : EPC_ERR_BAD_FORMAT,
-                    error->position, error->length, {error->message, {}, "strict"});
+        readingFail(reading, error->status, error->position, error->length,
+                    {error->message, {}, "strict"});
     }
 }
 
