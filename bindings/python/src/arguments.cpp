@@ -1,7 +1,7 @@
 #include "arguments.h"
 
 #include <algorithm>
-#include <cstring>
+#include <bit>
 #include <iterator>
 #include <string>
 #include <vector>
@@ -130,6 +130,34 @@ bool readBank(PyObject* given, Bank& bank) {
     return isRead;
 }
 
+bool raiseValue(PyObject* given) {
+    if (PyErr_Occurred() != nullptr && PyErr_ExceptionMatches(PyExc_MemoryError) != 0) {
+        return false;
+    }
+    PyErr_Clear();
+    return raiseType("a value", "str, bytes, or a sequence of 16-bit words", given);
+}
+
+// What the items of a buffer are.
+enum class ItemKind : std::uint8_t { BYTE, LITTLE_WORD, BIG_WORD, OTHER };
+
+// By the format characters of the struct module; a machine has its own order if none is named.
+ItemKind itemKindOf(const char* given) {
+    const std::string_view format = given == nullptr ? "B" : given;
+    if (format == "B" || format == "b" || format == "c") {
+        return ItemKind::BYTE;
+    }
+    const bool hasOrder = std::string_view("@=<>!").find(format.front()) != format.npos;
+    const std::string_view item = format.substr(hasOrder ? 1 : 0);
+    if (item != "H" && item != "h") {
+        return ItemKind::OTHER;
+    }
+    const char order = hasOrder ? format.front() : '@';
+    const bool isBig =
+        order == '@' || order == '=' ? std::endian::native == std::endian::big : order != '<';
+    return isBig ? ItemKind::BIG_WORD : ItemKind::LITTLE_WORD;
+}
+
 void appendWord(std::string& hex, unsigned word) {
     const std::uint8_t bytes[] = {static_cast<std::uint8_t>(word >> 8),
                                   static_cast<std::uint8_t>(word & 0xFF)};
@@ -181,43 +209,53 @@ bool Value::read(PyObject* given) {
         return data != nullptr;
     }
     const bool isRead = PyObject_CheckBuffer(given) != 0 ? readBuffer() : readWords();
-    text = hex;
+    text = text.empty() ? std::string_view(hex) : text;
     return isRead;
 }
 
 bool Value::readBuffer() {
     Py_buffer buffer;
+    // Of rows that are not contiguous, a copy.
     if (PyObject_GetBuffer(object, &buffer, PyBUF_CONTIG_RO | PyBUF_FORMAT) != 0) {
-        return false;
+        PyErr_Clear();
+        copy = PyMemoryView_GetContiguous(object, PyBUF_READ, 'C');
+        if (copy == nullptr || PyObject_GetBuffer(copy, &buffer, PyBUF_FULL_RO) != 0) {
+            return false;
+        }
     }
-    const bool isGood = buffer.itemsize == 1 || buffer.itemsize == 2;
+    const ItemKind kind = itemKindOf(buffer.format);
     const auto* const bytes = static_cast<const std::uint8_t*>(buffer.buf);
-    // What is too long stays so.
-    const std::size_t size = std::min(static_cast<std::size_t>(buffer.len), MAX_VALUE_LENGTH);
-    if (buffer.itemsize == 1) {
+    const auto size = static_cast<std::size_t>(buffer.len);
+    if (size > MAX_VALUE_LENGTH && kind != ItemKind::OTHER) {
+        text = {static_cast<const char*>(buffer.buf), size}; // too long; nobody looks at it
+    } else if (kind == ItemKind::BYTE) {
         appendHex(hex, {bytes, size});
-    } else if (isGood) {
+    } else if (kind != ItemKind::OTHER) {
+        const std::size_t high = kind == ItemKind::BIG_WORD ? 0 : 1;
         for (std::size_t i = 0; i < size; i += 2) {
-            std::uint16_t word = 0;
-            std::memcpy(&word, bytes + i, sizeof word);
-            appendWord(hex, word);
+            appendHex(hex, {bytes + i + high, 1});
+            appendHex(hex, {bytes + i + 1 - high, 1});
         }
     }
     PyBuffer_Release(&buffer);
-    if (!isGood) {
-        PyErr_SetString(PyExc_TypeError, "a buffer must hold bytes or 16-bit words");
-    }
-    return isGood;
+    return kind != ItemKind::OTHER || raiseValue(object);
 }
 
 bool Value::readWords() {
     const Ref words(PySequence_Check(object) != 0 ? PySequence_List(object) : nullptr);
     if (!words) {
-        return PyErr_Occurred() == nullptr &&
-               raiseType("a value", "str, bytes, or a sequence of 16-bit words", object);
+        return raiseValue(object);
     }
     for (Py_ssize_t i = 0; i < PyList_Size(words.get()); ++i) {
-        const long word = PyLong_AsLong(PyList_GetItem(words.get(), i));
+        PyObject* const item = PyList_GetItem(words.get(), i);
+        if (PyIndex_Check(item) == 0) {
+            PyErr_Format(PyExc_TypeError,
+                         "%R is not a value: its item %zd is %R, not a 16-bit word; "
+                         "rosetag.columns takes many values",
+                         Py_TYPE(object), i, Py_TYPE(item));
+            return false;
+        }
+        const long word = PyLong_AsLong(item);
         if (word < 0 || word > 0xFFFF) {
             if (PyErr_Occurred() == nullptr || PyErr_ExceptionMatches(PyExc_OverflowError) != 0) {
                 PyErr_Format(PyExc_ValueError, "word %zd is not between 0 and 65535", i);

@@ -73,6 +73,12 @@ bool readArguments(const Signature& signature, PyObject* const* positional, Py_s
 // A value as the toolkit takes it: a text, or the bits of a tag as hex.
 class Value {
 public:
+    Value() = default;
+    Value(const Value&) = delete;
+    Value& operator=(const Value&) = delete;
+    ~Value() {
+        Py_XDECREF(copy);
+    }
     bool read(PyObject* given);
 
     PyObject* object = nullptr;
@@ -84,6 +90,7 @@ private:
     bool readWords();
 
     std::string hex;
+    PyObject* copy = nullptr; // of a buffer that is not contiguous
 };
 
 // The options READING_OPTIONS for this value.

@@ -78,7 +78,11 @@ public:
             if (!readText(word, "an output", text)) {
                 return false;
             }
-            names.push_back(PyUnicode_AsUTF8AndSize(word, nullptr));
+            if (text.text.find('\0') != text.text.npos) {
+                PyErr_Format(PyExc_ValueError, "there is no output %R", word);
+                return false;
+            }
+            names.push_back(text.text.data());
         }
         return list != nullptr;
     }

@@ -30,11 +30,34 @@ struct Span {
 };
 
 Span spanOf(const Value& value, std::size_t position, std::size_t length) {
+    if (!value.isText) {
+        return {static_cast<Py_ssize_t>(position), static_cast<Py_ssize_t>(length)};
+    }
     const Py_ssize_t first = charactersBefore(value.text, position);
     return {first, charactersBefore(value.text, position + length) - first};
 }
 
-PyObject* raise(const Failure& failure, const Value& value) {
+// Hex as text that was given as bytes, by a reader for example.
+bool isTextInBytes(const Value& value) {
+    constexpr std::size_t shortest = 16;
+    const auto isCharacterOfHex = [&](std::size_t at) {
+        const std::string_view byte = value.text.substr(at, 2);
+        return (byte >= "30" && byte <= "39") || (byte >= "41" && byte <= "46") ||
+               (byte >= "61" && byte <= "66");
+    };
+    bool isText = !value.isText && value.text.size() >= 2 * shortest;
+    for (std::size_t at = 0; isText && at < value.text.size(); at += 2) {
+        isText = isCharacterOfHex(at);
+    }
+    return isText;
+}
+
+PyObject* raise(const Failure& given, const Value& value) {
+    Failure failure = given;
+    if (isTextInBytes(value)) {
+        failure.remedy = "these bytes are text, and bytes are taken for the bits of a tag: give "
+                         "value.decode()";
+    }
     const Span place = spanOf(value, failure.position, failure.length);
     const Ref arguments(tupleOf(failureText(failure), static_cast<int>(failure.status),
                                 Py_NewRef(value.object), place.first, place.length, failure.culprit,

@@ -5,6 +5,7 @@ import threading
 from concurrent.futures import ThreadPoolExecutor
 
 import duckdb
+import numpy as np
 import pandas as pd
 import polars as pl
 import pyarrow as pa
@@ -76,11 +77,36 @@ def test_polars(reads):
 def test_duckdb(reads):
     held = pa.table({"epc": reads})
     relation = duckdb.sql("SELECT epc FROM held")
-    decoded = pa.table(columns.decode(pa.table(relation)["epc"], OUTPUTS))
+    decoded = pa.table(columns.decode(relation, OUTPUTS))
     check(decoded)
     counts = duckdb.sql("SELECT status, count(*) FROM decoded GROUP BY 1 ORDER BY 1 NULLS LAST")
     hundredth = ROWS // 1000
     assert counts.fetchall() == [(0, ROWS - 2 * hundredth), (6, hundredth), (None, hundredth)]
+
+
+def test_tables_of_one_column(reads):
+    frame = pd.DataFrame({"epc": reads})
+    for table in (pa.table({"epc": reads}), pa.record_batch({"epc": reads}), pl.DataFrame({"epc": reads}),
+                  frame, frame.set_index(frame.index * 2), pa.table({"epc": reads}).to_reader()):
+        check(pa.table(columns.decode(table, OUTPUTS)))
+    rows = pa.array([{"epc": reads[1]}, None, {"epc": None}, {"epc": reads[2]}, {"epc": reads[3]}])
+    part = pa.record_batch(columns.decode(rows[1:4], "serial"))[0]
+    assert part.to_pylist() == [None, None, "2"]
+    items = pl.DataFrame({"text": ["(01)80614141123458(21)6789"]})
+    scheme, filters = pl.DataFrame({"scheme": ["sgtin-96"]}), pl.DataFrame({"filter": [3]})
+    hexes = pl.DataFrame(columns.encode(items, scheme, filter=filters, gcp_length=7, to="hex"))
+    assert hexes["hex"].to_list() == ["3074257BF7194E4000001A85"]
+
+
+def test_categories():
+    """Texts as numbers and a dictionary, as pandas, polars and Parquet have them."""
+    hexes = ["3074257BF7194E4000001A85", None, "nonsense", "3074257BF7194E4000001A85"]
+    for column in (pd.Series(hexes, dtype="category"), pl.Series(hexes, dtype=pl.Categorical),
+                   pa.chunked_array([pa.array(hexes[:2]).dictionary_encode(),
+                                     pa.array(hexes[2:]).dictionary_encode()])):
+        table = pa.table(columns.decode(column, ["serial", "status"]))
+        assert table["serial"].to_pylist() == ["6789", None, None, "6789"]
+        assert table["status"].to_pylist() == [0, None, 7, 0]
 
 
 @pytest.mark.parametrize(
@@ -110,8 +136,11 @@ def test_every_type_and_slice(kind):
         (pa.nulls(5), [None] * 5),
         (pa.chunked_array([], pa.string()), []),
         (pa.array([], pa.dictionary(pa.int8(), pa.string())), []),
+        (duckdb.sql("SELECT 'a' AS epc WHERE false"), []),
+        (pa.table({"epc": pa.array([], pa.string())}).to_reader(), []),
+        (pd.DataFrame({"epc": [None, None]}), [None, None]),
     ],
-    ids=["empty", "nulls", "null type", "no chunk", "empty dictionary"],
+    ids=["empty", "nulls", "null type", "no chunk", "empty dictionary", "relation", "stream", "frame"],
 )
 def test_nothing_to_decode(column, expected):
     result = pa.table(columns.decode(column, ["gtin", "status"]))
@@ -158,11 +187,20 @@ def test_tids():
         (lambda: columns.decode(pa.array(["a"]), "gtin", bank="tid"), ValueError, "bank"),
         (lambda: columns.decode(pa.array(["a"]), [1]), TypeError, "str"),
         (lambda: columns.decode(pa.array(["a"]), 1), TypeError, "iterable"),
-        (lambda: columns.decode(pa.table({"a": ["a"]}), "gtin"), TypeError, r"\+s"),
+        (lambda: columns.decode(pa.table({"a": ["a"], "b": ["b"]}), "gtin"), TypeError, "a, b"),
+        (lambda: columns.decode(pd.DataFrame({"a": ["a"], "b": [1]}), "gtin"), TypeError, "a, b"),
+        (lambda: columns.decode(pl.DataFrame(), "gtin"), TypeError, "has none"),
+        (lambda: columns.decode(pl.DataFrame({"a": [1.5]}), "gtin"), TypeError, '"g"'),
+        (lambda: columns.decode(pl.Series([[{"a": "a"}]]), "gtin"), TypeError, "strings"),
+        (lambda: columns.decode(pa.array([{"a": {"a": "a"}}]), "gtin"), TypeError, "strings"),
+        (lambda: columns.decode(np.array(["a"]), "gtin"), TypeError, r"pyarrow\.array"),
+        (lambda: columns.decode(pa.array(["a"]), "gtin\0"), ValueError, "gtin"),
+        (lambda: columns.encode(pa.array(["a"]), filter=[3]), TypeError, r"pyarrow\.array"),
+        (lambda: columns.encode(pa.array(["a"]), filter=pd.Series([3, None])), TypeError, "filter"),
         (lambda: columns.decode(pa.array([["a"]]), "gtin"), TypeError, r"\+l"),
         (lambda: columns.decode(pa.array([1.5]), "gtin"), TypeError, '"g"'),
         (lambda: columns.decode(pa.schema([]), "gtin"), TypeError, "PyCapsule"),
-        (lambda: columns.check(pa.array(["a"]), "status"), ValueError, "status"),
+        (lambda: columns.check(pa.array(["a"]), "gtin"), ValueError, "gtin"),
         (lambda: columns.tid(pa.array(["a"]), "gtin"), ValueError, "gtin"),
         (lambda: columns.encode(pa.array(["a"]), 96), TypeError, "scheme"),
         (lambda: columns.encode(pa.array(["a"]), filter="3"), TypeError, "filter"),
@@ -206,10 +244,11 @@ def test_output_of_a_large_dictionary():
 
 def test_checking():
     labels = pa.array(["(01)80614141123458", "(01)80614141123459(17)261301", None, "(10)LOT7"])
-    table = pa.record_batch(columns.check(labels, ["is_valid", "severity", "errors", "warnings", "rule"]))
+    outputs = ["is_valid", "severity", "errors", "warnings", "rule", "status"]
+    table = pa.record_batch(columns.check(labels, outputs))
     assert [tuple(row.values()) for row in table.to_pylist()] == [
-        (True, None, 0, 0, None), (False, "error", 2, 0, "check_digit"), (None,) * 5,
-        (True, "warning", 0, 1, "needs"),
+        (True, None, 0, 0, None, 0), (False, "error", 2, 0, "check_digit", 23), (None,) * 6,
+        (True, "warning", 0, 1, "needs", 0),
     ]
     assert pa.record_batch(columns.check(labels)).schema.names == ["is_valid", "rule", "message"]
 

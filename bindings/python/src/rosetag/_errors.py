@@ -51,7 +51,8 @@ class RosetagError(ValueError):
     Attributes:
         status: what was wrong, a :class:`Status`.
         value: the value as it was given.
-        position: where in the value, counted in characters from 0.
+        position: where in the value, counted in characters from 0; in digits of its hex where it
+            was given as bytes or words.
         length: how many characters are at fault; 0 between two of them, or at the end.
         culprit: the characters that stand there; may be empty.
         message: what is wrong, without the place.

@@ -1,7 +1,8 @@
 """Whole columns of values, at the speed of the library.
 
-The functions take any column that speaks the Arrow PyCapsule interface (pyarrow, polars, pandas,
-DuckDB results), and give a :class:`Columns`, which speaks it too:
+The functions take any column that speaks the Arrow PyCapsule interface (pyarrow, polars, pandas),
+or a table of one column (a DuckDB relation, a frame), and give a :class:`Columns`, which speaks it
+too:
 
 >>> import pyarrow
 >>> reads = pyarrow.array(["3074257BF7194E4000001A85", None, "nonsense"])
@@ -11,6 +12,9 @@ DuckDB results), and give a :class:`Columns`, which speaks it too:
 
 A row that fails is null in every column but its status; a null stays null. One bad row never ends
 a call.
+
+The options are those of :func:`rosetag.decode` and :func:`rosetag.encode`. ``scheme``, ``filter``
+and ``gcp_length`` may be columns, with a value for each row.
 """
 
 from __future__ import annotations
@@ -20,6 +24,7 @@ from typing import Any
 
 from rosetag import _core
 from rosetag._api import Bank, Encoding
+from rosetag._gcp_lengths import GcpLengths
 
 __all__ = ["Columns", "check", "decode", "encode", "tid"]
 
@@ -45,15 +50,17 @@ class Columns:
         return _core.columns_stream(self._batches)
 
 
-def _batches(column: Any) -> list[tuple[object, object]]:
+def _batches(column: Any, name: str = "a column") -> list[tuple[object, object]]:
     """The chunks of a column as pairs of capsules."""
+    if getattr(column, "ndim", 1) == 2 and hasattr(column, "iloc") and column.shape[1] == 1:
+        column = column.iloc[:, 0]  # a frame of pandas would give its index, too
     if hasattr(column, "__arrow_c_array__"):
         return [column.__arrow_c_array__()]
     if hasattr(column, "__arrow_c_stream__"):
         return _core.columns_of_stream(column.__arrow_c_stream__())
     raise TypeError(
-        f"a column must speak the Arrow PyCapsule interface (pyarrow, polars, pandas, DuckDB), "
-        f"not {type(column)}; for a list: pyarrow.array(list)"
+        f"{name} must speak the Arrow PyCapsule interface (pyarrow, polars, pandas, DuckDB), "
+        f"not {type(column)}; for a list or an array of numpy: pyarrow.array(values)"
     )
 
 
@@ -63,9 +70,10 @@ def _is_column(option: Any) -> bool:
 
 def _per_chunk(option: Any, name: str, count: int) -> list[Any]:
     """The option for each chunk of the values: the same for all, or chunks of its own."""
-    if not _is_column(option):
+    is_constant = isinstance(option, (str, GcpLengths)) or not hasattr(option, "__iter__")
+    if is_constant and not _is_column(option):
         return [option] * count
-    batches = _batches(option)
+    batches = _batches(option, name)
     if len(batches) != count:
         raise ValueError(
             f"the values have {count} chunks and the column {name} has {len(batches)}: make them "
@@ -110,9 +118,11 @@ def decode(
         to: the outputs: "hex", "tag_uri", "pure_identity", "element_string", "barcode_string",
             "digital_link", "gtin", "serial", "scheme", "filter", "bytes", "ai_" and the code of an
             AI ("ai_10"), "status", "status_name", "message".
-        gcp_length: digits of the company prefix, 6 to 12, a column of them, or a
-            :class:`rosetag.GcpLengths`.
-        as_barcode, strict, bank, separator: as for :func:`rosetag.decode`.
+
+    >>> import pyarrow
+    >>> reads = pyarrow.array(["3074257BF7194E4000001A85"])
+    >>> pyarrow.table(decode(reads, ["gtin", "serial"])).to_pydict()
+    {'gtin': ['80614141123458'], 'serial': ['6789']}
     """
     reading = {"as_barcode": as_barcode, "strict": strict, "bank": bank, "separator": separator}
     return _call(_core.columns_decode, values, to, reading, {"gcp_length": gcp_length})
@@ -131,7 +141,11 @@ def encode(
     separator: str | None = None,
     to: str | Iterable[str] = ("hex", "status"),
 ) -> Columns:
-    """Makes tag values of a column. scheme, filter and gcp_length are constants or columns.
+    """Makes tag values of a column.
+
+    Args:
+        values: as for :func:`decode`.
+        to: the outputs: "hex" or "bytes", and all others of :func:`decode`.
 
     >>> import pyarrow
     >>> items = pyarrow.array(["(01)80614141123458(21)6789"])
@@ -165,8 +179,8 @@ def check(
         values: as for :func:`decode`.
         to: the outputs: "is_valid" (no error), "severity" ("error" or "warning", that of the worst
             finding), "errors" and "warnings" (how many), "rule" and "message" (of the first finding
-            of that severity), "findings" (all of them as JSON).
-        gcp_length, as_barcode, strict, bank, separator: as for :func:`decode`.
+            of that severity), "findings" (all of them as JSON), "status" and "status_name" (of the
+            first error, otherwise 0 and "EPC_OK").
 
     >>> import pyarrow
     >>> labels = pyarrow.array(["(01)80614141123458", "(01)80614141123459(17)261301"])

@@ -1,7 +1,7 @@
 """The functions on columns of Apache Spark.
 
-:func:`decode`, :func:`encode` and :func:`check` are column functions; :func:`register` gives them to SQL. Batches
-go to them as Arrow arrays, so that a row costs little more than the library itself. The executors
+:func:`decode`, :func:`encode` and :func:`check` are column functions; :func:`register` gives them
+to SQL. Batches go to them as Arrow arrays, so that a row costs little more than the library itself. The executors
 need the wheel of this package, see ``docs/spark.md``.
 
     import rosetag.spark as rs
@@ -20,7 +20,8 @@ from pyspark.sql.types import BinaryType, BooleanType, ByteType, DataType, Integ
 from pyspark.sql.types import StringType, StructField, StructType
 
 from rosetag import columns
-from rosetag._api import Encoding
+from rosetag._api import Bank, Encoding
+from rosetag._gcp_lengths import GcpLengths
 
 __all__ = ["SQL_FUNCTIONS", "check", "decode", "encode", "register"]
 
@@ -76,23 +77,28 @@ def decode(
     values: Column | str,
     to: str | Iterable[str],
     *,
-    gcp_length: Column | int | None = None,
+    gcp_length: Column | int | GcpLengths | None = None,
     as_barcode: bool = False,
     strict: bool = False,
+    bank: Bank = "auto",
+    separator: str | None = None,
 ) -> Column:
     """Translates a column of values.
 
     Args:
         values: a column, or its name: texts in any form, or the bytes of tag values as binary.
         to: an output of :func:`rosetag.columns.decode`; several become a struct.
-        gcp_length: digits of the company prefix, 6 to 12; or a column of them.
-        as_barcode, strict: as for :func:`rosetag.decode`.
+        gcp_length: digits of the company prefix, 6 to 12, a column of them, or a
+            :class:`rosetag.GcpLengths`.
+        as_barcode, strict, bank, separator: as for :func:`rosetag.decode`.
 
     Returns:
         A column. A row that fails is null, and so is a null; "status" and "status_name" say why.
     """
     outputs = to if isinstance(to, str) else tuple(to)
-    options = {"as_barcode": as_barcode, "strict": strict}
+    options: dict[str, Any] = {
+        "as_barcode": as_barcode, "strict": strict, "bank": bank, "separator": separator
+    }
     if isinstance(gcp_length, Column):
         return _function(
             outputs,
@@ -110,7 +116,7 @@ def encode(
     scheme: Column | str,
     *,
     filter: Column | int = 0,
-    gcp_length: Column | int | None = None,
+    gcp_length: Column | int | GcpLengths | None = None,
     encoding: Encoding = "auto",
     to: str | Iterable[str] = "hex",
 ) -> Column:
@@ -119,7 +125,8 @@ def encode(
     Args:
         values: a column, or its name.
         scheme: the name of a scheme, or a column of names.
-        filter, gcp_length: numbers, or columns of them.
+        filter, gcp_length: numbers, or columns of them; gcp_length may be a
+            :class:`rosetag.GcpLengths`.
         encoding: how texts stand in the bits of a plus scheme.
         to: an output of :func:`rosetag.columns.encode`; several become a struct.
     """
@@ -136,15 +143,23 @@ def encode(
     return _function(outputs, call)(_column(values), *of_rows.values())
 
 
-def check(values: Column | str, to: str | Iterable[str] = "is_valid") -> Column:
+def check(
+    values: Column | str,
+    to: str | Iterable[str] = "is_valid",
+    *,
+    gcp_length: GcpLengths | None = None,
+) -> Column:
     """Finds what is not as GS1 demands.
 
     Args:
         values: a column, or its name: texts in any form, or the bytes of tag values as binary.
         to: an output of :func:`rosetag.columns.check`; several become a struct.
+        gcp_length: with it, keys whose digits no company prefix begins with are found too.
     """
     outputs = to if isinstance(to, str) else tuple(to)
-    return _function(outputs, lambda array: columns.check(array, outputs))(_column(values))
+    return _function(
+        outputs, lambda array: columns.check(array, outputs, gcp_length=gcp_length)
+    )(_column(values))
 
 
 SQL_FUNCTIONS = {
