@@ -13,7 +13,7 @@ public:
         : ResultConverter(isJsonWanted), encoding(theEncoding), isEncode(isEncoder) {}
 
     void convert(const InputItem& input) override {
-        given = input.value;
+        take(input);
         result = isEncode ? encodeAi(encoding.ai, given, encoding.withCode, encoding.encoding)
                           : decodeAi(given, encoding.ai);
     }
@@ -34,9 +34,12 @@ public:
         }
         out += '\n';
     }
+    bool linesTellFailures() const override {
+        return isJson;
+    }
     void writeArgument(std::string& out) override {
         if (isJson) {
-            appendJson(out, result);
+            appendJson(out, result, line);
             out += '\n';
         } else if (!isFailure(failure())) {
             out += labelled("AI", result.ai.ai + "  " + std::string(result.ai.title));

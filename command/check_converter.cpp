@@ -16,7 +16,7 @@ public:
         line = input.line;
         check(given, options, found);
         setFailure();
-        noteBlanks();
+        noteReading();
     }
     void refuse(const InputItem& input, Failure failure) override {
         given = input.value;
@@ -62,12 +62,14 @@ public:
         }
         if (found.empty() && isFailure(problem)) {
             out += std::to_string(line) + "\terror\t" + std::string(Converter::failureWord()) +
-                   "\t\t1\t\t" + problem.message + '\n';
+                   "\t\t" + std::to_string(problem.position + 1) + '\t';
+            tsvAppendCell(out, problem.culprit);
+            out += '\t' + problem.message + "; " + problem.remedy + '\n';
         }
     }
     void writeArgument(std::string& out) override {
         if (isJson) {
-            appendJson(out, found, given, line);
+            appendJson(out, found, taken, given, line);
             out += '\n';
             return;
         }
@@ -82,6 +84,9 @@ public:
     bool showsFailures() const override {
         return true;
     }
+    bool linesTellFailures() const override {
+        return true;
+    }
 
     void writeCells(std::vector<std::string>& cells) override {
         cells.assign(2, {});
@@ -91,7 +96,7 @@ public:
         for (const Finding& finding : found) {
             cells[1] += (cells[1].empty() ? "" : "; ") + findingText(finding);
         }
-        cells[1] += found.empty() ? problem.message : "";
+        cells[1] += found.empty() && isFailure(problem) ? failureMessage(problem) : "";
     }
 
 private:
@@ -113,16 +118,25 @@ private:
         }
     }
 
-    // A check passes over the blanks around a value.
-    void noteBlanks() {
+    // What a check passes over without a finding: blanks, and words before the EPC.
+    void noteReading() {
         constexpr std::string_view blanks = " \t\r";
+        const auto isBlank = [=](char character) {
+            return blanks.find(character) != std::string_view::npos;
+        };
+        const auto mayBeginHex = [](char character) {
+            return (character >= '0' && character <= '9') ||
+                   (character >= 'A' && character <= 'F') || (character >= 'a' && character <= 'f');
+        };
         taken.clear();
-        if (given.empty() || (blanks.find(given.front()) == std::string_view::npos &&
-                              blanks.find(given.back()) == std::string_view::npos)) {
+        if (given.empty() ||
+            !(isBlank(given.front()) || isBlank(given.back()) || mayBeginHex(given.front()))) {
             return;
         }
-        for (const Note& note : recognise(given, options).notes) {
-            if (note.kind == NoteKind::BLANKS) {
+        recognise(given, options, recognition);
+        for (const Note& note : recognition.notes) {
+            if (note.kind == NoteKind::BLANKS || note.kind == NoteKind::PC_WORD ||
+                note.kind == NoteKind::MAY_BE_PC_WORD) {
                 taken.add() = note;
             }
         }
@@ -134,6 +148,7 @@ private:
     std::uint64_t line = 0;
     Rows<Finding> found;
     Rows<Note> taken;
+    Recognition recognition;
     Failure problem;
 };
 

@@ -136,8 +136,7 @@ void addReading(CLI::App& command, Arguments& arguments) {
             },
             "");
     command.add_flag("--strict", arguments.read.strict,
-                     "take links as they are, and refuse what check calls an error; a run over "
-                     "lines stops at the first failure");
+                     "take links as they are, and refuse what check calls an error");
 }
 
 void addJson(CLI::App& command, Arguments& arguments) {
@@ -168,6 +167,8 @@ void addRunning(CLI::App& command, Arguments& arguments) {
                                          "write lines that fail here: number, status, value, "
                                          "message"))
         .type_name("FILE");
+    forLines(command, command.add_flag("--stop", run.stopsAtFailure,
+                                       "end the run at the first line that fails"));
     forLines(command, command.add_option("--jobs", run.jobs, "convert on so many threads"))
         .type_name("N")
         ->check(CLI::Range(1, 256));

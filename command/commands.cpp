@@ -52,6 +52,9 @@ public:
     bool writesBlocks() const override {
         return last->writesBlocks();
     }
+    bool linesTellFailures() const override {
+        return last->linesTellFailures();
+    }
 
 private:
     Recognition recognition;
@@ -222,7 +225,7 @@ int run(Output& output, const Arguments& arguments, LineRules& rules, const Tabl
         const std::unique_ptr<Converter> converter = rules.makeConverter();
         return runValues(output, arguments, *converter);
     }
-    rules.stopsAtFailure = arguments.read.strict;
+    rules.stopsAtFailure = arguments.run.stopsAtFailure;
     rules.keepsRows = !arguments.isJson;
     RunOptions options = arguments.run;
     options.table = table;

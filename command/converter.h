@@ -63,6 +63,11 @@ public:
         return false;
     }
 
+    // The same of lines: with position, culprit and remedy.
+    virtual bool linesTellFailures() const {
+        return false;
+    }
+
     // True where the texts of several arguments want an empty line between them.
     virtual bool writesBlocks() const {
         return false;

@@ -49,9 +49,9 @@ void endRow(int, void* data) {
     static_cast<CsvParser*>(data)->isWhole = true;
 }
 
-// Parses one line. False at text after a closing quote. A quote in the middle of a cell without
-// quotes is a character like others.
-bool parseLine(CsvParser& parser, std::string_view line) {
+// Parses one line. Gives what could not be parsed, which begins with text after a closing quote; a
+// quote in the middle of a cell without quotes is a character like others.
+std::string_view parseLine(CsvParser& parser, std::string_view line) {
     while (!line.empty()) {
         const std::size_t done =
             csv_parse(&parser.state, line.data(), line.size(), addCell, endRow, &parser);
@@ -63,14 +63,14 @@ bool parseLine(CsvParser& parser, std::string_view line) {
             break;
         }
         if (line.front() != '"') {
-            return false;
+            break;
         }
         csv_set_opts(&parser.state, 0);
         csv_parse(&parser.state, line.data(), 1, addCell, endRow, &parser);
         csv_set_opts(&parser.state, CSV_STRICT);
         line.remove_prefix(1);
     }
-    return true;
+    return line;
 }
 
 // Begins a new row, whatever was left of the one before.
@@ -94,6 +94,7 @@ struct RowExtent {
     std::size_t size = 0;
     std::size_t lines = 0;
     CsvFault fault = CsvFault::NONE;
+    std::size_t faultAt = 0;
     bool isOpen = false; // inside of quotes where the text ends
 };
 
@@ -120,10 +121,12 @@ RowExtent parseRow(CsvParser& parser, std::string_view text, CsvRow& row) {
     RowExtent extent;
     while (extent.size < text.size() && extent.size <= LONGEST_QUOTED_ROW) {
         const std::string_view line = text.substr(extent.size, lineSize(text, extent.size));
-        if (line.find('\0') != std::string_view::npos) {
+        if (const std::size_t nul = line.find('\0'); nul != std::string_view::npos) {
             extent.fault = CsvFault::NUL;
-        } else if (!parseLine(parser, line)) {
+            extent.faultAt = extent.size + nul;
+        } else if (const std::string_view rest = parseLine(parser, line); !rest.empty()) {
             extent.fault = CsvFault::TEXT_AFTER_QUOTE;
+            extent.faultAt = extent.size + line.size() - rest.size();
         }
         extent.size += line.size();
         ++extent.lines;
@@ -135,7 +138,36 @@ RowExtent parseRow(CsvParser& parser, std::string_view text, CsvRow& row) {
     }
     extent.isOpen = extent.size <= LONGEST_QUOTED_ROW;
     extent.fault = CsvFault::OPEN_QUOTE;
+    extent.faultAt = std::string_view::npos;
     return extent;
+}
+
+// A line from a cell on, or from its last cell if there are fewer.
+std::string_view fromCell(std::string_view line, char delimiter, std::size_t index) {
+    for (std::size_t i = 0; i < index; ++i) {
+        std::size_t end = 0;
+        if (delimiter != '\t' && line.starts_with('"')) {
+            end = line.find('"', 1);
+            while (end < line.size() && line.substr(end).starts_with("\"\"")) {
+                end = line.find('"', end + 2);
+            }
+        }
+        end = end == std::string_view::npos ? end : line.find(delimiter, end);
+        if (end == std::string_view::npos) {
+            break;
+        }
+        line.remove_prefix(end + 1);
+    }
+    return line;
+}
+
+// What is wrong in a line. A quote that is left open begins its last cell.
+std::string_view culpritOf(std::string_view line, char delimiter, const RowExtent& extent) {
+    if (extent.fault == CsvFault::OPEN_QUOTE) {
+        return fromCell(line, delimiter, line.size());
+    }
+    const std::string_view rest = line.substr(extent.faultAt);
+    return rest.substr(0, extent.fault == CsvFault::NUL ? 1 : rest.find(delimiter));
 }
 
 } // namespace
@@ -155,6 +187,8 @@ void csvReadRow(CsvReader& reader, std::string_view& text, CsvRow& row) {
     if (extent.fault != CsvFault::NONE) {
         extent.size = lineSize(text, 0);
         extent.lines = 1;
+        // A fault in a line after the first is due to a quote that the first one leaves open.
+        extent.fault = extent.faultAt < extent.size ? extent.fault : CsvFault::OPEN_QUOTE;
     }
     if (row.ends.empty()) {
         row.ends.push_back(0);
@@ -165,7 +199,13 @@ void csvReadRow(CsvReader& reader, std::string_view& text, CsvRow& row) {
     const bool hasReturn = row.text.ends_with('\r');
     row.text.remove_suffix(hasReturn ? 1 : 0);
     row.lineEnd = text.substr(row.text.size(), hasReturn ? 2 : 1);
+    row.culprit = extent.fault == CsvFault::NONE ? std::string_view()
+                                                 : culpritOf(row.text, reader.delimiter, extent);
     text.remove_prefix(extent.size);
+}
+
+std::string_view csvCellsFrom(const CsvRow& row, char delimiter, std::size_t index) {
+    return fromCell(row.text, delimiter, index);
 }
 
 std::size_t csvWholeRows(CsvReader& reader, std::string_view text) {

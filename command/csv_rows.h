@@ -28,7 +28,8 @@ struct CsvRow {
     std::string_view lineEnd; // as it was: LF or CR LF
     std::size_t lines = 1;
     CsvFault fault = CsvFault::NONE;
-    std::string characters; // of all cells, their quotes resolved
+    std::string_view culprit; // the part of the text that is at fault
+    std::string characters;   // of all cells, their quotes resolved
     std::vector<std::size_t> ends;
 };
 
@@ -54,6 +55,9 @@ std::size_t csvWholeRows(CsvReader& reader, std::string_view text);
 inline std::size_t csvCellCount(const CsvRow& row) {
     return row.ends.size();
 }
+
+// The text of a row, which has no fault, from a cell on.
+std::string_view csvCellsFrom(const CsvRow& row, char delimiter, std::size_t index);
 
 inline std::string_view csvCell(const CsvRow& row, std::size_t index) {
     const std::size_t begin = index == 0 ? 0 : row.ends[index - 1];

@@ -12,13 +12,13 @@ public:
         : ResultConverter(isJsonWanted), options(theOptions) {}
 
     void convert(const InputItem& input) override {
-        given = input.value;
+        take(input);
         explain(given, options, result);
     }
 
     void writeArgument(std::string& out) override {
         if (isJson) {
-            appendJson(out, result, given);
+            appendJson(out, result, given, line);
             out += '\n';
         } else if (!result.fields.empty()) {
             out += humanExplanation(result);

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <charconv>
 
 namespace rosetag {
@@ -43,15 +44,35 @@ const Json* memberOf(const Json& object, std::string_view path) {
     return member;
 }
 
+// From where a line is not JSON; all of it if it is.
+std::string_view fromParseError(std::string_view line) {
+    try {
+        [[maybe_unused]] const Json parsed = Json::parse(line);
+    } catch (const Json::parse_error& error) {
+        return line.substr(std::min(std::max<std::size_t>(error.byte, 1) - 1, line.size()));
+    }
+    return line;
+}
+
+// The last key of a path in the line; all of it if it is not clear where that is.
+std::string_view keyIn(std::string_view line, std::string_view path) {
+    const std::string_view key = path.substr(path.rfind('.') + 1);
+    const std::string asWritten = quoted(key);
+    const std::size_t at = line.find(asWritten);
+    return at == std::string_view::npos || line.find(asWritten, at + 1) != std::string_view::npos
+               ? line
+               : line.substr(at + 1, asWritten.size() - 2);
+}
+
 } // namespace
 
-std::string jsonLineRead(std::string_view line, std::span<const std::string> paths,
-                         std::span<const std::string_view> added,
-                         std::vector<std::string>& values) {
+JsonFault jsonLineRead(std::string_view line, std::span<const std::string> paths,
+                       std::span<const std::string_view> added, std::vector<std::string>& values) {
     values.assign(paths.size(), {});
     const Json object = Json::parse(line, nullptr, false);
     if (!object.is_object()) {
-        return "the line is not a JSON object: give one object on each line";
+        return {fromParseError(line), "the line is not a JSON object",
+                "give one object on each line"};
     }
     for (std::size_t i = 0; i < paths.size(); ++i) {
         const Json* const member = memberOf(object, paths[i]);
@@ -63,13 +84,15 @@ std::string jsonLineRead(std::string_view line, std::span<const std::string> pat
         } else if (member->is_number_integer()) {
             values[i] = member->dump();
         } else {
-            return "\"" + paths[i] +
-                   "\" is neither a text nor a whole number: give one value in quotes";
+            return {keyIn(line, paths[i]),
+                    '"' + paths[i] + "\" is neither a text nor a whole number",
+                    "give one value in quotes"};
         }
     }
     for (const std::string_view key : added) {
         if (object.contains(key)) {
-            return "the object has a member \"" + std::string(key) + "\" of its own: rename it";
+            return {keyIn(line, key),
+                    "the object has a member \"" + std::string(key) + "\" of its own", "rename it"};
         }
     }
     return {};

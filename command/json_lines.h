@@ -17,12 +17,19 @@ struct JsonMember {
     bool isNumber;
 };
 
+// What is wrong with a line; nothing if message is empty.
+struct JsonFault {
+    std::string_view culprit; // a part of the line
+    std::string message;
+    std::string remedy;
+};
+
 // Reads members of the object of a line as texts. A path is a key, or keys and indexes of arrays
-// with dots between them; a member that is not there, or null, is the empty text. Says what is
-// wrong; empty if nothing is: the line is not an object, a member is neither a text nor a whole
-// number, or the object has one of the keys in added already.
-std::string jsonLineRead(std::string_view line, std::span<const std::string> paths,
-                         std::span<const std::string_view> added, std::vector<std::string>& values);
+// with dots between them; a member that is not there, or null, is the empty text. It is a fault if
+// the line is not an object, a member is neither a text nor a whole number, or the object has one
+// of the keys in added already.
+JsonFault jsonLineRead(std::string_view line, std::span<const std::string> paths,
+                       std::span<const std::string_view> added, std::vector<std::string>& values);
 
 // Adds members at the end of the object, whose text is otherwise kept.
 void jsonLineAppend(std::string& line, std::span<const JsonMember> members);

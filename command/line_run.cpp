@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <numeric>
 #include <optional>
 
 #include <unistd.h>
@@ -23,6 +24,7 @@ struct Sink {
     Progress progress;
     LineTally total;
     bool isUnbuffered;
+    std::vector<FailureCount> told; // on standard error
 };
 
 void addTally(LineTally& total, LineTally& tally) {
@@ -35,8 +37,23 @@ void addTally(LineTally& total, LineTally& tally) {
     for (std::size_t i = 0; i < total.findings.size(); ++i) {
         total.findings[i] += tally.findings[i];
     }
-    if (total.firstFailure.empty()) {
-        total.firstFailure = std::move(tally.firstFailure);
+    for (const FailureCount& count : tally.failureCounts) {
+        failureCountOf(total.failureCounts, count.word).count += count.count;
+    }
+    if (total.firstFailedLine == 0) {
+        total.firstFailedLine = tally.firstFailedLine;
+    }
+}
+
+// The first of each kind. Those of a block are of the first in it.
+void tellFailures(Sink& sink, const std::vector<ToldFailure>& failures) {
+    for (const ToldFailure& failure : failures) {
+        FailureCount& told = failureCountOf(sink.told, failure.word);
+        if (told.count < MOST_TOLD_FAILURES) {
+            ++told.count;
+            progressEnd(sink.progress);
+            complain(sink.output, failure.text);
+        }
     }
 }
 
@@ -49,6 +66,7 @@ void deliver(Sink& sink, LineWork& work) {
         outputFlush(sink.errors);
         outputFlush(sink.output);
     }
+    tellFailures(sink, work.tally.toldFailures);
     if (!work.tally.usageError.empty()) {
         throw UsageError(work.tally.usageError);
     }
@@ -151,13 +169,37 @@ std::string countSummary(std::string_view title, const Counts& counts, WordOf wo
     return text;
 }
 
-std::string summary(const LineTally& total, bool hasStopped) {
+// "; failures: 2 EPC_ERR_UNKNOWN_HEADER", and where the rest of them is if not all were told.
+std::string failureSummary(const Sink& sink) {
+    const std::vector<FailureCount>& counts = sink.total.failureCounts;
+    const auto sum = [](std::uint64_t before, const FailureCount& count) {
+        return before + count.count;
+    };
+    const std::uint64_t told =
+        std::accumulate(sink.told.begin(), sink.told.end(), std::uint64_t{0}, sum);
+    std::string text;
+    for (const FailureCount& count : counts) {
+        text += text.empty() ? "; failures: " : ", ";
+        text += groupedDigits(count.count) + ' ' + std::string(count.word);
+    }
+    if (told == sink.total.failures) {
+        return text;
+    }
+    return text + (sink.errors.descriptor >= 0 ? "; all are in " + sink.errors.name
+                   : told > 0
+                       ? std::string("; --errors FILE takes all of them")
+                       : "; the first is in line " + std::to_string(sink.total.firstFailedLine));
+}
+
+std::string summary(const Sink& sink, bool hasStopped) {
+    const LineTally& total = sink.total;
     std::string text = groupedDigits(total.lines) + (total.lines == 1 ? " line, " : " lines, ") +
                        groupedDigits(total.lines - total.blanks - total.failures) + " converted, " +
                        groupedDigits(total.failures) + " failed";
     if (total.blanks > 0) {
         text += ", " + groupedDigits(total.blanks) + " empty";
     }
+    text += failureSummary(sink);
     text += countSummary("notes", total.notes,
                          [](std::size_t kind) { return noteWord(static_cast<NoteKind>(kind)); });
     text += countSummary("findings", total.findings, [](std::size_t rule) {
@@ -165,9 +207,6 @@ std::string summary(const LineTally& total, bool hasStopped) {
     });
     if (hasStopped) {
         text += "; stopped at the first failure";
-    }
-    if (!total.firstFailure.empty()) {
-        text += "; the first failure is in " + total.firstFailure;
     }
     return text;
 }
@@ -221,12 +260,14 @@ int lineRun(Output& output, LineRules& rules, const RunOptions& options) {
                              END_OF_INPUT_KEYS + " ends them");
     }
     rules.writesErrors = !options.errorsFile.empty();
+    rules.tellsFailures = !options.isQuiet && !rules.writesErrors;
     throwIfInputIsOutput(source, STDOUT_FILENO, "standard output");
     Sink sink{output,
               openErrors(options.errorsFile, source),
               progressStart(!options.isQuiet, source.totalBytes),
               {},
-              options.isUnbuffered};
+              options.isUnbuffered,
+              {}};
     try {
         runAll(source, rules, options, sink);
         outputFlush(output);
@@ -242,7 +283,7 @@ int lineRun(Output& output, LineRules& rules, const RunOptions& options) {
     }
     const bool hasFailed = sink.total.failures > 0;
     if (!options.isQuiet) {
-        complain(output, summary(sink.total, hasFailed && rules.stopsAtFailure));
+        complain(output, summary(sink, hasFailed && rules.stopsAtFailure));
     }
     tellMissingMember(output, rules, sink.total);
     return hasFailed ? EXIT_STATUS_FAILED : EXIT_STATUS_GOOD;

@@ -17,6 +17,7 @@ struct RunOptions {
     unsigned jobs = 1;
     bool isUnbuffered = false;
     bool isQuiet = false;
+    bool stopsAtFailure = false;
 };
 
 // Gives the exit status. Throws UsageError and IoError.

@@ -4,7 +4,7 @@
 #include "fields.h"
 #include "output.h"
 
-#include <cstring>
+#include <algorithm>
 
 namespace rosetag {
 
@@ -26,15 +26,23 @@ void noteFailure(LineTask& task) {
     const Converter& converter = *task.work.converter;
     LineTally& tally = task.work.tally;
     ++tally.failures;
-    const std::string word(converter.failureWord());
+    const std::string_view word = converter.failureWord();
+    FailureCount& count = failureCountOf(tally.failureCounts, word);
+    tally.firstFailedLine = tally.failures == 1 ? task.number : tally.firstFailedLine;
+    const bool isTold = count.count++ < MOST_TOLD_FAILURES && task.rules.tellsFailures &&
+                        !converter.linesTellFailures();
+    if (!isTold && !task.rules.writesErrors) {
+        return;
+    }
     const std::string message = firstLine(failureMessage(converter.failure()));
-    if (tally.firstFailure.empty()) {
-        tally.firstFailure = "line " + std::to_string(task.number) + ", \"" +
-                             shownText(converter.value()) + "\": " + word + ": " + message;
+    if (isTold) {
+        tally.toldFailures.push_back({word, "line " + std::to_string(task.number) + ", \"" +
+                                                shownText(converter.value()) +
+                                                "\": " + std::string(word) + ": " + message});
     }
     if (task.rules.writesErrors) {
         std::string& errors = task.work.errors;
-        errors += std::to_string(task.number) + '\t' + word + '\t';
+        errors += std::to_string(task.number) + '\t' + std::string(word) + '\t';
         tsvAppendCell(errors, converter.value());
         errors += '\t';
         tsvAppendCell(errors, message);
@@ -79,15 +87,9 @@ bool convertItem(LineTask& task, const InputItem& item, const Failure* refusal, 
 Failure overlong() {
     Failure failure;
     failure.status = EPC_ERR_TOO_LONG;
-    failure.message = "the line is longer than " + std::to_string(LONGEST_LINE >> 20) +
-                      " MiB; this is its beginning: split it";
-    return failure;
-}
-
-Failure faultOf(const TableRow& row) {
-    Failure failure;
-    failure.status = row.status;
-    failure.message = row.fault;
+    failure.message = "a line has at most " + std::to_string(LONGEST_LINE >> 20) + " MiB";
+    failure.remedy = "split it";
+    failure.position = LONGEST_LINE;
     return failure;
 }
 
@@ -97,7 +99,7 @@ bool isEmptyRow(const TableRow& row) {
             return false;
         }
     }
-    return row.status == EPC_OK;
+    return !isFailure(row.failure);
 }
 
 void runRows(LineTask& task, std::string_view text) {
@@ -108,11 +110,11 @@ void runRows(LineTask& task, std::string_view text) {
     std::string& out = task.work.out;
     for (; !text.empty(); task.number += row.lines) {
         tableReadRow(reader, text, row);
-        const bool isWhole = row.status == EPC_OK && !task.work.block.isOverlong;
+        const bool isWhole = !isFailure(row.failure) && !task.work.block.isOverlong;
         const std::string_view value = isWhole ? std::string_view(row.cells.front()) : row.text;
         const Failure refusal = isWhole                      ? Failure()
                                 : task.work.block.isOverlong ? overlong()
-                                                             : faultOf(row);
+                                                             : row.failure;
         if (!convertItem(task, {value, task.number, row.cells}, isWhole ? nullptr : &refusal,
                          isEmptyRow(row))) {
             return;
@@ -157,6 +159,11 @@ void clear(std::string& text) {
 }
 
 } // namespace
+
+FailureCount& failureCountOf(std::vector<FailureCount>& counts, std::string_view word) {
+    const auto found = std::ranges::find(counts, word, &FailureCount::word);
+    return found == counts.end() ? counts.emplace_back(FailureCount{word, 0}) : *found;
+}
 
 void lineWorkTrim(LineWork& work) {
     textAreaClear(work.block.text);

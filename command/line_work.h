@@ -19,14 +19,33 @@ using NoteCounts = std::array<std::uint64_t, 32>;
 // How often check found something, by rule.
 using FindingCounts = std::array<std::uint64_t, CHECK_RULE_COUNT>;
 
+// How often lines failed with a word: the name of a status, or of a rule.
+struct FailureCount {
+    std::string_view word;
+    std::uint64_t count = 0;
+};
+
+// The count of a word, which is added if it is new.
+FailureCount& failureCountOf(std::vector<FailureCount>& counts, std::string_view word);
+
+// So many failures with the same word are told on standard error, the others counted.
+inline constexpr std::uint64_t MOST_TOLD_FAILURES = 5;
+
+struct ToldFailure {
+    std::string_view word;
+    std::string text; // line, value, status and message
+};
+
 struct LineTally {
     std::uint64_t lines = 0;
     std::uint64_t blanks = 0;
     std::uint64_t failures = 0;
+    std::vector<FailureCount> failureCounts;
+    std::vector<ToldFailure> toldFailures;
+    std::uint64_t firstFailedLine = 0;
     NoteCounts notes{};
     FindingCounts findings{};
-    std::string firstFailure; // its line and what was wrong
-    std::string usageError;   // what no line after it could do better; the run ends with it
+    std::string usageError; // what no line after it could do better; the run ends with it
 };
 
 struct LineWork {
@@ -45,6 +64,7 @@ struct LineRules {
     std::vector<AddedColumn> addedColumns; // to a table
     bool keepsRows = true;                 // of a table; otherwise its rows are written like lines
     bool writesErrors = false;
+    bool tellsFailures = true; // unless what is written of the lines does
     bool stopsAtFailure = false;
 };
 

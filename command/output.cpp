@@ -2,6 +2,8 @@
 
 #include "system.h"
 
+#include <rosetag/toolkit.hpp>
+
 #include <cerrno>
 #include <system_error>
 
@@ -12,6 +14,20 @@ namespace rosetag {
 namespace {
 
 constexpr std::size_t heldBack = 65536;
+
+// What a terminal could take for a command, or not show, is spelled; lines stay lines.
+std::string spelledLines(std::string_view text) {
+    std::string spelled;
+    while (true) {
+        const std::size_t end = text.find('\n');
+        spelled += shownText(text.substr(0, end), text.size());
+        if (end == std::string_view::npos) {
+            return spelled;
+        }
+        spelled += '\n';
+        text.remove_prefix(end + 1);
+    }
+}
 
 } // namespace
 
@@ -77,7 +93,7 @@ void writeAll(int descriptor, const std::string& name, std::string_view text) {
 
 void warn(std::string_view text) {
     try {
-        writeAll(STDERR_FILENO, "standard error", "rosetag: " + std::string(text) + '\n');
+        writeAll(STDERR_FILENO, "standard error", "rosetag: " + spelledLines(text) + '\n');
     } catch (const IoError&) {
         // A closed standard error cannot be reported to anyone.
     }

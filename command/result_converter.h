@@ -15,7 +15,7 @@ public:
     explicit ResultConverter(bool isJsonWanted) : isJson(isJsonWanted) {}
 
     void refuse(const InputItem& input, Failure failure) override {
-        given = input.value;
+        take(input);
         result = {};
         result.failure = std::move(failure);
     }
@@ -42,10 +42,19 @@ public:
     bool writesBlocks() const override {
         return !isJson;
     }
+    bool linesTellFailures() const override {
+        return true;
+    }
 
 protected:
+    void take(const InputItem& input) {
+        given = input.value;
+        line = input.line;
+    }
+
     const bool isJson;
     std::string_view given;
+    std::uint64_t line = 0;
     Result result;
 };
 

@@ -56,12 +56,25 @@ std::size_t indexOfNumber(const std::string& number, std::size_t count) {
 std::string faultText(CsvFault fault) {
     switch (fault) {
     case CsvFault::TEXT_AFTER_QUOTE:
-        return "text follows the closing quote of a cell; a quote inside of quotes is written "
-               "twice";
+        return "text follows the closing quote of a cell";
     case CsvFault::OPEN_QUOTE:
-        return "a quote opens here that is not closed: close it";
+        return "this quote is not closed where its cell ends";
     case CsvFault::NUL:
-        return "the row holds a NUL: leave it out";
+        return "a row cannot hold a NUL, the byte 0";
+    case CsvFault::NONE:
+        break;
+    }
+    return {};
+}
+
+std::string faultRemedy(CsvFault fault) {
+    switch (fault) {
+    case CsvFault::TEXT_AFTER_QUOTE:
+        return "write a quote inside quotes twice";
+    case CsvFault::OPEN_QUOTE:
+        return "close it, or leave it out";
+    case CsvFault::NUL:
+        return "leave it out";
     case CsvFault::NONE:
         break;
     }
@@ -72,21 +85,28 @@ std::string cellsText(std::size_t count) {
     return std::to_string(count) + (count == 1 ? " cell" : " cells");
 }
 
-void fail(TableRow& row, EpcStatus status, std::string fault) {
-    row.status = status;
-    row.fault = std::move(fault);
+// About a part of the row.
+void fail(TableRow& row, EpcStatus status, std::string_view part, std::string message,
+          std::string remedy) {
+    row.failure.status = status;
+    row.failure.message = std::move(message);
+    row.failure.remedy = std::move(remedy);
+    row.failure.position = static_cast<std::size_t>(part.data() - row.text.data());
+    row.failure.length = part.size();
+    row.failure.culprit = part;
 }
 
 void readCsvCells(const Table& table, const CsvRow& csv, TableRow& row) {
     if (csv.fault != CsvFault::NONE) {
-        return fail(row, EPC_ERR_BAD_FORMAT, faultText(csv.fault));
+        return fail(row, EPC_ERR_BAD_FORMAT, csv.culprit, faultText(csv.fault),
+                    faultRemedy(csv.fault));
     }
     const std::size_t count = csvCellCount(csv);
     if (count > table.cellCount) {
-        return fail(row, EPC_ERR_BAD_FORMAT,
+        return fail(row, EPC_ERR_BAD_FORMAT, csvCellsFrom(csv, table.delimiter, table.cellCount),
                     "the row has " + cellsText(count) + ", and the first row " +
-                        std::to_string(table.cellCount) +
-                        "; a cell that holds the delimiter needs quotes");
+                        std::to_string(table.cellCount),
+                    "put a cell that holds the delimiter in quotes");
     }
     row.missingCells = table.cellCount - count;
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
@@ -94,9 +114,10 @@ void readCsvCells(const Table& table, const CsvRow& csv, TableRow& row) {
         if (index < count) {
             row.cells[i] = csvCell(csv, index);
         } else {
-            return fail(row, EPC_ERR_TRUNCATED,
+            return fail(row, EPC_ERR_TRUNCATED, row.text.substr(row.text.size()),
                         "the row has " + cellsText(count) + ", and column \"" + table.columns[i] +
-                            "\" is the cell " + std::to_string(index + 1) + ": add it");
+                            "\" is cell " + std::to_string(index + 1),
+                        "add it");
         }
     }
 }
@@ -106,10 +127,10 @@ void readJsonCells(const Table& table, TableRow& row) {
     for (const AddedColumn& column : table.added) {
         keys.push_back(column.name);
     }
-    const std::string fault = jsonLineRead(row.text, table.columns, keys, row.cells);
-    if (!fault.empty()) {
+    const JsonFault fault = jsonLineRead(row.text, table.columns, keys, row.cells);
+    if (!fault.message.empty()) {
         row.canGrow = false;
-        fail(row, EPC_ERR_BAD_FORMAT, fault);
+        fail(row, EPC_ERR_BAD_FORMAT, fault.culprit, fault.message, fault.remedy);
     }
 }
 
@@ -144,7 +165,11 @@ Table tableFind(const TableOptions& options, std::string_view text) {
                          failureMessage(recognise(first.text).failure));
     }
     if (first.fault != CsvFault::NONE) {
-        throw UsageError("the first row of the table: " + faultText(first.fault));
+        TableRow row;
+        row.text = first.text;
+        fail(row, EPC_ERR_BAD_FORMAT, first.culprit, faultText(first.fault),
+             faultRemedy(first.fault));
+        throw UsageError("the first row of the table: " + failureText(row.failure));
     }
     table.cellCount = csvCellCount(first);
     for (const std::string& column : options.columns) {
@@ -164,7 +189,7 @@ TableReader tableReader(const Table& table) {
 
 void tableReadRow(TableReader& reader, std::string_view& text, TableRow& row) {
     row.cells.assign(reader.table.columns.size(), {});
-    row.status = EPC_OK;
+    row.failure.status = EPC_OK;
     row.missingCells = 0;
     row.lines = 1;
     if (reader.table.isJsonLines) {

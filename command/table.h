@@ -7,7 +7,7 @@
 
 #include "csv_rows.h"
 
-#include <rosetag/rosetag.h>
+#include <rosetag/toolkit.hpp>
 
 #include <span>
 
@@ -47,10 +47,9 @@ struct TableRow {
     std::string_view lineEnd;
     std::size_t lines = 1;
     std::vector<std::string> cells; // of the columns that were asked for
-    EpcStatus status = EPC_OK;
-    std::string fault;            // what is wrong with the row, where the status is not EPC_OK
-    std::size_t missingCells = 0; // fewer than in the first row
-    bool canGrow = true;          // results can be added: neither an empty line nor bad JSON
+    Failure failure;                // of the row as a table
+    std::size_t missingCells = 0;   // fewer than in the first row
+    bool canGrow = true;            // results can be added: neither an empty line nor bad JSON
 };
 
 // Finds the columns by the first lines of the text. Throws UsageError if they are not there.

@@ -13,13 +13,13 @@ public:
         : ResultConverter(isJsonWanted), designers(theDesigners) {}
 
     void convert(const InputItem& input) override {
-        given = input.value;
+        take(input);
         tid(given, result);
     }
 
     void writeArgument(std::string& out) override {
         if (isJson) {
-            appendJson(out, result, given);
+            appendJson(out, result, given, line);
             appendNames(out);
             out += '\n';
         } else if (!isFailure(failure())) {

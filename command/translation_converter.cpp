@@ -4,6 +4,7 @@
 #include "human_text.h"
 #include "output.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace rosetag {
@@ -123,6 +124,10 @@ public:
     bool writesBlocks() const override {
         return settings.writing == Writing::HUMAN;
     }
+    bool linesTellFailures() const override {
+        const auto isMessage = [](const Field* field) { return field->name == "message"; };
+        return settings.writing == Writing::JSON || std::ranges::any_of(settings.fields, isMessage);
+    }
 
     void writeCells(std::vector<std::string>& cells) override {
         const bool isBlank = item.value.empty();
@@ -150,10 +155,28 @@ private:
         std::string error = encodeOptionsOf(settings.words, cells, options);
         if (!error.empty()) {
             const InputItem whole{item.value, item.line, {}};
-            refuse(whole, {EPC_ERR_OUT_OF_RANGE, std::move(error)});
+            Failure failure = {EPC_ERR_OUT_OF_RANGE, std::move(error)};
+            placeAtValue(failure);
+            refuse(whole, std::move(failure));
             return false;
         }
         return true;
+    }
+
+    void placeAtValue(Failure& failure) const {
+        failure.position = 0;
+        failure.length = item.value.size();
+        failure.culprit = item.value;
+    }
+
+    // What the value is, in words. A conversion to a single form does not find that out.
+    std::string nameOfValue() {
+        if (!settings.isEncode) {
+            translate(item.value, options.read, {}, described);
+        }
+        const Translation& known = settings.isEncode ? item.translation : described;
+        return known.scheme == nullptr ? std::string(formName(known.form))
+                                       : "a value of " + std::string(known.scheme->name);
     }
 
     static bool lacksGcpLength(const Translation& translation) {
@@ -176,12 +199,18 @@ private:
         if (isEmpty) {
             failure = Failure();
             failure.status = EPC_ERR_NOT_SUPPORTED;
-            failure.message = "this value has no " + std::string(field.name);
+            failure.message = nameOfValue() + " has no " + std::string(field.name);
+            placeAtValue(failure);
+            const bool isTag = field.text == Form::TAG_URI || field.text == Form::HEX;
             if (lacksGcpLength(item.translation)) {
                 failure.message += " without the length of the company prefix";
+                failure.remedy = "give it";
                 failure.option = "gcp_length";
             } else {
-                failure.remedy = "--to chooses a form";
+                failure.remedy = isTag && !settings.isEncode && described.scheme == nullptr
+                                     ? "encode it for a tag, or choose another form"
+                                     : "choose another form";
+                failure.option = "to";
             }
         }
     }
@@ -217,6 +246,7 @@ private:
     const TranslationSettings& settings;
     EncodeOptions options;
     Item item;
+    Translation described; // what a value is that lacks a form
     std::string composed;
     std::string_view text; // of the required field, after a conversion
     std::string scratch;

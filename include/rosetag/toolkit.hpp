@@ -263,8 +263,11 @@ inline bool isFailure(const Failure& failure) {
 /** A failure on one line: place, culprit, message and remedy. Control characters are spelled. */
 std::string failureText(const Failure& failure);
 
-/** A text as sentences show it: GS as {GS}, other control characters as \x1F, a long one cut. */
-std::string shownText(std::string_view text);
+/**
+ * A text as sentences show it: GS as {GS}, other control characters and bytes that are not UTF-8 as
+ * \x1F, characters that cannot be seen as \u200B, and of a long one so many characters.
+ */
+std::string shownText(std::string_view text, std::size_t longest = 100);
 
 /** How much a note or a finding matters. */
 enum class Severity : std::uint8_t {
@@ -809,7 +812,7 @@ Tid tid(std::string_view value);
  *     // findings[1].position is 24
  *
  * JSON: value, findings as an array of objects with severity, rule, ai, position, length, culprit
- * and message.
+ * and message, and notes if they are given.
  */
 void check(std::string_view value, const ReadOptions& options, Rows<Finding>& findings);
 Rows<Finding> check(std::string_view value, const ReadOptions& options = {});
@@ -929,12 +932,18 @@ Failure readDesignerList(std::string_view text, DesignerList& list);
 void appendJson(std::string& text, const Recognition& result, std::string_view value);
 void appendJson(std::string& text, const Translation& result, std::string_view value,
                 std::uint64_t line = 0);
-void appendJson(std::string& text, const Explanation& result, std::string_view value);
-void appendJson(std::string& text, const AiTranslation& result);
-void appendJson(std::string& text, const Tid& result, std::string_view value);
+void appendJson(std::string& text, const Explanation& result, std::string_view value,
+                std::uint64_t line = 0);
+void appendJson(std::string& text, const AiTranslation& result, std::uint64_t line = 0);
+void appendJson(std::string& text, const Tid& result, std::string_view value,
+                std::uint64_t line = 0);
 void appendJson(std::string& text, const SchemeInfo& scheme);
 void appendJson(std::string& text, const Rows<Finding>& findings, std::string_view value,
                 std::uint64_t line = 0);
+
+/** The findings of check with notes on how the value was read, those of recognise. */
+void appendJson(std::string& text, const Rows<Finding>& findings, const Rows<Note>& notes,
+                std::string_view value, std::uint64_t line = 0);
 
 /** The findings alone, as a JSON array. */
 void appendJson(std::string& text, const Rows<Finding>& findings);

@@ -41,8 +41,12 @@ RUNS = [
     ("ai", ["ai", "encode", "21", "ABCG", " A ", "A$B"], ""),
     ("ai", ["ai", "encode", "99999", "1"], ""),
     ("ai", ["ai", "decode", "2164001086", "1421", "6G"], ""),
+    ("ai", ["ai", "encode", "21"], "A\n"),
     ("tid", ["tid", TID, " E2003412", "30", ""], ""),
     ("tid", ["tid", "--designer-list", "designers.json", "E2003412"], ""),
+    ("explain", ["explain"], "42\n"),
+    ("tid", ["tid"], "E2003412\n"),
+    ("check", ["check", f" {EPC}"], ""),
     ("schemes", ["schemes"], ""),
 ]
 

@@ -119,12 +119,11 @@ TEST(GcpList, GivesTheLengthThatAKeyNeeds) {
         {"/00/395060001343520001", {}, "urn:epc:id:sscc:950600013.34352000"},
         {"(01)00201234567899(21)1",
          {},
-         "no GS1 company prefix begins as 0201234567899, says the "
-         "prefix list of 2026-01-01T00:00:00"},
+         "according to the prefix list of 2026-01-01T00:00:00, no GS1 company prefix begins like "
+         "0201234567899"},
         {"(01)01234567890128(21)1",
          {},
-         "1234567890128 begins with no prefix of the prefix list of "
-         "2026-01-01T00:00:00"},
+         "the company prefix of 1234567890128 is not in the prefix list of 2026-01-01T00:00:00"},
         {"(01)00201234567899(21)1", 7, "urn:epc:id:sgtin:0201234.056789.1"},
     };
     for (const Row& row : rows) {
@@ -143,6 +142,11 @@ TEST(GcpList, GivesTheLengthThatAKeyNeeds) {
         const Translation tag = encode(row.value, options, Form::PURE_IDENTITY);
         EXPECT_EQ(row.pureIdentity,
                   isFailure(tag.failure) ? tag.failure.message : tag.pureIdentity);
+        if (isFailure(tag.failure)) {
+            EXPECT_TRUE(tag.failure.message.find(tag.failure.culprit) != std::string::npos)
+                << tag.failure.culprit;
+            EXPECT_EQ(5U, tag.failure.position);
+        }
     }
     // A value of a plus scheme says no more of its prefix than a text.
     EncodeOptions options;

@@ -63,6 +63,11 @@ TEST(Values, AreTakenAsPeopleHaveThem) {
     }
 }
 
+// What is said holds nothing that a terminal would not show.
+void expectShowable(const std::string& text, const std::string& value) {
+    EXPECT_EQ(shownText(text, text.size()), text) << "of " << shownText(value);
+}
+
 // Whatever it is given, the toolkit answers, and points into the value.
 TEST(Values, AreNeverTooStrange) {
     const std::string pieces[] = {"(01)",
@@ -86,6 +91,9 @@ TEST(Values, AreNeverTooStrange) {
                                   "E2",
                                   std::string(1, '\0'),
                                   "\xFF",
+                                  "\xC3\xBC",
+                                  "\xE2\x80\x8B",
+                                  "\x1B[0m",
                                   "(",
                                   ")",
                                   "https://",
@@ -115,8 +123,10 @@ TEST(Values, AreNeverTooStrange) {
         options.scheme = &schemes()[next(EPC_SCHEME_COUNT)];
         const auto expectInside = [&](const Failure& failure, const Rows<Note>& notes) {
             ASSERT_LE(failure.position + failure.length, value.size());
+            expectShowable(failureText(failure), value);
             for (const Note& note : notes) {
                 ASSERT_LE(note.position + note.length, value.size());
+                expectShowable(note.text, value);
             }
         };
         translate(value, options.read, ALL_FORMS, item);
@@ -127,6 +137,10 @@ TEST(Values, AreNeverTooStrange) {
         explain(value, options.read, explanation);
         expectInside(explanation.failure, explanation.notes);
         check(value, options.read, findings);
+        for (const Finding& finding : findings) {
+            ASSERT_LE(finding.position + finding.length, value.size());
+            expectShowable(findingText(finding), value);
+        }
         expectInside(tid(value).failure, {});
     }
 }

@@ -1,6 +1,7 @@
 #include "check/check_run.h"
 
 #include "words/shown_text.h"
+#include "words/utf8.h"
 
 #include <algorithm>
 
@@ -59,13 +60,16 @@ Place placeOf(const CheckedText& text, std::size_t at, std::size_t length) {
 
 Finding& report(CheckRun& run, CheckRule rule, std::string_view ai, Place place,
                 std::string_view detail) {
-    return add(run, rule, ai, place, run.value.substr(place.position, place.length), detail);
+    const std::string_view culprit = wholeCharacters(run.value, place.position, place.length);
+    const auto position = static_cast<std::size_t>(culprit.data() - run.value.data());
+    return add(run, rule, ai, {position, culprit.size()}, culprit, detail);
 }
 
 Finding& reportIn(CheckRun& run, CheckRule rule, std::string_view ai, const CheckedText& text,
                   std::size_t at, std::size_t length, std::string_view detail) {
-    return add(run, rule, ai, placeOf(text, at, length), text.characters.substr(at, length),
-               detail);
+    const std::string_view culprit = wholeCharacters(text.characters, at, length);
+    const auto first = static_cast<std::size_t>(culprit.data() - text.characters.data());
+    return add(run, rule, ai, placeOf(text, first, culprit.size()), culprit, detail);
 }
 
 void rememberAi(CheckRun& run, const CheckedAi& ai) {

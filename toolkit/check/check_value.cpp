@@ -64,7 +64,7 @@ std::string_view hintAtSeparator(std::string_view rest) {
     }
     const std::size_t length = knownAiCodeLength(rest[1], rest[2]);
     return length != 0 && knownAiOf(rest.substr(1, length)).rule != nullptr
-               ? "; if it stands for the separator between two AIs, say so"
+               ? "; if it separates two AIs, give it as the separator"
                : std::string_view();
 }
 

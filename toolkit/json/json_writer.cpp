@@ -1,6 +1,7 @@
 #include "json/json_writer.h"
 
 #include "core/hex_digits.h"
+#include "words/utf8.h"
 
 #include <algorithm>
 #include <charconv>
@@ -94,46 +95,6 @@ bool copyPlain(char* to, std::string_view text) {
     return areEightPlain(copyBytes<std::uint64_t>(to + size - whole, text.data() + size - whole));
 }
 
-// The length of the UTF-8 sequence at the start of a text, 0 if there is none.
-//
-// Source: The Unicode Standard, table 3-7 (well-formed byte sequences).
-std::size_t sequenceLength(std::string_view text) {
-    struct Row {
-        unsigned char firstLow, firstHigh, secondLow, secondHigh;
-        std::size_t length;
-    };
-    // clang-format off
-    constexpr std::array<Row, 8> rows = {{
-        // first byte  second byte  bytes
-        {0xC2, 0xDF,   0x80, 0xBF,  2},
-        {0xE0, 0xE0,   0xA0, 0xBF,  3},
-        {0xE1, 0xEC,   0x80, 0xBF,  3},
-        {0xED, 0xED,   0x80, 0x9F,  3},
-        {0xEE, 0xEF,   0x80, 0xBF,  3},
-        {0xF0, 0xF0,   0x90, 0xBF,  4},
-        {0xF1, 0xF3,   0x80, 0xBF,  4},
-        {0xF4, 0xF4,   0x80, 0x8F,  4},
-    }};
-    // clang-format on
-    const unsigned char first = byteAt(text, 0);
-    for (const Row& row : rows) {
-        if (first < row.firstLow || first > row.firstHigh) {
-            continue;
-        }
-        if (text.size() < row.length || byteAt(text, 1) < row.secondLow ||
-            byteAt(text, 1) > row.secondHigh) {
-            return 0;
-        }
-        for (std::size_t i = 2; i < row.length; ++i) {
-            if ((byteAt(text, i) & 0xC0) != 0x80) {
-                return 0;
-            }
-        }
-        return row.length;
-    }
-    return 0;
-}
-
 void emptyRoom(JsonWriter& json) {
     json.text.append(json.room.data(), json.used);
     json.used = 0;
@@ -184,7 +145,7 @@ void putEscaped(JsonWriter& json, std::string_view text) {
             text.remove_prefix(1);
             continue;
         }
-        const std::size_t length = sequenceLength(text);
+        const std::size_t length = utf8Length(text);
         put(json, length == 0 ? replacement : text.substr(0, length));
         text.remove_prefix(length == 0 ? 1 : length);
     }

@@ -17,6 +17,12 @@ constexpr std::array<Form, 8> textForms = {
     Form::DIGITAL_LINK, Form::HEX,           Form::GTIN,           Form::SERIAL,
 };
 
+void putLine(JsonWriter& json, std::uint64_t line) {
+    if (line != 0) {
+        jsonMember(json, "line", line);
+    }
+}
+
 void putFailure(JsonWriter& json, const Failure& failure) {
     jsonMember(json, "status", epc_statusName(failure.status));
     jsonMember(json, "message", failure.message);
@@ -226,9 +232,7 @@ void appendJson(std::string& text, const Translation& result, std::string_view v
                 std::uint64_t line) {
     JsonWriter json(text);
     jsonBegin(json, '{');
-    if (line != 0) {
-        jsonMember(json, "line", line);
-    }
+    putLine(json, line);
     jsonMember(json, "value", value);
     jsonMember(json, "form", formWord(result.form));
     if (isFailure(result.failure)) {
@@ -244,9 +248,11 @@ void appendJson(std::string& text, const Translation& result, std::string_view v
     jsonEnd(json, '}');
 }
 
-void appendJson(std::string& text, const Explanation& result, std::string_view value) {
+void appendJson(std::string& text, const Explanation& result, std::string_view value,
+                std::uint64_t line) {
     JsonWriter json(text);
     jsonBegin(json, '{');
+    putLine(json, line);
     jsonMember(json, "value", value);
     jsonMember(json, "form", formWord(result.form));
     if (result.scheme != nullptr) {
@@ -268,9 +274,10 @@ void appendJson(std::string& text, const Explanation& result, std::string_view v
     jsonEnd(json, '}');
 }
 
-void appendJson(std::string& text, const AiTranslation& result) {
+void appendJson(std::string& text, const AiTranslation& result, std::uint64_t line) {
     JsonWriter json(text);
     jsonBegin(json, '{');
+    putLine(json, line);
     putAi(json, result.ai);
     jsonMemberIfAny(json, "hex", result.hex);
     if (isFailure(result.failure)) {
@@ -282,9 +289,10 @@ void appendJson(std::string& text, const AiTranslation& result) {
     jsonEnd(json, '}');
 }
 
-void appendJson(std::string& text, const Tid& result, std::string_view value) {
+void appendJson(std::string& text, const Tid& result, std::string_view value, std::uint64_t line) {
     JsonWriter json(text);
     jsonBegin(json, '{');
+    putLine(json, line);
     jsonMember(json, "value", value);
     if (isFailure(result.failure)) {
         putFailure(json, result.failure);
@@ -313,14 +321,18 @@ void appendJson(std::string& text, const SchemeInfo& scheme) {
 
 void appendJson(std::string& text, const Rows<Finding>& findings, std::string_view value,
                 std::uint64_t line) {
+    appendJson(text, findings, {}, value, line);
+}
+
+void appendJson(std::string& text, const Rows<Finding>& findings, const Rows<Note>& notes,
+                std::string_view value, std::uint64_t line) {
     JsonWriter json(text);
     jsonBegin(json, '{');
-    if (line != 0) {
-        jsonMember(json, "line", line);
-    }
+    putLine(json, line);
     jsonMember(json, "value", value);
     jsonKey(json, formWord(Form::FINDINGS));
     putFindings(json, findings);
+    putNotes(json, notes);
     jsonEnd(json, '}');
 }
 

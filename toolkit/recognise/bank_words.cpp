@@ -14,6 +14,7 @@ struct BankLayout {
     bool hasCrc = false;
     std::size_t pcIndex = 0;
     std::size_t words = 0;
+    std::size_t zeros = 0; // words after the EPC
 };
 
 std::size_t wordCount(std::string_view digits) {
@@ -46,6 +47,27 @@ BankLayout layoutWithPc(std::string_view digits, bool hasCrc) {
     return layout;
 }
 
+// The same where zeros follow the EPC, as where a whole bank was read. Its extended PC words are at
+// another place of the bank, so that none precedes the EPC then.
+BankLayout layoutWithZeros(std::string_view digits, bool hasCrc) {
+    BankLayout layout = {hasCrc, hasCrc ? std::size_t{1} : 0, 0};
+    const std::size_t count = wordCount(digits);
+    if (digits.size() % HEX_WORD_DIGITS != 0 || count < layout.pcIndex + 2) {
+        return layout;
+    }
+    const PcWord pc = pcWordOf(wordAt(digits, layout.pcIndex));
+    const std::size_t end = layout.pcIndex + 1 + pc.epcWords;
+    const std::string_view known = digits.substr(0, end * HEX_WORD_DIGITS);
+    if (pc.epcWords == 0 || end >= count ||
+        digits.find_first_not_of('0', known.size()) != std::string_view::npos ||
+        (hasCrc && crc16Of(known.substr(HEX_WORD_DIGITS)) != wordAt(digits, 0))) {
+        return layout;
+    }
+    layout.words = layout.pcIndex + 1;
+    layout.zeros = count - end;
+    return layout;
+}
+
 enum class Soundness : std::uint8_t {
     UNREADABLE,
     LOOSE, // bits other than 0 follow the value
@@ -75,21 +97,31 @@ std::string layoutText(const BankLayout& layout) {
     return extensions == 0 ? text : text + " with " + counted(extensions, "extension");
 }
 
-std::string_view givenWords(const Reading& reading, std::size_t words) {
-    const std::size_t first = givenPosition(reading.workspace, 0);
-    const std::size_t end = givenPosition(reading.workspace, words * HEX_WORD_DIGITS - 1) + 1;
+// Some words of the value as they were given.
+std::string_view givenWords(const Reading& reading, std::size_t words, std::size_t from = 0) {
+    const std::size_t first = givenPosition(reading.workspace, from * HEX_WORD_DIGITS);
+    const std::size_t end =
+        givenPosition(reading.workspace, (from + words) * HEX_WORD_DIGITS - 1) + 1;
     return reading.value.substr(first, end - first);
 }
 
 void takeOff(Reading& reading, const BankLayout& layout) {
     const std::string_view part = givenWords(reading, layout.words);
     const std::size_t digits = layout.words * HEX_WORD_DIGITS;
+    std::string_view rest = reading.value.substr(givenPosition(reading.workspace, digits));
     if (reading.options.bank == Bank::AUTO) {
         readingNote(reading, NoteKind::PC_WORD, part,
                     "removed " + layoutText(layout) + ' ' + shownText(part) + " before the EPC");
     }
+    if (layout.zeros > 0) {
+        const std::size_t count = wordCount(reading.workspace.text);
+        const std::string_view zeros = givenWords(reading, layout.zeros, count - layout.zeros);
+        readingNote(reading, NoteKind::PC_WORD, zeros,
+                    "removed " + counted(layout.zeros, "word") +
+                        " of zeros after the EPC, whose length the PC word gives");
+        rest = givenWords(reading, count - layout.zeros - layout.words, layout.words);
+    }
     reading.workspace.bankWords.assign(reading.workspace.text, 0, digits);
-    const std::string_view rest = reading.value.substr(givenPosition(reading.workspace, digits));
     readingClear(reading);
     prepareHex(reading, rest);
 }
@@ -115,6 +147,7 @@ bool takeOffAsked(Reading& reading) {
             {"no EPC follows the words before it", "give the bank from its first word on", "bank"});
     }
     BankLayout layout = layoutWithPc(digits, hasCrc);
+    layout = layout.words == 0 ? layoutWithZeros(digits, hasCrc) : layout;
     if (layout.words == 0 && hasCrc &&
         crc16Of(digits.substr(HEX_WORD_DIGITS)) != wordAt(digits, 0)) {
         const std::string_view part = givenWords(reading, 1);
@@ -134,6 +167,26 @@ bool takeOffAsked(Reading& reading) {
         return failOtherFamily(reading, layout, pc);
     }
     takeOff(reading, layout);
+    return true;
+}
+
+// What neither is an EPC by itself nor has a PC word that counts all of its words may have one that
+// counts all but zeros at the end.
+bool takeOffBetweenZeros(Reading& reading) {
+    const std::string_view digits = reading.workspace.text;
+    for (const bool hasCrc : {false, true}) {
+        const BankLayout layout = layoutWithZeros(digits, hasCrc);
+        if (layout.words == 0 || pcWordOf(wordAt(digits, layout.pcIndex)).isOtherFamily) {
+            continue;
+        }
+        const std::size_t first = layout.words * HEX_WORD_DIGITS;
+        const std::string_view epc =
+            digits.substr(first, digits.size() - layout.zeros * HEX_WORD_DIGITS - first);
+        if (soundnessOf(epc) == Soundness::SOUND && soundnessOf(digits) != Soundness::SOUND) {
+            takeOff(reading, layout);
+            break;
+        }
+    }
     return true;
 }
 
@@ -221,7 +274,7 @@ bool takeOffBankWords(Reading& reading) {
             note.option = "bank";
         }
     }
-    return true;
+    return takeOffBetweenZeros(reading);
 }
 
 } // namespace rosetag

@@ -38,9 +38,10 @@ unsigned crc16Of(std::string_view digits);
 // Says nothing of the CRC.
 bool mayBeginWithBankWords(const std::uint8_t* bytes, std::size_t words);
 
-// Takes the words before the EPC off the prepared hex as the options say, or, of themselves, where
-// the value is not a sound EPC and what follows them is. They go into workspace.bankWords. False if
-// the value does not match the options or is of another family: the failure says so.
+// Takes the words before the EPC off the prepared hex, and zeros after it that the PC word does not
+// count: as the options say or, if they leave it open, where the value is not a sound EPC and what
+// is between them is. The words before it go into workspace.bankWords. False if the value does not
+// match the options or is of another family: the failure says so.
 bool takeOffBankWords(Reading& reading);
 
 } // namespace rosetag

@@ -6,6 +6,7 @@
 #include "recognise/look.h"
 #include "words/ai_words.h"
 #include "words/shown_text.h"
+#include "words/utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -119,14 +120,14 @@ bool prepareGtinSymbol(Reading& reading, std::string_view data, const SymbologyI
         const auto stranger = std::find_if_not(data.begin(), data.end(), charIsDigit);
         const bool isLong = stranger == data.end();
         const std::size_t at = isLong ? 0 : static_cast<std::size_t>(stranger - data.begin());
-        return readingFail(reading, isLong ? EPC_ERR_BAD_FORMAT : EPC_ERR_BAD_CHARACTER,
-                           positionIn(reading, data) + at, isLong ? data.size() : 1,
-                           {std::string(row.identifier) + " is followed by " +
-                                (isEan ? shortGtinLengthsText() : std::to_string(row.gtinDigits)) +
-                                " digits, " +
-                                (isLong ? "not " + std::to_string(data.size())
-                                        : "and " + quotedText(data.substr(at, 1)) + " is not one"),
-                            "scan the symbol again"});
+        return readingFail(
+            reading, isLong ? EPC_ERR_BAD_FORMAT : EPC_ERR_BAD_CHARACTER,
+            positionIn(reading, data) + at, isLong ? data.size() : 1,
+            {std::string(row.identifier) + " is followed by " +
+                 (isEan ? shortGtinLengthsText() : std::to_string(row.gtinDigits)) + " digits, " +
+                 (isLong ? "not " + std::to_string(data.size())
+                         : "and " + quotedText(firstCharacter(data.substr(at))) + " is not one"),
+             "scan the symbol again"});
     }
     const std::size_t before = reading.notes.size();
     keepGtin(reading, data);

@@ -3,6 +3,7 @@
 #include "core/hex_words.h"
 #include "recognise/look.h"
 #include "words/shown_text.h"
+#include "words/utf8.h"
 
 #include <algorithm>
 
@@ -26,7 +27,7 @@ bool keepDigits(Reading& reading, std::string_view text, std::string_view& stran
         const char character = text.front();
         const bool isGap = isHexGap(character) && (character != ',' || digits == 2 || digits == 4);
         if (!isGap && !isHexDigit(character)) {
-            stranger = text.substr(0, 1);
+            stranger = firstCharacter(text);
             return false;
         }
         if (!isGap) {
@@ -53,7 +54,8 @@ bool prepareHex(Reading& reading, std::string_view value) {
     if (std::all_of(value.begin(), value.end(), isHexDigit)) {
         readingKeep(reading, value);
     } else if (!keepDigits(reading, value, stranger)) {
-        return readingFail(reading, EPC_ERR_BAD_CHARACTER, positionIn(reading, stranger), 1,
+        return readingFail(reading, EPC_ERR_BAD_CHARACTER, positionIn(reading, stranger),
+                           stranger.size(),
                            {quotedText(stranger) + " is not a hexadecimal digit",
                             "hex has the digits 0 to 9 and A to F"});
     }

@@ -6,6 +6,7 @@
 #include "recognise/gtin_text.h"
 #include "recognise/hex_text.h"
 #include "words/shown_text.h"
+#include "words/utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -194,14 +195,14 @@ bool failUnknown(Reading& reading, std::string_view value) {
     const std::size_t position = positionIn(reading, rest);
     if (rest.size() == value.size()) {
         return readingFail(reading, EPC_ERR_BAD_FORMAT, position, 1,
-                           {"no form of a value begins with " + quotedText(value.substr(0, 1)),
+                           {"no form of a value begins with " + quotedText(firstCharacter(value)),
                             std::string(forms)});
     }
     const bool maySeparate = LIKELY_SEPARATORS.find(rest.front()) != std::string_view::npos &&
                              value.size() > 1 && aiPrefixOf(value[0], value[1]).codeDigits != 0;
     return readingFail(
         reading, EPC_ERR_BAD_FORMAT, position, 1,
-        {"this begins like hex, but " + quotedText(rest.substr(0, 1)) +
+        {"this begins like hex, but " + quotedText(firstCharacter(rest)) +
              " is not a hexadecimal digit",
          maySeparate ? "if it separates the AIs of a barcode string, say so" : std::string(forms),
          maySeparate ? "separator" : ""});

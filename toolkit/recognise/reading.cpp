@@ -1,5 +1,7 @@
 #include "recognise/reading.h"
 
+#include "words/utf8.h"
+
 #include <algorithm>
 
 namespace rosetag {
@@ -58,9 +60,12 @@ bool readingFail(Reading& reading, EpcStatus status, std::size_t position, std::
     failure.message = std::move(complaint.message);
     failure.remedy = std::move(complaint.remedy);
     failure.option = complaint.option;
-    failure.position = std::min(position, reading.value.size());
-    failure.length = std::min(length, reading.value.size() - failure.position);
-    failure.culprit = reading.value.substr(failure.position, failure.length);
+    const std::size_t first = std::min(position, reading.value.size());
+    const std::string_view culprit =
+        wholeCharacters(reading.value, first, std::min(length, reading.value.size() - first));
+    failure.position = positionIn(reading, culprit);
+    failure.length = culprit.size();
+    failure.culprit = culprit;
     failure.isOfOptions = false;
     return false;
 }

@@ -6,12 +6,12 @@ namespace rosetag {
 
 namespace {
 
-// From where the company prefix of the first key begins; empty if there is none.
-std::string_view prefixDigitsOf(const ParsedAis& ais) {
+// The first key, from where its company prefix begins; no digits if there is none.
+CompanyPrefix prefixPlaceOf(const ParsedAis& ais) {
     for (std::size_t i = 0; i < ais.list.count; ++i) {
         const std::string_view code = aiCodeAt(ais, i);
         if (gs1KeyFindByAi(code) != nullptr) {
-            return companyPrefixOnwards(code, aiValueAt(ais, i));
+            return {{}, {}, code, companyPrefixOnwards(code, aiValueAt(ais, i))};
         }
     }
     return {};
@@ -21,25 +21,29 @@ std::string_view prefixDigitsOf(const ParsedAis& ais) {
 
 CompanyPrefix companyPrefixOf(const ReadOptions& options, const ParsedAis& ais) {
     if (options.gcpLength.has_value() || options.gcpList == nullptr) {
-        return {options.gcpLength, {}};
+        return {options.gcpLength, {}, {}, {}};
     }
-    const std::string_view digits = prefixDigitsOf(ais);
-    if (digits.empty()) {
+    CompanyPrefix prefix = prefixPlaceOf(ais);
+    if (prefix.digits.empty()) {
         return {};
     }
+    const std::string digits(prefix.digits);
     const GcpAnswer answer = gcpLengthOf(*options.gcpList, digits);
     const std::string list =
         "the prefix list" +
         (options.gcpList->date.empty() ? std::string() : " of " + options.gcpList->date);
     switch (answer.kind) {
     case GcpAnswer::Kind::LENGTH:
-        return {answer.length, {}};
+        prefix.length = answer.length;
+        break;
     case GcpAnswer::Kind::NO_PREFIX:
-        return {{}, "no GS1 company prefix begins as " + std::string(digits) + ", says " + list};
+        prefix.problem = "according to " + list + ", no GS1 company prefix begins like " + digits;
+        break;
     case GcpAnswer::Kind::NOT_LISTED:
+        prefix.problem = "the company prefix of " + digits + " is not in " + list;
         break;
     }
-    return {{}, std::string(digits) + " begins with no prefix of " + list};
+    return prefix;
 }
 
 } // namespace rosetag

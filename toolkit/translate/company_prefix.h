@@ -14,6 +14,8 @@ namespace rosetag {
 struct CompanyPrefix {
     std::optional<int> length; // as the options give it, or the list
     std::string problem;       // what the list says in its place; empty without a list or a key
+    std::string_view ai;       // whose value that is about,
+    std::string_view digits;   // and its digits from where the prefix begins
 };
 
 CompanyPrefix companyPrefixOf(const ReadOptions& options, const ParsedAis& ais);

@@ -55,12 +55,10 @@ bool completeGcpLength(Reading& reading, EncodeOptions& options) {
         failReading(reading, status);
         return false;
     }
-    CompanyPrefix prefix = companyPrefixOf(options.read, ais);
+    const CompanyPrefix prefix = companyPrefixOf(options.read, ais);
     if (!prefix.problem.empty()) {
-        return readingFail(reading, EPC_ERR_BAD_PARTITION, 0, reading.value.size(),
-                           {std::move(prefix.problem),
-                            "correct the key, take a newer list, or give the length",
-                            "gcp_length"});
+        failCompanyPrefix(reading, ais, prefix);
+        return false;
     }
     options.read.gcpLength = prefix.length;
     return true;

@@ -70,7 +70,8 @@ void failGs1Text(Reading& reading, EpcStatus status) {
     }
     if (!failByFinding(reading, status, {})) {
         const bool isStrict = reading.form == Form::DIGITAL_LINK && reading.options.strict;
-        Complaint complaint = {statusMeaning(status, {StatusSource::GS1_TEXT})};
+        Complaint complaint = {statusMeaning(status, {StatusSource::GS1_TEXT}),
+                               status == EPC_ERR_TOO_MANY_AIS ? "divide it" : "correct the text"};
         if (isStrict) {
             complaint.remedy = "what is not an AI is left out if the link is not taken as it is";
             complaint.option = "strict";
@@ -130,7 +131,7 @@ std::string missingBits(const Explanation& explanation) {
         return {};
     }
     return std::string(explanation.scheme->name) + " has " + std::to_string(bits) + " bits, not " +
-           std::to_string(given);
+           std::to_string(given) + ": read all of them";
 }
 
 // ---- URIs ----
@@ -342,7 +343,7 @@ void failFilter(Reading& reading, EpcStatus status, const EncodeOptions& options
 void failBits(Reading& reading, EpcStatus status, const Explanation& explanation) {
     if (explanation.fields.empty()) { // the bits end before a field does
         readingFail(reading, status, 0, reading.value.size(),
-                    {statusMeaning(status, {StatusSource::BITS})});
+                    {statusMeaning(status, {StatusSource::BITS}), "read the tag again"});
         return;
     }
     const std::string& digits = reading.workspace.text;
@@ -409,6 +410,14 @@ void failEncoding(Reading& reading, EpcStatus status, const EncodeOptions& optio
         return failGs1Text(reading, status);
     }
     failGs1Encoding(reading, status, options, ais);
+}
+
+void failCompanyPrefix(Reading& reading, const ParsedAis& ais, const CompanyPrefix& prefix) {
+    const ValuePlace place = placeOfValue(reading, ais, prefix.ai);
+    const std::size_t length = std::min(prefix.digits.size(), place.length);
+    readingFailAt(
+        reading, EPC_ERR_BAD_PARTITION, place.position + place.length - length, length,
+        {prefix.problem, "correct the key, take a newer list, or give the length", "gcp_length"});
 }
 
 void failAiValue(Reading& reading, EpcStatus status, std::string_view code) {

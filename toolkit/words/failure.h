@@ -5,6 +5,7 @@
 #define ROSETAG_TOOLKIT_WORDS_FAILURE_H
 
 #include "recognise/reading.h"
+#include "translate/company_prefix.h"
 
 namespace rosetag {
 
@@ -13,6 +14,9 @@ void failReading(Reading& reading, EpcStatus status);
 
 // Of a prepared value that could not become a value of the scheme.
 void failEncoding(Reading& reading, EpcStatus status, const EncodeOptions& options);
+
+// Of a key whose company prefix the list does not have.
+void failCompanyPrefix(Reading& reading, const ParsedAis& ais, const CompanyPrefix& prefix);
 
 // Of the bits of a tag value, of a TID or of AI values, after a walk that explains them.
 void failBits(Reading& reading, EpcStatus status, const Explanation& explanation);

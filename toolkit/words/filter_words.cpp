@@ -40,7 +40,7 @@ constexpr FilterWord defence[] = {
 
 constexpr FilterWord aerospace[] = {
     {0, "all_others",    "none of the others"},
-    {1, "item",          "item that none of the others applies to"},
+    {1, "item",          "item other than those of 8 to 63"},
     {2, "carton",        "carton"},
     {6, "pallet",        "pallet"},
     {8, "seat_cushion",  "seat cushion"},

@@ -7,6 +7,7 @@
 #include "translate/translate.h"
 #include "words/scheme_words.h"
 #include "words/shown_text.h"
+#include "words/utf8.h"
 
 #include <algorithm>
 #include <vector>
@@ -60,12 +61,13 @@ bool faultOfDigits(UriFault& fault, const FieldView& view) {
         view.text.substr(static_cast<std::size_t>(stranger - view.text.begin()));
     const bool isEscape = rest.size() >= 3 && rest[0] == '%' && hexDigitValue(rest[1]) >= 0 &&
                           hexDigitValue(rest[2]) >= 0;
-    const char character =
-        isEscape ? static_cast<char>(hexDigitValue(rest[1]) * 16 + hexDigitValue(rest[2]))
-                 : rest[0];
-    return faultAt(fault, view, rest.substr(0, isEscape ? 3 : 1),
+    const char escaped =
+        isEscape ? static_cast<char>(hexDigitValue(rest[1]) * 16 + hexDigitValue(rest[2])) : '\0';
+    return faultAt(fault, view, isEscape ? rest.substr(0, 3) : firstCharacter(rest),
                    nameOf(view) + " of " + std::string(view.scheme.name) +
-                       " has digits only, and " + quotedText({&character, 1}) + " is not one");
+                       " has digits only, and " +
+                       quotedText(isEscape ? std::string_view(&escaped, 1) : firstCharacter(rest)) +
+                       " is not one");
 }
 
 // A number below 2^bits, which no zero precedes.
@@ -138,7 +140,7 @@ bool faultOfEscapes(UriFault& fault, const FieldView& view, std::uint32_t set, s
     for (std::size_t i = 0; i < view.text.size(); ++count) {
         const std::string_view rest = view.text.substr(i);
         char character = rest.front();
-        std::size_t length = 1;
+        std::size_t length = firstCharacter(rest).size();
         if (character == '%') {
             length = std::min<std::size_t>(3, rest.size());
             if (length < 3 || hexPairValue(rest[1], rest[2]) < 0) {
