@@ -6,6 +6,8 @@ usage: check_faults.py ROSETAG FAULTS_LIBRARY
 """
 import errno
 import os
+import pty
+import re
 import subprocess
 import sys
 import tempfile
@@ -16,6 +18,7 @@ GOOD = b"3074257BF7194E4000001A85"
 BAD = b"42"
 URI = b"urn:epc:tag:sgtin-96:3.0614141.812345.6789"
 LINES = 15_000
+BLOCK = 64 << 10  # so much is read at a time
 INPUT, ERRORS = 3, 4  # the descriptors of --input and --errors
 ALWAYS = 10**9
 MEMORY_FAULTS = 40
@@ -47,11 +50,15 @@ FAULTS = [
 TRANSIENT = ("short", errno.EINTR, errno.EAGAIN, errno.ENOMEM)
 
 
-def run(folder, rules, options, name="lines"):
+def environment(rules):
     text = " ".join(":".join(str(part) for part in rule) for rule in rules)
+    return dict(os.environ, LD_PRELOAD=LIBRARY, ROSETAG_FAULTS=text)
+
+
+def run(folder, rules, options, name="lines"):
     with open(os.path.join(folder, "out"), "wb") as out:
         child = subprocess.run([ROSETAG, "decode", "--input", name, *options], cwd=folder,
-                               env=dict(os.environ, LD_PRELOAD=LIBRARY, ROSETAG_FAULTS=text),
+                               env=environment(rules),
                                stdin=subprocess.DEVNULL, stdout=out, stderr=subprocess.PIPE,
                                timeout=60, check=False)
     with open(os.path.join(folder, "out"), "rb") as out:
@@ -131,6 +138,30 @@ class Faults(unittest.TestCase):
                     self.assertIn(b"bad_alloc", err)
                     self.assertTrue(expected.startswith(out) and (not out or out.endswith(b"\n")))
         self.assertGreater(failed, 10)
+
+    # Every read takes longer than what lies between two lines of progress.
+    def test_progress_tells_the_share_that_is_read(self):
+        try:
+            terminal, side = pty.openpty()
+        except OSError as failure:
+            self.skipTest(f"there is no pseudo-terminal here: {failure}")
+        name = os.path.join(self.folder.name, "blocks")
+        with open(name, "wb") as file:
+            file.write((b"4" * 63 + b"\n") * (5 * BLOCK // 64))
+        subprocess.run([ROSETAG, "decode", "--input", name], stdin=subprocess.DEVNULL,
+                       stdout=subprocess.DEVNULL, stderr=side, timeout=60, check=False,
+                       env=environment([("read", INPUT, 1, 5, "slow")]))
+        os.close(side)
+        shown = b""
+        try:
+            while chunk := os.read(terminal, 65536):
+                shown += chunk
+        except OSError:
+            pass  # nothing is left on a terminal whose other side is closed
+        os.close(terminal)
+        self.assertEqual(re.findall(rb"([0-9,]+) lines,[^%]* ([0-9]+) % done", shown),
+                         [(b"1,024", b"20"), (b"2,048", b"40"), (b"3,072", b"60"),
+                          (b"4,096", b"80"), (b"5,120", b"100")])
 
 
 if __name__ == "__main__":

@@ -4,6 +4,8 @@ usage: check_runs.py ROSETAG
 """
 import os
 import pty
+import pwd
+import resource
 import subprocess
 import sys
 import tempfile
@@ -32,7 +34,37 @@ def peak_of_run(lines, options, line=LINE, exit_status=0):
     return peak
 
 
+def leave_no_thread():
+    """A user who may have no further process or thread: root always may."""
+    if os.geteuid() == 0:
+        os.setgroups([])
+        os.setuid(pwd.getpwnam("nobody").pw_uid)
+    resource.setrlimit(resource.RLIMIT_NPROC, (1, 1))
+
+
+def leave_no_stack():
+    """Memory enough for the run, but not for the stack of a further thread."""
+    resource.setrlimit(resource.RLIMIT_STACK, (1 << 30, 1 << 30))
+    resource.setrlimit(resource.RLIMIT_AS, (1 << 29, 1 << 29))
+
+
 class Runs(unittest.TestCase):
+    # The limits of the system itself; what each call does when it fails is looked at with faults
+    # that are put in.
+    def test_threads_that_cannot_be_started(self):
+        for limit in (leave_no_thread, leave_no_stack):
+            with self.subTest(limit=limit.__name__):
+                try:
+                    subprocess.run([ROSETAG, "--version"], preexec_fn=limit, check=True,
+                                   stdout=subprocess.DEVNULL)
+                except (OSError, KeyError, subprocess.SubprocessError) as failure:
+                    self.skipTest(f"nobody cannot run the command here: {failure}")
+                child = subprocess.run([ROSETAG, "decode", "--quiet", "--jobs", "3"],
+                                       input=LINE * 20_000, capture_output=True, timeout=60,
+                                       preexec_fn=limit, check=False)
+                self.assertIn(b"only 1 of 3 threads could be started: ", child.stderr)
+                self.assertEqual((child.returncode, child.stdout), (0, URI * 20_000))
+
     def test_memory_does_not_grow_with_the_lines(self):
         for options in ([], ["--jobs", "2"], ["--json"]):
             with self.subTest(options=options):

@@ -7,7 +7,8 @@
  *   thread               starting one (the descriptor is not looked at)
  *   malloc               of at least so many bytes as the descriptor says
  *
- * are short (at most 1001 bytes go through), zero (none do) or fail with the error of that number.
+ * are short (at most 1001 bytes go through), zero (none do), slow (a third of a second) or fail
+ * with the error of that number.
  */
 #define _GNU_SOURCE
 #include <dlfcn.h>
@@ -17,14 +18,15 @@
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+#include <time.h>
 #include <unistd.h>
 
-enum { SHORT = -1, ZERO = -2, MOST_RULES = 8 };
+enum { SHORT = -1, ZERO = -2, SLOW = -3, MOST_RULES = 8 };
 
 struct rule {
     char call[16];
     long descriptor, first, last;
-    int fault; /* SHORT, ZERO or an error number */
+    int fault; /* SHORT, ZERO, SLOW or an error number */
     atomic_long count;
 };
 
@@ -43,6 +45,7 @@ __attribute__((constructor)) static void read_rules(void) {
         }
         rule->fault = strcmp(fault, "short") == 0  ? SHORT
                       : strcmp(fault, "zero") == 0 ? ZERO
+                      : strcmp(fault, "slow") == 0 ? SLOW
                                                    : atoi(fault);
         text += length;
         ++rule_count;
@@ -71,6 +74,10 @@ static ssize_t faulty_size(int fault, size_t size) {
     if (fault > 0) {
         errno = fault;
         return -1;
+    }
+    if (fault == SLOW) {
+        const struct timespec third = {.tv_sec = 0, .tv_nsec = 333000000};
+        nanosleep(&third, NULL);
     }
     return fault == ZERO ? 0 : fault == SHORT && size > 1001 ? 1001 : (ssize_t)size;
 }

@@ -98,7 +98,7 @@ std::string hexOfBits(std::string_view bits) {
     std::size_t width = bits.size() % 4; // of the first digit
     while (!bits.empty()) {
         width = width == 0 ? 4 : width;
-        hex += HEX_DIGITS[numberOfBits(bits.substr(0, width))];
+        hex += HEX_DIGITS[static_cast<std::size_t>(numberOfBits(bits.substr(0, width)))];
         bits.remove_prefix(width);
         width = 0;
     }

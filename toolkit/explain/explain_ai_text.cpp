@@ -14,7 +14,7 @@ namespace {
 // stands for no character.
 bool appendGroup(std::string& text, std::uint64_t group, const TextEncoding& encoding) {
     if (encoding.groupSize == 1) {
-        text += encoding.alphabet[group];
+        text += encoding.alphabet[static_cast<std::size_t>(group)];
         return text.back() != '\0';
     }
     if (group == 0 || group > CODE40_LARGEST) {
@@ -78,8 +78,8 @@ void walkDigitsAsNumber(Walk& walk, const AiSubject& subject, std::size_t digits
 
 std::size_t walkLength(Walk& walk, const AiSubject& subject, const AiComponent& component,
                        std::string_view counted) {
-    const std::size_t length =
-        walkNumber(walk, fieldName(subject, "length"), component.lengthIndicatorBits);
+    const auto length = static_cast<std::size_t>(
+        walkNumber(walk, fieldName(subject, "length"), component.lengthIndicatorBits));
     walkMean(walk, std::to_string(length) + ' ' + std::string(counted));
     return length;
 }

@@ -107,8 +107,8 @@ void walkDateRange(Walk& walk, const AiSubject& subject) {
 
 void walkDateTimeVar(Walk& walk, const AiSubject& subject) {
     constexpr std::array<std::string_view, 4> precisions = {"hour", "minute", "second", "day"};
-    const std::uint64_t code =
-        walkNumber(walk, fieldName(subject, "precision"), DATE_PRECISION_BITS);
+    const auto code = static_cast<std::size_t>(
+        walkNumber(walk, fieldName(subject, "precision"), DATE_PRECISION_BITS));
     walkMean(walk, "to the " + std::string(precisions[code]));
     if (walk.isGood) {
         walkDate(walk, subject, code == DATE_PRECISION_DAY ? 0 : code + 1);
@@ -236,7 +236,7 @@ void walkAiValue(Walk& walk, std::string_view code) {
 }
 
 void walkDateCoded(Walk& walk) {
-    const std::uint64_t code = walkNumber(walk, "date code", DATE_CODE_BITS);
+    const auto code = static_cast<std::size_t>(walkNumber(walk, "date code", DATE_CODE_BITS));
     if (walk.isGood && code >= dateKeyTable.size()) {
         walkFail(walk, "no date has the code " + std::to_string(code));
     }

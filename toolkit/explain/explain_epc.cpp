@@ -157,7 +157,7 @@ void walkToggle(Walk& walk, const SchemeField& field, LayoutState& state) {
 }
 
 void walkPartition(Walk& walk, const SchemeField& field, LayoutState& state) {
-    const std::uint64_t partition = walkNumber(walk, field.name, widthOf(field));
+    const auto partition = static_cast<std::size_t>(walkNumber(walk, field.name, widthOf(field)));
     if (walk.isGood && partition >= companyPrefixSizes.size()) {
         walkFail(walk,
                  "no company prefix length has the partition value " + std::to_string(partition));

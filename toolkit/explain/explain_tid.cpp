@@ -22,7 +22,7 @@ void meanNumber(Walk& walk, const TidField& field, std::uint64_t number) {
                                                 std::to_string(tidSerialBits(number)) + " bits");
     case TidMeaning::WORDS:
     case TidMeaning::LARGEST_BLOCK:
-        return walkMean(walk, counted(number, "word"), digits);
+        return walkMean(walk, counted(static_cast<std::size_t>(number), "word"), digits);
     case TidMeaning::NUMBER:
     case TidMeaning::SERIAL:
         return walkMean(walk, "0x" + hexOfBits(walkLastBits(walk)), digits);

@@ -33,7 +33,7 @@ void prepareElementString(Reading& reading, std::string_view value) {
         const std::string_view element = value.substr(at, end - at);
         at = end;
         const std::size_t close = element.find(')');
-        if (close == std::string_view::npos || element.front() != '(') {
+        if (close == std::string_view::npos) {
             continue;
         }
         const std::string_view number = element.substr(close + 1);
