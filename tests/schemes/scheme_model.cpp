@@ -2,8 +2,6 @@
 
 #include "support/bits.h"
 
-#include <algorithm>
-
 namespace {
 
 // The lowest and the highest character are at the ends.
@@ -161,18 +159,12 @@ std::size_t Picker::length(std::size_t first, std::size_t last) {
     if (choice == Choice::RANDOM) {
         return first + generator.below(last - first + 1);
     }
-    if (choice == Choice::GIVEN) {
-        return std::clamp(texts.at(next).size(), first, last);
-    }
     return choice == Choice::LOWEST ? first : last;
 }
 
 std::string Picker::text(std::size_t length, std::string_view alphabet) {
     if (choice == Choice::RANDOM) {
         return generator.text(length, alphabet);
-    }
-    if (choice == Choice::GIVEN) {
-        return texts.at(next++);
     }
     return std::string(length, choice == Choice::LOWEST ? alphabet.front() : alphabet.back());
 }
@@ -181,9 +173,6 @@ std::uint64_t Picker::number(std::size_t bits) {
     const std::uint64_t largest = (std::uint64_t{1} << bits) - 1;
     if (choice == Choice::RANDOM) {
         return generator.next() & largest;
-    }
-    if (choice == Choice::GIVEN) {
-        return std::stoull(texts.at(next++));
     }
     return choice == Choice::LOWEST ? 0 : largest;
 }

@@ -13,11 +13,10 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 // Chooses the values of fields: the shortest of the lowest characters, the longest of the highest,
-// any, or those that it was given.
+// or any.
 class Picker {
 public:
     static Picker lowest() {
@@ -30,25 +29,16 @@ public:
         return Picker(Choice::RANDOM, seed);
     }
 
-    // One text for each field, in the order of a URI; a company prefix is a field of its own.
-    static Picker given(std::vector<std::string> texts) {
-        Picker picker(Choice::GIVEN, 0);
-        picker.texts = std::move(texts);
-        return picker;
-    }
-
     std::size_t length(std::size_t first, std::size_t last);
     std::string text(std::size_t length, std::string_view alphabet);
     std::uint64_t number(std::size_t bits);
 
 private:
-    enum class Choice { LOWEST, LARGEST, RANDOM, GIVEN };
+    enum class Choice { LOWEST, LARGEST, RANDOM };
     Picker(Choice kind, std::uint64_t seed) : choice(kind), generator(seed) {}
 
     Choice choice;
     Random generator;
-    std::vector<std::string> texts;
-    std::size_t next = 0;
 };
 
 enum class Field {

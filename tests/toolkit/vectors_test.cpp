@@ -1,9 +1,6 @@
 /*
- * The shared rows, which every face of the toolkit must pass: here the toolkit itself, and the
- * model of the plain schemes, which knows the bits of a tag URI by itself.
+ * The shared rows, which every face of the toolkit must pass: here the toolkit itself.
  */
-#include "schemes/scheme_model.h"
-#include "support/bits.h"
 #include "toolkit/rows_of_file.h"
 
 #include <rosetag/toolkit.hpp>
@@ -170,88 +167,6 @@ TEST(Vectors, HoldForTheToolkit) {
     EXPECT_EQ(rows.size(), ids.size());
     EXPECT_LE(2000U, rows.size());
     EXPECT_GE(4000U, rows.size());
-}
-
-// A part of a URI without its escapes.
-std::string unescapedPart(std::string_view part) {
-    std::string text;
-    for (std::size_t i = 0; i < part.size(); ++i) {
-        if (part[i] == '%') {
-            text += static_cast<char>(std::stoi(std::string(part.substr(i + 1, 2)), nullptr, 16));
-            i += 2;
-        } else {
-            text += part[i];
-        }
-    }
-    return text;
-}
-
-std::size_t partCount(const SchemeModel& model) {
-    std::size_t count = model.filterBits == 0 ? 0 : 1;
-    for (const FieldModel& field : model.fields) {
-        count += field.field == Field::ZEROS ? 0 : field.field <= Field::CHARS6_KEY ? 2 : 1;
-    }
-    return count;
-}
-
-// The parts after the name of the scheme. The last may hold dots.
-std::vector<std::string> partsOf(std::string_view body, std::size_t count) {
-    std::vector<std::string> parts;
-    for (; parts.size() + 1 < count; body.remove_prefix(body.find('.') + 1)) {
-        parts.push_back(unescapedPart(body.substr(0, body.find('.'))));
-    }
-    parts.push_back(unescapedPart(body));
-    return parts;
-}
-
-// Hexadecimal digits of a tag URI by the model; empty for a scheme that it does not know.
-std::string hexByModel(const std::string& uri) {
-    constexpr std::string_view head = "urn:epc:tag:";
-    const std::size_t colon = uri.find(':', head.size());
-    const std::string name = uri.substr(head.size(), colon - head.size());
-    const auto model =
-        std::find_if(schemeModels.begin(), schemeModels.end(),
-                     [&name](const SchemeModel& other) { return other.name == name; });
-    if (model == schemeModels.end()) {
-        return {};
-    }
-    std::vector<std::string> parts =
-        partsOf(std::string_view(uri).substr(colon + 1), partCount(*model));
-    std::uint32_t filter = 0;
-    if (model->filterBits != 0) {
-        filter = static_cast<std::uint32_t>(std::stoul(parts.front()));
-        parts.erase(parts.begin());
-    }
-    const std::size_t partition = model->hasPartition() ? 12 - parts.front().size() : 0;
-    if (model->fields.back().field == Field::SERIAL6) { // its first character is chosen apart
-        parts.push_back(parts.back().substr(1));
-        parts[parts.size() - 2].resize(1);
-    }
-    Picker picker = Picker::given(parts);
-    ModelValue value = modelValue(*model, filter, partition, picker);
-    EXPECT_EQ(uri, value.tagUri);
-    value.bits.resize((value.bits.size() + 15) / 16 * 16, '0');
-    return hexFromBytes(bytesFromBits(value.bits));
-}
-
-TEST(Vectors, HaveTheBitsOfTheModel) {
-    std::map<std::string, int> counts; // of values by scheme
-    for (const VectorRow& row : vectorRows()) {
-        const bool isWritten = row.op == "hex" && row.input.starts_with("urn:epc:tag:");
-        const bool isRead = row.op == "tag_uri" && !row.input.starts_with("urn:") &&
-                            !row.id.starts_with("odd"); // hex as people paste it
-        if ((!isWritten && !isRead) || row.status != "EPC_OK" || row.output.empty()) {
-            continue;
-        }
-        SCOPED_TRACE(row.id);
-        const std::string& uri = isWritten ? row.input : row.output;
-        EXPECT_EQ(isWritten ? row.output : row.input, hexByModel(uri));
-        ++counts[uri.substr(12, uri.find(':', 12) - 12)];
-    }
-    EXPECT_EQ(schemeModels.size(), counts.size());
-    for (const auto& [scheme, count] : counts) {
-        EXPECT_LE(6, count) << scheme;
-    }
 }
 
 } // namespace
