@@ -25,7 +25,6 @@ ALLOWED_UNDEFINED = {
     "_ITM_registerTMCloneTable",
 }
 ALLOWED_NEEDED = re.compile(r"^(libc\.so\.\d+|ld-linux.*\.so\.\d+)$")
-EXPORT_COUNT = 76
 MAX_RELOCATIONS = 1000
 MAX_BYTES = 600 * 1024
 
@@ -61,7 +60,6 @@ class Library(unittest.TestCase):
         declared = declared_functions()
         exported = [line.split()[-1] for line in lines_of("nm", "-D", "--defined-only", LIBRARY)]
         version = f"ROSETAG_{SOVERSION}"
-        self.assertEqual(len(declared), EXPORT_COUNT)
         self.assertEqual(sorted(exported),
                          [version] + sorted(f"{name}@@{version}" for name in declared))
 

@@ -3,7 +3,9 @@
 #include "support/bits.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -32,8 +34,6 @@ constexpr EpcStatus CONFLICT = EPC_ERR_KEY_CONFLICT;
 constexpr EpcStatus CHECK_DIGIT = EPC_ERR_CHECK_DIGIT;
 constexpr EpcStatus TID = EPC_ERR_BAD_TID;
 
-// The row does not apply to this syntax.
-constexpr const char* NONE = nullptr;
 // The storage of the text is left as it was.
 constexpr const char* UNTOUCHED = nullptr;
 
@@ -402,221 +402,244 @@ const struct { const char* name; const char* hex; std::int32_t bits; EpcStatus s
 
 // clang-format on
 
-// Collects the cases, export by export.
-struct Cases {
+// Collects the cases of one export.
+class Cases {
+public:
+    explicit Cases(const Export& tested) : row(tested), exportName(tested.name) {}
+
     std::vector<Case> all;
 
-    void add(std::string_view exportName, std::string_view name, Arguments arguments,
-             EpcStatus status, const char* left = "") {
-        const auto row = std::find_if(allExports.begin(), allExports.end(),
-                                      [&](const Export& e) { return e.name == exportName; });
-        all.push_back({&*row, std::string(name), std::move(arguments), status, left});
+    void addBinaryToText(EpcStatus BinaryRow::*status, const char* left) {
+        for (const BinaryRow& binary : binaryRows) {
+            addBits(binary.name, binary.hex, binary.bits, binary.*status, {}, left);
+        }
+        addBadBits({});
     }
 
-    // One row for the exports that read bits: as bytes, as digits and as words.
-    void addBits(const std::string& ending, const char* binary, const char* hex, const char* words,
-                 std::string_view name, const std::string& digits, std::int32_t bits,
-                 EpcStatus status, Arguments arguments = {}, const char* left = "") {
-        const auto allBits = static_cast<std::int32_t>(digits.size()) * 4;
-        arguments.binary = bytesFromHex(digits);
-        arguments.bits = bits == -1 ? allBits : bits;
-        add(binary + ending, name, arguments, status, left);
-        if (words != NONE && allBits <= 496) {
-            add(words + ending, name, arguments, status, left);
-        }
-        arguments.text = digits;
-        if (hex != NONE && bits == -1 && allBits <= 496) {
-            add(hex + ending, name, arguments, status, left);
+    template <std::size_t COUNT>
+    void addUriToBinary(const UriRow (&uris)[COUNT]) {
+        for (const UriRow& uri : uris) {
+            Arguments arguments;
+            arguments.text = uri.text;
+            arguments.scheme = uri.scheme;
+            arguments.filter = uri.filter;
+            add(uri.name, arguments, uri.status, UNTOUCHED);
         }
     }
-    void addBadBits(const std::string& ending, const char* hex, const char* words,
-                    const Arguments& arguments = {}, const char* left = UNTOUCHED) {
-        for (const auto& row : hexRows) {
-            Arguments changed = arguments;
-            changed.text = row.hex;
-            add(hex + ending, row.name, changed, row.status, left);
-        }
-        for (const auto& row : wordRows) {
-            Arguments changed = arguments;
-            changed.bits = row.bits;
-            if (words != NONE) {
-                add(words + ending, row.name, changed, row.status, left);
+
+    void addGs1ToBinary() {
+        for (const Gs1Row& gs1 : gs1ToBinaryRows) {
+            Arguments arguments;
+            arguments.scheme = gs1.scheme;
+            arguments.filter = gs1.filter;
+            arguments.gcpLength = gs1.gcpLength;
+            arguments.encoding = gs1.encoding;
+            arguments.text = inSyntax(gs1);
+            if (!arguments.text.empty() && takesEncoding(gs1.encoding)) {
+                add(gs1.name, arguments, gs1.status, UNTOUCHED);
             }
         }
     }
-};
 
-void addBinaryCases(Cases& cases) {
-    const char* const binary = "epc_binaryTo";
-    const char* const hex = "epc_hexTo";
-    const char* const words = "epc_wordsTo";
-    for (const BinaryRow& row : binaryRows) {
-        cases.addBits("TagSchemeName", binary, hex, NONE, row.name, row.hex, row.bits,
-                      row.schemeName, {}, UNTOUCHED);
-        for (const char* uri : {"EpcTagUri", "EpcUri"}) {
-            cases.addBits(uri, binary, hex, words, row.name, row.hex, row.bits, row.uri);
+    void addGs1ToGs1() {
+        for (const Gs1Row& gs1 : gs1ToAIsRows) {
+            addText(gs1.name, inSyntax(gs1), gs1.status);
         }
-        for (const char* text : {"Gs1ElementString", "BarcodeString"}) {
-            cases.addBits(text, binary, hex, words, row.name, row.hex, row.bits, row.gs1);
+    }
+    void addElementToLink() {
+        addGs1ToGs1();
+        for (const auto& element : elementToLinkRows) {
+            addText(element.name, element.text, element.status);
         }
-        cases.addBits("AIs", binary, hex, NONE, row.name, row.hex, row.bits, row.gs1);
-        cases.addBits("DigitalLink", binary, hex, words, row.name, row.hex, row.bits, row.link);
     }
-    for (const char* ending : {"TagSchemeName", "AIs"}) {
-        cases.addBadBits(ending, hex, NONE);
+    // What does not fit an element string may fit a barcode string.
+    void addTagUriToGs1() {
+        for (const auto& uri : tagUriToGs1Rows) {
+            if (exportName.ends_with("BarcodeString")) {
+                addText(uri.name, uri.text, uri.left == nullptr ? OK : uri.status, uri.left);
+            } else {
+                addText(uri.name, uri.text, uri.status);
+            }
+        }
     }
-    for (const char* ending :
-         {"EpcTagUri", "EpcUri", "Gs1ElementString", "BarcodeString", "DigitalLink"}) {
-        cases.addBadBits(ending, hex, words);
+    void addUriToGs1() {
+        for (const auto& uri : uriToGs1Rows) {
+            addText(uri.name, uri.text, uri.status,
+                    exportName.ends_with("BarcodeString") ? uri.left : "");
+        }
     }
-}
 
-void addTextToBinaryCases(Cases& cases) {
-    const auto addUri = [&cases](const std::string& prefix, const UriRow& row) {
+    void addGs1ToUri() {
+        for (const Gs1ToUriRow& gs1 : gs1ToTagUriRows) {
+            Arguments arguments;
+            arguments.scheme = gs1.scheme;
+            arguments.filter = gs1.filter;
+            arguments.gcpLength = gs1.gcpLength;
+            arguments.text = isOfBarcode() ? gs1.barcode : gs1.element;
+            const bool isOfScheme =
+                gs1.status == SCHEME || gs1.status == MISMATCH || gs1.status == FILTER_LIMIT;
+            const bool ignoresScheme = row.family == Family::GS1_TO_URI;
+            add(gs1.name, arguments, isOfScheme && ignoresScheme ? OK : gs1.status, gs1.body);
+        }
+    }
+
+    void addAiToBits() {
+        for (const auto& value : aiToBitsRows) {
+            Arguments arguments;
+            arguments.ai = value.ai;
+            arguments.text = value.value;
+            arguments.withCode = value.withCode;
+            arguments.encoding = value.encoding;
+            if (takesEncoding(value.encoding)) {
+                add(value.name, arguments, value.status, UNTOUCHED);
+            }
+        }
+    }
+    template <std::size_t COUNT>
+    void addBitsToAi(const BitsToAiRow (&values)[COUNT]) {
         Arguments arguments;
-        arguments.text = row.text;
-        arguments.scheme = row.scheme;
-        arguments.filter = row.filter;
-        for (const char* form : {"ToBinary", "ToHex", "ToWords"}) {
-            cases.add(prefix + form, row.name, arguments, row.status, UNTOUCHED);
+        for (const BitsToAiRow& value : values) {
+            arguments.ai = value.ai;
+            addBits(value.name, value.hex, value.bits, value.status, arguments, value.left);
         }
-    };
-    for (const UriRow& row : tagUriToBinaryRows) {
-        addUri("epc_epcTagUri", row);
+        arguments.ai = "21";
+        addBadBits(arguments);
     }
-    for (const UriRow& row : uriToBinaryRows) {
-        addUri("epc_epcUri", row);
-    }
-    for (const Gs1Row& row : gs1ToBinaryRows) {
-        Arguments arguments;
-        arguments.scheme = row.scheme;
-        arguments.filter = row.filter;
-        arguments.gcpLength = row.gcpLength;
-        arguments.encoding = row.encoding;
-        for (const auto& [syntax, text] : {std::pair("epc_gs1ElementString", &row.element),
-                                           std::pair("epc_barcodeString", &row.barcode),
-                                           std::pair("epc_digitalLink", &row.link)}) {
-            arguments.text = *text;
-            if (text->empty()) {
-                continue;
-            }
-            for (const std::string form : {"ToBinary", "ToHex", "ToWords"}) {
-                cases.add(syntax + form + "Enc", row.name, arguments, row.status, UNTOUCHED);
-                if (row.encoding == AI_ENC_AUTO) {
-                    cases.add(syntax + form, row.name, arguments, row.status, UNTOUCHED);
-                }
-            }
-        }
-    }
-}
 
-void addTextToTextCases(Cases& cases) {
-    const auto add = [&cases](const char* exportName, const char* name, const std::string& text,
-                              EpcStatus status, const char* left = "") {
+    void addTid() {
+        for (const auto& tid : tidRows) {
+            addBits(tid.name, tid.hex, tid.bits, tid.status, {}, UNTOUCHED);
+        }
+        addBadBits({});
+    }
+
+    void addSchemeToName() {
+        for (const auto& [scheme, status] :
+             {std::pair(0, OK), std::pair(EPC_SCHEME_COUNT - 1, OK),
+              std::pair(EPC_SCHEME_COUNT, SCHEME), std::pair(-1, SCHEME)}) {
+            Arguments arguments;
+            arguments.scheme = scheme;
+            add(std::to_string(scheme), arguments, status, UNTOUCHED);
+        }
+    }
+    void addNameToScheme() {
+        for (const auto& [name, status] : {std::pair("sgtin-96", OK), std::pair("dsgtin+", OK),
+                                           std::pair("sgtin", SCHEME), std::pair("", SCHEME)}) {
+            Arguments arguments;
+            arguments.text = name;
+            add(name, arguments, status);
+        }
+    }
+
+private:
+    const Export& row;
+    std::string_view exportName;
+
+    void add(std::string_view name, Arguments arguments, EpcStatus status, const char* left = "") {
+        all.push_back({&row, std::string(name), std::move(arguments), status, left});
+    }
+
+    void addText(std::string_view name, const std::string& text, EpcStatus status,
+                 const char* left = "") {
         Arguments arguments;
         arguments.text = text;
         if (!text.empty()) {
-            cases.add(exportName, name, arguments, status, left);
+            add(name, arguments, status, left);
         }
-    };
-    for (const Gs1Row& row : gs1ToAIsRows) {
-        add("epc_gs1ElementStringToAIs", row.name, row.element, row.status);
-        add("epc_barcodeStringToAIs", row.name, row.barcode, row.status);
-        add("epc_digitalLinkToAIs", row.name, row.link, row.status);
-        add("epc_digitalLinkToGs1ElementString", row.name, row.link, row.status);
-        add("epc_gs1ElementStringToDigitalLink", row.name, row.element, row.status);
     }
-    for (const auto& row : elementToLinkRows) {
-        add("epc_gs1ElementStringToDigitalLink", row.name, row.text, row.status);
-    }
-    for (const auto& row : tagUriToGs1Rows) {
-        const bool fitsBarcode = row.left == nullptr;
-        add("epc_epcTagUriToBarcodeString", row.name, row.text, fitsBarcode ? OK : row.status,
-            row.left);
-        add("epc_epcTagUriToGs1ElementString", row.name, row.text, row.status);
-        add("epc_epcTagUriToDigitalLink", row.name, row.text, row.status);
-    }
-    for (const auto& row : uriToGs1Rows) {
-        add("epc_epcUriToBarcodeString", row.name, row.text, row.status, row.left);
-        add("epc_epcUriToGs1ElementString", row.name, row.text, row.status);
-    }
-    for (const Gs1ToUriRow& row : gs1ToTagUriRows) {
-        Arguments arguments;
-        arguments.scheme = row.scheme;
-        arguments.filter = row.filter;
-        arguments.gcpLength = row.gcpLength;
-        arguments.text = row.barcode;
-        cases.add("epc_barcodeStringToEpcTagUri", row.name, arguments, row.status, row.body);
-        arguments.text = row.element;
-        cases.add("epc_gs1ElementStringToEpcTagUri", row.name, arguments, row.status, row.body);
-        const bool isOfScheme =
-            row.status == SCHEME || row.status == MISMATCH || row.status == FILTER_LIMIT;
-        cases.add("epc_gs1ElementStringToEpcUri", row.name, arguments, isOfScheme ? OK : row.status,
-                  row.body);
-    }
-}
 
-void addValueCases(Cases& cases) {
-    for (const auto& row : aiToBitsRows) {
-        Arguments arguments;
-        arguments.ai = row.ai;
-        arguments.text = row.value;
-        arguments.withCode = row.withCode;
-        arguments.encoding = row.encoding;
-        for (const std::string form : {"Binary", "Hex", "Words"}) {
-            cases.add("epc_AITo" + form + "Enc", row.name, arguments, row.status, UNTOUCHED);
-            if (row.encoding == AI_ENC_AUTO) {
-                cases.add("epc_AITo" + form, row.name, arguments, row.status, UNTOUCHED);
+    // Digits and words are always whole, and no more than the library copies.
+    void addBits(std::string_view name, const std::string& digits, std::int32_t bits,
+                 EpcStatus status, Arguments arguments, const char* left) {
+        const auto allBits = static_cast<std::int32_t>(digits.size()) * 4;
+        const bool isHex = row.input == Input::HEX;
+        if ((row.input != Input::BINARY && allBits > 8 * EPC_MAX_BINARY_BYTES) ||
+            (isHex && bits != -1)) {
+            return;
+        }
+        arguments.binary = bytesFromHex(digits);
+        arguments.bits = bits == -1 ? allBits : bits;
+        arguments.text = isHex ? digits : "";
+        add(name, arguments, status, left);
+    }
+    void addBadBits(Arguments arguments) {
+        if (row.input == Input::HEX) {
+            for (const auto& bad : hexRows) {
+                arguments.text = bad.hex;
+                add(bad.name, arguments, bad.status, UNTOUCHED);
+            }
+        } else if (row.input == Input::WORDS) {
+            for (const auto& bad : wordRows) {
+                arguments.bits = bad.bits;
+                add(bad.name, arguments, bad.status, UNTOUCHED);
             }
         }
     }
-    for (const BitsToAiRow& row : bitsToAiRows) {
-        Arguments arguments;
-        arguments.ai = row.ai;
-        cases.addBits("ValueToAI", "epc_binary", "epc_hex", "epc_words", row.name, row.hex,
-                      row.bits, row.status, arguments, row.left);
+
+    bool isOfBarcode() const {
+        return exportName.starts_with("epc_barcodeString");
     }
-    for (const BitsToAiRow& row : plusBitsToAiRows) {
-        cases.addBits("ToAI", "epc_plusAidcBinary", "epc_plusAidcHex", "epc_plusAidcWords",
-                      row.name, row.hex, row.bits, row.status, {}, row.left);
+    // Empty if the row does not apply to the syntax.
+    const std::string& inSyntax(const Gs1Row& gs1) const {
+        return isOfBarcode()                               ? gs1.barcode
+               : exportName.starts_with("epc_digitalLink") ? gs1.link
+                                                           : gs1.element;
     }
-    Arguments serial;
-    serial.ai = "21";
-    cases.addBadBits("ValueToAI", "epc_hex", "epc_words", serial);
-    cases.addBadBits("ToAI", "epc_plusAidcHex", "epc_plusAidcWords");
+    bool takesEncoding(std::int32_t encoding) const {
+        return encoding == AI_ENC_AUTO || exportName.ends_with("Enc");
+    }
+};
+
+void addCases(Cases& cases, const Export& row) {
+    switch (row.family) {
+    case Family::SCHEME_TO_NAME:
+        return cases.addSchemeToName();
+    case Family::NAME_TO_SCHEME:
+        return cases.addNameToScheme();
+    case Family::BINARY_TO_NAME:
+        return cases.addBinaryToText(&BinaryRow::schemeName, UNTOUCHED);
+    case Family::BINARY_TO_URI:
+        return cases.addBinaryToText(&BinaryRow::uri, "");
+    case Family::BINARY_TO_GS1:
+        return cases.addBinaryToText(&BinaryRow::gs1, "");
+    case Family::BINARY_TO_LINK:
+        return cases.addBinaryToText(&BinaryRow::link, "");
+    case Family::TAG_URI_TO_BINARY:
+        return cases.addUriToBinary(tagUriToBinaryRows);
+    case Family::URI_TO_BINARY:
+        return cases.addUriToBinary(uriToBinaryRows);
+    case Family::GS1_TO_BINARY:
+        return cases.addGs1ToBinary();
+    case Family::GS1_TO_AIS:
+    case Family::LINK_TO_GS1:
+        return cases.addGs1ToGs1();
+    case Family::TAG_URI_TO_GS1:
+        return cases.addTagUriToGs1();
+    case Family::URI_TO_GS1:
+        return cases.addUriToGs1();
+    case Family::GS1_TO_LINK:
+        return cases.addElementToLink();
+    case Family::GS1_TO_TAG_URI:
+    case Family::GS1_TO_URI:
+        return cases.addGs1ToUri();
+    case Family::AI_TO_BITS:
+        return cases.addAiToBits();
+    case Family::BITS_TO_AI:
+        return row.output == Output::TEXT_AND_AI ? cases.addBitsToAi(plusBitsToAiRows)
+                                                 : cases.addBitsToAi(bitsToAiRows);
+    case Family::TID:
+        return cases.addTid();
+    }
 }
 
 } // namespace
 
 std::vector<Case> allCases() {
-    Cases cases;
-    for (const auto& [scheme, status] :
-         {std::pair(0, OK), std::pair(EPC_SCHEME_COUNT - 1, OK),
-          std::pair(EPC_SCHEME_COUNT, SCHEME), std::pair(-1, SCHEME)}) {
-        Arguments arguments;
-        arguments.scheme = scheme;
-        cases.add("epc_tagSchemeEnumToName", std::to_string(scheme), arguments, status, UNTOUCHED);
+    std::vector<Case> all;
+    for (const Export& row : allExports) {
+        Cases cases(row);
+        addCases(cases, row);
+        std::move(cases.all.begin(), cases.all.end(), std::back_inserter(all));
     }
-    for (const auto& [name, status] : {std::pair("sgtin-96", OK), std::pair("dsgtin+", OK),
-                                       std::pair("sgtin", SCHEME), std::pair("", SCHEME)}) {
-        Arguments arguments;
-        arguments.text = name;
-        cases.add("epc_tagSchemeNameToEnum", name, arguments, status);
-    }
-    addBinaryCases(cases);
-    addTextToBinaryCases(cases);
-    addTextToTextCases(cases);
-    addValueCases(cases);
-    for (const auto& row : tidRows) {
-        for (const char* ending : {"Decode", "ToComponents", "ToXtid"}) {
-            cases.addBits(ending, "tid_binary", NONE, "tid_words", row.name, row.hex, row.bits,
-                          row.status, {}, UNTOUCHED);
-        }
-    }
-    for (const char* name : {"tid_wordsDecode", "tid_wordsToComponents", "tid_wordsToXtid"}) {
-        Arguments arguments;
-        arguments.bits = 497;
-        cases.add(name, "497 bits", arguments, TOO_LONG, UNTOUCHED);
-    }
-    return cases.all;
+    return all;
 }

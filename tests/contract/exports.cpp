@@ -79,124 +79,155 @@ constexpr StatusSet statusSet(Numbers... numbers) {
     return (0U | ... | (StatusSet{1} << numbers));
 }
 
-// The statuses of the families, by their numbers.
-constexpr StatusSet TOO_LONG = statusSet(EPC_ERR_TOO_LONG); // added by words and digits
-constexpr StatusSet BINARY_TO_NAME = statusSet(1, 2, 5);
-constexpr StatusSet BINARY_TO_URI = statusSet(1, 2, 3, 5, 6, 17, 18);
-constexpr StatusSet BINARY_TO_GS1 = statusSet(1, 2, 3, 5, 6, 7, 13, 17, 18, 21);
-constexpr StatusSet BINARY_TO_LINK = BINARY_TO_GS1 | statusSet(22, 23);
-constexpr StatusSet TAG_URI_TO_BINARY = statusSet(1, 2, 3, 4, 6, 7, 8, 10, 11, 17, 18);
-constexpr StatusSet URI_TO_BINARY = statusSet(1, 2, 3, 4, 6, 7, 8, 9, 11, 17, 18);
-constexpr StatusSet GS1_TO_BINARY =
-    statusSet(1, 2, 3, 4, 6, 7, 8, 9, 10, 11, 13, 14, 15, 16, 17, 18, 20, 21, 23);
-constexpr StatusSet GS1_TO_AIS = statusSet(1, 2, 7, 13, 17, 21, 23);
-constexpr StatusSet LINK_TO_GS1 = GS1_TO_AIS | TOO_LONG;
-constexpr StatusSet TAG_URI_TO_GS1 = statusSet(1, 2, 3, 4, 7, 10, 11, 12, 17);
-constexpr StatusSet URI_TO_GS1 = statusSet(1, 2, 4, 7, 12, 17);
-constexpr StatusSet GS1_TO_LINK = statusSet(1, 2, 7, 13, 17, 20, 21, 22, 23);
-constexpr StatusSet GS1_TO_URI = statusSet(1, 2, 3, 7, 8, 13, 14, 15, 16);
-constexpr StatusSet GS1_TO_TAG_URI = GS1_TO_URI | statusSet(9, 10, 11);
-constexpr StatusSet AI_TO_BITS = statusSet(1, 2, 3, 4, 7, 13, 17);
-constexpr StatusSet BITS_TO_AI = statusSet(1, 2, 3, 7, 13, 17);
-constexpr StatusSet TID = statusSet(1, 2, 24);
+// The statuses of a family, by their numbers.
+constexpr StatusSet statusesOf(Family family) {
+    constexpr StatusSet binaryToGs1 = statusSet(1, 2, 3, 5, 6, 7, 13, 17, 18, 21);
+    constexpr StatusSet gs1ToAis = statusSet(1, 2, 7, 13, 17, 21, 23);
+    constexpr StatusSet gs1ToUri = statusSet(1, 2, 3, 7, 8, 13, 14, 15, 16);
+    switch (family) {
+    case Family::SCHEME_TO_NAME:
+        return statusSet(1, 11);
+    case Family::NAME_TO_SCHEME:
+        return statusSet(11);
+    case Family::BINARY_TO_NAME:
+        return statusSet(1, 2, 5);
+    case Family::BINARY_TO_URI:
+        return statusSet(1, 2, 3, 5, 6, 17, 18);
+    case Family::BINARY_TO_GS1:
+        return binaryToGs1;
+    case Family::BINARY_TO_LINK:
+        return binaryToGs1 | statusSet(22, 23);
+    case Family::TAG_URI_TO_BINARY:
+        return statusSet(1, 2, 3, 4, 6, 7, 8, 10, 11, 17, 18);
+    case Family::URI_TO_BINARY:
+        return statusSet(1, 2, 3, 4, 6, 7, 8, 9, 11, 17, 18);
+    case Family::GS1_TO_BINARY:
+        return statusSet(1, 2, 3, 4, 6, 7, 8, 9, 10, 11, 13, 14, 15, 16, 17, 18, 20, 21, 23);
+    case Family::GS1_TO_AIS:
+        return gs1ToAis;
+    case Family::LINK_TO_GS1:
+        return gs1ToAis | statusSet(EPC_ERR_TOO_LONG);
+    case Family::TAG_URI_TO_GS1:
+        return statusSet(1, 2, 3, 4, 7, 10, 11, 12, 17);
+    case Family::URI_TO_GS1:
+        return statusSet(1, 2, 4, 7, 12, 17);
+    case Family::GS1_TO_LINK:
+        return statusSet(1, 2, 7, 13, 17, 20, 21, 22, 23);
+    case Family::GS1_TO_TAG_URI:
+        return gs1ToUri | statusSet(9, 10, 11);
+    case Family::GS1_TO_URI:
+        return gs1ToUri;
+    case Family::AI_TO_BITS:
+        return statusSet(1, 2, 3, 4, 7, 13, 17);
+    case Family::BITS_TO_AI:
+        return statusSet(1, 2, 3, 7, 13, 17);
+    case Family::TID:
+        return statusSet(1, 2, 24);
+    }
+    return 0;
+}
 
 // clang-format off
 #define EXPORT(name) #name, reinterpret_cast<ExportFunction>(name), [](ExportFunction function, const Call& call) { return run(reinterpret_cast<decltype(&(name))>(function), call); }
 #define EXPORT_OF(name, source) #name, reinterpret_cast<ExportFunction>(name), [](ExportFunction function, const Call& call) { return run(reinterpret_cast<decltype(&(name))>(function), call, call.source); }
 
-// A row starts with the export; this puts its columns into the order of the record.
-Export row(const char* name, ExportFunction function, EpcStatus (*run)(ExportFunction, const Call&), Input input, Output output, StatusSet statuses) {
-    return {name, input, output, statuses, function, run};
+// A row begins with the export; this puts its columns into the order of the record. Digits and words
+// can also be too long.
+Export row(const char* name, ExportFunction function, EpcStatus (*run)(ExportFunction, const Call&), Input input, Output output, Family family) {
+    const bool isCopied = input == Input::HEX || input == Input::WORDS;
+    return {name, input, output, family, statusesOf(family) | (isCopied ? statusSet(EPC_ERR_TOO_LONG) : 0), function, run};
 }
+
+const Export exportRows[] = {
+    // export                                      input          output                family
+    row(EXPORT(epc_tagSchemeEnumToName),           Input::SCHEME, Output::NAME,         Family::SCHEME_TO_NAME),
+    row(EXPORT(epc_tagSchemeNameToEnum),           Input::TEXT,   Output::SCHEME,       Family::NAME_TO_SCHEME),
+    row(EXPORT(epc_binaryToTagSchemeName),         Input::BINARY, Output::NAME,         Family::BINARY_TO_NAME),
+    row(EXPORT(epc_hexToTagSchemeName),            Input::HEX,    Output::NAME,         Family::BINARY_TO_NAME),
+
+    row(EXPORT(epc_binaryToEpcTagUri),             Input::BINARY, Output::TEXT,         Family::BINARY_TO_URI),
+    row(EXPORT(epc_binaryToEpcUri),                Input::BINARY, Output::TEXT,         Family::BINARY_TO_URI),
+    row(EXPORT(epc_binaryToGs1ElementString),      Input::BINARY, Output::TEXT,         Family::BINARY_TO_GS1),
+    row(EXPORT(epc_binaryToBarcodeString),         Input::BINARY, Output::TEXT,         Family::BINARY_TO_GS1),
+    row(EXPORT(epc_binaryToDigitalLink),           Input::BINARY, Output::TEXT,         Family::BINARY_TO_LINK),
+    row(EXPORT(epc_binaryToAIs),                   Input::BINARY, Output::AIS,          Family::BINARY_TO_GS1),
+    row(EXPORT(epc_hexToEpcTagUri),                Input::HEX,    Output::TEXT,         Family::BINARY_TO_URI),
+    row(EXPORT(epc_hexToEpcUri),                   Input::HEX,    Output::TEXT,         Family::BINARY_TO_URI),
+    row(EXPORT(epc_hexToGs1ElementString),         Input::HEX,    Output::TEXT,         Family::BINARY_TO_GS1),
+    row(EXPORT(epc_hexToBarcodeString),            Input::HEX,    Output::TEXT,         Family::BINARY_TO_GS1),
+    row(EXPORT(epc_hexToDigitalLink),              Input::HEX,    Output::TEXT,         Family::BINARY_TO_LINK),
+    row(EXPORT(epc_hexToAIs),                      Input::HEX,    Output::AIS,          Family::BINARY_TO_GS1),
+    row(EXPORT(epc_wordsToEpcTagUri),              Input::WORDS,  Output::TEXT,         Family::BINARY_TO_URI),
+    row(EXPORT(epc_wordsToEpcUri),                 Input::WORDS,  Output::TEXT,         Family::BINARY_TO_URI),
+    row(EXPORT(epc_wordsToGs1ElementString),       Input::WORDS,  Output::TEXT,         Family::BINARY_TO_GS1),
+    row(EXPORT(epc_wordsToBarcodeString),          Input::WORDS,  Output::TEXT,         Family::BINARY_TO_GS1),
+    row(EXPORT(epc_wordsToDigitalLink),            Input::WORDS,  Output::TEXT,         Family::BINARY_TO_LINK),
+
+    row(EXPORT(epc_epcTagUriToBinary),             Input::TEXT,   Output::BYTES,        Family::TAG_URI_TO_BINARY),
+    row(EXPORT(epc_epcTagUriToHex),                Input::TEXT,   Output::HEX,          Family::TAG_URI_TO_BINARY),
+    row(EXPORT(epc_epcTagUriToWords),              Input::TEXT,   Output::WORDS,        Family::TAG_URI_TO_BINARY),
+    row(EXPORT(epc_epcUriToBinary),                Input::TEXT,   Output::BYTES,        Family::URI_TO_BINARY),
+    row(EXPORT(epc_epcUriToHex),                   Input::TEXT,   Output::HEX,          Family::URI_TO_BINARY),
+    row(EXPORT(epc_epcUriToWords),                 Input::TEXT,   Output::WORDS,        Family::URI_TO_BINARY),
+
+    row(EXPORT(epc_barcodeStringToBinary),         Input::TEXT,   Output::BYTES,        Family::GS1_TO_BINARY),
+    row(EXPORT(epc_barcodeStringToBinaryEnc),      Input::TEXT,   Output::BYTES,        Family::GS1_TO_BINARY),
+    row(EXPORT(epc_barcodeStringToHex),            Input::TEXT,   Output::HEX,          Family::GS1_TO_BINARY),
+    row(EXPORT(epc_barcodeStringToHexEnc),         Input::TEXT,   Output::HEX,          Family::GS1_TO_BINARY),
+    row(EXPORT(epc_barcodeStringToWords),          Input::TEXT,   Output::WORDS,        Family::GS1_TO_BINARY),
+    row(EXPORT(epc_barcodeStringToWordsEnc),       Input::TEXT,   Output::WORDS,        Family::GS1_TO_BINARY),
+    row(EXPORT(epc_digitalLinkToBinary),           Input::TEXT,   Output::BYTES,        Family::GS1_TO_BINARY),
+    row(EXPORT(epc_digitalLinkToBinaryEnc),        Input::TEXT,   Output::BYTES,        Family::GS1_TO_BINARY),
+    row(EXPORT(epc_digitalLinkToHex),              Input::TEXT,   Output::HEX,          Family::GS1_TO_BINARY),
+    row(EXPORT(epc_digitalLinkToHexEnc),           Input::TEXT,   Output::HEX,          Family::GS1_TO_BINARY),
+    row(EXPORT(epc_digitalLinkToWords),            Input::TEXT,   Output::WORDS,        Family::GS1_TO_BINARY),
+    row(EXPORT(epc_digitalLinkToWordsEnc),         Input::TEXT,   Output::WORDS,        Family::GS1_TO_BINARY),
+    row(EXPORT(epc_gs1ElementStringToBinary),      Input::TEXT,   Output::BYTES,        Family::GS1_TO_BINARY),
+    row(EXPORT(epc_gs1ElementStringToBinaryEnc),   Input::TEXT,   Output::BYTES,        Family::GS1_TO_BINARY),
+    row(EXPORT(epc_gs1ElementStringToHex),         Input::TEXT,   Output::HEX,          Family::GS1_TO_BINARY),
+    row(EXPORT(epc_gs1ElementStringToHexEnc),      Input::TEXT,   Output::HEX,          Family::GS1_TO_BINARY),
+    row(EXPORT(epc_gs1ElementStringToWords),       Input::TEXT,   Output::WORDS,        Family::GS1_TO_BINARY),
+    row(EXPORT(epc_gs1ElementStringToWordsEnc),    Input::TEXT,   Output::WORDS,        Family::GS1_TO_BINARY),
+
+    row(EXPORT(epc_barcodeStringToAIs),            Input::TEXT,   Output::AIS,          Family::GS1_TO_AIS),
+    row(EXPORT(epc_barcodeStringToEpcTagUri),      Input::TEXT,   Output::TAG_URI,      Family::GS1_TO_TAG_URI),
+    row(EXPORT(epc_digitalLinkToAIs),              Input::TEXT,   Output::AIS,          Family::LINK_TO_GS1),
+    row(EXPORT(epc_digitalLinkToGs1ElementString), Input::TEXT,   Output::TEXT,         Family::LINK_TO_GS1),
+    row(EXPORT(epc_epcTagUriToBarcodeString),      Input::TEXT,   Output::TEXT,         Family::TAG_URI_TO_GS1),
+    row(EXPORT(epc_epcTagUriToDigitalLink),        Input::TEXT,   Output::TEXT,         Family::TAG_URI_TO_GS1),
+    row(EXPORT(epc_epcTagUriToGs1ElementString),   Input::TEXT,   Output::TEXT,         Family::TAG_URI_TO_GS1),
+    row(EXPORT(epc_epcUriToBarcodeString),         Input::TEXT,   Output::TEXT,         Family::URI_TO_GS1),
+    row(EXPORT(epc_epcUriToGs1ElementString),      Input::TEXT,   Output::TEXT,         Family::URI_TO_GS1),
+    row(EXPORT(epc_gs1ElementStringToAIs),         Input::TEXT,   Output::AIS,          Family::GS1_TO_AIS),
+    row(EXPORT(epc_gs1ElementStringToDigitalLink), Input::TEXT,   Output::TEXT,         Family::GS1_TO_LINK),
+    row(EXPORT(epc_gs1ElementStringToEpcTagUri),   Input::TEXT,   Output::TAG_URI,      Family::GS1_TO_TAG_URI),
+    row(EXPORT(epc_gs1ElementStringToEpcUri),      Input::TEXT,   Output::TAG_URI,      Family::GS1_TO_URI),
+
+    row(EXPORT(epc_AIToBinary),                    Input::TEXT,   Output::BITS,         Family::AI_TO_BITS),
+    row(EXPORT(epc_AIToBinaryEnc),                 Input::TEXT,   Output::BITS,         Family::AI_TO_BITS),
+    row(EXPORT(epc_AIToHex),                       Input::TEXT,   Output::HEX_AND_BITS, Family::AI_TO_BITS),
+    row(EXPORT(epc_AIToHexEnc),                    Input::TEXT,   Output::HEX_AND_BITS, Family::AI_TO_BITS),
+    row(EXPORT(epc_AIToWords),                     Input::TEXT,   Output::FEW_WORDS,    Family::AI_TO_BITS),
+    row(EXPORT(epc_AIToWordsEnc),                  Input::TEXT,   Output::FEW_WORDS,    Family::AI_TO_BITS),
+    row(EXPORT(epc_binaryValueToAI),               Input::BINARY, Output::TEXT,         Family::BITS_TO_AI),
+    row(EXPORT(epc_hexValueToAI),                  Input::HEX,    Output::TEXT,         Family::BITS_TO_AI),
+    row(EXPORT(epc_wordsValueToAI),                Input::WORDS,  Output::TEXT,         Family::BITS_TO_AI),
+    row(EXPORT(epc_plusAidcBinaryToAI),            Input::BINARY, Output::TEXT_AND_AI,  Family::BITS_TO_AI),
+    row(EXPORT(epc_plusAidcHexToAI),               Input::HEX,    Output::TEXT_AND_AI,  Family::BITS_TO_AI),
+    row(EXPORT(epc_plusAidcWordsToAI),             Input::WORDS,  Output::TEXT_AND_AI,  Family::BITS_TO_AI),
+
+    row(EXPORT(tid_binaryDecode),                  Input::BINARY, Output::RECORD,       Family::TID),
+    row(EXPORT_OF(tid_binaryToComponents, binary), Input::BINARY, Output::COMPONENTS,   Family::TID),
+    row(EXPORT_OF(tid_binaryToXtid, binary),       Input::BINARY, Output::XTID,         Family::TID),
+    row(EXPORT(tid_wordsDecode),                   Input::WORDS,  Output::RECORD,       Family::TID),
+    row(EXPORT_OF(tid_wordsToComponents, words),   Input::WORDS,  Output::COMPONENTS,   Family::TID),
+    row(EXPORT_OF(tid_wordsToXtid, words),         Input::WORDS,  Output::XTID,         Family::TID),
+};
+// clang-format on
 
 } // namespace
 
-const std::array<Export, EXPORT_COUNT> allExports{{
-    // export                                     input          output                statuses
-    row(EXPORT(epc_tagSchemeEnumToName),          Input::SCHEME, Output::NAME,         statusSet(1, 11)),
-    row(EXPORT(epc_tagSchemeNameToEnum),          Input::TEXT,   Output::SCHEME,       statusSet(11)),
-    row(EXPORT(epc_binaryToTagSchemeName),        Input::BINARY, Output::NAME,         BINARY_TO_NAME),
-    row(EXPORT(epc_hexToTagSchemeName),           Input::HEX,    Output::NAME,         BINARY_TO_NAME | TOO_LONG),
-
-    row(EXPORT(epc_binaryToEpcTagUri),            Input::BINARY, Output::TEXT,         BINARY_TO_URI),
-    row(EXPORT(epc_binaryToEpcUri),               Input::BINARY, Output::TEXT,         BINARY_TO_URI),
-    row(EXPORT(epc_binaryToGs1ElementString),     Input::BINARY, Output::TEXT,         BINARY_TO_GS1),
-    row(EXPORT(epc_binaryToBarcodeString),        Input::BINARY, Output::TEXT,         BINARY_TO_GS1),
-    row(EXPORT(epc_binaryToDigitalLink),          Input::BINARY, Output::TEXT,         BINARY_TO_LINK),
-    row(EXPORT(epc_binaryToAIs),                  Input::BINARY, Output::AIS,          BINARY_TO_GS1),
-    row(EXPORT(epc_hexToEpcTagUri),               Input::HEX,    Output::TEXT,         BINARY_TO_URI | TOO_LONG),
-    row(EXPORT(epc_hexToEpcUri),                  Input::HEX,    Output::TEXT,         BINARY_TO_URI | TOO_LONG),
-    row(EXPORT(epc_hexToGs1ElementString),        Input::HEX,    Output::TEXT,         BINARY_TO_GS1 | TOO_LONG),
-    row(EXPORT(epc_hexToBarcodeString),           Input::HEX,    Output::TEXT,         BINARY_TO_GS1 | TOO_LONG),
-    row(EXPORT(epc_hexToDigitalLink),             Input::HEX,    Output::TEXT,         BINARY_TO_LINK | TOO_LONG),
-    row(EXPORT(epc_hexToAIs),                     Input::HEX,    Output::AIS,          BINARY_TO_GS1 | TOO_LONG),
-    row(EXPORT(epc_wordsToEpcTagUri),             Input::WORDS,  Output::TEXT,         BINARY_TO_URI | TOO_LONG),
-    row(EXPORT(epc_wordsToEpcUri),                Input::WORDS,  Output::TEXT,         BINARY_TO_URI | TOO_LONG),
-    row(EXPORT(epc_wordsToGs1ElementString),      Input::WORDS,  Output::TEXT,         BINARY_TO_GS1 | TOO_LONG),
-    row(EXPORT(epc_wordsToBarcodeString),         Input::WORDS,  Output::TEXT,         BINARY_TO_GS1 | TOO_LONG),
-    row(EXPORT(epc_wordsToDigitalLink),           Input::WORDS,  Output::TEXT,         BINARY_TO_LINK | TOO_LONG),
-
-    row(EXPORT(epc_epcTagUriToBinary),            Input::TEXT,   Output::BYTES,        TAG_URI_TO_BINARY),
-    row(EXPORT(epc_epcTagUriToHex),               Input::TEXT,   Output::HEX,          TAG_URI_TO_BINARY),
-    row(EXPORT(epc_epcTagUriToWords),             Input::TEXT,   Output::WORDS,        TAG_URI_TO_BINARY),
-    row(EXPORT(epc_epcUriToBinary),               Input::TEXT,   Output::BYTES,        URI_TO_BINARY),
-    row(EXPORT(epc_epcUriToHex),                  Input::TEXT,   Output::HEX,          URI_TO_BINARY),
-    row(EXPORT(epc_epcUriToWords),                Input::TEXT,   Output::WORDS,        URI_TO_BINARY),
-
-    row(EXPORT(epc_barcodeStringToBinary),        Input::TEXT,   Output::BYTES,        GS1_TO_BINARY),
-    row(EXPORT(epc_barcodeStringToBinaryEnc),     Input::TEXT,   Output::BYTES,        GS1_TO_BINARY),
-    row(EXPORT(epc_barcodeStringToHex),           Input::TEXT,   Output::HEX,          GS1_TO_BINARY),
-    row(EXPORT(epc_barcodeStringToHexEnc),        Input::TEXT,   Output::HEX,          GS1_TO_BINARY),
-    row(EXPORT(epc_barcodeStringToWords),         Input::TEXT,   Output::WORDS,        GS1_TO_BINARY),
-    row(EXPORT(epc_barcodeStringToWordsEnc),      Input::TEXT,   Output::WORDS,        GS1_TO_BINARY),
-    row(EXPORT(epc_digitalLinkToBinary),          Input::TEXT,   Output::BYTES,        GS1_TO_BINARY),
-    row(EXPORT(epc_digitalLinkToBinaryEnc),       Input::TEXT,   Output::BYTES,        GS1_TO_BINARY),
-    row(EXPORT(epc_digitalLinkToHex),             Input::TEXT,   Output::HEX,          GS1_TO_BINARY),
-    row(EXPORT(epc_digitalLinkToHexEnc),          Input::TEXT,   Output::HEX,          GS1_TO_BINARY),
-    row(EXPORT(epc_digitalLinkToWords),           Input::TEXT,   Output::WORDS,        GS1_TO_BINARY),
-    row(EXPORT(epc_digitalLinkToWordsEnc),        Input::TEXT,   Output::WORDS,        GS1_TO_BINARY),
-    row(EXPORT(epc_gs1ElementStringToBinary),     Input::TEXT,   Output::BYTES,        GS1_TO_BINARY),
-    row(EXPORT(epc_gs1ElementStringToBinaryEnc),  Input::TEXT,   Output::BYTES,        GS1_TO_BINARY),
-    row(EXPORT(epc_gs1ElementStringToHex),        Input::TEXT,   Output::HEX,          GS1_TO_BINARY),
-    row(EXPORT(epc_gs1ElementStringToHexEnc),     Input::TEXT,   Output::HEX,          GS1_TO_BINARY),
-    row(EXPORT(epc_gs1ElementStringToWords),      Input::TEXT,   Output::WORDS,        GS1_TO_BINARY),
-    row(EXPORT(epc_gs1ElementStringToWordsEnc),   Input::TEXT,   Output::WORDS,        GS1_TO_BINARY),
-
-    row(EXPORT(epc_barcodeStringToAIs),           Input::TEXT,   Output::AIS,          GS1_TO_AIS),
-    row(EXPORT(epc_barcodeStringToEpcTagUri),     Input::TEXT,   Output::TAG_URI,      GS1_TO_TAG_URI),
-    row(EXPORT(epc_digitalLinkToAIs),             Input::TEXT,   Output::AIS,          LINK_TO_GS1),
-    row(EXPORT(epc_digitalLinkToGs1ElementString), Input::TEXT,  Output::TEXT,         LINK_TO_GS1),
-    row(EXPORT(epc_epcTagUriToBarcodeString),     Input::TEXT,   Output::TEXT,         TAG_URI_TO_GS1),
-    row(EXPORT(epc_epcTagUriToDigitalLink),       Input::TEXT,   Output::TEXT,         TAG_URI_TO_GS1),
-    row(EXPORT(epc_epcTagUriToGs1ElementString),  Input::TEXT,   Output::TEXT,         TAG_URI_TO_GS1),
-    row(EXPORT(epc_epcUriToBarcodeString),        Input::TEXT,   Output::TEXT,         URI_TO_GS1),
-    row(EXPORT(epc_epcUriToGs1ElementString),     Input::TEXT,   Output::TEXT,         URI_TO_GS1),
-    row(EXPORT(epc_gs1ElementStringToAIs),        Input::TEXT,   Output::AIS,          GS1_TO_AIS),
-    row(EXPORT(epc_gs1ElementStringToDigitalLink), Input::TEXT,  Output::TEXT,         GS1_TO_LINK),
-    row(EXPORT(epc_gs1ElementStringToEpcTagUri),  Input::TEXT,   Output::TAG_URI,      GS1_TO_TAG_URI),
-    row(EXPORT(epc_gs1ElementStringToEpcUri),     Input::TEXT,   Output::TAG_URI,      GS1_TO_URI),
-
-    row(EXPORT(epc_AIToBinary),                   Input::TEXT,   Output::BITS,         AI_TO_BITS),
-    row(EXPORT(epc_AIToBinaryEnc),                Input::TEXT,   Output::BITS,         AI_TO_BITS),
-    row(EXPORT(epc_AIToHex),                      Input::TEXT,   Output::HEX_AND_BITS, AI_TO_BITS),
-    row(EXPORT(epc_AIToHexEnc),                   Input::TEXT,   Output::HEX_AND_BITS, AI_TO_BITS),
-    row(EXPORT(epc_AIToWords),                    Input::TEXT,   Output::FEW_WORDS,    AI_TO_BITS),
-    row(EXPORT(epc_AIToWordsEnc),                 Input::TEXT,   Output::FEW_WORDS,    AI_TO_BITS),
-    row(EXPORT(epc_binaryValueToAI),              Input::BINARY, Output::TEXT,         BITS_TO_AI),
-    row(EXPORT(epc_hexValueToAI),                 Input::HEX,    Output::TEXT,         BITS_TO_AI | TOO_LONG),
-    row(EXPORT(epc_wordsValueToAI),               Input::WORDS,  Output::TEXT,         BITS_TO_AI | TOO_LONG),
-    row(EXPORT(epc_plusAidcBinaryToAI),           Input::BINARY, Output::TEXT_AND_AI,  BITS_TO_AI),
-    row(EXPORT(epc_plusAidcHexToAI),              Input::HEX,    Output::TEXT_AND_AI,  BITS_TO_AI | TOO_LONG),
-    row(EXPORT(epc_plusAidcWordsToAI),            Input::WORDS,  Output::TEXT_AND_AI,  BITS_TO_AI | TOO_LONG),
-
-    row(EXPORT(tid_binaryDecode),                 Input::BINARY, Output::RECORD,       TID),
-    row(EXPORT_OF(tid_binaryToComponents, binary), Input::BINARY, Output::COMPONENTS,  TID),
-    row(EXPORT_OF(tid_binaryToXtid, binary),      Input::BINARY, Output::XTID,         TID),
-    row(EXPORT(tid_wordsDecode),                  Input::WORDS,  Output::RECORD,       TID | TOO_LONG),
-    row(EXPORT_OF(tid_wordsToComponents, words),  Input::WORDS,  Output::COMPONENTS,   TID | TOO_LONG),
-    row(EXPORT_OF(tid_wordsToXtid, words),        Input::WORDS,  Output::XTID,         TID | TOO_LONG),
-}};
-// clang-format on
+const std::span<const Export> allExports = exportRows;
 
 std::string_view Outcome::block(std::size_t block) const {
     return std::string_view(bytes).substr(offsets[block], offsets[block + 1] - offsets[block]);

@@ -12,6 +12,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -77,6 +78,29 @@ enum class Output : std::uint8_t {
     XTID,         // the same, and further numbers after the text
 };
 
+// What an export translates. The exports of a family fail alike and share their inputs (cases.cpp).
+enum class Family : std::uint8_t {
+    SCHEME_TO_NAME,
+    NAME_TO_SCHEME,
+    BINARY_TO_NAME,
+    BINARY_TO_URI,
+    BINARY_TO_GS1,
+    BINARY_TO_LINK,
+    TAG_URI_TO_BINARY,
+    URI_TO_BINARY,
+    GS1_TO_BINARY,
+    GS1_TO_AIS,
+    LINK_TO_GS1,
+    TAG_URI_TO_GS1,
+    URI_TO_GS1,
+    GS1_TO_LINK,
+    GS1_TO_TAG_URI,
+    GS1_TO_URI,
+    AI_TO_BITS,
+    BITS_TO_AI,
+    TID,
+};
+
 // Bit n is the status n. EPC_OK is in no set.
 using StatusSet = std::uint32_t;
 
@@ -87,6 +111,7 @@ struct Export {
     const char* name;
     Input input;
     Output output;
+    Family family;
     StatusSet statuses; // it can return
     ExportFunction function;
     EpcStatus (*run)(ExportFunction function, const Call& call);
@@ -96,8 +121,7 @@ struct Export {
     }
 };
 
-constexpr std::size_t EXPORT_COUNT = 76;
-extern const std::array<Export, EXPORT_COUNT> allExports;
+extern const std::span<const Export> allExports;
 
 // The outputs.
 enum Block : std::uint8_t {
