@@ -111,7 +111,7 @@
  *
  * Arguments that many functions share:
  *
- *     scheme     the tag scheme: EPC_SCHEME_SGTIN_96 to EPC_SCHEME_DSGTIN_PLUS, 0 to 33.
+ *     scheme     the tag scheme: EPC_SCHEME_SGTIN_96 or another one, below EPC_SCHEME_COUNT.
  *     filter     the filter value to write: 0 to 7; 0 to 14 in usdod-96, 0 to 63 in adi-var.
  *                Ignored by gid-96, which has none.
  *     gcpLength  the number of digits of the GS1 Company Prefix in the key, 6 to 12. It cannot be
@@ -168,13 +168,13 @@ extern "C" {
 #define EPC_MAX_BINARY_BYTES 62
 
 /** EPC_MAX_BINARY_BYTES in bits. */
-#define EPC_MAX_BINARY_BITS 496
+#define EPC_MAX_BINARY_BITS (EPC_MAX_BINARY_BYTES * 8)
 
 /** EPC_MAX_BINARY_BYTES in 16-bit words. */
-#define EPC_MAX_BINARY_WORDS 31
+#define EPC_MAX_BINARY_WORDS (EPC_MAX_BINARY_BYTES / 2)
 
-/** EPC_MAX_BINARY_BYTES as hexadecimal text: two digits per byte. */
-#define EPC_HEX_SIZE 125
+/** EPC_MAX_BINARY_BYTES as hexadecimal text: two digits per byte, and the NUL. */
+#define EPC_HEX_SIZE (EPC_MAX_BINARY_BYTES * 2 + 1)
 
 /** The name of a scheme. The longest is "sgtin-198". */
 #define EPC_SCHEME_NAME_SIZE 10

@@ -1,7 +1,7 @@
 /*
- * A light walk over the AIs of a GS1 text, which only knows what the two leading digits of an AI
- * tell. No check digit is verified, no value is held against the syntax of its AI, and every AI
- * but the one that is looked for is stepped over. No character after the end of the text is read.
+ * A light walk over the AIs of a GS1 text that goes by the two leading digits of each AI alone. It
+ * verifies no check digit, compares no value with the syntax of its AI, and skips every AI but the
+ * one it looks for. It reads no character after the end of the text.
  */
 #ifndef ROSETAG_BRIDGE_AI_SCAN_H
 #define ROSETAG_BRIDGE_AI_SCAN_H
@@ -24,7 +24,7 @@ struct AiBrackets {
 inline constexpr AiBrackets AI_BRACKETED = {'(', ')'};
 inline constexpr AiBrackets AI_BARE = {0, 0};
 
-// Where the parts of an element are in the text; none lies after its end.
+// Where the parts of an element are in the text, none of them past its end.
 struct AiScan {
     std::string_view code; // may be cut off by the end of the text
     std::uint32_t codeEnd; // after the code
@@ -38,7 +38,7 @@ struct AiKeyScan {
     std::uint32_t valueEnd;
 };
 
-// Steps over the element at position, which lies before the end of the text.
+// Skips the element at position, which is before the end of the text.
 EpcStatus aiScanElement(std::string_view text, AiBrackets brackets, std::uint32_t position,
                         AiScan& scan);
 

@@ -15,25 +15,25 @@
 
 namespace rosetag {
 
-// What a tag URI is made of besides the text.
+// What a tag URI needs besides the text.
 struct TagUriArguments {
     EpcScheme scheme;
     std::int32_t filter;
     std::int32_t gcpLength;
 };
 
-// A whole text to a URI. dst stays as it is until the key is found and fits the arguments; what was
-// written before a later failure stays.
+// Converts a whole text to a URI. dst is untouched until the key is found and fits the arguments;
+// what was written before a later failure stays.
 EpcStatus gs1TextToTagUri(std::string_view text, AiBrackets brackets,
                           const TagUriArguments& arguments, std::int32_t dstSize, char* dst);
 EpcStatus gs1TextToPureIdentityUri(std::string_view text, AiBrackets brackets,
                                    std::int32_t gcpLength, std::int32_t dstSize, char* dst);
 
-// The steps of both.
+// The steps that both take.
 // EPC_ERR_FILTER_FIELD unless the company prefix has 6 to 12 digits.
 EpcStatus gcpLengthCheck(std::int32_t gcpLength);
 
-// Whether the scheme is one for the key, and takes the filter.
+// Whether the scheme is one for the key and accepts the filter.
 EpcStatus gs1KeyCheckScheme(const Gs1KeyDefinition& key, const TagSchemeOps& row,
                             std::int32_t filter);
 

@@ -58,7 +58,7 @@ constexpr bool keyValueIsThatOfItsAi(const Gs1KeyDefinition& key) {
     return key.keyValueLength == 0 || length == fixed;
 }
 
-// A plus scheme carries the AIs of its family's key, where the family has one.
+// A plus scheme carries the AIs of its family's key if the family has one.
 constexpr bool plusSchemeCarriesItsKey(const SchemeRow& row) {
     const Gs1KeyDefinition* const key = gs1KeyFindByName(row.familyWord);
     const auto ais = schemeKeyAis(row);
@@ -73,7 +73,7 @@ static_assert(holdsForKeys(extraFieldsAreConsistent));
 static_assert(holdsForKeys(keyValueTakesLongestPrefix));
 static_assert(holdsForKeys(nameIsUnique));
 
-// The first and the last digit tell the AIs of the keys apart.
+// The first and last digits tell the AIs of the keys apart.
 constexpr std::size_t placeOf(std::string_view code) {
     return static_cast<std::size_t>((code.front() & 0xF) << 4 | (code.back() & 0xF));
 }
@@ -88,7 +88,7 @@ constexpr KeyPlaces keyPlacesMake() {
     return places;
 }
 
-// The number of the row from 1 on, 0 where no key has its place. The first row of an AI counts.
+// The number of the row, from 1; 0 where there is no key. The first row of an AI counts.
 constexpr KeyPlaces keyPlaces = keyPlacesMake();
 
 static_assert(holdsForKeys([](const Gs1KeyDefinition& key) {

@@ -28,7 +28,7 @@ enum KeyDigitArrangement : std::uint32_t {
 struct Gs1KeyDefinition {
     std::string_view familyName;  // the word of a pure identity URI
     std::string_view primaryAi;   // holds the key
-    std::string_view secondaryAi; // holds the tail, where that has an AI of its own; else empty
+    std::string_view secondaryAi; // holds the tail if that is a separate AI; else empty
     KeyDigitArrangement digitArrangement;
     std::uint8_t hasCheckDigit;     // 1: a check digit closes the first two fields
     std::uint8_t hasTail;           // 1: the body has further fields after the second

@@ -17,7 +17,7 @@ struct KeyAIs {
     const AiDefinition* secondary; // null if the key has none
 };
 
-// Row by row those of the keys.
+// One for each row of the keys.
 constexpr auto keyAIs = [] {
     std::array<KeyAIs, std::size(gs1KeyTable)> ais{};
     std::transform(std::begin(gs1KeyTable), std::end(gs1KeyTable), ais.begin(),
@@ -32,13 +32,13 @@ constexpr auto keyAIs = [] {
 // A field has at most 255 characters.
 constexpr std::int32_t FIELD_SIZE = 256;
 
-// A field of the body, percent escapes resolved.
+// A field of the body with its percent escapes resolved.
 struct IdentityField {
     std::string_view text; // of the URI itself if it has no escape, else of storage
     char storage[FIELD_SIZE];
 };
 
-// The delimiter NUL reads to the end of the text.
+// With the delimiter NUL it reads to the end of the text.
 EpcStatus readField(TextCursor& cursor, char delimiter, IdentityField& field) {
     const char* end = cursor.current;
     while (*end != delimiter && *end != '%' && *end != '\0') {

@@ -21,7 +21,7 @@ struct IdentityAIs {
     AiList list;
 };
 
-// All read the body at the cursor, up to its end.
+// Each reads the body at the cursor to its end.
 EpcStatus identityToAIs(TextCursor& cursor, const Gs1KeyDefinition& key, IdentityAIs& ais);
 EpcStatus identityToBarcodeString(TextCursor& cursor, TextBuffer& dst, const Gs1KeyDefinition& key);
 EpcStatus identityToElementString(TextCursor& cursor, TextBuffer& dst, const Gs1KeyDefinition& key);
@@ -31,7 +31,7 @@ EpcStatus identityToDigitalLink(TextCursor& cursor, TextBuffer& dst, const Gs1Ke
 using IdentityToText = EpcStatus (*)(TextCursor& cursor, TextBuffer& dst,
                                      const Gs1KeyDefinition& key);
 
-// A whole URI to one of them. The filter of a tag URI is checked and dropped: no GS1 text has one.
+// A whole URI to one of them. The filter of a tag URI is checked and dropped: GS1 texts have none.
 EpcStatus tagUriToGs1Text(TextCursor& cursor, TextBuffer& dst, IdentityToText write);
 EpcStatus pureIdentityUriToGs1Text(TextCursor& cursor, TextBuffer& dst, IdentityToText write);
 

@@ -1,8 +1,8 @@
 /*
  * The slots between binary and the GS1 texts of numeric identities: the numbers go from bits to
  * text, or back, without a URI in between. A text is only read here if it consists of the key and
- * what belongs to it, in the order in which it is written. Everything else is left to the slots of
- * all plain schemes.
+ * what belongs to it, in the order in which they are written. Everything else is left to the slots
+ * of all plain schemes.
  *
  * Source: EPC Tag Data Standard, section 7 (correspondence between EPCs and GS1 keys).
  */
@@ -93,7 +93,7 @@ ROSETAG_INLINE std::uint64_t keyNumber(const NumericIdentity& identity) {
     }
 }
 
-// The digits of a key, with the one that they may have before two words.
+// The digits of a key: two words, and perhaps one digit before them.
 struct KeyDigits {
     std::uint64_t first;
     DigitWords words;
@@ -127,7 +127,7 @@ ROSETAG_INLINE void keyPut(char* end, const NumericIdentity& identity) {
 }
 
 // Reads a key whose company prefix has prefixDigits digits. The check digit of a link is verified;
-// in the other texts any digit will do.
+// in the other texts any digit is accepted.
 template <EpcScheme scheme, Gs1Syntax syntax>
 ROSETAG_INLINE bool keyRead(NumericReader& reader, std::int32_t prefixDigits,
                             NumericIdentity& identity) {
@@ -253,7 +253,7 @@ ROSETAG_INLINE void aiRowPut(const AiRows& rows, std::size_t row, std::string_vi
     *valueEnd = '\0';
 }
 
-// The values of the rows are taken from a barcode string.
+// The values of the rows come from a barcode string.
 template <EpcScheme scheme>
 ROSETAG_INLINE bool numericBitsToAIs(const BitBuffer& bits, const AiRows& rows) {
     constexpr Gs1Syntax syntax = Gs1Syntax::BARCODE_STRING;

@@ -12,8 +12,8 @@ namespace {
 // Holds the URI or the element string between two steps of a chain.
 constexpr std::int32_t STEP_TEXT_SIZE = 256;
 
-// The body of the pure identity URI of a binary value. What precedes it there is known: the word of
-// the family.
+// The body of the pure identity URI of a binary value. What precedes it is known: the word of the
+// family.
 EpcStatus readBody(const TagSchemeOps& row, BitBuffer& bits, char (&storage)[STEP_TEXT_SIZE],
                    TextCursor& body) {
     TextBuffer text = textBufferOver(storage);
@@ -29,8 +29,8 @@ std::int32_t tagUriHeadLength(const TagSchemeInfo& info, std::int32_t filter) {
            1;
 }
 
-// A GS1 text to binary through the body of a tag URI. The whole URI must fit the local text, even
-// though its head is never written there.
+// A GS1 text to binary through the body of a tag URI. The local text must have room for the whole
+// URI even though its head is never written.
 EpcStatus aiTextToBits(const TagSchemeOps& row, std::string_view text, AiBrackets brackets,
                        BitBuffer& bits, const EncodeArguments& arguments) {
     AiKeyScan found;
@@ -68,8 +68,8 @@ EpcStatus plainBinaryToBarcodeString(const TagSchemeOps& row, BitBuffer& bits, T
     return identityToBarcodeString(body, text, *row.key);
 }
 
-// The element string is parsed in full: a value that breaks the syntax of its AI is only refused
-// here.
+// The element string is parsed in full; a value that breaks the syntax of its AI is refused nowhere
+// else.
 EpcStatus plainBinaryToDigitalLink(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text) {
     char storage[STEP_TEXT_SIZE];
     TextBuffer elementString = textBufferOver(storage);

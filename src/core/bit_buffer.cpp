@@ -6,7 +6,7 @@ namespace rosetag {
 
 namespace {
 
-// A field wider than a window is read and written in two: its last bits follow the rest.
+// A field wider than a window is read and written in two parts, its last bits separately.
 constexpr std::int32_t SPLIT_BITS = 32;
 
 constexpr std::uint64_t lowBits(std::int32_t bitCount) {
@@ -24,7 +24,7 @@ bool isSplit(const BitBuffer& buffer, std::int32_t bitCount) {
 } // namespace
 
 BitBuffer bitBufferForReading(const std::uint8_t* bytes, std::int32_t bits) {
-    // One shape serves both directions; no reader writes through it.
+    // The struct serves both directions; no reader writes through it.
     return {const_cast<std::uint8_t*>(bytes), bits, 0};
 }
 

@@ -2,8 +2,8 @@
  * A byte area that is read or written bit by bit. Bit 0 is the most significant bit of the first
  * byte; a field is stored with its most significant bit first and needs no alignment.
  *
- * The elementary operations return 0, or -1 with nothing changed; bitBufferRead and bitBufferWrite
- * are the same with the status that such a failure means to a decoder and to an encoder.
+ * The elementary operations return 0, or -1 with nothing changed. bitBufferRead and bitBufferWrite
+ * do the same and return the status that such a failure means to a decoder and to an encoder.
  */
 #ifndef ROSETAG_CORE_BIT_BUFFER_H
 #define ROSETAG_CORE_BIT_BUFFER_H
@@ -19,7 +19,7 @@
 
 namespace rosetag {
 
-// Invariant: 0 <= position <= capacity (a capacity below 0 takes nothing). In a buffer that is
+// Invariant: 0 <= position <= capacity (a negative capacity takes nothing). In a buffer that is
 // written, all bits from position on are 0.
 struct BitBuffer {
     std::uint8_t* bytes;
@@ -40,8 +40,8 @@ inline BitBuffer bitBufferForWriting(std::uint8_t* bytes, std::int32_t maxBytes)
     return {bytes, std::min(maxBytes, mostBytes) * 8, 0};
 }
 
-// Any field that its inline twin below does not take: at the edge of a small buffer, wider than a
-// window, of no bits, or failing.
+// For fields that its inline twin below does not take: at the edge of a small buffer, wider than a
+// window, empty, or failing.
 std::int32_t bitBufferPutAnywhere(BitBuffer& buffer, std::uint64_t value, std::int32_t bitCount);
 std::int32_t bitBufferGetAnywhere(BitBuffer& buffer, std::int32_t bitCount, std::uint64_t& out);
 
@@ -70,8 +70,8 @@ inline bool bitWindowTakes(const BitBuffer& buffer, std::int32_t bitCount) {
 // Writes a field that a window takes.
 inline void bitWindowPut(BitBuffer& buffer, std::uint64_t value, std::int32_t bitCount) {
     const BitWindow window = bitWindowAt(buffer);
-    // A window that begins with the byte of the position needs no more than that byte. To load all
-    // eight would have to wait for the store before, which they lie in only in part.
+    // A window that begins at the byte of the position needs only that byte. Loading all eight
+    // would have to wait for the previous store, which they overlap only in part.
     const std::uint64_t written =
         window.before < 8 ? std::uint64_t{*window.bytes} << 56 : loadBigEndian(window.bytes);
     const std::uint64_t mask = (std::uint64_t{1} << bitCount) - 1;
@@ -150,8 +150,8 @@ inline bool fitsBits(std::uint64_t value, std::int32_t bitCount) {
     return bitCount >= 64 || (value >> bitCount) == 0;
 }
 
-// Steps over zero bits to the end of a 16-bit word, where every EPC binary value that is built from
-// text ends.
+// Skips zero bits to the end of a 16-bit word, where every EPC binary value that is made from text
+// ends.
 inline EpcStatus bitBufferPadToWord(BitBuffer& buffer) {
     const std::int32_t overhang = buffer.position % 16;
     if (overhang == 0) {

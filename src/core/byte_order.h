@@ -11,7 +11,7 @@
 
 namespace rosetag {
 
-// Compilers know these for the swaps of all bytes that they are.
+// Compilers recognise these as byte swaps.
 constexpr std::uint32_t bytesSwapped(std::uint32_t value) {
     return value << 24 | (value << 8 & 0x00FF0000) | (value >> 8 & 0x0000FF00) | value >> 24;
 }

@@ -1,6 +1,5 @@
 /*
- * Looks through text eight characters at a time, each in a byte of a machine word, the first in the
- * lowest one.
+ * Scans text eight characters at a time: each is a byte of a machine word, the first the lowest.
  */
 #ifndef ROSETAG_CORE_CHAR_SCAN_H
 #define ROSETAG_CORE_CHAR_SCAN_H
@@ -23,7 +22,7 @@ constexpr std::uint64_t inEveryByte(char character) {
     return std::uint64_t{0x0101010101010101} * static_cast<unsigned char>(character);
 }
 
-// Marks on characters: the highest bit of their bytes.
+// A character is marked by the highest bit of its byte.
 constexpr std::uint64_t ALL_MARKS = 0x8080808080808080;
 
 constexpr std::uint64_t loadCharacters(const char* characters) {
@@ -73,7 +72,7 @@ inline const char* findStop(const char* first, const char* last, char stop) {
     return std::find_if(first, last, [stop](char c) { return c == stop || c == '\0'; });
 }
 
-// Marks what may have to be escaped: neither digits nor characters from '@' on ever have.
+// Marks what may have to be escaped: digits and characters from '@' on never do.
 constexpr std::uint64_t markUnsafe(std::uint64_t characters) {
     const std::uint64_t isFromAt = characters | characters << 1; // bit 6 or 7 of the byte
     return markNonDigits(characters) & ~isFromAt;

@@ -27,7 +27,7 @@ constexpr std::uint64_t packDigits(std::uint64_t bytes) {
 static_assert(spreadDigits(0x12345678) == 0x0102030405060708 &&
               packDigits(0x0102030405060708) == 0x12345678);
 
-// Digits below 10 that 6 is added to stay below 16.
+// A digit below 10 stays below 16 when 6 is added.
 constexpr bool areDigits(std::uint64_t bytes) {
     return ((bytes + 0x0606060606060606) & 0x1010101010101010) == 0;
 }
@@ -36,7 +36,7 @@ std::uint64_t loadText(const char* characters) {
     return loadBigEndian(reinterpret_cast<const std::uint8_t*>(characters));
 }
 
-// Reads up to eight digits into characters. Does nothing, and says so, unless all are there.
+// Reads up to eight digits into characters. Does nothing and returns false unless all are there.
 bool readWord(BitBuffer& bits, std::int32_t count, char* characters) {
     std::uint64_t fields = 0;
     if (bitBufferGet(bits, count * DIGIT_BITS, fields) != 0) {
@@ -74,7 +74,7 @@ EpcStatus digitRunPut(BitBuffer& out, std::string_view digits) {
         EPC_TRY(bitBufferWrite(out, fields, WORD_BITS));
         next += WORD_DIGITS;
     }
-    // The last digits, in front of them in a word some that are written already.
+    // The last digits, in a word that begins with some that are already written.
     if (next != end && end - next < WORD_DIGITS && end - digits.data() >= WORD_DIGITS) {
         const std::uint64_t characters = loadText(end - WORD_DIGITS);
         if (markNonDigits(characters) == 0) {
@@ -106,7 +106,7 @@ EpcStatus digitRunGet(BitBuffer& bits, TextBuffer& text, std::int32_t count) {
         *text.writePointer = '\0';
         count -= taken;
     }
-    // What is wrong is among the next eight.
+    // The fault is among the next eight.
     for (; count > 0; --count) {
         std::uint64_t digit = 0;
         EPC_TRY(bitBufferRead(bits, DIGIT_BITS, digit));

@@ -34,8 +34,8 @@ constexpr std::uint64_t powerOfTen(std::int32_t exponent) {
     return powersOfTen[static_cast<std::size_t>(exponent)];
 }
 
-// For the small steps of a road that is generated for each scheme: without it compilers keep its
-// numbers in memory between them, which doubles the instructions.
+// For the small steps of code that is generated for each scheme: without it compilers keep the
+// numbers in memory between steps, which doubles the instructions.
 #define ROSETAG_INLINE [[gnu::always_inline]] inline
 
 constexpr std::int32_t WORD_DIGITS = SCAN_WIDTH;
@@ -50,8 +50,7 @@ constexpr std::uint64_t digitWordValue(std::uint64_t word) {
     return word * (std::uint64_t{10000} << 32 | 1) >> 32;
 }
 
-// Of a number below WORD_LIMIT. 10486 / 2^20 and 103 / 2^10 are 1 / 100 and 1 / 10 for what is
-// in a lane.
+// For numbers below WORD_LIMIT. Within a lane 10486 / 2^20 and 103 / 2^10 divide by 100 and 10.
 constexpr std::uint64_t digitWordOf(std::uint64_t value) {
     const std::uint64_t fours = value / 10000 | value % 10000 << 32;
     const std::uint64_t hundreds = fours * 10486 >> 20 & 0x0000007F0000007F;
@@ -80,10 +79,10 @@ constexpr std::array<std::uint64_t, WORD_DIGITS + 1> lastDigitMasksMake() {
     return masks;
 }
 
-// Masks of the last digits of a word, by how many they are.
+// Masks of the last digits of a word, by their count.
 inline constexpr std::array<std::uint64_t, WORD_DIGITS + 1> lastDigitMasks = lastDigitMasksMake();
 
-// The digits of a word that ends at end, without those before its last count ones.
+// The last count digits of the word that ends at end; the others are 0.
 ROSETAG_INLINE std::uint64_t digitWordBefore(const char* end, std::int32_t count) {
     const std::int32_t taken = std::clamp(count, 0, WORD_DIGITS);
     return (loadCharacters(end - WORD_DIGITS) ^ DIGIT_CHARACTERS) &
@@ -121,7 +120,7 @@ ROSETAG_INLINE void digitsPutBefore(char* end, std::int32_t count, std::uint64_t
     storeCharacters(end - WORD_DIGITS, digitWordOf(value) | DIGIT_CHARACTERS);
 }
 
-// Eight characters, or those up to end, which NULs follow then. A word before end can be read.
+// Eight characters, or those up to end and then NULs. A word before end can be read.
 ROSETAG_INLINE std::uint64_t loadUpTo(const char* characters, const char* end) {
     const std::ptrdiff_t left = end - characters;
     if (left >= WORD_DIGITS) {
@@ -136,8 +135,8 @@ constexpr std::int32_t leadingDigitsOf(std::uint64_t word) {
     return std::countr_zero(others | std::uint64_t{1} << 63) / 8 + (others == 0 ? 1 : 0);
 }
 
-// Counts the digits from the first character on: 16 at most. It is not known how long a
-// number is, so that a branch would often be taken the wrong way.
+// Counts the digits from the first character on: 16 at most. The length of a number cannot be
+// predicted, so a branch would often be taken the wrong way.
 ROSETAG_INLINE std::int32_t digitsCount(const char* characters, const char* end) {
     const std::int32_t first = leadingDigitsOf(loadUpTo(characters, end) ^ DIGIT_CHARACTERS);
     const std::int32_t second =

@@ -1,7 +1,7 @@
 /*
- * A run of fields of one width, one a character: how characters are written in the bits. The
- * fields pass many at a time; after a failure the output holds what it would hold if they had
- * passed one by one.
+ * A run of fields of one width, one per character: how characters are written in the bits. Many
+ * fields are moved at a time; after a failure the output is what it would be had they been moved
+ * one by one.
  */
 #ifndef ROSETAG_CORE_FIELD_RUN_H
 #define ROSETAG_CORE_FIELD_RUN_H
@@ -38,7 +38,7 @@ EpcStatus fieldRunPut(BitBuffer& out, std::int32_t count, Next next) {
     if (fitting == count) {
         return EPC_OK;
     }
-    EPC_TRY(next(field)); // a field is looked at before its room is
+    EPC_TRY(next(field)); // a bad character counts before a lack of room
     return EPC_ERR_NO_ROOM;
 }
 

@@ -1,7 +1,7 @@
 /*
  * How a value crosses the boundary of the library. A frame turns the caller's form of it into a
- * bit buffer or a cursor, or back, and leaves the rest to a work: a function that also takes the
- * further arguments of the frame, unchanged.
+ * bit buffer or a cursor, or back, and leaves the rest to its work: a function that also takes the
+ * frame's further arguments unchanged.
  */
 #ifndef ROSETAG_CORE_FRAMES_H
 #define ROSETAG_CORE_FRAMES_H

@@ -32,7 +32,7 @@ constexpr std::string_view hexPairOf(std::uint8_t byte) {
     return {hexPairs.data() + 2 * std::size_t{byte}, 2};
 }
 
-// Of a character that is not a digit: -1.
+// -1 for a character that is not a digit.
 inline constexpr std::array<std::int8_t, 256> hexDigitValues = [] {
     std::array<std::int8_t, 256> values{};
     values.fill(-1);
@@ -44,7 +44,7 @@ inline constexpr std::array<std::int8_t, 256> hexDigitValues = [] {
     return values;
 }();
 
-// The value of a digit of either case, or -1.
+// The value of a digit in either case, or -1.
 constexpr std::int32_t hexDigitValue(char character) {
     return hexDigitValues[static_cast<unsigned char>(character)];
 }

@@ -5,9 +5,9 @@
 
 namespace rosetag {
 
-// Takes the bytes of a number's digits from the text, two digits each. False if one of the
-// characters is not a digit. The bytes are stored at once, as wide as they will be read: a load of
-// what was stored just before in parts has to wait for it.
+// Converts the digits of as many bytes as a number has, two digits each. False if one of the
+// characters is not a digit. The bytes are stored at once, as wide as they will be read: a load
+// that spans several recent stores would have to wait for them.
 template <typename Number>
 static bool takeBytes(std::string_view& hex, std::uint8_t*& bytes) {
     Number number = 0;

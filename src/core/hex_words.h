@@ -16,7 +16,7 @@ namespace rosetag {
 constexpr std::int32_t MAX_BINARY_BYTES = EPC_MAX_BINARY_BYTES;
 constexpr std::int32_t MAX_BINARY_WORDS = MAX_BINARY_BYTES / 2;
 
-// Converts digits of either case, two to a byte. An odd last digit fills the high half of its byte.
+// Converts digits in either case, two to a byte. An odd last digit fills the high half of its byte.
 // A character that is not a digit is EPC_ERR_NO_ROOM. bytes takes half as many as there are digits,
 // rounded up.
 EpcStatus hexToBytes(std::string_view hex, std::uint8_t* bytes);

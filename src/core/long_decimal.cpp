@@ -115,7 +115,7 @@ std::string_view digitsOf(LongNumber number, LongDigits& storage) {
 EpcStatus bitBufferPutLongDecimal(BitBuffer& buffer, std::string_view digits,
                                   std::int32_t bitCount) {
     const LongNumber number = longNumberOf(digits);
-    // What does not fit depends on where the blocks begin: at a whole hexadecimal digit.
+    // Which bits fit depends on where the blocks begin: at a whole hexadecimal digit.
     std::int32_t left = std::min((bitWidthOf(number) + 3) / 4 * 4, bitCount);
     EPC_TRY(bitBufferWrite(buffer, 0, bitCount - left));
     while (left > 0) {

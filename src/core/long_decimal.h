@@ -1,6 +1,6 @@
 /*
- * Decimal numbers by their count of digits, 1 to 90: the bits that they take, and those of more
- * digits than a machine integer holds in a bit field.
+ * Decimal numbers of 1 to 90 digits: the bits that they take, and reading and writing those that
+ * are too long for a machine integer.
  */
 #ifndef ROSETAG_CORE_LONG_DECIMAL_H
 #define ROSETAG_CORE_LONG_DECIMAL_H
@@ -18,8 +18,8 @@ namespace rosetag {
 
 constexpr std::int32_t MAX_LONG_DIGITS = 90;
 
-// By the count n of decimal digits the bits b of any such number: 2^b >= 10^n. No power of ten
-// above 1 is a power of two, so that b is the width of 10^n itself.
+// The bits b of any number of n decimal digits: 2^b >= 10^n. No power of ten above 1 is a power of
+// two, so b is the width of 10^n itself.
 constexpr std::array<std::int32_t, MAX_LONG_DIGITS + 1> aiDigitBitsTableMake() {
     std::array<std::int32_t, MAX_LONG_DIGITS + 1> bits{};
     std::array<std::uint32_t, MAX_LONG_DIGITS / 9> power{1}; // lowest first, each over 9 digits
@@ -46,8 +46,8 @@ constexpr std::int32_t aiDigitBits(std::int32_t digits) {
     return aiDigitBitsTable[static_cast<std::size_t>(digits)];
 }
 
-// Writes the number of up to MAX_LONG_DIGITS digits in exactly bitCount bits, which hold it. Out of
-// room, what fitted stays: zeros in front, then 64 bits at a time.
+// Writes the number of up to MAX_LONG_DIGITS digits in exactly bitCount bits, which hold it. If the
+// room runs out, what fitted stays: leading zeros, then 64 bits at a time.
 EpcStatus bitBufferPutLongDecimal(BitBuffer& buffer, std::string_view digits,
                                   std::int32_t bitCount);
 

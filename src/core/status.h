@@ -1,7 +1,7 @@
 /*
- * How a failure travels: every operation returns an EpcStatus, and a caller that meets one other
- * than EPC_OK returns it unchanged. A record that an operation needs comes by reference, an output
- * that the caller may leave out by pointer.
+ * How a failure travels: every operation returns an EpcStatus, and a caller that gets one other
+ * than EPC_OK returns it unchanged. A record that an operation needs is passed by reference, an
+ * output that the caller may leave out by pointer.
  */
 #ifndef ROSETAG_CORE_STATUS_H
 #define ROSETAG_CORE_STATUS_H

@@ -17,7 +17,7 @@ void putPair(char* out, const Pairs& pairs, std::size_t number) {
     std::memcpy(out, pairs.data() + 2 * number, 2);
 }
 
-// Appends the last width digits of the number, for which there is room.
+// Appends the last width digits of the number; there is room for them.
 void putDigits(TextBuffer& buffer, std::uint64_t value, std::int32_t width) {
     char* const end = buffer.writePointer + width;
     char* out = end;
@@ -32,7 +32,7 @@ void putDigits(TextBuffer& buffer, std::uint64_t value, std::int32_t width) {
     *end = '\0';
 }
 
-// As many digits as there is room for, of more bytes than that.
+// As many digits as there is room for.
 EpcStatus putHexCut(TextBuffer& buffer, const std::uint8_t* bytes, std::int32_t room) {
     char* out = buffer.writePointer;
     for (; room >= 2; room -= 2, out += 2) {

@@ -1,5 +1,5 @@
 /*
- * Writes text into a bounded storage: the library's printer.
+ * Writes text into bounded storage: the library's printer.
  *
  * The last byte of the storage is kept for the NUL, which ends the text after every operation,
  * failed ones included. An operation that appends one item (a text, a number) writes all of it or
@@ -68,7 +68,7 @@ inline EpcStatus textBufferPutString(TextBuffer& buffer, std::string_view text) 
     return EPC_OK;
 }
 
-// Appends base[start] to base[end - 1]; nothing where start is not before end.
+// Appends base[start] to base[end - 1]; nothing unless start is before end.
 inline EpcStatus textBufferPutRange(TextBuffer& buffer, const char* base, std::uint32_t start,
                                     std::uint32_t end) {
     return start < end ? textBufferPutString(buffer, {base + start, end - start}) : EPC_OK;

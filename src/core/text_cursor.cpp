@@ -10,7 +10,7 @@ namespace rosetag {
 
 namespace {
 
-// How far a run of digits may go, and whether it ends there by itself.
+// How long a run of digits may be, and whether it ends there even if more digits follow.
 struct DigitLimit {
     std::int32_t most;
     bool stops;
@@ -21,7 +21,7 @@ constexpr DigitLimit digitLimit(std::int32_t maxDigits, std::int32_t stopAfter) 
     return {stops ? stopAfter : maxDigits, stops};
 }
 
-// Steps over a run of count digits. The status says what is wrong with it.
+// Skips a run of count digits. The status says what is wrong with it.
 EpcStatus endDigitRun(TextCursor& cursor, LeadingZeros leadingZeros, DigitLimit limit,
                       std::int32_t count) {
     if (count > 1 && *cursor.current == '0' && leadingZeros == LeadingZeros::REFUSE) {
@@ -67,8 +67,8 @@ EpcStatus readEscaped(TextCursor& cursor, std::int32_t capacity, char* out, std:
 EpcStatus textCursorReadUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
                               std::string_view& out) {
     const char* const first = cursor.current;
-    // Beyond the span, where digits may have led, only a NUL is an end: what is left is then below
-    // 0, and as a size beyond any capacity.
+    // Past the span, where digits may have led, only a NUL is an end: what is left is then
+    // negative, and as a size exceeds any capacity.
     const auto left = static_cast<std::size_t>(textCursorLeft(cursor));
     const char* const last = first + std::min(left, static_cast<std::size_t>(capacity - 1));
     const char* current = first;
@@ -76,7 +76,7 @@ EpcStatus textCursorReadUntil(TextCursor& cursor, char delimiter, std::int32_t c
         ++current;
     }
     cursor.current = current;
-    // The character after the span counts as a delimiter, so that this is looked at first.
+    // The character after the span counts as a delimiter too, so this is tested first.
     if (*current != delimiter) {
         return textCursorAtEnd(cursor) ? EPC_ERR_TRUNCATED : EPC_ERR_TOO_LONG;
     }
@@ -148,7 +148,7 @@ EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
 
 std::uint32_t textCursorCountTo(const TextCursor& cursor, char stop) {
     const char* const last = textCursorEnd(cursor);
-    if (cursor.current > last) { // beyond the span, where digits may have led
+    if (cursor.current > last) { // past the span, where digits may have led
         const char* const end = cursor.current + std::strlen(cursor.current);
         return static_cast<std::uint32_t>(std::find(cursor.current, end, stop) - cursor.current);
     }

@@ -2,9 +2,9 @@
  * Reads text over a span: the library's lexer.
  *
  * The cursor is at its end at the length of its span or at a NUL. Every span lies in a text that
- * ends in a NUL, so that the character at current can always be looked at: the readers of digits do
- * so without a test of the end, they stop at the character itself. No operation puts the cursor
- * back after a failure.
+ * ends in a NUL, so the character at current can always be read: the readers of digits do not test
+ * for the end, they stop at the character itself. No operation puts the cursor back after a
+ * failure.
  */
 #ifndef ROSETAG_CORE_TEXT_CURSOR_H
 #define ROSETAG_CORE_TEXT_CURSOR_H
@@ -43,8 +43,8 @@ inline bool textCursorAtEnd(const TextCursor& cursor) {
     return cursor.current == textCursorEnd(cursor) || *cursor.current == '\0';
 }
 
-// Characters from current to the end of the span, whether or not a NUL lies before it. Below 0
-// where digits were read past that end.
+// Characters from current to the end of the span, even if a NUL comes before it. Negative if digits
+// were read past that end.
 inline std::ptrdiff_t textCursorLeft(const TextCursor& cursor) {
     return textCursorEnd(cursor) - cursor.current;
 }
@@ -94,8 +94,8 @@ inline EpcStatus textCursorReadEscapedChar(TextCursor& cursor, char& out) {
 }
 
 // Copies up to the delimiter into out of capacity characters with its NUL, percent escapes
-// resolved, and gives their count. Only a raw delimiter ends the text, the delimiter NUL its end.
-// Out of room is found before the end.
+// resolved, and gives their count. Only a raw delimiter ends the text; with the delimiter NUL it
+// goes to the end. A lack of room is found before the end is.
 EpcStatus textCursorReadEscapedUntil(TextCursor& cursor, char delimiter, std::int32_t capacity,
                                      char* out, std::int32_t& outCount);
 
@@ -113,9 +113,9 @@ EpcStatus textCursorReadNumber(TextCursor& cursor, LeadingZeros leadingZeros,
                                std::uint64_t& outValue, std::int32_t* outCount = nullptr,
                                std::int32_t stopAfter = 0);
 
-// The same without count and stop, for a number that mostly has one digit, as a filter: a tag URI
-// takes 70 instructions less of 1,150. Tested for by the reader of all numbers, it would cost them
-// more than it saves here.
+// The same without count and stop, for a number that mostly has one digit, such as a filter: it
+// saves 70 of the 1,150 instructions of a tag URI. The same test in the reader of all numbers would
+// cost the others more than it saves here.
 inline EpcStatus textCursorReadShortNumber(TextCursor& cursor, LeadingZeros leadingZeros,
                                            std::uint64_t& outValue) {
     const char* const digits = cursor.current;

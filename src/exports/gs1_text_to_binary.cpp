@@ -3,7 +3,7 @@
 
 using namespace rosetag;
 
-// The syntaxes, as the slots that read them.
+// Each syntax is named by the slot that reads it.
 static constexpr TextToBinary TagSchemeOps::*BARCODE_STRING = &TagSchemeOps::barcodeStringToBinary;
 static constexpr TextToBinary TagSchemeOps::*DIGITAL_LINK = &TagSchemeOps::digitalLinkToBinary;
 static constexpr TextToBinary TagSchemeOps::*ELEMENT_STRING = &TagSchemeOps::elementStringToBinary;

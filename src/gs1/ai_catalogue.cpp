@@ -74,7 +74,7 @@ static_assert(std::count_if(aiCatalogue.begin(), aiCatalogue.end(),
                   codesInTable(),
               "no two rows have a code in common");
 
-// Of a character of a code that is not a digit.
+// The digit of a character that is not one.
 EpcStatus badCodeDigit(const TextCursor& cursor, const char* character) {
     return character == textCursorEnd(cursor) || *character == '\0' ? EPC_ERR_TRUNCATED
                                                                     : EPC_ERR_BAD_CHARACTER;

@@ -19,7 +19,7 @@ namespace rosetag {
 constexpr std::size_t AI_CODE_SIZE = EPC_AI_CODE_SIZE;
 
 struct AiDefinition {
-    char code[AI_CODE_SIZE]; // filled up with NULs
+    char code[AI_CODE_SIZE]; // padded with NULs
     std::uint8_t codeLength;
     std::uint16_t packedCode;    // four bits a digit
     std::uint8_t linkKey;        // 1 and the index of its first row among the keys of links, or 0
@@ -31,7 +31,7 @@ inline std::string_view aiCodeOf(const AiDefinition& ai) {
     return {ai.code, ai.codeLength};
 }
 
-// True if two codes that are filled up with NULs are the same.
+// True if two codes, padded with NULs, are the same.
 inline bool aiCodesAreEqual(const char (&one)[AI_CODE_SIZE], const char (&other)[AI_CODE_SIZE]) {
     return std::memcmp(one, other, AI_CODE_SIZE - 1) == 0;
 }
@@ -43,7 +43,7 @@ struct AiBlock {
 };
 
 constexpr std::array<AiBlock, 101> aiBlocksMake() {
-    // Slots that the digits after the two leading ones tell apart.
+    // The slots, told apart by the digits after the two leading ones.
     constexpr std::uint16_t blockSizes[] = {0, 0, 1, 10, 100};
     std::array<AiBlock, 101> blocks{};
     for (std::size_t prefix = 0; prefix < aiPrefixes.size(); ++prefix) {
@@ -55,7 +55,7 @@ constexpr std::array<AiBlock, 101> aiBlocksMake() {
     return blocks;
 }
 
-// By the two leading digits, and a last one at the end of the slots.
+// By the two leading digits; one more marks the end of the slots.
 inline constexpr std::array<AiBlock, 101> aiBlocks = aiBlocksMake();
 
 // The slot of a code of digits, whose length is that of its block.
@@ -70,7 +70,7 @@ constexpr std::size_t aiSlotOf(std::string_view code) {
     return aiBlocks[digitAt(0) * 10 + digitAt(1)].firstSlot + number;
 }
 
-// By aiSlotOf. The slot of a code that is not assigned is empty: of no component.
+// By aiSlotOf. The slot of a code that is not assigned is empty: it has no components.
 using AiCatalogue = std::array<AiDefinition, aiBlocks.back().firstSlot>;
 extern const AiCatalogue aiCatalogue;
 
@@ -82,9 +82,8 @@ inline const AiDefinition* aiAtSlot(std::size_t slot) {
 // The definition of exactly this code, or null.
 const AiDefinition* aiFind(std::string_view code);
 
-// Reads the code at the cursor, whose span is not followed by a digit. ai is an empty slot if the
-// code is well formed but not assigned; EPC_ERR_UNKNOWN_AI if no AI begins with its two leading
-// digits.
+// Reads the code at the cursor, whose span no digit follows. ai is an empty slot if the code is
+// well formed but not assigned; EPC_ERR_UNKNOWN_AI if no AI begins with its two leading digits.
 EpcStatus aiReadCode(TextCursor& cursor, const AiDefinition*& ai);
 
 } // namespace rosetag

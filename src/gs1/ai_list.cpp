@@ -28,7 +28,7 @@ EpcStatus readDelimiter(TextCursor& cursor, char delimiter) {
     return delimiter == 0 ? EPC_OK : textCursorExpect(cursor, delimiter);
 }
 
-// Steps over one character, or over a percent escape, which is one.
+// Skips one character; a percent escape is one.
 EpcStatus skipEscapedChar(TextCursor& cursor) {
     if (textCursorAtEnd(cursor)) {
         return EPC_ERR_TRUNCATED;
@@ -105,7 +105,7 @@ EpcStatus readComponent(TextCursor& cursor, const AiComponent& component, const 
     return verifyCheckDigit({start, cursor.current}, syntax.percentDecoding);
 }
 
-// The delimiter that is the next element's start as well stays for it.
+// A delimiter that also starts the next element is left for it.
 void skipStopDelimiter(TextCursor& cursor, const AiSyntax& syntax) {
     if (syntax.stopDelimiter != syntax.startDelimiter && !textCursorAtEnd(cursor) &&
         *cursor.current == syntax.stopDelimiter) {

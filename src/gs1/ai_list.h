@@ -24,10 +24,10 @@ struct AiElement {
     std::uint32_t valueOffset; // from the first character of the base text
     std::uint32_t valueLength; // of all components together
     AiPass pass;
-    bool isConsumed; // a writer has dealt with it
+    bool isConsumed; // a writer has taken it
 };
 
-// Elements from count on hold nothing; an empty list is made by aiListClear.
+// Elements from count on are not set. aiListClear makes a list empty.
 struct AiList {
     AiElement elements[MAX_AI_ELEMENTS];
     std::uint8_t count;
@@ -55,8 +55,8 @@ inline constexpr AiSyntax BARCODE_STRING_SYNTAX = {0, 0, GROUP_SEPARATOR, false}
 EpcStatus aiListAdd(AiList& list, const AiDefinition& ai, std::uint32_t valueOffset,
                     std::uint32_t valueLength, AiPass pass);
 
-// Appends all elements of the text under the cursor, which ends up at its end. offsetBase is added
-// to every offset, for a cursor whose span begins after the start of the base text.
+// Appends all elements of the text from the cursor to its end. offsetBase is added to every offset,
+// for a cursor whose span begins after the start of the base text.
 EpcStatus aiTextParse(AiList& list, TextCursor& cursor, const AiSyntax& syntax,
                       std::uint32_t offsetBase);
 
@@ -74,8 +74,8 @@ struct AiRows {
     std::uint32_t* aiCount;
 };
 
-// Copies the list into the caller's rows. EPC_ERR_TOO_MANY_AIS before a row that the arrays do not
-// have, EPC_ERR_NO_ROOM at a value that its row does not hold; the rows before it stay.
+// Copies the list into the caller's rows. EPC_ERR_TOO_MANY_AIS if the arrays have too few rows,
+// EPC_ERR_NO_ROOM at a value that its row cannot hold; the rows before it stay.
 EpcStatus aiListCopyOut(const AiList& list, const char* baseText, const AiRows& rows);
 
 } // namespace rosetag

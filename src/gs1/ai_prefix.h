@@ -1,6 +1,6 @@
 /*
  * What the two leading digits of an AI say: how many digits its code has, and whether its value
- * has a predefined length, so that no separator follows it in a barcode string.
+ * has a predefined length and needs no separator after it in a barcode string.
  *
  * Source: EPC Tag Data Standard, table K (length of AI codes); GS1 General Specifications, section
  * 7.8.5 (AIs of predefined length).

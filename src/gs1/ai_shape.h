@@ -1,5 +1,5 @@
 /*
- * What the value of an AI looks like: one component or two, each with its characters and its bits.
+ * The shape of an AI value: one component or two, each with its characters and its bits.
  *
  * Source: GS1 General Specifications, section 3; EPC Tag Data Standard, section 15.3 and table F
  * (the bit form of each AI).
@@ -14,7 +14,7 @@
 namespace rosetag {
 
 enum AiKind : std::uint8_t {
-    AI_KIND_NONE = 0, // marks an empty component, and in kindOverride "no override"
+    AI_KIND_NONE = 0, // an empty component; as kindOverride: no override
     AI_KIND_NUMERIC = 2,
     AI_KIND_DATE_CODED = 3,
     AI_KIND_DIGITS = 4,

@@ -20,7 +20,7 @@ namespace rosetag {
 struct AiTableRow {
     std::string_view codes; // one, or the first and the last of a range
     std::string_view title;
-    AiComponent components[AI_MAX_COMPONENTS]; // the second is empty where the value is one
+    AiComponent components[AI_MAX_COMPONENTS]; // the second is empty if there is only one
 };
 
 namespace ai_shapes {
@@ -222,7 +222,7 @@ inline constexpr AiTableRow rows[] = {
 
 inline constexpr std::span<const AiTableRow> aiTable = ai_shapes::rows;
 
-// The codes that a row begins and ends with: the same of a row of one AI.
+// The first and last code of a row; the same for a row of one AI.
 constexpr std::string_view aiFirstCode(const AiTableRow& row) {
     return {row.codes.begin(), std::find(row.codes.begin(), row.codes.end(), '-')};
 }

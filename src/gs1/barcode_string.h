@@ -32,7 +32,7 @@ inline constexpr SymbologyIdentifier symbologyIdentifiers[] = {
     // clang-format on
 };
 
-// AI 01 and its value: the GTIN with zeros in front.
+// AI 01 and its value: the GTIN with leading zeros.
 constexpr std::string_view GTIN_AI = "01";
 constexpr std::size_t GTIN_LENGTH = aiPrefixOf(GTIN_AI[0], GTIN_AI[1]).valueLength;
 
@@ -40,7 +40,7 @@ constexpr std::size_t GTIN_LENGTH = aiPrefixOf(GTIN_AI[0], GTIN_AI[1]).valueLeng
 constexpr std::size_t BARCODE_BUFFER_SIZE = GTIN_AI.size() + GTIN_LENGTH + 1;
 
 // Gives the run of AI codes and values that the text stands for, NUL-terminated: a part of the
-// text, or a GTIN of full length with its AI in buffer. A text without identifier stays as it is.
+// text, or a GTIN of full length with its AI in buffer. A text without an identifier is unchanged.
 EpcStatus barcodeStringNormalise(std::string_view text, char (&buffer)[BARCODE_BUFFER_SIZE],
                                  std::string_view& normalised);
 

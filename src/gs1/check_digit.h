@@ -8,7 +8,7 @@
 
 namespace rosetag {
 
-// Sums of eight digits in a word: those at even places, counted from 0, and those at odd ones.
+// The sums of the eight digits of a word at even places, counted from 0, and at odd places.
 constexpr std::int32_t sumOfPlaces(std::uint64_t digits, int firstPlace) {
     const std::uint64_t places = digits >> (8 * firstPlace) & 0x000F000F000F000F;
     return static_cast<std::int32_t>(places * 0x0001000100010001 >> 48);
@@ -24,7 +24,7 @@ constexpr std::uint64_t weightedSumOf(std::uint64_t high, std::uint64_t low) {
 }
 
 // The GS1 modulo 10 check digit, '0' to '9', over the characters before it, up to a NUL. A
-// character that is not a digit goes into the sum by its code less that of '0'.
+// character that is not a digit counts as its code less that of '0'.
 //
 // Source: GS1 General Specifications, section 7.9.
 constexpr char gs1CheckDigit(std::string_view digits) {
@@ -46,8 +46,8 @@ constexpr char gs1CheckDigit(std::string_view digits) {
         sum += (static_cast<unsigned char>(digit) - '0') * weight;
         weight = 4 - weight;
     }
-    // Characters below '0' make the sum negative. Its remainder is then above -10, and the result a
-    // digit all the same.
+    // Characters below '0' can make the sum negative. Its remainder is then above -10, so the
+    // result is still a digit.
     return static_cast<char>('0' + (10 - sum % 10) % 10);
 }
 

@@ -16,7 +16,7 @@ namespace rosetag {
 
 enum class LinkQualifiers : std::uint8_t {
     OPTIONAL, // each may be absent
-    REQUIRED, // the row applies only if all are there, and then before the first row of its key
+    REQUIRED, // the row applies only if all are present, and then wins over the first of its key
 };
 
 struct DigitalLinkKeyChain {
@@ -26,7 +26,7 @@ struct DigitalLinkKeyChain {
                    [AI_CODE_SIZE]; // in the order in which they are written; empty after the last
 };
 
-// The rows of a key follow each other, that of optional qualifiers first.
+// The rows of a key are adjacent, the one with optional qualifiers first.
 inline constexpr DigitalLinkKeyChain digitalLinkKeyChains[] = {
     // clang-format off
     // key                             qualifiers
@@ -52,7 +52,7 @@ inline constexpr DigitalLinkKeyChain digitalLinkKeyChains[] = {
     // clang-format on
 };
 
-// Without the empty ones.
+// Those that are not empty.
 constexpr std::span<const char[AI_CODE_SIZE]> qualifiersOf(const DigitalLinkKeyChain& row) {
     std::size_t count = 0;
     while (count < std::size(row.qualifiers) && row.qualifiers[count][0] != '\0') {
@@ -73,8 +73,8 @@ constexpr bool aiIsLinkKey(std::string_view code) {
     return digitalLinkKeyFind(code) != nullptr;
 }
 
-// Chooses the row of the list's one key whose qualifiers fit best. EPC_ERR_NO_PRIMARY_KEY without a
-// key, EPC_ERR_KEY_CONFLICT with two different ones.
+// Chooses the row whose qualifiers best fit the list's one key. EPC_ERR_NO_PRIMARY_KEY if the list
+// has no key, EPC_ERR_KEY_CONFLICT if it has two different ones.
 EpcStatus digitalLinkChooseKey(const AiList& list, const DigitalLinkKeyChain*& row);
 
 } // namespace rosetag

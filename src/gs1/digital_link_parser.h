@@ -1,7 +1,7 @@
 /*
- * Reads a Digital Link: scheme and host are skipped, the AIs are in path and query. First the AIs
- * are found, their values left percent-encoded in the raw text; then the values are decoded into
- * one flat text.
+ * Reads a Digital Link: scheme and host are skipped; the AIs are in the path and the query. First
+ * the AIs are found, with their values still percent-encoded in the raw text; then the values are
+ * decoded into one flat text.
  *
  * Source: GS1 Digital Link Standard, URI syntax.
  */
@@ -13,16 +13,18 @@
 
 namespace rosetag {
 
-// Lays the cursor over path and query of a link, after its scheme and host. Of a text that has
-// neither that is all. A text that only begins like the scheme is refused, unless it ends there:
-// then it is an empty link.
+// Lays the cursor over the path and query of a link; a text without scheme and host is all path and
+// query. A text that only begins like the scheme is refused, unless it ends there: then it is an
+// empty link.
 EpcStatus digitalLinkSkipHost(TextCursor& cursor);
 
-// Fills an empty list with slices of the raw text, which is all that lies under the cursor: it
-// is at its begin.
+// Fills an empty list with slices of the raw text, which the cursor is at the beginning of.
 EpcStatus digitalLinkParse(AiList& list, TextCursor& cursor);
 
-// Decodes the values back to back into flat, which is empty, and moves the list over to it.
+// Room for the decoded values of a link together, where they go to AI rows.
+constexpr std::int32_t LINK_VALUES_SIZE = 1800;
+
+// Decodes the values back to back into flat, which is empty, and makes the list refer to it.
 EpcStatus digitalLinkDecodeValues(AiList& list, const char* rawText, TextBuffer& flat);
 
 } // namespace rosetag

@@ -5,11 +5,11 @@
 
 namespace rosetag {
 
-// The most characters that a value of a Digital Link decodes to, and a NUL.
+// The longest value of a Digital Link, decoded, and a NUL.
 constexpr std::int32_t DECODED_VALUE_SIZE = 1024;
 
-// Decodes a value of a Digital Link. decoded lies in out, of capacity characters, or in the raw
-// value where that holds no escape. An escape of character 0 ends the value: what follows it
+// Decodes a value of a Digital Link. decoded lies in out, of capacity characters, or is the raw
+// value if that has no escape. An escape of character 0 ends the value: what follows it
 // is read and dropped. More than capacity - 1 characters are EPC_ERR_TOO_LONG.
 EpcStatus percentDecode(std::string_view raw, std::int32_t capacity, char* out,
                         std::string_view& decoded);

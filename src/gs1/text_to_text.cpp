@@ -8,9 +8,7 @@ namespace rosetag {
 
 namespace {
 
-// The decoded values of a link together: those of a list for the caller, and those of a link that
-// becomes an element string.
-constexpr std::int32_t LINK_VALUES_SIZE = 1800;
+// Room for the decoded values of a link that becomes an element string.
 constexpr std::int32_t LINK_TO_ELEMENT_STRING_VALUES_SIZE = 1024;
 
 EpcStatus parseToRows(std::string_view text, const AiSyntax& syntax, const AiRows& rows) {

@@ -1,5 +1,5 @@
 /*
- * From one GS1 text to the other.
+ * From one GS1 text to another.
  */
 #ifndef ROSETAG_GS1_TEXT_TO_TEXT_H
 #define ROSETAG_GS1_TEXT_TO_TEXT_H

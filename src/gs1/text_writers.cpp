@@ -28,7 +28,7 @@ EpcStatus putPassByPass(const AiList& list, Put put) {
     return EPC_OK;
 }
 
-// Writes the code between two characters, each of the three whole or not at all.
+// Writes the code between two characters; each of the three is written whole or not at all.
 EpcStatus putCode(TextBuffer& dst, char before, const AiDefinition& ai, char after) {
     const std::string_view code = aiCodeOf(ai);
     if (static_cast<std::size_t>(textBufferRoom(dst)) < code.size() + 2) {
@@ -38,7 +38,7 @@ EpcStatus putCode(TextBuffer& dst, char before, const AiDefinition& ai, char aft
     }
     char* const out = dst.writePointer;
     out[0] = before;
-    std::memcpy(out + 1, ai.code, AI_CODE_SIZE - 1); // what a short code fills up is overwritten
+    std::memcpy(out + 1, ai.code, AI_CODE_SIZE - 1); // the padding of a short code is overwritten
     out[1 + code.size()] = after;
     out[2 + code.size()] = '\0';
     dst.writePointer += 2 + code.size();
@@ -70,7 +70,7 @@ EpcStatus putPathElements(TextBuffer& dst, std::span<AiElement> elements, const 
     return EPC_OK;
 }
 
-// All that the path has left over.
+// Everything that is not in the path.
 EpcStatus putQuery(TextBuffer& dst, std::span<AiElement> elements, const char* baseText) {
     char startDelimiter = '?';
     for (AiElement& element : elements) {
@@ -92,7 +92,7 @@ EpcStatus elementStringWrite(TextBuffer& dst, const AiList& list, const char* ba
 }
 
 EpcStatus barcodeStringWrite(TextBuffer& dst, const AiList& list, const char* baseText) {
-    bool needsSeparator = false; // the value before was of variable length
+    bool needsSeparator = false; // the previous value is of variable length
     return putPassByPass(list, [&](const AiElement& element) -> EpcStatus {
         if (needsSeparator) {
             EPC_TRY(textBufferPutChar(dst, GROUP_SEPARATOR));

@@ -26,14 +26,14 @@ EpcStatus tagUriToBits(BitBuffer& bits, std::string_view text);
 EpcStatus pureIdentityUriToBits(BitBuffer& bits, std::string_view text, EpcScheme scheme,
                                 std::int32_t filter);
 
-// Reads the body of either URI, which is the rest of the text, and writes the whole value, padded
-// to a word, from position 0 on. Text left over is reported last.
+// Reads the body of either URI, which is the rest of the text, and writes the whole value from
+// position 0 on, padded to a word. Text that is left over is reported last.
 EpcStatus epcUriBodyToBits(TextCursor& cursor, std::uint32_t filter, const TagSchemeOps& row,
                            BitBuffer& bits);
 
-// The head of a tag URI, in the two steps between which its readers differ: prefix and scheme
-// word, which leaves the cursor at the ":", then ":" and, if the scheme has one, the filter and its
-// ".".
+// The head of a tag URI in two steps, since its readers differ between them: the prefix and the
+// scheme word, which leaves the cursor at the ":"; then the ":" and, if the scheme has one, the
+// filter and its ".".
 EpcStatus tagUriReadScheme(TextCursor& cursor, const TagSchemeOps*& row);
 EpcStatus tagUriReadFilter(TextCursor& cursor, const TagSchemeInfo& info, std::uint32_t& filter);
 

@@ -15,7 +15,7 @@ EpcStatus checkChar6(char character, std::int32_t index, HashRule hashRule) {
     return character != '#' || hashIsAllowed ? EPC_OK : EPC_ERR_BAD_CHARACTER;
 }
 
-// Reads the next character of a text. isEnd: the text or the field has ended instead.
+// Reads the next character of a text. isEnd: the text or the field ended instead.
 EpcStatus readCharOrEnd(TextCursor& cursor, char terminator, char& character, bool& isEnd) {
     isEnd = textCursorAtEnd(cursor);
     if (isEnd) {

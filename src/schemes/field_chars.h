@@ -36,8 +36,8 @@ constexpr std::uint64_t char6ToBits(char character) {
     return static_cast<unsigned char>(character) & 0x3F;
 }
 
-// 1 to maxChars characters in a field of maxChars positions. The writer does not read what does not
-// fit.
+// 1 to maxChars characters in a field of maxChars positions. The writer leaves what does not fit
+// unread.
 EpcStatus fieldReadChars7(BitBuffer& bits, TextBuffer& text, std::int32_t maxChars);
 EpcStatus fieldWriteChars7(TextCursor& cursor, BitBuffer& bits, std::int32_t maxChars);
 

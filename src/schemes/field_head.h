@@ -12,7 +12,7 @@
 
 namespace rosetag {
 
-// In a tag URI appends the filter and "."; a pure identity URI has neither. Reads any value.
+// Appends the filter and "." in a tag URI; a pure identity URI has neither. Reads any value.
 EpcStatus fieldReadFilter(BitBuffer& bits, TextBuffer& text, UriForm form, std::int32_t width);
 
 // Writes header and filter. A filter above the largest is EPC_ERR_FILTER_FIELD, with the header

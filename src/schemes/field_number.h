@@ -21,14 +21,13 @@ EpcStatus fieldWriteZeros(BitBuffer& bits, std::int32_t width);
 EpcStatus fieldReadDecimal(BitBuffer& bits, TextBuffer& text, std::int32_t width);
 EpcStatus fieldWriteDecimal(TextCursor& cursor, BitBuffer& bits, std::int32_t width);
 
-// A number that is padded with zeros to so many digits. One of more digits is read, but not
-// written.
+// A number that is padded with zeros to that many digits. A longer one is read but not written.
 EpcStatus fieldReadPaddedNumber(BitBuffer& bits, TextBuffer& text, std::int32_t width,
                                 std::int32_t digits);
 EpcStatus fieldWritePaddedNumber(TextCursor& cursor, BitBuffer& bits, std::int32_t width,
                                  std::int32_t digits);
 
-// Digits whose leading zeros count, at least one: stored as the number that has a 1 before them.
+// At least one digit; leading zeros count: stored as the number with a 1 before the digits.
 EpcStatus fieldReadNumberAfterOne(BitBuffer& bits, TextBuffer& text, std::int32_t width);
 EpcStatus fieldWriteNumberAfterOne(TextCursor& cursor, BitBuffer& bits, std::int32_t width);
 

@@ -6,7 +6,7 @@ namespace rosetag {
 
 namespace {
 
-// A number and the number of digits that it has in text.
+// A number and its count of digits in text.
 struct DigitRun {
     std::uint64_t value;
     std::int32_t digits;

@@ -16,7 +16,7 @@
 
 namespace rosetag {
 
-// The reference has exactly as many digits as its row says.
+// The reference has exactly as many digits as the partition leaves it.
 EpcStatus fieldReadPartition(BitBuffer& bits, TextBuffer& text, const PartitionTable& table);
 EpcStatus fieldWritePartition(TextCursor& cursor, BitBuffer& bits, const PartitionTable& table);
 

@@ -45,8 +45,8 @@ struct PartitionRow {
 // Indexed by the partition value. The row of the invalid value 7 holds -1.
 using PartitionTable = std::array<PartitionRow, PARTITION_COUNT + 1>;
 
-// The table of a scheme in which company prefix and reference have so many bits and digits (or
-// characters) together. 0: that has no limit.
+// The table of a scheme in which company prefix and reference have this many bits and digits (or
+// characters) together; 0: no limit.
 constexpr PartitionTable partitionTableMake(std::int32_t bits, std::int32_t digits) {
     PartitionTable table{};
     table.fill({-1, -1, -1, -1});
@@ -61,7 +61,7 @@ constexpr PartitionTable partitionTableMake(std::int32_t bits, std::int32_t digi
 template <std::int32_t bits, std::int32_t digits>
 inline constexpr PartitionTable partitionTable = partitionTableMake(bits, digits);
 
-// The partition value of a company prefix of so many digits, or -1.
+// The partition value of a company prefix of that many digits, or -1.
 constexpr std::int32_t partitionFindByDigits(std::int32_t digits) {
     constexpr std::int32_t most = companyPrefixSizes[0].digits;
     const std::int32_t partition = most - digits;

@@ -22,7 +22,7 @@ constexpr bool holdsForFields(bool (*holds)(const SchemeField& field)) {
     return true;
 }
 
-constexpr bool standsAtItsIndex(const SchemeRow& row) {
+constexpr bool isAtItsIndex(const SchemeRow& row) {
     return &row == schemeRows.begin() + row.scheme;
 }
 
@@ -74,7 +74,7 @@ constexpr bool fieldsAreInOrder(const SchemeRow& row) {
     return schemeIsPlus(row) == (before == DATA_SECTION);
 }
 
-// One digit less from one partition value to the next, as partitionFindByDigits has it.
+// Each partition value has one digit less than the one before, as partitionFindByDigits assumes.
 constexpr bool companyPrefixesFit() {
     for (const CompanyPrefixSize& size : companyPrefixSizes) {
         const auto partition = static_cast<std::size_t>(partitionFindByDigits(size.digits));
@@ -85,8 +85,8 @@ constexpr bool companyPrefixesFit() {
     return true;
 }
 
-// Where the digits are exact, every number of so many digits fits its bits, so that no writer has
-// to test it.
+// Where the count of digits is exact, every number of that many digits fits its bits, so no writer
+// has to test it.
 constexpr bool referenceFits(const SchemeField& field) {
     const PartitionTable table = schemePartitionTable(field);
     return !fieldIsReference(field.kind) ||
@@ -121,7 +121,7 @@ constexpr bool aiCodeIsWellFormed(const SchemeField& field) {
             std::all_of(field.name.begin(), field.name.end(), charIsDigit));
 }
 
-static_assert(holdsForSchemes(standsAtItsIndex));
+static_assert(holdsForSchemes(isAtItsIndex));
 static_assert(holdsForSchemes(nameAndHeaderAreUnique));
 static_assert(holdsForSchemes(nameBeginsWithFamily));
 static_assert(holdsForSchemes(widthsAddUpToName));

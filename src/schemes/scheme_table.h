@@ -1,10 +1,10 @@
 /*
- * The 34 tag schemes: what each is called, the header that begins its binary values, and the fields
- * that follow the header. A row says all that is known of a scheme; its readers and writers are
+ * The tag schemes: the name of each, the header that begins its binary values, and the fields that
+ * follow the header. A row says all that is known about a scheme; its readers and writers are
  * generated from the row (scheme_codec.h), and widths, filter limits and key AIs are read from it.
  *
- * The names of the fields are for those who explain a value. The library itself only looks at rows
- * while it is compiled, so they do not become part of it.
+ * The names of the fields are for explaining a value. The library itself reads the rows at compile
+ * time only, so the names do not become part of it.
  *
  * Source: EPC Tag Data Standard, section 14 (EPC binary encoding: headers, coding tables).
  */
@@ -71,7 +71,7 @@ struct SchemeRow {
     SchemeField fields[MAX_SCHEME_FIELDS + 1]; // the rest of the row is of kind END
 };
 
-// A table with one row a scheme, in the order of EpcScheme.
+// A table with one row per scheme, in the order of EpcScheme.
 template <typename Row>
 struct SchemeArray {
     Row rows[EPC_SCHEME_COUNT];
@@ -148,8 +148,8 @@ constexpr HashRule anyHash = HashRule::HASH_ANYWHERE;
 constexpr HashRule noHash = HashRule::HASH_NEVER;
 constexpr HashRule hashFirst = HashRule::HASH_FIRST_ONLY;
 
-// The size and width of a reference include the company prefix: together they stay the same,
-// whatever the partition.
+// The size and width of a reference include the company prefix: together they are the same for
+// every partition.
 //
 // clang-format off
 inline constexpr SchemeArray<SchemeRow> schemeRows = {{
@@ -257,14 +257,14 @@ constexpr bool fieldIsReference(FieldKind kind) {
            kind == FieldKind::REFERENCE_CHARS7 || kind == FieldKind::REFERENCE_CHARS6;
 }
 
-// How the width and size of a reference are divided, by the partition value.
+// How the width and size of a reference are divided, by partition value.
 constexpr PartitionTable schemePartitionTable(const SchemeField& reference) {
     return partitionTableMake(reference.width, reference.size);
 }
 
 constexpr std::size_t MAX_KEY_AIS = 3;
 
-// The AIs that make up the key of a plus scheme, in writing order; empty after the last one.
+// The AIs that make up the key of a plus scheme in the order of writing; empty after the last.
 constexpr std::array<std::string_view, MAX_KEY_AIS> schemeKeyAis(const SchemeRow& row) {
     std::array<std::string_view, MAX_KEY_AIS> ais;
     std::size_t count = 0;

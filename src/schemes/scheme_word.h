@@ -22,7 +22,7 @@ struct SchemeWord {
     std::uint64_t second;
 };
 
-// A longer name gives the word of its beginning, which no scheme has.
+// A longer name gives the word of its beginning, which is no scheme's.
 constexpr SchemeWord schemeWordOf(std::string_view name) {
     SchemeWord word{};
     for (std::size_t i = 0; i < name.size() && i < SCHEME_WORD_CHARS; ++i) {
@@ -65,7 +65,7 @@ struct SchemeWordTable {
     }
 };
 
-// Puts every scheme into its slot. False if two of them share one.
+// Puts every scheme into its slot. False if two of them collide.
 constexpr bool schemeWordTableFill(SchemeWordTable& table) {
     table.schemes.fill(-1);
     for (const SchemeRow& row : schemeRows) {

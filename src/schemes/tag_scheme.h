@@ -20,7 +20,7 @@ enum class UriForm : std::uint8_t { PURE_IDENTITY, TAG };
 
 struct AiRows;
 
-// What the slots from text to binary are given besides the text.
+// What the slots from text to binary need besides the text.
 struct EncodeArguments {
     std::int32_t filter;
     std::int32_t gcpLength; // used by the plain schemes only
@@ -30,15 +30,15 @@ struct EncodeArguments {
 struct Gs1KeyDefinition;
 struct TagSchemeOps;
 
-// The slots of a row. All but the bodies of URIs are given their own row, so that nobody looks for
-// it again. Binary slots start after the header.
+// The slots of a row. All but those of URI bodies are passed their own row, so that it is looked up
+// only once. Binary slots start after the header.
 using NumericBitsToUri = bool (*)(BitBuffer& bits, TextBuffer& text, UriForm form);
 using NumericTagUriToBits = bool (*)(std::string_view rest, BitBuffer& bits);
 using BinaryToUriBody = EpcStatus (*)(BitBuffer& bits, TextBuffer& text, UriForm form);
 using BinaryToText = EpcStatus (*)(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text);
 using BinaryToAIs = EpcStatus (*)(const TagSchemeOps& row, BitBuffer& bits, const AiRows& rows);
 
-// Text slots write from position 0 on, header included, and leave the cursor after what they
+// Text slots write from position 0 on, header included, and leave the cursor after what they have
 // consumed. The cursor of a URI body starts after the filter, that of a GS1 text at its beginning.
 using UriBodyToBinary = EpcStatus (*)(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
 using TextToBinary = EpcStatus (*)(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
@@ -47,7 +47,7 @@ using TextToBinary = EpcStatus (*)(const TagSchemeOps& row, TextCursor& cursor, 
 struct TagSchemeOps {
     const TagSchemeInfo& info;
     const Gs1KeyDefinition* key;                 // of the family, or null if it has none
-    NumericBitsToUri numericBitsToUri = nullptr; // both of numeric schemes, tried before the others
+    NumericBitsToUri numericBitsToUri = nullptr; // both: numeric schemes only, tried first
     NumericTagUriToBits numericTagUriToBits = nullptr;
     BinaryToUriBody binaryToUriBody = nullptr;
     UriBodyToBinary uriBodyToBinary = nullptr;
@@ -92,7 +92,7 @@ inline EpcStatus tagSchemeReadHeader(BitBuffer& bits, const TagSchemeOps*& row) 
 // The number of the scheme with exactly this name; outScheme may be null.
 EpcStatus tagSchemeNameToNumber(std::string_view name, EpcScheme* outScheme);
 
-// Copies the name of a scheme. A dst that cannot hold it stays as it is.
+// Copies the name of a scheme. A dst that cannot hold it is untouched.
 EpcStatus tagSchemeCopyName(const TagSchemeInfo& info, std::int32_t dstSize, char* dst);
 
 // The name of the scheme of a binary value, copied the same way.

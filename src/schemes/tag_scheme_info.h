@@ -1,5 +1,5 @@
 /*
- * What the library asks about a scheme while it runs.
+ * What the library needs to know about a scheme at run time.
  */
 #ifndef ROSETAG_SCHEMES_TAG_SCHEME_INFO_H
 #define ROSETAG_SCHEMES_TAG_SCHEME_INFO_H

@@ -56,7 +56,7 @@ constexpr TidPlace flagOf(const TidSegment& row) {
     return findPlace([&row](const TidField& field) { return field.name == row.presentIf; });
 }
 
-// The segments up to the last that says something about those after it.
+// The segments up to the last one that says something about later ones.
 constexpr std::size_t consultedSegmentsCount() {
     std::size_t last = serialLength.segment;
     for (const TidSegment& row : tidSegments) {
@@ -88,8 +88,7 @@ constexpr std::uint64_t maskOf(std::size_t segment, std::size_t word, TidMeaning
     return mask;
 }
 
-// The bits that make up the member of a field, if this is the first of the fields that name it;
-// else none.
+// The bits that make up the member of a field, if this is the first field that names it; else none.
 constexpr TidPlace memberPlace(std::size_t segment, std::size_t word, std::size_t field) {
     const TidWord& fields = fieldsOf(segment, word);
     const TidMember& member = fields[field].member;

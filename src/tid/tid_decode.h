@@ -8,7 +8,7 @@
 
 namespace rosetag {
 
-// Clears the record and fills it, up to the first word that fails. The bank begins at a byte.
+// Clears the record and fills it up to the first word that fails. The bank begins at a byte.
 EpcStatus tidDecode(BitBuffer& bits, TidRecord& record);
 
 } // namespace rosetag

@@ -27,7 +27,7 @@ enum class TidMeaning : std::uint8_t {
     SERIAL_LENGTH, // the length of the serial number, see tidSerialBits
     SERIAL,        // as long as SERIAL_LENGTH says
     WORDS,         // a count of 16-bit words
-    LARGEST_BLOCK, // the same; 0 only if the whole word is 0, which describes no command
+    LARGEST_BLOCK, // the same; 0 only in a word of zeros, which describes no command
 };
 
 // The member that a field fills, if any.
@@ -57,7 +57,7 @@ using TidWord = std::span<const TidField>;
 constexpr std::size_t TID_MAX_WORDS = 3; // in a segment
 
 struct TidSegment {
-    std::string_view presentIf;   // the flag that says so; empty: always present
+    std::string_view presentIf;   // the flag that announces it; empty: always present
     TidMember isPresent;          // set to 1
     TidWord words[TID_MAX_WORDS]; // empty after the last
 };

@@ -8,8 +8,8 @@
 
 namespace rosetag {
 
-// Where the parts of a record go. A null is an output that the caller does not want; serial is
-// always wanted.
+// Where the parts of a record go. A null is an output that the caller does not want; serial may not
+// be null.
 struct TidOutputs {
     std::uint16_t* mdid;
     std::uint16_t* tmid;

@@ -9,8 +9,7 @@ namespace rosetag {
 
 namespace {
 
-// A component that another one follows gets exactly its own characters; the last one gets all that
-// is left.
+// A component that another one follows gets exactly its own characters; the last one gets the rest.
 EpcStatus putComponents(BitBuffer& bits, const AiDefinition& ai, std::string_view value,
                         std::int32_t encoding) {
     TextCursor cursor = textCursorOver(value);

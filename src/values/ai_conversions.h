@@ -18,8 +18,8 @@ struct AiValueRequest {
     std::int32_t encoding; // AI_ENC_AUTO or an indicator to force
 };
 
-// To the three forms of a binary value. outBits may be null. An unknown AI leaves out as it is; the
-// number of bits is known, and written, before their hexadecimal digits turn out to have room.
+// To the three forms of a binary value. outBits may be null. An unknown AI leaves out untouched;
+// the number of bits is written before it is known whether their hexadecimal digits have room.
 EpcStatus aiToBinary(const char* code, const AiValueRequest& request, std::int32_t maxBytes,
                      std::uint8_t* out, std::int32_t* outBits);
 EpcStatus aiToHex(const char* code, const AiValueRequest& request, std::int32_t dstSize, char* dst,

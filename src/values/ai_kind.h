@@ -16,7 +16,7 @@
 
 namespace rosetag {
 
-// What an encoder is given besides the characters.
+// What an encoder needs besides the characters.
 struct AiEncodeField {
     const AiDefinition& ai; // its code decides the date code
     const AiComponent& component;

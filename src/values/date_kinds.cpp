@@ -21,7 +21,7 @@ struct AiDate {
 
 struct AiTime {
     std::uint64_t fields[MAX_TIME_FIELDS];
-    std::size_t count; // how many of them the text has
+    std::size_t count; // of those in the text
 };
 
 static_assert(
@@ -86,7 +86,7 @@ EpcStatus decodeDate(BitBuffer& bits, TextBuffer& text) {
     return dayIsInMonth(date) ? EPC_OK : EPC_ERR_BAD_FORMAT;
 }
 
-// Reads hour, minute and second, as many of them as the text has.
+// Reads the hour, minute and second, as far as the text has them.
 EpcStatus aiParseTime(TextCursor& cursor, AiTime& time) {
     if (textCursorLeft(cursor) < 2) {
         return EPC_ERR_TRUNCATED;

@@ -31,7 +31,7 @@ inline constexpr DateField TIME_SECOND = {6,  0,     59};
 
 inline constexpr DateField timeFields[] = {TIME_HOUR, TIME_MINUTE, TIME_SECOND};
 
-// The month is 1 to 12. Without a century, each year that four divides is a leap year, 00 too.
+// The month is 1 to 12. Without a century every year divisible by four is a leap year, even 00.
 constexpr std::uint64_t daysOfMonth(std::uint64_t year, std::uint64_t month) {
     constexpr std::uint8_t days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     return month == 2 && year % 4 == 0 ? 29 : days[month - 1];
@@ -81,7 +81,7 @@ inline constexpr auto dateKeyAis = [] {
 EpcStatus aiEncodeDate(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeDate(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 
-// YYMMDD after the date code of the AI, which is one of dateKeyAis. The decoder gives which one.
+// YYMMDD after the date code of the AI, which is one of dateKeyAis. The decoder says which one.
 EpcStatus aiEncodeDateCoded(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeDateCoded(BitBuffer& bits, TextBuffer& text, const AiDefinition*& ai);
 

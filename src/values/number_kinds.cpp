@@ -7,7 +7,7 @@ namespace rosetag {
 
 namespace {
 
-// A run of one digit more than a number may have is still read, and refused as a number.
+// A run of one digit too many is still read, and refused as a number.
 constexpr std::int32_t MAX_READ_DIGITS = MAX_LONG_DIGITS + 1;
 
 EpcStatus encodeLongNumeric(TextCursor& cursor, BitBuffer& out, const AiComponent& component) {

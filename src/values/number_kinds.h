@@ -23,8 +23,8 @@ EpcStatus aiDecodeDigits(BitBuffer& bits, TextBuffer& text, const AiComponent& c
 EpcStatus aiEncodeVarNumeric(TextCursor& cursor, BitBuffer& out, const AiEncodeField& field);
 EpcStatus aiDecodeVarNumeric(BitBuffer& bits, TextBuffer& text, const AiComponent& component);
 
-// The digits up to the end of the cursor as one number of the width that so many digits take. None
-// are no bits.
+// The digits up to the end of the cursor as one number of the width that that many digits take; no
+// bits for no digits.
 EpcStatus aiEncodeInteger(TextCursor& cursor, BitBuffer& out);
 EpcStatus aiDecodeInteger(BitBuffer& bits, TextBuffer& text, std::int32_t digitCount);
 

@@ -69,7 +69,7 @@ struct PlusHead {
     const AiElement* keys[MAX_KEY_AIS]; // null after the last one
 };
 
-// Marks the first element of this AI and returns it, or null. No AI is asked for twice.
+// Marks the first element of this AI and returns it, or null. Each AI is asked for once.
 const AiElement* consume(AiList& list, const AiDefinition* ai) {
     for (AiElement& element : std::span(list.elements, list.count)) {
         if (element.ai == ai) {
@@ -104,7 +104,7 @@ bool hasData(const AiList& list) {
                        [](const AiElement& element) { return !element.isConsumed; });
 }
 
-// A component is given exactly its own characters, and none if it is missing.
+// A component gets exactly its own characters, and none if it is missing.
 EpcStatus putComponents(const PlusEncoder& encoder, const AiDefinition& ai, std::string_view value,
                         AiKind kindOverride) {
     for (std::uint8_t i = 0; i < ai.componentCount; ++i) {
@@ -155,8 +155,8 @@ EpcStatus getDate(BitBuffer& bits, TextBuffer& text, AiList& list) {
     return aiListAdd(list, *ai, 0, static_cast<std::uint32_t>(textBufferLength(text)), DATE_PASS);
 }
 
-// Nothing counts the AIs or marks their end: the section ends with the bits, or with zeros too few
-// for an AI 00.
+// Nothing counts the AIs or marks their end: the section ends with the bits, or where what is left
+// is zeros and too short for an AI 00.
 EpcStatus getDataSection(BitBuffer& bits, TextBuffer& text, AiList& list) {
     while (bitBufferLeft(bits) > AI_PREFIX_BITS) {
         char code[AI_CODE_SIZE] = {};
@@ -198,7 +198,7 @@ EpcStatus plusDecodeAiList(const TagSchemeOps& row, BitBuffer& bits, PlusValues&
     aiListClear(out.list);
     std::uint64_t toggle = 0;
     EPC_TRY(bitBufferRead(bits, TOGGLE_BITS, toggle));
-    std::uint64_t filter = 0; // none of the texts has it
+    std::uint64_t filter = 0; // no text has it
     EPC_TRY(bitBufferRead(bits, FILTER_BITS, filter));
     const PlusKey& key = plusKeys[row.info.scheme];
     if (key.hasDate) {

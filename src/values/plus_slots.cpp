@@ -8,7 +8,7 @@ namespace rosetag {
 
 namespace {
 
-// The caller of a slot has tested the upper limit.
+// The caller has tested the upper limit.
 EpcStatus checkFilter(const EncodeArguments& arguments) {
     return arguments.filter < 0 ? EPC_ERR_FILTER_LIMIT : EPC_OK;
 }

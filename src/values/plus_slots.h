@@ -1,7 +1,6 @@
 /*
- * The operations between binary and the GS1 texts that all plus schemes share. They meet in a list
- * of AIs: the parsers and writers of texts are on one side of it, the codec of the bits on the
- * other.
+ * The operations between binary and the GS1 texts that all plus schemes share. A list of AIs joins
+ * their halves: the parsers and writers of texts on one side, the codec of the bits on the other.
  */
 #ifndef ROSETAG_VALUES_PLUS_SLOTS_H
 #define ROSETAG_VALUES_PLUS_SLOTS_H

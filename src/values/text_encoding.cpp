@@ -42,7 +42,7 @@ EpcStatus encodeCharacters(TextCursor& cursor, BitBuffer& out) {
     return status;
 }
 
-// Where there is room for all characters, it is tested only once.
+// If there is room for all characters, that is tested only once.
 template <std::int32_t encoding>
 EpcStatus decodeCharacters(BitBuffer& bits, TextBuffer& text, std::int32_t count) {
     constexpr std::string_view alphabet = textEncodings[encoding].alphabet;
@@ -148,8 +148,8 @@ constexpr std::array<std::uint8_t, 256> encodingsOfChar = [] {
     return flags;
 }();
 
-// Integer and hexadecimal come first, then the shorter of base64url and code-40. ISO 646 has every
-// character.
+// Integer and hexadecimal come first, then the shorter of base64url and code-40. ISO 646 can encode
+// every character.
 std::int32_t encodingOf(std::uint32_t fitting, std::ptrdiff_t count) {
     constexpr std::uint32_t digits =
         flagOf(AI_ENC_INTEGER) | flagOf(AI_ENC_HEX_UPPER) | flagOf(AI_ENC_HEX_LOWER);
@@ -171,7 +171,7 @@ std::int32_t encodingOf(std::uint32_t fitting, std::ptrdiff_t count) {
 EpcStatus aiChooseEncoding(const TextCursor& cursor, std::int32_t& encoding) {
     const std::ptrdiff_t count = textCursorLeft(cursor);
     if (textCursorAtEnd(cursor)) {
-        // A text that begins with a NUL gives nothing to choose by; hexadecimal refuses the NUL.
+        // A text that begins with a NUL has nothing to choose by; hexadecimal refuses the NUL.
         encoding = count == 0 ? AI_ENC_ISO646 : AI_ENC_HEX_UPPER;
         return EPC_OK;
     }

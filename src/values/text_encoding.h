@@ -25,7 +25,7 @@ constexpr std::int32_t ENCODING_INDICATOR_BITS = 3;
 
 struct TextEncoding {
     std::string_view name;
-    std::int32_t groupSize; // characters that are encoded together; 0: all of them
+    std::int32_t groupSize; // characters encoded together; 0: all of them
     std::int32_t groupBits;
     std::string_view alphabet; // by value; NUL for a value that is not a character
 };
@@ -46,12 +46,12 @@ inline constexpr std::array<char, 128> iso646Alphabet = [] {
 inline constexpr TextEncoding textEncodings[] = {
     //            group
     // name       size  bits  alphabet
-    {"integer",   0,    0,    "0123456789"}, // as wide as a number of so many digits: aiDigitBits
+    {"integer",   0,    0,    "0123456789"}, // as wide as a number of that many digits: aiDigitBits
     {"hex-upper", 1,    4,    HEX_DIGITS},
     {"hex-lower", 1,    4,    HEX_DIGITS_LOWER},
     {"base64url", 1,    6,    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_"},
     {"iso646",    1,    7,    {iso646Alphabet.data(), iso646Alphabet.size()}},
-    {"code40",    3,    16,   {"\0ABCDEFGHIJKLMNOPQRSTUVWXYZ-.:0123456789", 40}}, // 0 fills up a group
+    {"code40",    3,    16,   {"\0ABCDEFGHIJKLMNOPQRSTUVWXYZ-.:0123456789", 40}}, // 0 pads a group
 };
 // clang-format on
 static_assert(std::size(textEncodings) == AI_ENC_CODE40 + 1);

@@ -3,6 +3,7 @@
  * and the same with bits flipped, bytes changed and ends cut off; and a value of every AI.
  */
 #include "gs1/ai_table.h"
+#include "schemes/scheme_model.h"
 #include "support/random.h"
 #include "support/status.h"
 
@@ -218,6 +219,10 @@ TEST(Explain, AgreesWithTheLibraryOnEveryScheme) {
     };
     for (const char* uri : soundUris) {
         checkAround(encode(uri, {}));
+    }
+    for (const SchemeModel& model : schemeModels) {
+        Picker picker = Picker::random(1);
+        checkAround(encode(modelValue(model, 0, 5, picker).tagUri, {}));
     }
     for (const PlusRow& row : soundPlusValues) {
         EncodeOptions options;

@@ -48,7 +48,7 @@ constexpr LinkKeys linkKeyRows = linkKeysMake();
 
 constexpr std::size_t SLOT_COUNT = 10000;
 
-// Digits at the left of four places, the places after them 0: AI 01 is slot 100.
+// The digits as the first of four, padded with 0: AI 01 is slot 100.
 constexpr std::size_t slotOf(std::string_view code) {
     std::size_t slot = 0;
     for (std::size_t place = 0; place < AI_CODE_SIZE - 1; ++place) {
@@ -121,7 +121,7 @@ constexpr ValuePart partOf(const AiComponent& component) {
     case AI_KIND_TEXT:
     case AI_KIND_DIGITS_THEN_TEXT:
         return upTo(x, most, rule);
-    default: // dates and times of several parts: the rows have them
+    default: // dates and times of several parts have rows
         return {};
     }
 }
@@ -198,7 +198,7 @@ constexpr Slots knownSlotsMake() {
 }
 constexpr Slots knownSlots = knownSlotsMake();
 
-// AI 03 begins with digits that the table of prefixes does not have.
+// The table of prefixes has no row for AI 03.
 constexpr AiPrefix newPrefix = {2, GTIN_LENGTH};
 
 AiPrefix knownAiPrefix(char first, char second) {

@@ -93,8 +93,8 @@ std::size_t knownAiCodeLength(char first, char second);
 // The length of a value that needs no separator after it in a barcode string, or 0.
 std::size_t predefinedValueLength(std::string_view code);
 
-// A key of a Digital Link and its qualifiers in their order. Qualifiers that do not mix have rows
-// of their own.
+// A key of a Digital Link and its qualifiers in order. Qualifiers that exclude each other are in
+// separate rows.
 struct LinkKey {
     std::string_view key;
     std::array<std::string_view, 3> qualifiers;

@@ -255,7 +255,7 @@ inline constexpr NewerAi newerAiRows[] = {
     {"8043", "PSIM"},
 };
 
-// Where the standard has other qualifiers today than the library writes.
+// Where the standard now has other qualifiers than the library writes.
 //
 // Source: GS1 Digital Link Standard, URI syntax (primary keys and key qualifiers).
 struct NewerLinkKey {

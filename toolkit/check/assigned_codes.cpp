@@ -88,7 +88,7 @@ constexpr Numbers numbersOf(std::string_view entries, std::size_t entrySize, std
 constexpr Numbers countryNumbers = numbersOf(countries, COUNTRY_SIZE, LETTERS_SIZE);
 constexpr Numbers currencyNumbers = numbersOf(currencies, CURRENCY_SIZE, 0);
 
-// As many numbers as entries: none appears twice, and all are numbers.
+// As many numbers as entries: all are numbers, and none appears twice.
 static_assert(std::count(countryNumbers.begin(), countryNumbers.end() - 1, true) == 249);
 static_assert(std::count(currencyNumbers.begin(), currencyNumbers.end() - 1, true) == 182);
 

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::string_view blanks = " \t\r\n";
 
-// What cannot be read is one finding. It has the place of the failure, within the given one.
+// A value that cannot be read is one finding, at the place of the failure within the given one.
 void reportFailure(CheckRun& run, Place place, const Translation& translation) {
     const Failure& failure = translation.failure;
     const CheckRule rule =
@@ -31,7 +31,7 @@ void reportFailure(CheckRun& run, Place place, const Translation& translation) {
     report(run, rule, {}, hasPlace ? culprit : place, detail).status = failure.status;
 }
 
-// What looks wrong in the bits of a tag value, although they can be read.
+// What looks wrong in the bits of a tag value although they can be read.
 void reportWarnings(CheckRun& run, Place place, const Translation& translation) {
     for (const Note& note : translation.notes) {
         if (note.severity == Severity::WARNING) {
@@ -41,7 +41,7 @@ void reportWarnings(CheckRun& run, Place place, const Translation& translation) 
     }
 }
 
-// Of a value that does not hold its AIs as text: each has the place of the whole.
+// For a value whose AIs are not text: each has the place of the whole.
 void checkTranslation(CheckRun& run, Place place, const Translation& translation) {
     run.kind = TextKind::TAG_VALUE;
     for (const AiValue& ai : translation.ais) {

@@ -8,11 +8,11 @@ namespace {
 
 constexpr char ANY_DIGIT = 'n';
 constexpr std::string_view SAME_MEASURE = "=n";
-constexpr std::size_t MEASURE_DIGITS = 3; // before the one that places the decimal point
+constexpr std::size_t MEASURE_DIGITS = 3; // before the digit that places the decimal point
 
 // Takes what is before the first separator off the text.
 std::string_view takeUntil(std::string_view& text, char separator) {
-    // The words are too short for find() to be quick.
+    // The words are too short for find() to be fast.
     std::size_t end = 0;
     while (end < text.size() && text[end] != separator) {
         ++end;
@@ -34,7 +34,7 @@ bool isMeant(std::string_view word, std::string_view code, std::string_view ai) 
            });
 }
 
-bool stands(const CheckRun& run, std::string_view word) {
+bool isPresent(const CheckRun& run, std::string_view word) {
     const auto ais = checkedAis(run);
     return std::any_of(ais.begin(), ais.end(),
                        [&](const CheckedAi& ai) { return isMeant(word, ai.code, {}); });
@@ -42,7 +42,7 @@ bool stands(const CheckRun& run, std::string_view word) {
 
 bool allStand(const CheckRun& run, std::string_view joined) {
     while (!joined.empty()) {
-        if (!stands(run, takeUntil(joined, '+'))) {
+        if (!isPresent(run, takeUntil(joined, '+'))) {
             return false;
         }
     }

@@ -10,8 +10,8 @@
 
 namespace rosetag {
 
-// Looks at all AIs that the run remembers. A pair that does not go together is one finding, at the
-// later one.
+// Examines all AIs that the run remembers. A pair that does not go together is one finding, at the
+// later AI.
 void checkAssociations(CheckRun& run);
 
 } // namespace rosetag

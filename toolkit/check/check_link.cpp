@@ -69,7 +69,7 @@ bool keyFits(std::string_view code, std::string_view value) {
            partRule(PartRule::CHECK_DIGIT).culpritOf(value.substr(0, first.most)).length == 0;
 }
 
-// True if codes and values come in pairs from a segment on.
+// True if the segments from this one on are pairs of codes and values.
 bool isPaired(const CheckRun& run, const Path& path, std::size_t first) {
     for (std::size_t i = first; i < path.count; i += 2) {
         const std::string_view name = textOf(run, path.segments[i]);
@@ -81,7 +81,7 @@ bool isPaired(const CheckRun& run, const Path& path, std::size_t first) {
 }
 
 // Where the key begins: the first place from which codes and values come in pairs and whose value
-// fits; else the last whose value fits; else the first key; else the count of segments.
+// fits; else the last place whose value fits; else the first key; else the count of segments.
 std::size_t findKey(const CheckRun& run, const Path& path) {
     std::size_t first = path.count;
     std::size_t fitting = path.count;
@@ -256,7 +256,7 @@ void checkPath(CheckRun& run, const Path& path, std::size_t first, QualifierOrde
     }
 }
 
-// Where an AI belongs that may not be in the query.
+// Where an AI that may not be in the query belongs.
 std::string placeOutsideQuery(std::string_view code) {
     for (const LinkKey& row : linkKeys()) {
         if (isQualifierOf(row, code)) {
@@ -273,7 +273,7 @@ void checkParameter(CheckRun& run, std::size_t position, std::size_t end) {
     const bool isNumber =
         !nameText.empty() && std::all_of(nameText.begin(), nameText.end(), charIsDigit);
     const bool isOldName = aiOfName(nameText).data() != nameText.data();
-    // Any other parameter is the owner's.
+    // Any other parameter belongs to the owner of the link.
     if (!isNumber && !isOldName) {
         return;
     }

@@ -12,7 +12,7 @@
 
 namespace rosetag {
 
-// A GMN has at most 25 characters, the pair included.
+// A GMN has at most 25 characters including the pair.
 inline constexpr std::size_t CHECK_PAIR_SIZE = 2;
 inline constexpr std::size_t CHECK_PAIR_TEXT_SIZE = 25 - CHECK_PAIR_SIZE;
 

@@ -37,7 +37,7 @@ struct CheckedAi {
 
 enum class TextKind : std::uint8_t { ELEMENT_STRING, BARCODE_STRING, DIGITAL_LINK, TAG_VALUE };
 
-// More than any symbol has.
+// More than any symbol holds.
 inline constexpr std::size_t MAX_CHECKED_AIS = 32;
 
 struct CheckRun {

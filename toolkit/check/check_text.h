@@ -1,6 +1,6 @@
 /*
- * The texts of AIs and values, read so that one fault does not hide the next: after a bad value the
- * reader goes on at the next bracket or separator.
+ * Reads texts of AIs and values in such a way that one fault does not hide the next: after a bad
+ * value the reader goes on at the next bracket or separator.
  */
 #ifndef ROSETAG_TOOLKIT_CHECK_CHECK_TEXT_H
 #define ROSETAG_TOOLKIT_CHECK_CHECK_TEXT_H

@@ -57,7 +57,7 @@ struct PartCheck {
     std::size_t length;
 };
 
-// Some programs write another character where the separator belongs: an AI follows it.
+// Some programs write another character in place of the separator: an AI follows it.
 std::string_view hintAtSeparator(std::string_view rest) {
     if (rest.size() < 3 || LIKELY_SEPARATORS.find(rest[0]) == rest.npos) {
         return {};
@@ -114,7 +114,7 @@ bool isGtinAlone(const ValueParts& parts) {
            parts[1].most == 0;
 }
 
-// A GTIN as it is printed below the bars, without the zeros in front.
+// A GTIN as printed below the bars, without leading zeros.
 bool checkShortGtin(const ValueCheck& check) {
     const std::string_view digits = check.value.characters;
     if (!isGtinAlone(check.ai.parts) || !isShortGtinLength(digits.size()) ||
@@ -174,8 +174,8 @@ void checkParts(const ValueCheck& check) {
     std::size_t at = 0;
     for (std::size_t i = 0; i < count; ++i) {
         const PartCheck part = {check.ai.parts[i], at, ends[i] - at};
-        // With a digit too many or too few, the rules of the last part would fail for no reason of
-        // their own.
+        // With a digit too many or too few, the last part would break its rules for no other
+        // reason.
         if (checkCharacters(check, part) && (isOfRightLength || i + 1 < count)) {
             checkPartRules(check, part);
         }
@@ -192,7 +192,7 @@ void checkCompanyPrefix(const ValueCheck& check) {
     const std::string_view prefix = characters.substr(place - 1, SHORTEST_COMPANY_PREFIX);
     const bool isDigits = std::all_of(prefix.begin(), prefix.end(), charIsDigit);
     if (!isDigits || prefix.size() < SHORTEST_COMPANY_PREFIX) {
-        // In a number, other rules have found that already.
+        // In a number, other rules have already found that.
         if (check.ai.parts[0].set != CharacterSet::DIGITS) {
             reportIn(check.run, CheckRule::COMPANY_PREFIX, check.code, check.value, place - 1,
                      prefix.size(), std::to_string(SHORTEST_COMPANY_PREFIX));

@@ -20,7 +20,7 @@ Culprit wholeUnless(bool holds, std::string_view part) {
     return holds ? nothing : Culprit{0, part.size()};
 }
 
-// Of at most 19 characters, which have been found to be digits.
+// At most 19 characters, known to be digits.
 std::uint64_t numberOf(std::string_view digits) {
     std::uint64_t number = 0;
     for (const char digit : digits) {
@@ -228,7 +228,7 @@ Culprit badMediaType(std::string_view part) {
     return wholeUnless((type >= 1 && type <= 10) || type >= 80, part);
 }
 
-// Looks at the form alone: the list of codes is not known here.
+// Tests the form alone: the list of codes is not known here.
 //
 // Source: UN/ECE Recommendation 21.
 Culprit badPackageType(std::string_view part) {

@@ -16,7 +16,7 @@ struct Format {
     bool isBinary;
     bool isSigned;
     std::int32_t width;
-    std::int64_t buffers; // at least so many
+    std::int64_t buffers; // at least
 };
 
 // clang-format off
@@ -160,7 +160,7 @@ std::int32_t readLayout(const ArrowSchema& type, const ArrowArray& values, Colum
     } else if (format->buffers > 2) {
         reader.data = static_cast<const char*>(values.buffers[2]);
     }
-    // An array without rows may do without its buffers.
+    // An array without rows need not have its buffers.
     if (reader.rows == nullptr && reader.length > 0 && reader.width + reader.length > 0) {
         return columnsFail(error, ROSETAG_COLUMNS_BAD_ARRAY, "an array has rows and no buffers");
     }

@@ -1,5 +1,5 @@
 /*
- * Reads the rows of an Arrow array where they are, whatever its layout.
+ * Reads the rows of an Arrow array in place, whatever its layout.
  *
  * Source: Arrow Columnar Format; The Arrow C data interface (format strings).
  */

@@ -24,7 +24,7 @@ struct OutputWord {
     unsigned calls;
 };
 
-// Beside the forms and the AIs.
+// Besides the forms and the AIs.
 // clang-format off
 constexpr OutputWord outputWords[] = {
     // word         output               type                calls that have it
@@ -64,7 +64,7 @@ const OutputWord* findWord(std::string_view word, ColumnCall call) {
     return found == std::end(outputWords) ? nullptr : found;
 }
 
-// Finds out what a word of outputs stands for. False for any other word.
+// Finds what a word of outputs stands for. False for any other word.
 bool readOutput(std::string_view word, ColumnCall call, OutputColumn& column, ColumnType& type,
                 FormSet& wanted) {
     if (const OutputWord* const row = findWord(word, call); row != nullptr) {
@@ -181,7 +181,7 @@ std::uint32_t countOf(const Rows<Finding>& findings, Severity severity) {
                       [severity](const Finding& finding) { return finding.severity == severity; }));
 }
 
-// The first of the worst; null where there is none.
+// The first of the worst, or null.
 const Finding* worstOf(const Rows<Finding>& findings) {
     const auto* const worst = std::max_element(
         findings.begin(), findings.end(),

@@ -38,7 +38,7 @@ enum class Output : std::uint8_t {
     FINDINGS,
 };
 
-// What is done to a column; each call has outputs of its own.
+// What is done to a column; each call has its own outputs.
 enum class ColumnCall : std::uint8_t { TRANSLATE, TID, CHECK };
 
 struct OutputColumn {

@@ -33,7 +33,7 @@ constexpr TypeRow typeRows[] = {
 };
 // clang-format on
 
-// A tag value of 96 bits takes about so many characters in any form.
+// About as many characters as a tag value of 96 bits takes in any form.
 constexpr std::size_t USUAL_TEXT_BYTES = 40;
 constexpr std::size_t SMALLEST_ROOM = 8192;
 
@@ -64,7 +64,7 @@ void markValid(ColumnWriter& writer, std::int64_t row) {
         static_cast<std::uint8_t>(writer.validity[row / 8] | 1U << (row % 8));
 }
 
-// All that an exported array or type holds, in one allocation of its own.
+// All that an exported array or type holds, in one allocation.
 struct ExportedArray {
     const void* buffers[3];
     ArrowArray* children;
@@ -158,7 +158,7 @@ bool exportColumnType(const ColumnWriter& writer, const char* name, ArrowSchema&
     return true;
 }
 
-// A struct type and a struct array that have their children's places, and no child yet.
+// A struct type and a struct array with places for their children, but no child yet.
 bool exportRows(std::int64_t count, std::int64_t rows, ArrowSchema& type, ArrowArray& array) {
     auto* const heldType = allocate<ExportedType>(1);
     auto* const heldArray = allocate<ExportedArray>(1);
@@ -188,8 +188,8 @@ bool exportRows(std::int64_t count, std::int64_t rows, ArrowSchema& type, ArrowA
            heldArray->children != nullptr && heldArray->childPointers != nullptr;
 }
 
-// Large buffers are filled from front to back, once. In large pages the system hands them out many
-// times as quickly; without them they are the same.
+// Large buffers are filled from front to back, once. The system hands out large pages many times as
+// fast; without them nothing else changes.
 void adviseLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t size) {
 #if defined(MADV_HUGEPAGE)
     constexpr std::size_t worthwhile = std::size_t{1} << 22;

@@ -54,7 +54,7 @@ std::optional<int> optionOfRow(const Argument& argument, std::int64_t row,
     if (!columnInteger(argument.reader, row, number)) {
         return std::nullopt;
     }
-    // Beyond these limits every number is equally wrong.
+    // Past these limits every number is equally wrong.
     return static_cast<int>(std::clamp<std::int64_t>(number, -1, 1000));
 }
 
@@ -93,7 +93,7 @@ std::string_view valueText(Call& call, std::string_view value) {
         return value;
     }
     call.hex.clear();
-    // What is too long stays so.
+    // What is too long stays too long.
     value = value.substr(0, MAX_VALUE_LENGTH);
     appendHex(call.hex, {reinterpret_cast<const std::uint8_t*>(value.data()), value.size()});
     return call.hex;
@@ -296,7 +296,7 @@ std::int32_t readTids(const ArrowSchema* type, const ArrowArray* values, const c
     return columnTableClose(call.table, outputs, call.reader.length, *outType, *out, error);
 }
 
-// Strings and vectors throw when memory runs out; callers in C must not see that.
+// Strings and vectors throw when memory runs out; that must not reach callers in C.
 template <typename Work>
 std::int32_t withoutExceptions(char* error, Work work) {
 #if defined(__cpp_exceptions)

@@ -34,15 +34,15 @@ inline ExplainedField& walkField(Walk& walk) {
     return walk.explanation.fields.back();
 }
 
-// Adds the next field and gives its bits, or the empty text where fewer are left: then the walk has
+// Adds the next field and gives its bits, or the empty text if fewer are left: then the walk has
 // failed.
 std::string_view walkTake(Walk& walk, std::string_view name, std::size_t width);
 
-// As walkTake, with the number that the bits are. width is 64 at most.
+// Like walkTake, but gives the bits as a number. width is 64 at most.
 std::uint64_t walkNumber(Walk& walk, std::string_view name, std::size_t width);
 
-// Lengthens the last field and gives its new bits; empty where the bits end: then the walk has
-// failed.
+// Lengthens the last field and gives its new bits, or the empty text if fewer are left: then the
+// walk has failed.
 std::string_view walkExtend(Walk& walk, std::size_t width);
 
 // The bits of the last field.

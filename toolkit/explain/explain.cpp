@@ -1,5 +1,5 @@
 /*
- * Explains whatever has bits of its own.
+ * Explains values that are bits.
  */
 #include "core/status.h"
 #include "explain/explain_epc.h"
@@ -26,7 +26,7 @@ EpcStatus hexOf(const Reading& reading, std::string& hex) {
     });
 }
 
-// Whether the library reads the bits, and where they are in its texts.
+// Whether the library can read the bits, and where they are in its texts.
 EpcStatus readEpc(std::string_view hex, Explanation& explanation) {
     Translation tag;
     EPC_TRY(formsOfHex(hex, ALL_FORMS, tag));
@@ -44,7 +44,7 @@ void explain(std::string_view value, const ReadOptions& options, Explanation& re
     result.places.clear();
     Reading reading{value, options, result.workspace, result.notes, result.failure};
     const bool isPrepared = readingPrepare(reading);
-    // Digits that could be a GTIN are the beginning of a tag value here.
+    // Here digits that could be a GTIN are the beginning of a tag value.
     if (reading.form == Form::GTIN) {
         reading.form = Form::HEX;
         reading.notes.clear();

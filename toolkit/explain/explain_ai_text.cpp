@@ -65,7 +65,7 @@ void meanValue(Walk& walk, const AiSubject& subject, std::string_view value) {
     walkField(walk).ai = subject.code;
 }
 
-// A number of up to 64 bits must not have more digits than its place; a longer one may.
+// A number of up to 64 bits must not have more than that many digits; a longer one may.
 void walkDigitsAsNumber(Walk& walk, const AiSubject& subject, std::size_t digits) {
     const auto width = static_cast<std::size_t>(aiDigitBits(static_cast<std::int32_t>(digits)));
     const std::string number =

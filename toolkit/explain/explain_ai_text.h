@@ -22,7 +22,7 @@ std::string fieldName(const AiSubject& subject, std::string_view part);
 // The last field holds this part of the AI's value.
 void meanValue(Walk& walk, const AiSubject& subject, std::string_view value);
 
-// A number of so many digits.
+// A number of that many digits.
 void walkDigitsAsNumber(Walk& walk, const AiSubject& subject, std::size_t digits);
 
 // How many digits or characters follow.

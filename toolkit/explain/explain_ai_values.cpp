@@ -14,7 +14,7 @@ namespace rosetag {
 
 namespace {
 
-// Reads digits of four bits each. False at something else, which other then is.
+// Reads a digit of four bits. False if other, the four bits, is not a digit.
 bool extendDigit(Walk& walk, std::string& digits, std::uint64_t& other) {
     const std::string_view bits = walkExtend(walk, DIGIT_BITS);
     other = numberOfBits(bits);
@@ -212,8 +212,8 @@ std::string walkAiCode(Walk& walk) {
     return code;
 }
 
-// The section has ended where its rest cannot be an AI: 0000 0000 with too few bits for an SSCC
-// after it is filling.
+// The section ends where the rest cannot be an AI: 0000 0000 with too few bits after it for an SSCC
+// is padding.
 bool dataSectionEnds(const Walk& walk) {
     const std::size_t left = walkLeft(walk);
     if (left <= AI_PREFIX_BITS) {

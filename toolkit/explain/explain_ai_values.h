@@ -16,7 +16,7 @@ void walkAiValue(Walk& walk, std::string_view code);
 // Which date follows, and the date.
 void walkDateCoded(Walk& walk);
 
-// AIs with their codes, as long as there are bits. otherAis were read before.
+// AIs with their codes, as long as there are bits. otherAis is how many were read before.
 void walkDataSection(Walk& walk, std::size_t otherAis);
 
 } // namespace rosetag

@@ -15,7 +15,7 @@ namespace {
 // The EPC begins at the third word of its memory bank.
 constexpr std::size_t EPC_ADDRESS = 32;
 
-// What the fields so far say of those that follow.
+// What the fields so far say about those that follow.
 struct LayoutState {
     bool hasData = false;
     CompanyPrefixSize prefix{};
@@ -235,8 +235,8 @@ void walkRest(Walk& walk) {
     walkMean(walk, isFilling ? "fills the last word" : "not part of the value");
 }
 
-// The CRC if there is one, the PC word, and its extensions. There is a CRC where the bits before
-// the EPC are more than the PC word needs.
+// The CRC if there is one, the PC word, and its extensions. There is a CRC if more bits precede the
+// EPC than the PC word accounts for.
 void walkBankWords(Walk& walk, std::string_view words) {
     const std::size_t count = words.size() / HEX_WORD_DIGITS;
     if (count == 0) {

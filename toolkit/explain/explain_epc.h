@@ -12,7 +12,7 @@ namespace rosetag {
 // bankWords are those of the memory bank before the EPC, if any.
 bool explainEpc(std::string_view bankWords, std::string_view hexDigits, Explanation& explanation);
 
-// The same of the TID memory of a tag.
+// The same for the TID memory of a tag.
 bool explainTid(std::string_view hexDigits, Explanation& explanation);
 
 // The last field of an explanation and what is wrong with it: "bits 11 to 13 (partition): ...".

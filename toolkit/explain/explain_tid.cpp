@@ -39,7 +39,7 @@ void walkSerial(Walk& walk, const TidField& field, std::uint64_t length) {
     walkMean(walk, hexOfBits(bits), hexOfBits(bits));
 }
 
-// Reads the fields of a word. serialLength is what the field of that meaning said.
+// Reads the fields of a word. serialLength is the value of the field of that meaning.
 void walkWord(Walk& walk, TidWord word, std::uint64_t& serialLength) {
     const std::size_t first = walk.position;
     for (const TidField& field : word) {

@@ -31,7 +31,7 @@ void place(Explanation& explanation, std::size_t field, Form form, Span span) {
     }
 }
 
-bool standsInTexts(FieldKind kind) {
+bool isInTexts(FieldKind kind) {
     switch (kind) {
     case FieldKind::FILTER:
     case FieldKind::COMPANY_PREFIX:
@@ -62,14 +62,14 @@ std::size_t fieldNamed(const Explanation& explanation, std::string_view name) {
 std::vector<std::size_t> uriFields(const Explanation& explanation) {
     std::vector<std::size_t> fields;
     for (const SchemeField& field : schemeFields(schemeRowOf(*explanation.scheme))) {
-        if (standsInTexts(field.kind)) {
+        if (isInTexts(field.kind)) {
             fields.push_back(fieldNamed(explanation, field.name));
         }
     }
     return fields;
 }
 
-// The fields of a URI body are separated by full stops; only the last can have one itself.
+// The fields of a URI body are separated by full stops; only the last may contain one.
 void placeUriBody(Explanation& explanation, Form form, std::string_view uri,
                   std::span<const std::size_t> fields) {
     std::size_t position = uri.rfind(':', uri.find('.')) + 1;
@@ -132,8 +132,8 @@ std::vector<AiPiece> piecesOfKey(const Translation& forms, const Explanation& ex
     return pieces;
 }
 
-// The fields of a plus scheme that an AI names hold its value one after the other, in the order of
-// the AIs. The field before them may be the code.
+// The fields of a plus scheme that belong to an AI hold its value in order, AI after AI. The field
+// before them may be the code.
 std::vector<AiPiece> piecesOfAis(const Translation& forms, const Explanation& explanation) {
     std::vector<AiPiece> pieces;
     const AiValue* ai = forms.ais.begin();
@@ -199,7 +199,8 @@ void placeInLink(Explanation& explanation, std::string_view link, const AiPiece&
                        : escapedSpan(link, code + piece.ai->ai.size() + 1, piece.part));
 }
 
-// The AIs of an element string or a barcode string follow one another in an order of their own.
+// Element strings and barcode strings have their AIs in an order that differs from that of the
+// bits.
 void placeInText(Explanation& explanation, Form form, std::string_view text,
                  std::span<const AiPiece> pieces) {
     const bool hasBrackets = form == Form::ELEMENT_STRING;

@@ -8,7 +8,7 @@
 
 namespace rosetag {
 
-// Fills places of an explanation of a sound tag value. forms are all forms of that value.
+// Fills the places of the explanation of a sound tag value. forms has all forms of that value.
 void placeFields(const Translation& forms, Explanation& explanation);
 
 } // namespace rosetag

@@ -17,9 +17,27 @@ constexpr std::array<Form, 8> textForms = {
     Form::DIGITAL_LINK, Form::HEX,           Form::GTIN,           Form::SERIAL,
 };
 
+<<<<<<< HEAD
 void putLine(JsonWriter& json, std::uint64_t line) {
     if (line != 0) {
         jsonMember(json, "line", line);
+=======
+template <typename Elements, typename Put>
+void putArray(JsonWriter& json, const Elements& rows, Put putRow) {
+    jsonBegin(json, '[');
+    for (const auto& row : rows) {
+        putRow(json, row);
+    }
+    jsonEnd(json, ']');
+}
+
+// A member that is left out where there are no rows.
+template <typename Elements, typename Put>
+void putArrayIfAny(JsonWriter& json, std::string_view key, const Elements& rows, Put putRow) {
+    if (!rows.empty()) {
+        jsonKey(json, key);
+        putArray(json, rows, putRow);
+>>>>>>> 870028c (Say in plainer English what the comments of the library and toolkit say, and derive what was written twice)
     }
 }
 
@@ -33,23 +51,19 @@ void putFailure(JsonWriter& json, const Failure& failure) {
     jsonMemberIfAny(json, "option", failure.option);
 }
 
+void putNote(JsonWriter& json, const Note& note) {
+    jsonBegin(json, '{');
+    jsonMember(json, "kind", noteWord(note.kind));
+    jsonMember(json, "severity", severityWord(note.severity));
+    jsonMember(json, "text", note.text);
+    jsonMember(json, "position", note.position);
+    jsonMember(json, "length", note.length);
+    jsonMemberIfAny(json, "option", note.option);
+    jsonEnd(json, '}');
+}
+
 void putNotes(JsonWriter& json, const Rows<Note>& notes) {
-    if (notes.empty()) {
-        return;
-    }
-    jsonKey(json, "notes");
-    jsonBegin(json, '[');
-    for (const Note& note : notes) {
-        jsonBegin(json, '{');
-        jsonMember(json, "kind", noteWord(note.kind));
-        jsonMember(json, "severity", severityWord(note.severity));
-        jsonMember(json, "text", note.text);
-        jsonMember(json, "position", note.position);
-        jsonMember(json, "length", note.length);
-        jsonMemberIfAny(json, "option", note.option);
-        jsonEnd(json, '}');
-    }
-    jsonEnd(json, ']');
+    putArrayIfAny(json, "notes", notes, putNote);
 }
 
 void putFinding(JsonWriter& json, const Finding& finding) {
@@ -64,44 +78,20 @@ void putFinding(JsonWriter& json, const Finding& finding) {
     jsonEnd(json, '}');
 }
 
-void putFindings(JsonWriter& json, const Rows<Finding>& findings) {
-    jsonBegin(json, '[');
-    for (const Finding& finding : findings) {
-        putFinding(json, finding);
-    }
-    jsonEnd(json, ']');
-}
-
 void putAi(JsonWriter& json, const AiValue& ai) {
     jsonMember(json, "ai", ai.ai);
     jsonMember(json, "title", ai.title);
     jsonMember(json, "value", ai.value);
 }
 
-void putAis(JsonWriter& json, const Rows<AiValue>& ais) {
-    if (ais.empty()) {
-        return;
-    }
-    jsonKey(json, formWord(Form::AIS));
-    jsonBegin(json, '[');
-    for (const AiValue& ai : ais) {
-        jsonBegin(json, '{');
-        putAi(json, ai);
-        jsonEnd(json, '}');
-    }
-    jsonEnd(json, ']');
+void putAiObject(JsonWriter& json, const AiValue& ai) {
+    jsonBegin(json, '{');
+    putAi(json, ai);
+    jsonEnd(json, '}');
 }
 
-void putSchemeNames(JsonWriter& json, const Rows<const SchemeInfo*>& schemes) {
-    if (schemes.empty()) {
-        return;
-    }
-    jsonKey(json, formWord(Form::FITS_SCHEMES));
-    jsonBegin(json, '[');
-    for (const SchemeInfo* scheme : schemes) {
-        jsonText(json, scheme->name);
-    }
-    jsonEnd(json, ']');
+void putSchemeName(JsonWriter& json, const SchemeInfo* scheme) {
+    jsonText(json, scheme->name);
 }
 
 void putForms(JsonWriter& json, const Translation& result) {
@@ -119,8 +109,8 @@ void putForms(JsonWriter& json, const Translation& result) {
     if (result.bits != 0) {
         jsonMember(json, "bits", static_cast<std::uint64_t>(result.bits));
     }
-    putAis(json, result.ais);
-    putSchemeNames(json, result.fitsSchemes);
+    putArrayIfAny(json, formWord(Form::AIS), result.ais, putAiObject);
+    putArrayIfAny(json, formWord(Form::FITS_SCHEMES), result.fitsSchemes, putSchemeName);
 }
 
 void putField(JsonWriter& json, const Explanation& result, const ExplainedField& field) {
@@ -178,38 +168,21 @@ void putTid(JsonWriter& json, const TidRecord& record) {
     jsonMember(json, "block_perma_lock_block_size", record.blockPermaLockBlockSize);
 }
 
-void putPlaces(JsonWriter& json, const Rows<FieldPlace>& places) {
-    if (places.empty()) {
-        return;
-    }
-    jsonKey(json, "places");
-    jsonBegin(json, '[');
-    for (const FieldPlace& place : places) {
-        jsonBegin(json, '{');
-        jsonMember(json, "field", place.field);
-        jsonMember(json, "form", formWord(place.form));
-        jsonMember(json, "position", place.position);
-        jsonMember(json, "length", place.length);
-        jsonEnd(json, '}');
-    }
-    jsonEnd(json, ']');
+void putPlace(JsonWriter& json, const FieldPlace& place) {
+    jsonBegin(json, '{');
+    jsonMember(json, "field", place.field);
+    jsonMember(json, "form", formWord(place.form));
+    jsonMember(json, "position", place.position);
+    jsonMember(json, "length", place.length);
+    jsonEnd(json, '}');
 }
 
-void putFilterWords(JsonWriter& json, const SchemeInfo& scheme) {
-    const std::span<const FilterWord> words = filterWords(scheme);
-    if (words.empty()) {
-        return;
-    }
-    jsonKey(json, "filters");
-    jsonBegin(json, '[');
-    for (const FilterWord& word : words) {
-        jsonBegin(json, '{');
-        jsonMember(json, "filter", static_cast<std::uint64_t>(word.filter));
-        jsonMember(json, "word", word.word);
-        jsonMember(json, "name", word.name);
-        jsonEnd(json, '}');
-    }
-    jsonEnd(json, ']');
+void putFilterWord(JsonWriter& json, const FilterWord& word) {
+    jsonBegin(json, '{');
+    jsonMember(json, "filter", static_cast<std::uint64_t>(word.filter));
+    jsonMember(json, "word", word.word);
+    jsonMember(json, "name", word.name);
+    jsonEnd(json, '}');
 }
 
 } // namespace
@@ -241,10 +214,7 @@ void appendJson(std::string& text, const Translation& result, std::string_view v
         putForms(json, result);
     }
     putNotes(json, result.notes);
-    if (!result.findings.empty()) {
-        jsonKey(json, formWord(Form::FINDINGS));
-        putFindings(json, result.findings);
-    }
+    putArrayIfAny(json, formWord(Form::FINDINGS), result.findings, putFinding);
     jsonEnd(json, '}');
 }
 
@@ -261,12 +231,10 @@ void appendJson(std::string& text, const Explanation& result, std::string_view v
     jsonMemberIfAny(json, "hex", result.hex);
     jsonMember(json, "bank_address", result.bankAddress);
     jsonKey(json, "fields");
-    jsonBegin(json, '[');
-    for (const ExplainedField& field : result.fields) {
-        putField(json, result, field);
-    }
-    jsonEnd(json, ']');
-    putPlaces(json, result.places);
+    putArray(json, result.fields, [&result](JsonWriter& array, const ExplainedField& field) {
+        putField(array, result, field);
+    });
+    putArrayIfAny(json, "places", result.places, putPlace);
     if (isFailure(result.failure)) {
         putFailure(json, result.failure);
     }
@@ -312,7 +280,7 @@ void appendJson(std::string& text, const SchemeInfo& scheme) {
     jsonMember(json, "thing", scheme.thing);
     jsonMember(json, "header", "0x" + std::string(hexPairOf(scheme.header)));
     jsonMember(json, "filter_limit", static_cast<std::uint64_t>(scheme.filterLimit));
-    putFilterWords(json, scheme);
+    putArrayIfAny(json, "filters", filterWords(scheme), putFilterWord);
     jsonMemberBool(json, "uri", scheme.hasUris);
     jsonMemberBool(json, "gs1", scheme.hasGs1Texts);
     jsonMemberBool(json, "further_ais", scheme.isPlus);
@@ -331,14 +299,23 @@ void appendJson(std::string& text, const Rows<Finding>& findings, const Rows<Not
     putLine(json, line);
     jsonMember(json, "value", value);
     jsonKey(json, formWord(Form::FINDINGS));
+<<<<<<< HEAD
     putFindings(json, findings);
     putNotes(json, notes);
+=======
+    putArray(json, findings, putFinding);
+>>>>>>> 870028c (Say in plainer English what the comments of the library and toolkit say, and derive what was written twice)
     jsonEnd(json, '}');
 }
 
 void appendJson(std::string& text, const Rows<Finding>& findings) {
+<<<<<<< HEAD
     JsonWriter json(text);
     putFindings(json, findings);
+=======
+    JsonWriter json{text};
+    putArray(json, findings, putFinding);
+>>>>>>> 870028c (Say in plainer English what the comments of the library and toolkit say, and derive what was written twice)
 }
 
 } // namespace rosetag

@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t MDID_BITS = 9;
 constexpr std::size_t TMN_BITS = 12;
 
-// False if the text is not a number of so many binary digits.
+// False if the text is not a number of that many binary digits.
 bool readBits(std::string_view text, std::size_t bits, std::uint16_t& number) {
     unsigned value = 0;
     for (const char digit : text) {

@@ -26,7 +26,7 @@ GcpAnswer gcpLengthOf(const GcpList& list, std::string_view digits) {
     while (count < LONGEST_LISTED_PREFIX && count < digits.size() && charIsDigit(digits[count])) {
         prefix = prefix * 10 + static_cast<std::uint64_t>(digits[count++] - '0');
     }
-    std::uint64_t unit = 1; // of the last digit that counts
+    std::uint64_t unit = 1; // the value of the last digit that counts
     for (std::size_t i = count; i < LONGEST_LISTED_PREFIX; ++i) {
         prefix *= 10;
         unit *= 10;

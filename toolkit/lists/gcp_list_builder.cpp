@@ -1,5 +1,5 @@
 /*
- * Makes a prefix list of entries that come in any order.
+ * Makes a prefix list from entries in any order.
  */
 #include "core/char_class.h"
 #include "lists/list_order.h"

@@ -10,7 +10,7 @@
 
 namespace rosetag {
 
-// They add the entries as they are; the list is not finished.
+// They add the entries as they come; the list must still be finished.
 Failure readGcpListXml(std::string_view text, GcpList& list);
 Failure readGcpListJson(std::string_view text, GcpList& list);
 

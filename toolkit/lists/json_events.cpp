@@ -12,7 +12,7 @@ namespace {
 
 using Json = nlohmann::json;
 
-// Counts what has been read, for the place of a fault.
+// Counts what has been read, to tell the place of a fault.
 struct CountedText {
     using iterator_category = std::input_iterator_tag;
     using value_type = char;

@@ -1,6 +1,6 @@
 /*
- * A JSON text read event by event, so that no tree of a large list is built. The members of the
- * objects that lead to a value are its path.
+ * Reads a JSON text event by event, without building the tree of a large list. The members that
+ * lead to a value are its path.
  */
 #ifndef ROSETAG_TOOLKIT_LISTS_JSON_EVENTS_H
 #define ROSETAG_TOOLKIT_LISTS_JSON_EVENTS_H
@@ -13,11 +13,10 @@
 
 namespace rosetag {
 
-// One name for each object or array that is open: that of the member which it is, empty for an
-// element.
+// One name for each open object or array: that of its member, empty for an element.
 using JsonPath = std::vector<std::string>;
 
-// What a list takes from a JSON text. A text that is not empty says what is wrong.
+// What a list takes from a JSON text. A text that they return says what is wrong.
 class JsonListener {
 public:
     virtual ~JsonListener() = default;

@@ -1,5 +1,5 @@
 /*
- * How the entries of the lists are ordered, for those who write and those who look up.
+ * How the entries of the lists are ordered, for building and for lookups.
  */
 #ifndef ROSETAG_TOOLKIT_LISTS_LIST_ORDER_H
 #define ROSETAG_TOOLKIT_LISTS_LIST_ORDER_H
@@ -13,7 +13,7 @@ namespace rosetag {
 inline constexpr std::size_t SHORTEST_LISTED_PREFIX = 3;
 inline constexpr std::size_t LONGEST_LISTED_PREFIX = 12;
 
-// Of entries that begin with the same digits the shorter comes first.
+// Of two entries that begin with the same digits, the shorter comes first.
 inline bool gcpEntryIsBefore(const GcpListEntry& one, const GcpListEntry& other) {
     return one.prefix != other.prefix ? one.prefix < other.prefix : one.digits < other.digits;
 }

@@ -132,7 +132,7 @@ EpcStatus encodeText(const EncodeCall& call, const std::string& text, Export enc
 // A plain scheme takes a link by way of a bracketed text, which a "(" in a value would cut: such
 // AIs go on as a barcode string.
 EpcStatus encodeLink(const EncodeCall& call, const std::string& text, const ParsedAis* ais) {
-    if (ais == nullptr || call.options.scheme->isPlus || canStandInBrackets(*ais)) {
+    if (ais == nullptr || call.options.scheme->isPlus || fitBrackets(*ais)) {
         return encodeText(call, text, epc_digitalLinkToHexEnc);
     }
     std::array<char, EPC_BARCODE_STRING_SIZE> room;
@@ -151,7 +151,7 @@ EpcStatus encodeSyntax(const EncodeCall& call, Form form, const ParsedAis* ais) 
     if (form == Form::DIGITAL_LINK) {
         return encodeLink(call, text, ais);
     }
-    return ais != nullptr && canStandInBrackets(*ais)
+    return ais != nullptr && fitBrackets(*ais)
                ? encodeText(call, elementStringOf(*ais), epc_gs1ElementStringToHexEnc)
                : encodeText(call, text, epc_barcodeStringToHexEnc);
 }

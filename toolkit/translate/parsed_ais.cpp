@@ -1,7 +1,5 @@
 #include "translate/parsed_ais.h"
 
-#include "gs1/digital_link_parser.h"
-
 namespace rosetag {
 
 namespace {
@@ -28,7 +26,7 @@ EpcStatus aisParse(Form form, std::string_view text, ParsedAis& ais) {
                        0);
 }
 
-bool canStandInBrackets(const ParsedAis& ais) {
+bool fitBrackets(const ParsedAis& ais) {
     for (std::size_t i = 0; i < ais.list.count; ++i) {
         if (aiValueAt(ais, i).find('(') != std::string_view::npos) {
             return false;

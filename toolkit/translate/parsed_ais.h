@@ -5,6 +5,7 @@
 #define ROSETAG_TOOLKIT_TRANSLATE_PARSED_AIS_H
 
 #include "gs1/ai_list.h"
+#include "gs1/digital_link_parser.h"
 
 #include <rosetag/toolkit.hpp>
 
@@ -12,8 +13,8 @@ namespace rosetag {
 
 struct ParsedAis {
     AiList list{};
-    const char* base = nullptr;     // of the values
-    std::array<char, 1800> decoded; // the values of a link, which the library limits to this
+    const char* base = nullptr;                 // of the values
+    std::array<char, LINK_VALUES_SIZE> decoded; // the values of a link
 };
 
 // Reads a prepared text of the form ELEMENT_STRING, BARCODE_STRING or DIGITAL_LINK, which ends in a
@@ -29,7 +30,7 @@ inline std::string_view aiCodeAt(const ParsedAis& ais, std::size_t index) {
 }
 
 // True if a bracketed text of the AIs reads back as the same: a "(" in a value would begin another.
-bool canStandInBrackets(const ParsedAis& ais);
+bool fitBrackets(const ParsedAis& ais);
 
 // The AIs as a bracketed text, in their order.
 std::string elementStringOf(const ParsedAis& ais);

@@ -62,7 +62,7 @@ void addPureIdentity(Reading& reading, const ParsedAis& ais, FormSet wanted, Tra
 }
 
 EpcStatus textsOfAis(Reading& reading, ParsedAis& ais, FormSet wanted, Translation& result) {
-    const bool hasBrackets = canStandInBrackets(ais);
+    const bool hasBrackets = fitBrackets(ais);
     const bool needsUri = wanted.hasAny(Form::PURE_IDENTITY | Form::FITS_SCHEMES) && hasBrackets;
     if (wanted.has(Form::ELEMENT_STRING) || needsUri) {
         EPC_TRY((writeAis<EPC_ELEMENT_STRING_SIZE, const AiList&>(

@@ -16,7 +16,7 @@ namespace rosetag {
 
 namespace {
 
-bool standsInUri(const SchemeField& field, Form form) {
+bool isInUri(const SchemeField& field, Form form) {
     return field.kind != FieldKind::PARTITION && field.kind != FieldKind::RESERVED &&
            (field.kind != FieldKind::FILTER || form == Form::TAG_URI);
 }
@@ -24,7 +24,7 @@ bool standsInUri(const SchemeField& field, Form form) {
 std::vector<const SchemeField*> uriFields(const SchemeInfo& scheme, Form form) {
     std::vector<const SchemeField*> fields;
     for (const SchemeField& field : schemeFields(schemeRowOf(scheme))) {
-        if (standsInUri(field, form)) {
+        if (isInUri(field, form)) {
             fields.push_back(&field);
         }
     }
