@@ -22,13 +22,8 @@ bool isPlain(char character) {
     return code >= 0x20 && code < 0x80 && character != '"' && character != '\\';
 }
 
-<<<<<<< HEAD
 // True if eight characters stand for themselves; for some that do it is not.
 bool areEightPlain(std::uint64_t bytes) {
-=======
-// How many characters at the start of a text need no escape.
-std::size_t plainLength(std::string_view text) {
->>>>>>> 870028c (Say in plainer English what the comments of the library and toolkit say, and derive what was written twice)
     constexpr std::uint64_t ones = 0x0101010101010101;
     constexpr std::uint64_t highs = 0x8080808080808080;
     // A high bit is set for a byte that is below 0x20, above 0x7F, a quote or a backslash, and

@@ -1,11 +1,6 @@
 /*
-<<<<<<< HEAD
- * Writes JSON into a string, with no white space. Commas come by themselves; the text is whole
- * when every object and array has ended.
-=======
- * Writes JSON into a string, without white space. Commas are added automatically; the caller must
- * end every object and array.
->>>>>>> 870028c (Say in plainer English what the comments of the library and toolkit say, and derive what was written twice)
+ * Writes JSON into a string, without white space. Commas are added automatically; the text is
+ * complete when every object and array has ended.
  *
  * Source: RFC 8259.
  */

@@ -17,11 +17,12 @@ constexpr std::array<Form, 8> textForms = {
     Form::DIGITAL_LINK, Form::HEX,           Form::GTIN,           Form::SERIAL,
 };
 
-<<<<<<< HEAD
 void putLine(JsonWriter& json, std::uint64_t line) {
     if (line != 0) {
         jsonMember(json, "line", line);
-=======
+    }
+}
+
 template <typename Elements, typename Put>
 void putArray(JsonWriter& json, const Elements& rows, Put putRow) {
     jsonBegin(json, '[');
@@ -37,7 +38,6 @@ void putArrayIfAny(JsonWriter& json, std::string_view key, const Elements& rows,
     if (!rows.empty()) {
         jsonKey(json, key);
         putArray(json, rows, putRow);
->>>>>>> 870028c (Say in plainer English what the comments of the library and toolkit say, and derive what was written twice)
     }
 }
 
@@ -299,23 +299,14 @@ void appendJson(std::string& text, const Rows<Finding>& findings, const Rows<Not
     putLine(json, line);
     jsonMember(json, "value", value);
     jsonKey(json, formWord(Form::FINDINGS));
-<<<<<<< HEAD
-    putFindings(json, findings);
-    putNotes(json, notes);
-=======
     putArray(json, findings, putFinding);
->>>>>>> 870028c (Say in plainer English what the comments of the library and toolkit say, and derive what was written twice)
+    putNotes(json, notes);
     jsonEnd(json, '}');
 }
 
 void appendJson(std::string& text, const Rows<Finding>& findings) {
-<<<<<<< HEAD
     JsonWriter json(text);
-    putFindings(json, findings);
-=======
-    JsonWriter json{text};
     putArray(json, findings, putFinding);
->>>>>>> 870028c (Say in plainer English what the comments of the library and toolkit say, and derive what was written twice)
 }
 
 } // namespace rosetag

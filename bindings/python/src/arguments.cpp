@@ -225,16 +225,10 @@ bool Value::readBuffer() {
     }
     const ItemKind kind = itemKindOf(buffer.format);
     const auto* const bytes = static_cast<const std::uint8_t*>(buffer.buf);
-<<<<<<< HEAD
     const auto size = static_cast<std::size_t>(buffer.len);
     if (size > MAX_VALUE_LENGTH && kind != ItemKind::OTHER) {
         text = {static_cast<const char*>(buffer.buf), size}; // too long; nobody looks at it
     } else if (kind == ItemKind::BYTE) {
-=======
-    // What is too long stays too long.
-    const std::size_t size = std::min(static_cast<std::size_t>(buffer.len), MAX_VALUE_LENGTH);
-    if (buffer.itemsize == 1) {
->>>>>>> 870028c (Say in plainer English what the comments of the library and toolkit say, and derive what was written twice)
         appendHex(hex, {bytes, size});
     } else if (kind != ItemKind::OTHER) {
         const std::size_t high = kind == ItemKind::BIG_WORD ? 0 : 1;
