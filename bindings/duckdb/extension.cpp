@@ -34,7 +34,7 @@ void runText(Chunk& chunk) {
     const SqlTextWork work = functionOf(chunk).text;
     forEachValue(
         chunk, [&](idx_t row) { putNull(column, row); },
-        [&](idx_t row, SqlValue value) {
+        [&](idx_t row, const SqlValue& value) {
             putTextOrNull(column, row, work(chunk.room, value));
             return true;
         });
@@ -45,7 +45,7 @@ void runNumber(Chunk& chunk) {
     const SqlNumberWork work = functionOf(chunk).number;
     forEachValue(
         chunk, [&](idx_t row) { putNull(column, row); },
-        [&](idx_t row, SqlValue value) {
+        [&](idx_t row, const SqlValue& value) {
             putNumberOrNull(column, row, work(chunk.room, value));
             return true;
         });
@@ -55,7 +55,7 @@ void runCheck(Chunk& chunk) {
     OutColumn column(chunk.output);
     forEachValue(
         chunk, [&](idx_t row) { putNull(column, row); },
-        [&](idx_t row, SqlValue value) {
+        [&](idx_t row, const SqlValue& value) {
             if (const auto refusal = sqlRefusal(chunk.room, value); !refusal.empty()) {
                 fail(chunk, std::string(refusal));
                 return false;
@@ -70,7 +70,7 @@ void runAi(Chunk& chunk) {
     const InColumn ais = inColumn(chunk, 1);
     forEachValue(
         chunk, [&](idx_t row) { putNull(column, row); },
-        [&](idx_t row, SqlValue value) {
+        [&](idx_t row, const SqlValue& value) {
             if (isNull(ais, row)) {
                 putNull(column, row);
                 return true;
@@ -94,7 +94,7 @@ void encodeRows(Chunk& chunk, OutColumn& column, Put put) {
     EncodeOptions options;
     forEachValue(
         chunk, [&](idx_t row) { putNull(column, row); },
-        [&](idx_t row, SqlValue value) {
+        [&](idx_t row, const SqlValue& value) {
             if (isNull(schemes, row)) {
                 putNull(column, row);
                 return true;

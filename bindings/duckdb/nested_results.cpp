@@ -12,11 +12,8 @@ struct Field {
     duckdb_type type;
 };
 
-// Those of epc_decode: which is the scheme's and which the filter's.
-constexpr std::size_t SCHEME_FIELD = 0;
-constexpr std::size_t FILTER_FIELD = 1;
-static_assert(std::string_view(sqlDecodeFields[SCHEME_FIELD]) == "scheme");
-static_assert(std::string_view(sqlDecodeFields[FILTER_FIELD]) == "filter");
+// Those of epc_decode.
+enum DecodeField { SCHEME, FILTER, FIRST_FORM };
 
 // clang-format off
 constexpr Field tidFields[] = {
@@ -68,12 +65,12 @@ void putNull(StructColumn& column, idx_t row) {
 
 // A struct that is NULL has fields that are NULL too.
 template <typename Put>
-void forEachStruct(Chunk& chunk, std::size_t fields, bool (*read)(SqlRoom& room, SqlValue value),
-                   Put put) {
+void forEachStruct(Chunk& chunk, std::size_t fields,
+                   bool (*read)(SqlRoom& room, const SqlValue& value), Put put) {
     StructColumn column(chunk.output, fields);
     forEachValue(
         chunk, [&](idx_t row) { putNull(column, row); },
-        [&](idx_t row, SqlValue value) {
+        [&](idx_t row, const SqlValue& value) {
             if (read(chunk.room, value)) {
                 put(column.fields, row);
             } else {
@@ -109,18 +106,17 @@ struct MapEntries {
     idx_t capacity = 0;
 };
 
-bool translateAll(SqlRoom& room, SqlValue value) {
-    return sqlTranslate(room, value, sqlDecodeForms);
+bool translateAll(SqlRoom& room, const SqlValue& value) {
+    return sqlTranslate(room, value, sqlDecodeFormSet());
 }
 
 } // namespace
 
 duckdb_logical_type decodeType() {
-    std::vector<Field> fields;
-    for (const char* const name : sqlDecodeFields) {
-        fields.push_back({name, DUCKDB_TYPE_VARCHAR});
+    std::vector<Field> fields = {{"scheme", DUCKDB_TYPE_VARCHAR}, {"filter", DUCKDB_TYPE_INTEGER}};
+    for (const SqlDecodeForm& row : sqlDecodeForms) {
+        fields.push_back({row.name, DUCKDB_TYPE_VARCHAR});
     }
-    fields[FILTER_FIELD].type = DUCKDB_TYPE_INTEGER;
     return structType(fields);
 }
 
@@ -137,14 +133,14 @@ duckdb_logical_type aisType() {
 
 void runDecode(Chunk& chunk) {
     forEachStruct(
-        chunk, std::size(sqlDecodeFields), translateAll,
+        chunk, FIRST_FORM + std::size(sqlDecodeForms), translateAll,
         [&](std::vector<OutColumn>& fields, idx_t row) {
             const Translation& item = chunk.room.item;
-            putTextOrNull(fields[SCHEME_FIELD], row,
+            putTextOrNull(fields[SCHEME], row,
                           item.scheme == nullptr ? std::string_view() : item.scheme->name);
-            putNumberOrNull(fields[FILTER_FIELD], row, item.filter);
-            for (std::size_t i = FILTER_FIELD + 1; i < fields.size(); ++i) {
-                putTextOrNull(fields[i], row, formText(item, formByWord(sqlDecodeFields[i])));
+            putNumberOrNull(fields[FILTER], row, item.filter);
+            for (std::size_t i = 0; i < std::size(sqlDecodeForms); ++i) {
+                putTextOrNull(fields[FIRST_FORM + i], row, formText(item, sqlDecodeForms[i].form));
             }
         });
 }
@@ -171,7 +167,7 @@ void runAis(Chunk& chunk) {
         maps[row] = {entries.count, 0};
         putNull(column, row);
     };
-    forEachValue(chunk, putNullMap, [&](idx_t row, SqlValue value) {
+    forEachValue(chunk, putNullMap, [&](idx_t row, const SqlValue& value) {
         if (!sqlTranslate(chunk.room, value, Form::AIS)) {
             putNullMap(row);
             return true;

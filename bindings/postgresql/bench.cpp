@@ -11,21 +11,57 @@
 
 namespace {
 
-using Export = EpcStatus (*)(const char* hex, std::int32_t dstSize, char* dst);
+// Of a value, the first character of what it gives.
+using Call = char (*)(const char* hex);
 
-double millisecondsOf(Export convert, const std::vector<std::string>& values) {
+template <auto convert>
+char textOf(const char* hex) {
     std::array<char, EPC_ELEMENT_STRING_SIZE> text;
+    return convert(hex, static_cast<std::int32_t>(text.size()), text.data()) == EPC_OK ? text[0]
+                                                                                       : '\0';
+}
+
+char aisOf(const char* hex) {
+    std::array<char, std::size_t{EPC_MAX_AIS} * EPC_AI_CODE_SIZE> codes;
+    std::array<char, std::size_t{EPC_MAX_AIS} * EPC_AI_VALUE_SIZE> values;
+    std::uint32_t count = 0;
+    return epc_hexToAIs(hex, EPC_MAX_AIS, EPC_AI_VALUE_SIZE, codes.data(), values.data(), &count) ==
+                   EPC_OK
+               ? values[0]
+               : '\0';
+}
+
+char formsOf(const char* hex) {
+    return static_cast<char>(
+        textOf<epc_hexToEpcTagUri>(hex) & textOf<epc_hexToEpcUri>(hex) &
+        textOf<epc_hexToGs1ElementString>(hex) & textOf<epc_hexToBarcodeString>(hex) &
+        textOf<epc_hexToDigitalLink>(hex) & textOf<epc_hexToTagSchemeName>(hex) & aisOf(hex));
+}
+
+double millisecondsOf(Call call, const std::vector<std::string>& values) {
     std::size_t used = 0;
     const std::clock_t start = std::clock();
     for (const std::string& value : values) {
-        used +=
-            convert(value.c_str(), static_cast<std::int32_t>(text.size()), text.data()) == EPC_OK
-                ? static_cast<unsigned char>(text[0])
-                : 0;
+        used += static_cast<unsigned char>(call(value.c_str()));
     }
     const std::clock_t time = std::clock() - start;
     return used == 0 ? -1 : 1000.0 * static_cast<double>(time) / CLOCKS_PER_SEC;
 }
+
+struct Loop {
+    const char* name;
+    Call call;
+};
+
+constexpr Loop loops[] = {
+    {"tag_uri", textOf<epc_hexToEpcTagUri>},
+    {"pure_identity", textOf<epc_hexToEpcUri>},
+    {"element_string", textOf<epc_hexToGs1ElementString>},
+    {"digital_link", textOf<epc_hexToDigitalLink>},
+    {"scheme", textOf<epc_hexToTagSchemeName>},
+    {"ais", aisOf},
+    {"forms", formsOf},
+};
 
 } // namespace
 
@@ -35,7 +71,7 @@ int main(int, char** arguments) {
     for (std::string line; std::getline(file, line);) {
         values.push_back(line);
     }
-    std::printf("tag_uri\t%.3f\n", millisecondsOf(epc_hexToEpcTagUri, values));
-    std::printf("element_string\t%.3f\n", millisecondsOf(epc_hexToGs1ElementString, values));
-    std::printf("digital_link\t%.3f\n", millisecondsOf(epc_hexToDigitalLink, values));
+    for (const Loop& loop : loops) {
+        std::printf("%s\t%.3f\n", loop.name, millisecondsOf(loop.call, values));
+    }
 }

@@ -23,11 +23,16 @@ PG_MODULE_MAGIC;
 
 static bool isAscii(struct RosetagText text) {
     uint64 bits = 0;
+    uint64 eight;
     size_t i = 0;
-    for (; i + sizeof bits <= text.size; i += sizeof bits) {
-        uint64 eight;
+    for (; i + sizeof eight <= text.size; i += sizeof eight) {
         memcpy(&eight, text.data + i, sizeof eight);
         bits |= eight;
+    }
+    if (i > 0) { /* what is left, with some of what was seen */
+        memcpy(&eight, text.data + text.size - sizeof eight, sizeof eight);
+        bits |= eight;
+        i = text.size;
     }
     for (; i < text.size; ++i) {
         bits |= (uint64)(unsigned char)text.data[i];
@@ -180,7 +185,7 @@ static TupleDesc rowTypeOf(FunctionCallInfo fcinfo) {
 static Datum giveText(FunctionCallInfo fcinfo, enum RosetagTextFunction function, bool isBinary) {
     struct RosetagText text;
     const struct RosetagValue value = valueOf(PG_GETARG_DATUM(0), isBinary);
-    if (!isThere(rosetagText(function, value, &text))) {
+    if (!isThere(rosetagText(function, &value, &text))) {
         PG_RETURN_NULL();
     }
     return textDatum(text, &fcinfo->isnull);
@@ -190,7 +195,7 @@ static Datum giveNumber(FunctionCallInfo fcinfo, enum RosetagNumberFunction func
                         bool isBinary) {
     int32_t number;
     const struct RosetagValue value = valueOf(PG_GETARG_DATUM(0), isBinary);
-    if (!isThere(rosetagNumber(function, value, &number))) {
+    if (!isThere(rosetagNumber(function, &value, &number))) {
         PG_RETURN_NULL();
     }
     PG_RETURN_INT32(number);
@@ -216,7 +221,7 @@ static Datum giveAi(FunctionCallInfo fcinfo, bool isBinary) {
     struct RosetagText text;
     const struct RosetagValue value = valueOf(PG_GETARG_DATUM(0), isBinary);
     const struct RosetagText ai = bytesOf(PG_GETARG_VARLENA_PP(1));
-    const enum RosetagOutcome outcome = rosetagAi(value, ai, &text);
+    const enum RosetagOutcome outcome = rosetagAi(&value, ai, &text);
     if (outcome == ROSETAG_BAD_ARGUMENT) {
         refuseArgument(text);
     }
@@ -234,19 +239,17 @@ FUNCTION_OF_BOTH(epc_ai, giveAi)
 
 static Datum giveForms(FunctionCallInfo fcinfo, bool isBinary) {
     struct RosetagDecoded decoded;
-    Datum values[ROSETAG_DECODE_FIELDS];
-    bool nulls[ROSETAG_DECODE_FIELDS];
+    Datum values[2 + ROSETAG_DECODE_FORMS];
+    bool nulls[2 + ROSETAG_DECODE_FORMS];
     const struct RosetagValue value = valueOf(PG_GETARG_DATUM(0), isBinary);
-    if (!isThere(rosetagDecode(value, &decoded))) {
+    if (!isThere(rosetagDecode(&value, &decoded))) {
         PG_RETURN_NULL();
     }
-    for (int i = 0; i < ROSETAG_DECODE_FIELDS; ++i) {
-        if (i == ROSETAG_DECODE_FILTER) {
-            nulls[i] = decoded.filter < 0;
-            values[i] = Int32GetDatum(decoded.filter);
-        } else {
-            values[i] = textDatum(decoded.texts[i], &nulls[i]);
-        }
+    values[0] = textDatum(decoded.scheme, &nulls[0]);
+    values[1] = Int32GetDatum(decoded.filter);
+    nulls[1] = decoded.filter < 0;
+    for (int i = 0; i < ROSETAG_DECODE_FORMS; ++i) {
+        values[2 + i] = textDatum(decoded.forms[i], &nulls[2 + i]);
     }
     return HeapTupleGetDatum(heap_form_tuple(rowTypeOf(fcinfo), values, nulls));
 }
@@ -258,7 +261,7 @@ static Datum giveAis(FunctionCallInfo fcinfo, bool isBinary) {
     InitMaterializedSRF(fcinfo, 0);
     const ReturnSetInfo* const result = (ReturnSetInfo*)fcinfo->resultinfo;
     const struct RosetagValue value = valueOf(PG_GETARG_DATUM(0), isBinary);
-    if (!isThere(rosetagAis(value, &count))) {
+    if (!isThere(rosetagAis(&value, &count))) {
         return (Datum)0;
     }
     for (size_t i = 0; i < count; ++i) {
@@ -279,7 +282,7 @@ FUNCTION_OF_BOTH(epc_ais, giveAis)
 static Datum giveTid(FunctionCallInfo fcinfo, bool isBinary) {
     struct RosetagTid tid;
     const struct RosetagValue value = valueOf(PG_GETARG_DATUM(0), isBinary);
-    if (!isThere(rosetagTid(value, &tid))) {
+    if (!isThere(rosetagTid(&value, &tid))) {
         PG_RETURN_NULL();
     }
     bool nulls[7] = {false};
@@ -330,7 +333,7 @@ static Datum check(FunctionCallInfo fcinfo, bool isBinary) {
     /* All of a long value, so that the message has its length. */
     const struct RosetagText text = bytesOf(PG_GETARG_VARLENA_PP(0));
     const struct RosetagValue value = {isBinary ? text : utf8Of(text), isBinary};
-    if (!isThere(rosetagCheck(value, &failure))) {
+    if (!isThere(rosetagCheck(&value, &failure))) {
         ereport(ERROR, (errcode(ERRCODE_INVALID_TEXT_REPRESENTATION),
                         errmsg("%s", sentenceOf(failure.message)),
                         errdetail("%s", placeOf(value, &failure)),

@@ -82,9 +82,7 @@ constexpr SqlNumberWork numberWorks[] = {ROSETAG_NUMBER_FUNCTIONS(WORK_OF_NUMBER
 static_assert(std::size(textWorks) == std::size(sqlTextFunctions));
 static_assert(std::size(numberWorks) == std::size(sqlNumberFunctions));
 
-static_assert(std::size(sqlDecodeFields) == ROSETAG_DECODE_FIELDS);
-static_assert(std::string_view(sqlDecodeFields[ROSETAG_DECODE_SCHEME]) == "scheme");
-static_assert(std::string_view(sqlDecodeFields[ROSETAG_DECODE_FILTER]) == "filter");
+static_assert(std::size(sqlDecodeForms) == ROSETAG_DECODE_FORMS);
 
 std::optional<std::int64_t> numberOf(const std::int32_t* number) {
     return number == nullptr ? std::nullopt : std::optional<std::int64_t>(*number);
@@ -95,50 +93,50 @@ std::optional<std::int64_t> numberOf(const std::int32_t* number) {
 
 using namespace rosetag;
 
-RosetagOutcome rosetagText(RosetagTextFunction function, RosetagValue value, RosetagText* text) {
+RosetagOutcome rosetagText(RosetagTextFunction function, const RosetagValue* value,
+                           RosetagText* text) {
     return run(
-        [=](SqlRoom& free) { return give(textWorks[function](free, valueOf(value)), *text); });
+        [=](SqlRoom& free) { return give(textWorks[function](free, valueOf(*value)), *text); });
 }
 
-RosetagOutcome rosetagNumber(RosetagNumberFunction function, RosetagValue value,
+RosetagOutcome rosetagNumber(RosetagNumberFunction function, const RosetagValue* value,
                              std::int32_t* number) {
     return run([=](SqlRoom& free) {
-        const std::optional<int> found = numberWorks[function](free, valueOf(value));
+        const std::optional<int> found = numberWorks[function](free, valueOf(*value));
         *number = found.value_or(0);
         return found.has_value() ? ROSETAG_DONE : ROSETAG_NULL;
     });
 }
 
-RosetagOutcome rosetagAi(RosetagValue value, RosetagText ai, RosetagText* text) {
+RosetagOutcome rosetagAi(const RosetagValue* value, RosetagText ai, RosetagText* text) {
     return run([=](SqlRoom& free) {
         if (std::string fault = sqlAiFault(viewOf(ai)); !fault.empty()) {
             free.text = std::move(fault);
             *text = textOf(free.text);
             return ROSETAG_BAD_ARGUMENT;
         }
-        return give(sqlAi(free, valueOf(value), viewOf(ai)), *text);
+        return give(sqlAi(free, valueOf(*value), viewOf(ai)), *text);
     });
 }
 
-RosetagOutcome rosetagDecode(RosetagValue value, RosetagDecoded* decoded) {
+RosetagOutcome rosetagDecode(const RosetagValue* value, RosetagDecoded* decoded) {
     return run([=](SqlRoom& free) {
-        if (!sqlTranslate(free, valueOf(value), sqlDecodeForms)) {
+        if (!sqlTranslate(free, valueOf(*value), sqlDecodeFormSet())) {
             return ROSETAG_NULL;
         }
         const Translation& item = free.item;
-        for (std::size_t i = 0; i < std::size(sqlDecodeFields); ++i) {
-            decoded->texts[i] = textOf(formText(item, formByWord(sqlDecodeFields[i])));
-        }
-        decoded->texts[ROSETAG_DECODE_SCHEME] =
-            textOf(item.scheme == nullptr ? std::string_view() : item.scheme->name);
+        decoded->scheme = textOf(item.scheme == nullptr ? std::string_view() : item.scheme->name);
         decoded->filter = item.filter.value_or(-1);
+        for (std::size_t i = 0; i < std::size(sqlDecodeForms); ++i) {
+            decoded->forms[i] = textOf(formText(item, sqlDecodeForms[i].form));
+        }
         return ROSETAG_DONE;
     });
 }
 
-RosetagOutcome rosetagAis(RosetagValue value, std::size_t* count) {
+RosetagOutcome rosetagAis(const RosetagValue* value, std::size_t* count) {
     return run([=](SqlRoom& free) {
-        const bool isDecoded = sqlTranslate(free, valueOf(value), Form::AIS);
+        const bool isDecoded = sqlTranslate(free, valueOf(*value), Form::AIS);
         *count = isDecoded ? free.item.ais.size() : 0;
         return isDecoded ? ROSETAG_DONE : ROSETAG_NULL;
     });
@@ -149,9 +147,9 @@ RosetagAi rosetagAiRow(std::size_t index) {
     return {textOf(row.ai), textOf(row.value), textOf(row.title)};
 }
 
-RosetagOutcome rosetagTid(RosetagValue value, RosetagTid* tid) {
+RosetagOutcome rosetagTid(const RosetagValue* value, RosetagTid* tid) {
     return run([=](SqlRoom& free) {
-        if (!sqlTid(free, valueOf(value))) {
+        if (!sqlTid(free, valueOf(*value))) {
             return ROSETAG_NULL;
         }
         const TidRecord& record = free.tid.record;
@@ -167,9 +165,9 @@ RosetagOutcome rosetagTid(RosetagValue value, RosetagTid* tid) {
     });
 }
 
-RosetagOutcome rosetagCheck(RosetagValue value, RosetagFailure* failure) {
+RosetagOutcome rosetagCheck(const RosetagValue* value, RosetagFailure* failure) {
     return run([=](SqlRoom& free) {
-        if (sqlTranslate(free, valueOf(value), {})) {
+        if (sqlTranslate(free, valueOf(*value), {})) {
             return ROSETAG_DONE;
         }
         const Failure& found = free.item.failure;

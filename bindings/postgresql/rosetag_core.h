@@ -53,12 +53,13 @@ struct RosetagValue {
     bool isBinary; /* the bits of a tag rather than a text */
 };
 
-/* The members of epc_decode in their order. */
-enum { ROSETAG_DECODE_SCHEME = 0, ROSETAG_DECODE_FILTER = 1, ROSETAG_DECODE_FIELDS = 10 };
+enum { ROSETAG_DECODE_FORMS = 8 };
 
+/* The members of epc_decode in their order. */
 struct RosetagDecoded {
-    struct RosetagText texts[ROSETAG_DECODE_FIELDS]; /* that of the filter is not used */
-    int32_t filter;                                  /* -1: NULL */
+    struct RosetagText scheme;
+    int32_t filter; /* -1: NULL */
+    struct RosetagText forms[ROSETAG_DECODE_FORMS];
 };
 
 struct RosetagAi {
@@ -101,22 +102,22 @@ enum RosetagOutcome {
     ROSETAG_BROKEN /* An exception that nobody expects. */
 };
 
-enum RosetagOutcome rosetagText(enum RosetagTextFunction function, struct RosetagValue value,
+enum RosetagOutcome rosetagText(enum RosetagTextFunction function, const struct RosetagValue* value,
                                 struct RosetagText* text);
-enum RosetagOutcome rosetagNumber(enum RosetagNumberFunction function, struct RosetagValue value,
-                                  int32_t* number);
-enum RosetagOutcome rosetagAi(struct RosetagValue value, struct RosetagText ai,
+enum RosetagOutcome rosetagNumber(enum RosetagNumberFunction function,
+                                  const struct RosetagValue* value, int32_t* number);
+enum RosetagOutcome rosetagAi(const struct RosetagValue* value, struct RosetagText ai,
                               struct RosetagText* text);
-enum RosetagOutcome rosetagDecode(struct RosetagValue value, struct RosetagDecoded* decoded);
+enum RosetagOutcome rosetagDecode(const struct RosetagValue* value, struct RosetagDecoded* decoded);
 
 /* Gives the count of AIs; rosetagAiRow gives each until the next call of another function. */
-enum RosetagOutcome rosetagAis(struct RosetagValue value, size_t* count);
+enum RosetagOutcome rosetagAis(const struct RosetagValue* value, size_t* count);
 struct RosetagAi rosetagAiRow(size_t index);
 
-enum RosetagOutcome rosetagTid(struct RosetagValue value, struct RosetagTid* tid);
+enum RosetagOutcome rosetagTid(const struct RosetagValue* value, struct RosetagTid* tid);
 
 /* ROSETAG_NULL: the value cannot be decoded, and failure says why. */
-enum RosetagOutcome rosetagCheck(struct RosetagValue value, struct RosetagFailure* failure);
+enum RosetagOutcome rosetagCheck(const struct RosetagValue* value, struct RosetagFailure* failure);
 
 enum RosetagOutcome rosetagEncode(struct RosetagText text,
                                   const struct RosetagEncodeArguments* arguments,

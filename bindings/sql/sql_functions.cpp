@@ -3,7 +3,7 @@
 namespace rosetag {
 namespace {
 
-std::span<const std::uint8_t> bytesOf(SqlValue value) {
+std::span<const std::uint8_t> bytesOf(const SqlValue& value) {
     return {reinterpret_cast<const std::uint8_t*>(value.bytes.data()), value.bytes.size()};
 }
 
@@ -20,7 +20,7 @@ std::string limits(std::string_view name, int first, int last, std::int64_t give
 
 } // namespace
 
-bool sqlTranslate(SqlRoom& room, SqlValue value, FormSet wanted) {
+bool sqlTranslate(SqlRoom& room, const SqlValue& value, FormSet wanted) {
     if (value.isBinary) {
         translate(bytesOf(value), {}, wanted, room.item);
     } else {
@@ -29,49 +29,50 @@ bool sqlTranslate(SqlRoom& room, SqlValue value, FormSet wanted) {
     return !isFailure(room.item.failure);
 }
 
-std::string_view sqlForm(SqlRoom& room, SqlValue value, Form form) {
+std::string_view sqlForm(SqlRoom& room, const SqlValue& value, Form form) {
     return value.isBinary ? convert(bytesOf(value), {}, form, room.item)
                           : convert(value.bytes, {}, form, room.item);
 }
 
-std::string_view sqlScheme(SqlRoom& room, SqlValue value) {
+std::string_view sqlScheme(SqlRoom& room, const SqlValue& value) {
     return sqlTranslate(room, value, {}) && room.item.scheme != nullptr ? room.item.scheme->name
                                                                         : std::string_view();
 }
 
-std::string_view sqlStatus(SqlRoom& room, SqlValue value) {
+std::string_view sqlStatus(SqlRoom& room, const SqlValue& value) {
     sqlTranslate(room, value, {});
     return epc_statusName(room.item.failure.status);
 }
 
-std::string_view sqlAi(SqlRoom& room, SqlValue value, std::string_view ai) {
-    return sqlTranslate(room, value, Form::AIS) ? aiValueOf(room.item, ai) : std::string_view();
+std::string_view sqlAi(SqlRoom& room, const SqlValue& value, std::string_view ai) {
+    return value.isBinary ? convertToAi(bytesOf(value), {}, ai, room.item)
+                          : convertToAi(value.bytes, {}, ai, room.item);
 }
 
-std::optional<int> sqlFilter(SqlRoom& room, SqlValue value) {
+std::optional<int> sqlFilter(SqlRoom& room, const SqlValue& value) {
     return sqlTranslate(room, value, {}) ? room.item.filter : std::nullopt;
 }
 
-bool sqlTid(SqlRoom& room, SqlValue value) {
+bool sqlTid(SqlRoom& room, const SqlValue& value) {
     const bool fits = value.bytes.size() <= MAX_VALUE_LENGTH;
     tid(value.isBinary && fits ? hexOf(room, bytesOf(value)) : value.bytes, room.tid);
     return !isFailure(room.tid.failure);
 }
 
-std::string_view sqlTidSerial(SqlRoom& room, SqlValue value) {
+std::string_view sqlTidSerial(SqlRoom& room, const SqlValue& value) {
     return sqlTid(room, value) ? room.tid.record.serial : std::string_view();
 }
 
-std::optional<int> sqlTidDesigner(SqlRoom& room, SqlValue value) {
+std::optional<int> sqlTidDesigner(SqlRoom& room, const SqlValue& value) {
     return sqlTid(room, value) ? std::optional<int>(room.tid.record.mdid & TID_DESIGNER_MASK)
                                : std::nullopt;
 }
 
-std::optional<int> sqlTidModel(SqlRoom& room, SqlValue value) {
+std::optional<int> sqlTidModel(SqlRoom& room, const SqlValue& value) {
     return sqlTid(room, value) ? std::optional<int>(room.tid.record.tmid) : std::nullopt;
 }
 
-std::string_view sqlRefusal(SqlRoom& room, SqlValue value) {
+std::string_view sqlRefusal(SqlRoom& room, const SqlValue& value) {
     if (sqlTranslate(room, value, {})) {
         return {};
     }
@@ -112,7 +113,7 @@ std::string sqlReadEncodeArguments(const SqlEncodeArguments& arguments, EncodeOp
     return {};
 }
 
-std::string_view sqlEncode(SqlRoom& room, SqlValue value, const EncodeOptions& options) {
+std::string_view sqlEncode(SqlRoom& room, const SqlValue& value, const EncodeOptions& options) {
     encode(value.bytes, options, Form::HEX, room.item);
     return isFailure(room.item.failure) ? std::string_view() : room.item.hex;
 }
@@ -128,8 +129,8 @@ std::string_view sqlBytesOfHex(SqlRoom& room, std::string_view hex) {
     return room.text;
 }
 
-std::string_view sqlDecodeJson(SqlRoom& room, SqlValue value) {
-    if (!sqlTranslate(room, value, sqlDecodeForms | Form::AIS)) {
+std::string_view sqlDecodeJson(SqlRoom& room, const SqlValue& value) {
+    if (!sqlTranslate(room, value, sqlDecodeFormSet() | Form::AIS)) {
         return {};
     }
     room.text.clear();
@@ -137,7 +138,7 @@ std::string_view sqlDecodeJson(SqlRoom& room, SqlValue value) {
     return room.text;
 }
 
-std::string_view sqlTidJson(SqlRoom& room, SqlValue value) {
+std::string_view sqlTidJson(SqlRoom& room, const SqlValue& value) {
     if (!sqlTid(room, value)) {
         return {};
     }

@@ -28,10 +28,10 @@ struct SqlRoom {
 };
 
 // A text that a function gives; none is NULL, and so is an empty one.
-using SqlTextWork = std::string_view (*)(SqlRoom& room, SqlValue value);
+using SqlTextWork = std::string_view (*)(SqlRoom& room, const SqlValue& value);
 
 // A number that a function gives; none is NULL.
-using SqlNumberWork = std::optional<int> (*)(SqlRoom& room, SqlValue value);
+using SqlNumberWork = std::optional<int> (*)(SqlRoom& room, const SqlValue& value);
 
 struct SqlTextFunction {
     const char* name;
@@ -43,25 +43,25 @@ struct SqlNumberFunction {
     SqlNumberWork work;
 };
 
-std::string_view sqlScheme(SqlRoom& room, SqlValue value);
-std::string_view sqlStatus(SqlRoom& room, SqlValue value);
-std::string_view sqlForm(SqlRoom& room, SqlValue value, Form form);
-std::string_view sqlAi(SqlRoom& room, SqlValue value, std::string_view ai);
-std::string_view sqlTidSerial(SqlRoom& room, SqlValue value);
-std::optional<int> sqlFilter(SqlRoom& room, SqlValue value);
-std::optional<int> sqlTidDesigner(SqlRoom& room, SqlValue value);
-std::optional<int> sqlTidModel(SqlRoom& room, SqlValue value);
+std::string_view sqlScheme(SqlRoom& room, const SqlValue& value);
+std::string_view sqlStatus(SqlRoom& room, const SqlValue& value);
+std::string_view sqlForm(SqlRoom& room, const SqlValue& value, Form form);
+std::string_view sqlAi(SqlRoom& room, const SqlValue& value, std::string_view ai);
+std::string_view sqlTidSerial(SqlRoom& room, const SqlValue& value);
+std::optional<int> sqlFilter(SqlRoom& room, const SqlValue& value);
+std::optional<int> sqlTidDesigner(SqlRoom& room, const SqlValue& value);
+std::optional<int> sqlTidModel(SqlRoom& room, const SqlValue& value);
 
 template <Form form>
-std::string_view sqlForm(SqlRoom& room, SqlValue value) {
+std::string_view sqlForm(SqlRoom& room, const SqlValue& value) {
     return sqlForm(room, value, form);
 }
 
-inline std::string_view sqlSscc(SqlRoom& room, SqlValue value) {
+inline std::string_view sqlSscc(SqlRoom& room, const SqlValue& value) {
     return sqlAi(room, value, "00");
 }
 
-inline std::string_view sqlGln(SqlRoom& room, SqlValue value) {
+inline std::string_view sqlGln(SqlRoom& room, const SqlValue& value) {
     return sqlAi(room, value, "414");
 }
 
@@ -88,25 +88,41 @@ inline constexpr SqlNumberFunction sqlNumberFunctions[] = {
     {"tid_model",          sqlTidModel},
 };
 
-// What epc_decode gives: each is what the function of that name gives.
-inline constexpr const char* sqlDecodeFields[] = {
-    "scheme", "filter", "tag_uri", "pure_identity", "element_string", "barcode_string",
-    "digital_link", "hex", "gtin", "serial",
+// What epc_decode gives: the scheme, the filter, and these forms. Each is what the function of that
+// name gives.
+struct SqlDecodeForm {
+    const char* name;
+    Form form;
+};
+
+inline constexpr SqlDecodeForm sqlDecodeForms[] = {
+    {"tag_uri",        Form::TAG_URI},
+    {"pure_identity",  Form::PURE_IDENTITY},
+    {"element_string", Form::ELEMENT_STRING},
+    {"barcode_string", Form::BARCODE_STRING},
+    {"digital_link",   Form::DIGITAL_LINK},
+    {"hex",            Form::HEX},
+    {"gtin",           Form::GTIN},
+    {"serial",         Form::SERIAL},
 };
 // clang-format on
 
-inline constexpr FormSet sqlDecodeForms =
-    Form::TAG_URI | Form::PURE_IDENTITY | Form::ELEMENT_STRING | Form::BARCODE_STRING |
-    Form::DIGITAL_LINK | Form::HEX | Form::GTIN | Form::SERIAL;
+constexpr FormSet sqlDecodeFormSet() {
+    FormSet forms;
+    for (const SqlDecodeForm& row : sqlDecodeForms) {
+        forms = forms | row.form;
+    }
+    return forms;
+}
 
 // Translates a value into room.item. False: it cannot be decoded.
-bool sqlTranslate(SqlRoom& room, SqlValue value, FormSet wanted);
+bool sqlTranslate(SqlRoom& room, const SqlValue& value, FormSet wanted);
 
 // Reads a TID memory into room.tid. False: it is none.
-bool sqlTid(SqlRoom& room, SqlValue value);
+bool sqlTid(SqlRoom& room, const SqlValue& value);
 
 // Why epc_check refuses a value, as a sentence; empty: it does not.
-std::string_view sqlRefusal(SqlRoom& room, SqlValue value);
+std::string_view sqlRefusal(SqlRoom& room, const SqlValue& value);
 
 // What is wrong with the AI that epc_ai is asked for, as a sentence; empty: nothing.
 std::string sqlAiFault(std::string_view ai);
@@ -122,14 +138,14 @@ struct SqlEncodeArguments {
 std::string sqlReadEncodeArguments(const SqlEncodeArguments& arguments, EncodeOptions& options);
 
 // The hex of epc_encode; empty is NULL.
-std::string_view sqlEncode(SqlRoom& room, SqlValue value, const EncodeOptions& options);
+std::string_view sqlEncode(SqlRoom& room, const SqlValue& value, const EncodeOptions& options);
 
 // The bytes of hex, in room.text.
 std::string_view sqlBytesOfHex(SqlRoom& room, std::string_view hex);
 
 // The results of epc_decode and tid_decode as JSON, in room.text; empty is NULL.
-std::string_view sqlDecodeJson(SqlRoom& room, SqlValue value);
-std::string_view sqlTidJson(SqlRoom& room, SqlValue value);
+std::string_view sqlDecodeJson(SqlRoom& room, const SqlValue& value);
+std::string_view sqlTidJson(SqlRoom& room, const SqlValue& value);
 
 } // namespace rosetag
 

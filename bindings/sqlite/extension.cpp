@@ -43,7 +43,7 @@ struct Call {
     SqlRoom& room;
 };
 
-using Work = void (*)(Call& call, SqlValue value);
+using Work = void (*)(Call& call, const SqlValue& value);
 
 // What SQLite keeps with a function: its work, and the room that it shares with the others.
 struct Function {
@@ -97,17 +97,17 @@ bool integerArgument(const Call& call, int index, const char* name,
     }
 }
 
-void runText(Call& call, SqlValue value) {
+void runText(Call& call, const SqlValue& value) {
     giveText(call, functionOf(call.context).text(call.room, value));
 }
 
-void runNumber(Call& call, SqlValue value) {
+void runNumber(Call& call, const SqlValue& value) {
     if (const auto number = functionOf(call.context).number(call.room, value)) {
         sqlite3_result_int(call.context, *number);
     }
 }
 
-void runAi(Call& call, SqlValue value) {
+void runAi(Call& call, const SqlValue& value) {
     std::string_view ai;
     if (!textArgument(call, 1, ai)) {
         return;
@@ -118,7 +118,7 @@ void runAi(Call& call, SqlValue value) {
     giveText(call, sqlAi(call.room, value, ai));
 }
 
-void runCheck(Call& call, SqlValue value) {
+void runCheck(Call& call, const SqlValue& value) {
     if (const std::string_view refusal = sqlRefusal(call.room, value); !refusal.empty()) {
         return fail(call, refusal);
     }
@@ -126,7 +126,7 @@ void runCheck(Call& call, SqlValue value) {
 }
 
 // The hex of a tag value; empty after a failure and for NULL.
-std::string_view encodedHex(Call& call, SqlValue value) {
+std::string_view encodedHex(Call& call, const SqlValue& value) {
     SqlEncodeArguments arguments;
     EncodeOptions options;
     if (!textArgument(call, 1, arguments.scheme) ||
@@ -141,11 +141,11 @@ std::string_view encodedHex(Call& call, SqlValue value) {
     return sqlEncode(call.room, value, options);
 }
 
-void runEncode(Call& call, SqlValue value) {
+void runEncode(Call& call, const SqlValue& value) {
     giveText(call, encodedHex(call, value));
 }
 
-void runEncodeBytes(Call& call, SqlValue value) {
+void runEncodeBytes(Call& call, const SqlValue& value) {
     if (const std::string_view hex = encodedHex(call, value); !hex.empty()) {
         const std::string_view bytes = sqlBytesOfHex(call.room, hex);
         sqlite3_result_blob(call.context, bytes.data(), static_cast<int>(bytes.size()),

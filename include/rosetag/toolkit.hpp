@@ -566,6 +566,12 @@ std::string_view convert(std::string_view value, const ReadOptions& options, For
 std::string_view convert(std::span<const std::uint8_t> bytes, const ReadOptions& options, Form form,
                          Translation& result);
 
+/** Like convert, but gives the value of an AI: of "21" the serial number of a trade item. */
+std::string_view convertToAi(std::string_view value, const ReadOptions& options,
+                             std::string_view ai, Translation& result);
+std::string_view convertToAi(std::span<const std::uint8_t> bytes, const ReadOptions& options,
+                             std::string_view ai, Translation& result);
+
 /** A sentence that says what was given: "an EPC value in hex, scheme sgtin-96". */
 std::string describe(const Translation& translation);
 

@@ -228,7 +228,17 @@ TEST(Toolkit, ExplainsTheWordsBeforeTheEpc) {
 TEST(Convert, GivesWhatTranslateGives) {
     const std::string values[] = {"30FFFFFFFFFFFFFFFFFFFFFF",
                                   "3074257BF7194E4000001A85",
-                                  "3174257BF4499602D2000000",
+                                  "3114257BF4499602D2000000",
+                                  "3174257BF4499602D2000001",
+                                  "3214257BF460720000000190",
+                                  "3214257BF460720000000000",
+                                  "3314257BF40C0E4000000190",
+                                  "3414257BF400000000BC6038",
+                                  "2C14257BF460720000000190",
+                                  "3C14257BF400026900000190",
+                                  "3F14257BF460720000000578",
+                                  "350000001000002000000003",
+                                  "3A14257BF46072000000000002BC0000",
                                   "2F0000000000000000000000",
                                   "3074257bf7194e4000001a85",
                                   "3074257BF7194E40000000000",
@@ -240,13 +250,32 @@ TEST(Convert, GivesWhatTranslateGives) {
                                   "urn:epc:id:sgtin:0614141.812345.6789"};
     Translation room;
     int texts = 0;
+    int aiValues = 0;
     for (const std::string& value : values) {
         std::string bytes;
         for (std::size_t i = 0; i + 1 < value.size(); i += 2) {
             bytes += static_cast<char>(std::strtol(value.substr(i, 2).c_str(), nullptr, 16));
         }
-        for (const Form form : {Form::TAG_URI, Form::HEX, Form::PURE_IDENTITY, Form::ELEMENT_STRING,
-                                Form::BARCODE_STRING, Form::DIGITAL_LINK, Form::GTIN}) {
+        const std::span<const std::uint8_t> span(
+            reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+        const Translation ais = translate(value, {}, Form::AIS);
+        const bool isTag =
+            ais.form == Form::HEX && value.size() % 2 == 0 && value.find('f') == std::string::npos;
+        for (const char* const ai :
+             {"00", "01", "21", "254", "255", "414", "8003", "8004", "8011"}) {
+            SCOPED_TRACE(value + " as the AI " + ai);
+            const std::string_view expected =
+                isFailure(ais.failure) ? std::string_view() : aiValueOf(ais, ai);
+            EXPECT_EQ(expected, convertToAi(value, {}, ai, room));
+            EXPECT_EQ(ais.failure.status, room.failure.status);
+            aiValues += expected.empty() ? 0 : 1;
+            if (isTag) {
+                EXPECT_EQ(expected, convertToAi(span, {}, ai, room));
+            }
+        }
+        for (const Form form :
+             {Form::TAG_URI, Form::HEX, Form::PURE_IDENTITY, Form::ELEMENT_STRING,
+              Form::BARCODE_STRING, Form::DIGITAL_LINK, Form::GTIN, Form::SERIAL}) {
             SCOPED_TRACE(value + " as " + std::string(formWord(form)));
             const Translation expected = translate(value, {}, form);
             const std::string_view text =
@@ -254,16 +283,14 @@ TEST(Convert, GivesWhatTranslateGives) {
             EXPECT_EQ(text, convert(value, {}, form, room));
             EXPECT_EQ(expected.failure.status, room.failure.status);
             texts += text.empty() ? 0 : 1;
-            if (expected.form == Form::HEX && value.size() % 2 == 0 &&
-                value.find('f') == std::string::npos) {
-                const std::span<const std::uint8_t> span(
-                    reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+            if (isTag) {
                 EXPECT_EQ(text, convert(span, {}, form, room));
                 EXPECT_EQ(expected.failure.status, room.failure.status);
             }
         }
     }
-    EXPECT_GT(texts, 20);
+    EXPECT_GT(texts, 60);
+    EXPECT_GT(aiValues, 12);
     const std::vector<std::uint8_t> likeGtin = {0x30, 0x50, 0x60, 0x00, 0x13, 0x43, 0x52};
     EXPECT_EQ("", convert(likeGtin, {}, Form::GTIN, room));
     EXPECT_EQ(EPC_ERR_TRUNCATED, room.failure.status);

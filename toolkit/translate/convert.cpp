@@ -5,6 +5,7 @@
 #include "recognise/reading.h"
 #include "rosetag/toolkit.hpp"
 #include "translate/tag_form_writers.h"
+#include "translate/translate.h"
 
 namespace rosetag {
 namespace {
@@ -13,23 +14,66 @@ std::string_view charactersOf(std::span<const std::uint8_t> bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-// True where a plain tag value has the form: then text is that.
-bool convertTag(const TagBits& tag, Form form, Translation& result, std::string_view& text) {
-    const TagFormWriter write = tagFormWriterOf(form);
+// Reads a value that is plain. False if it is not.
+bool readPlain(std::string_view value, const ReadOptions& options, TagBits& tag) {
+    return plainTagRead(value, options, tag);
+}
+
+bool readPlain(std::span<const std::uint8_t> bytes, const ReadOptions& options, TagBits& tag) {
+    return mayBePlainTags(options) && plainTagOfBytes(charactersOf(bytes), tag) &&
+           plainTagIsClear(tag, options);
+}
+
+// Writes a text of a plain value. False if it is not plain, or does not have the text.
+// value: a text, or bytes; write: EpcStatus(BitBuffer& bits, TextBuffer& text)
+template <typename Value, typename Write>
+bool writePlain(Value value, const ReadOptions& options, Write write, Translation& result,
+                std::string_view& text) {
+    TagBits tag;
+    if (!readPlain(value, options, tag)) {
+        return false;
+    }
     std::string& room = result.workspace.more;
     if (room.size() < TAG_FORM_ROOM) {
         room.resize(TAG_FORM_ROOM);
     }
-    std::size_t length = 0;
-    if (write == nullptr || !tagFormWrite(tag, write, room.data(), length)) {
+    BitBuffer bits = bitBufferForReading(tag.bytes.data(), tag.count);
+    TextBuffer buffer = textBufferOver(room.data(), TAG_FORM_ROOM);
+    if (write(bits, buffer) != EPC_OK) {
         return false;
     }
     if (isFailure(result.failure)) {
         failureClear(result.failure);
     }
     result.notes.clear();
-    text = {room.data(), length};
+    text = textBufferView(buffer);
     return true;
+}
+
+template <typename Value>
+std::string_view convertAny(Value value, const ReadOptions& options, Form form,
+                            Translation& result) {
+    const TagFormWriter write = tagFormWriterOf(form);
+    std::string_view text;
+    if (write != nullptr && writePlain(value, options, write, result, text)) {
+        return text;
+    }
+    translate(value, options, form, result);
+    return isFailure(result.failure) ? std::string_view() : formText(result, form);
+}
+
+template <typename Value>
+std::string_view convertAnyToAi(Value value, const ReadOptions& options, std::string_view ai,
+                                Translation& result) {
+    const auto write = [ai](BitBuffer& bits, TextBuffer& text) {
+        return aiOfNumericBits(bits, ai, text);
+    };
+    std::string_view text;
+    if (writePlain(value, options, write, result, text)) {
+        return text;
+    }
+    translate(value, options, Form::AIS, result);
+    return isFailure(result.failure) ? std::string_view() : aiValueOf(result, ai);
 }
 
 } // namespace
@@ -51,25 +95,22 @@ void translate(std::span<const std::uint8_t> bytes, const ReadOptions& options, 
 
 std::string_view convert(std::string_view value, const ReadOptions& options, Form form,
                          Translation& result) {
-    TagBits tag;
-    std::string_view text;
-    if (plainTagRead(value, options, tag) && convertTag(tag, form, result, text)) {
-        return text;
-    }
-    translate(value, options, form, result);
-    return isFailure(result.failure) ? std::string_view() : formText(result, form);
+    return convertAny(value, options, form, result);
 }
 
 std::string_view convert(std::span<const std::uint8_t> bytes, const ReadOptions& options, Form form,
                          Translation& result) {
-    TagBits tag;
-    std::string_view text;
-    if (mayBePlainTags(options) && plainTagOfBytes(charactersOf(bytes), tag) &&
-        plainTagIsClear(tag, options) && convertTag(tag, form, result, text)) {
-        return text;
-    }
-    translate(bytes, options, form, result);
-    return isFailure(result.failure) ? std::string_view() : formText(result, form);
+    return convertAny(bytes, options, form, result);
+}
+
+std::string_view convertToAi(std::string_view value, const ReadOptions& options,
+                             std::string_view ai, Translation& result) {
+    return convertAnyToAi(value, options, ai, result);
+}
+
+std::string_view convertToAi(std::span<const std::uint8_t> bytes, const ReadOptions& options,
+                             std::string_view ai, Translation& result) {
+    return convertAnyToAi(bytes, options, ai, result);
 }
 
 } // namespace rosetag

@@ -5,6 +5,7 @@
 #include "schemes/tag_scheme.h"
 #include "translate/translate.h"
 
+#include <algorithm>
 #include <array>
 
 namespace rosetag {
@@ -25,12 +26,20 @@ EpcStatus putNumber(BitBuffer& bits, TextBuffer& text) {
     return numberOfBits(bits, number, text);
 }
 
+// Of bits that can be read.
+EpcStatus putHex(BitBuffer& bits, TextBuffer& text) {
+    EPC_TRY(bitsPutEpcUri(bits, text, UriForm::PURE_IDENTITY));
+    text = textBufferOver(text.begin, text.capacity);
+    return textBufferPutHex(text, bits.bytes, bits.capacity / 8);
+}
+
 struct FormWriter {
     Form form;
     TagFormWriter write;
 };
 
 constexpr FormWriter formWriters[] = {
+    {Form::HEX, putHex},
     {Form::TAG_URI, putUri<UriForm::TAG>},
     {Form::PURE_IDENTITY, putUri<UriForm::PURE_IDENTITY>},
     {Form::ELEMENT_STRING, putGs1Text<&TagSchemeOps::binaryToElementString>},
@@ -67,6 +76,9 @@ bool tagFormWrite(const TagBits& tag, TagFormWriter write, char* room, std::size
     TextBuffer text = textBufferOver(room, TAG_FORM_ROOM);
     const EpcStatus status = write(bits, text);
     length = static_cast<std::size_t>(textBufferLength(text));
+    if (text.begin != room) {
+        std::copy(text.begin, text.writePointer, room);
+    }
     return status == EPC_OK;
 }
 

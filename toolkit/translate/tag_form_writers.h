@@ -14,6 +14,7 @@ namespace rosetag {
 // Holds every form of a value of up to 96 bits, and most of the others.
 constexpr std::size_t TAG_FORM_ROOM = 256;
 
+// Writes a form into an empty text, which becomes no more than it: it may begin later.
 using TagFormWriter = EpcStatus (*)(BitBuffer& bits, TextBuffer& text);
 
 // Null if bits alone do not make the form.

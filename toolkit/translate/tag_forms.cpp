@@ -98,24 +98,83 @@ EpcStatus urisOfBits(const BitBuffer& bits, FormSet wanted, Translation& result)
     return EPC_OK;
 }
 
-// What was encoded for a scheme of numbers can be read: both look at the same limits.
-constexpr std::array<bool, EPC_SCHEME_COUNT> numericSchemesMake() {
-    std::array<bool, EPC_SCHEME_COUNT> numeric{};
-    for (const SchemeRow& row : schemeRows) {
-        numeric[static_cast<std::size_t>(row.scheme)] = schemeIsNumeric(row);
-    }
-    return numeric;
+// True if the bits can be read; otherwise the general reader says whether they can.
+using NumbersRead = bool (*)(const BitBuffer& bits);
+
+template <EpcScheme scheme>
+bool readNumbers(const BitBuffer& bits) {
+    NumericIdentity identity;
+    return numericFromBits<scheme>(bits, identity);
 }
 
-constexpr std::array<bool, EPC_SCHEME_COUNT> numericSchemes = numericSchemesMake();
-
-// Some form that shows whether the bits can be read, if none was asked for.
-FormSet readable(FormSet wanted, const SchemeInfo& scheme) {
-    if (wanted.hasAny(scheme.hasUris ? Form::TAG_URI | Form::PURE_IDENTITY : FormSet()) ||
-        wanted.hasAny(scheme.hasGs1Texts ? GS1_TEXTS | AI_FORMS : FormSet())) {
-        return wanted;
+template <EpcScheme scheme>
+constexpr NumbersRead numbersReadOf() {
+    if constexpr (schemeIsNumeric(schemeRows[scheme])) {
+        return readNumbers<scheme>;
     }
-    return wanted | (scheme.hasUris ? Form::PURE_IDENTITY : Form::ELEMENT_STRING);
+    return nullptr;
+}
+
+// By scheme; null for those that are not of numbers.
+template <int... scheme>
+constexpr auto numbersReadsMake(std::integer_sequence<int, scheme...>) {
+    return std::array{numbersReadOf<EpcScheme{scheme}>()...};
+}
+
+constexpr auto numbersReads = numbersReadsMake(std::make_integer_sequence<int, EPC_SCHEME_COUNT>());
+
+// What was encoded for a scheme of numbers can be read: both look at the same limits.
+NumbersRead numbersReadFor(const SchemeInfo& scheme) {
+    return numbersReads[static_cast<std::size_t>(scheme.scheme)];
+}
+
+// Whether some form that was asked for shows that the bits can be read.
+bool showsReadable(FormSet wanted, const SchemeInfo& scheme) {
+    return wanted.hasAny(scheme.hasUris ? Form::TAG_URI | Form::PURE_IDENTITY : FormSet()) ||
+           wanted.hasAny(scheme.hasGs1Texts ? GS1_TEXTS | AI_FORMS : FormSet());
+}
+
+// EPC_OK if the bits can be read.
+EpcStatus readBits(BitBuffer bits, const SchemeInfo& scheme, NumbersRead numeric) {
+    if (numeric != nullptr && numeric(bits)) {
+        return EPC_OK;
+    }
+    std::array<char, std::max(EPC_URI_SIZE, EPC_ELEMENT_STRING_SIZE)> room;
+    TextBuffer text = textBufferOver(room.data(), static_cast<std::int32_t>(room.size()));
+    return scheme.hasUris ? bitsPutEpcUri(bits, text, UriForm::PURE_IDENTITY)
+                          : bitsPutGs1Text(bits, text, &TagSchemeOps::binaryToElementString);
+}
+
+// Character by character: a wider load has to wait for what was just stored in parts.
+AiText firstAiOf(std::string_view elementString) {
+    std::size_t codeEnd = 1;
+    while (elementString[codeEnd] != ')') {
+        ++codeEnd;
+    }
+    return {elementString.substr(1, codeEnd - 1), elementString.substr(codeEnd + 1)};
+}
+
+// One or two AIs whose values are digits.
+struct DigitAis {
+    AiText first;
+    AiText last; // the first if there is no other
+};
+
+ROSETAG_INLINE DigitAis digitAisOf(std::string_view elementString) {
+    const std::size_t last = elementString.rfind('(');
+    return {firstAiOf(last == 0 ? elementString : elementString.substr(0, last)),
+            firstAiOf(elementString.substr(last))};
+}
+
+bool isNumeric(const BitBuffer& bits) {
+    const SchemeInfo* const scheme = schemeByHeader(bits.bytes[0]);
+    return scheme != nullptr && numbersReadFor(*scheme) != nullptr;
+}
+
+// Narrows a text to what was found in it.
+void textNarrow(TextBuffer& text, std::string_view found) {
+    text.begin += found.empty() ? 0 : found.data() - text.begin;
+    text.writePointer = text.begin + found.size();
 }
 
 } // namespace
@@ -156,27 +215,47 @@ EpcStatus formsOfTag(const TagBits& tag, FormSet wanted, TagOrigin origin, Trans
         result.filter = schemeFilterOf(*result.scheme, tag.bytes.data());
     }
     const BitBuffer bits = bitBufferForReading(tag.bytes.data(), tag.count);
-    const bool isReadable = origin == TagOrigin::ENCODED &&
-                            numericSchemes[static_cast<std::size_t>(result.scheme->scheme)];
-    const FormSet forms = isReadable ? wanted : readable(wanted, *result.scheme);
+    const NumbersRead numeric = numbersReadFor(*result.scheme);
+    const bool isReadable = origin == TagOrigin::ENCODED && numeric != nullptr;
+    if (!isReadable && !showsReadable(wanted, *result.scheme)) {
+        EPC_TRY(readBits(bits, *result.scheme, numeric));
+    }
     if (result.scheme->hasUris) {
-        EPC_TRY(urisOfBits(bits, forms, result));
+        EPC_TRY(urisOfBits(bits, wanted, result));
     }
-    if (result.scheme->hasGs1Texts) {
-        EPC_TRY(gs1TextsOfBits(bits, forms, result));
-    }
-    if (forms != wanted) {
-        dropUnasked(wanted, result);
-    }
-    return EPC_OK;
+    return result.scheme->hasGs1Texts ? gs1TextsOfBits(bits, wanted, result) : EPC_OK;
 }
 
-EpcStatus numberOfBits(const BitBuffer& bits, Form number, TextBuffer& text) {
+EpcStatus numberOfBits(BitBuffer& bits, Form number, TextBuffer& text) {
+    if (isNumeric(bits)) {
+        EPC_TRY(bitsPutGs1Text(bits, text, &TagSchemeOps::binaryToElementString));
+        const DigitAis ais = digitAisOf(textBufferView(text));
+        std::string_view found;
+        if (number == Form::SERIAL) {
+            serialIn(ais.last, *gs1KeyFindByAi(ais.first.code), found);
+        } else if (ais.first.code == GTIN_AI) {
+            found = ais.first.value;
+        }
+        textNarrow(text, found);
+        return found.empty() ? EPC_ERR_NOT_SUPPORTED : EPC_OK;
+    }
     TagAis ais;
     EPC_TRY(tagAisRead(bits, ais));
     const std::string_view found = number == Form::GTIN ? gtinAmong(ais.count, std::cref(ais))
                                                         : serialAmong(ais.count, std::cref(ais));
     return found.empty() ? EPC_ERR_NOT_SUPPORTED : textBufferPutString(text, found);
+}
+
+EpcStatus aiOfNumericBits(BitBuffer& bits, std::string_view code, TextBuffer& text) {
+    if (!isNumeric(bits)) {
+        return EPC_ERR_NOT_SUPPORTED;
+    }
+    EPC_TRY(bitsPutGs1Text(bits, text, &TagSchemeOps::binaryToElementString));
+    const DigitAis ais = digitAisOf(textBufferView(text));
+    textNarrow(text, ais.first.code == code  ? ais.first.value
+                     : ais.last.code == code ? ais.last.value
+                                             : std::string_view());
+    return EPC_OK;
 }
 
 std::size_t tagValueBits(std::string_view hex) {

@@ -47,9 +47,14 @@ EpcStatus tagBitsWrite(TagBits& tag, Work work) {
     return status;
 }
 
-// Writes the GTIN or the serial number of a tag value into EPC_AI_VALUE_SIZE characters.
+// Writes the GTIN or the serial number of a tag value into an empty text of at least
+// EPC_AI_VALUE_SIZE. It may stand anywhere there: text becomes no more than it.
 // EPC_ERR_NOT_SUPPORTED if it has none.
-EpcStatus numberOfBits(const BitBuffer& bits, Form number, TextBuffer& text);
+EpcStatus numberOfBits(BitBuffer& bits, Form number, TextBuffer& text);
+
+// The same for the value of an AI, which is empty if the tag value does not have it.
+// EPC_ERR_NOT_SUPPORTED if the scheme is not one of numbers.
+EpcStatus aiOfNumericBits(BitBuffer& bits, std::string_view code, TextBuffer& text);
 
 // How many bits of a tag value its scheme takes, or 0 if it cannot be read.
 std::size_t tagValueBits(std::string_view hex);
