@@ -104,7 +104,11 @@ expect "$uri" runuser -u postgres -- psql -XAtqh /tmp -c 'CREATE EXTENSION roset
     -c "SELECT epc_tag_uri('$hex')"
 in_root runuser -u postgres -- sh -c "$in_server pg_ctl stop >/dev/null"
 
-in_root sh -c 'dpkg -r postgresql-15-rosetag rosetag librosetag-toolkit-dev librosetag-dev librosetag1'
+in_root sh -c 'apt-get install -y -qq --no-install-recommends sqlite3 \
+    /rosetag/libsqlite3-mod-rosetag_*.deb'
+expect "$uri" sqlite3 :memory: '.load mod_rosetag' "SELECT epc_tag_uri('$hex')"
+
+in_root sh -c 'dpkg -r libsqlite3-mod-rosetag postgresql-15-rosetag rosetag librosetag-toolkit-dev librosetag-dev librosetag1'
 
 say "Conan"
 conan=$source_dir/build/conan

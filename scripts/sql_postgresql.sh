@@ -185,7 +185,7 @@ test_valgrind() {
 start_server
 test_regress
 counted update test_update
-counted page python3 "$source/tests/test_page.py" "$root"
+counted python python3 "$source/tests/test_postgresql.py" "$root"
 stop_server
 c++ -std=c++20 -O1 -fPIC -shared "$source/tests/no_memory.cpp" -o "$server/no_memory.so"
 chmod a+r "$server/no_memory.so"

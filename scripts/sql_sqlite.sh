@@ -10,4 +10,4 @@ cmake --preset release -B build/extensions -DROSETAG_BUILD_SQLITE=ON -DROSETAG_B
     -DROSETAG_BUILD_TOOLS=OFF -DROSETAG_INSTALL=OFF >build/sql/configure.log
 ninja -C build/extensions rosetag_sqlite >&2
 exec /usr/bin/python3 bindings/sqlite/tests/test_sqlite.py "$root" \
-    build/extensions/bindings/sqlite/rosetag.so
+    build/extensions/bindings/sqlite/mod_rosetag.so

@@ -230,7 +230,7 @@ int addAll(sqlite3* connection) {
 } // namespace rosetag
 
 extern "C" __attribute__((visibility("default"))) int
-sqlite3_rosetag_init(sqlite3* connection, char** error, const sqlite3_api_routines* api) {
+sqlite3_modrosetag_init(sqlite3* connection, char** error, const sqlite3_api_routines* api) {
     SQLITE_EXTENSION_INIT2(api)
     (void)error;
     try {

@@ -36,23 +36,16 @@ class DuckDb(unittest.TestCase):
         return self.connection.execute(f"SELECT {expression}", arguments).fetchone()[0]
 
     def test_shared_rows_one_by_one(self):
-        calls, skipped = vectors.calls(ROOT)
-        for name, expression, arguments, expected in calls:
-            expression = expression.replace("AIS", AIS)
-            with self.subTest(name, call=expression, arguments=arguments):
-                if expected is vectors.RAISES:
-                    with self.assertRaises(duckdb.InvalidInputException):
-                        self.one(expression, *arguments)
-                else:
-                    self.assertEqual(expected, self.one(expression, *arguments))
+        calls, skipped = vectors.calls(ROOT, AIS)
+        vectors.check(self, calls, self.one, duckdb.InvalidInputException)
         for what, count in skipped.items():
             print(f"skipped: {count} rows {what}: {vectors.SKIPPED[what]}", file=sys.stderr)
 
     def test_shared_rows_as_columns(self):
         columns = collections.defaultdict(list)
-        for _, expression, arguments, expected in vectors.calls(ROOT)[0]:
+        for _, expression, arguments, expected in vectors.calls(ROOT, AIS)[0]:
             if expected is not vectors.RAISES:
-                rows = columns[expression.replace("AIS", AIS)]
+                rows = columns[expression]
                 rows.append((arguments, expected))
                 if len(rows) % 4 == 0:
                     rows.append(([None, *arguments[1:]], None))
@@ -70,19 +63,28 @@ class DuckDb(unittest.TestCase):
                 ).fetchall()
                 self.assertEqual([expected for _, expected in rows], [row[0] for row in found])
 
+    def test_installed(self):
+        """Copied into DuckDB's own folder of extensions, it is found by its name."""
+        with tempfile.TemporaryDirectory() as folder, duckdb.connect(config={
+                "allow_unsigned_extensions": "true", "extension_directory": folder}) as connection:
+            connection.execute(f"INSTALL '{EXTENSION}'")
+            connection.execute("LOAD rosetag")
+            self.assertEqual(("6789",), connection.execute(
+                "SELECT epc_serial(?)", [rules.ITEM]).fetchone())
+
+    def test_names(self):
+        found = self.connection.execute(
+            "SELECT function_name, len(parameters) FROM duckdb_functions() "
+            "WHERE function_name ~ '^(epc|tid|rosetag)_'").fetchall()
+        rules.check_names(self, found)
+
     def test_rules(self):
         rules.check(self, self.one, duckdb.InvalidInputException)
 
     def test_bytes(self):
-        checked = 0
-        for _, expression, arguments, expected in vectors.calls(ROOT)[0]:
-            data = vectors.hexadecimal(arguments[0])
-            if data is not None and len(arguments) == 1 and expected is not vectors.RAISES:
-                expression = expression.replace("AIS", AIS)
-                with self.subTest(call=expression, value=arguments[0]):
-                    self.assertEqual(expected, self.one(expression, data))
-                    checked += 1
-        self.assertGreater(checked, 500)
+        calls = list(vectors.calls_of_bytes(vectors.calls(ROOT, AIS)[0]))
+        self.assertGreater(len(calls), 500)
+        vectors.check(self, calls, self.one, duckdb.InvalidInputException)
 
     def test_nested_results(self):
         rows = self.connection.execute(

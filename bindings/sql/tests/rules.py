@@ -1,8 +1,14 @@
-"""What the functions do with NULL, with what cannot be decoded, and with arguments that make no
+"""Which functions there are, and what they do with NULL, with what cannot be decoded, and with arguments that make no
 sense; the same in every engine."""
 
 ITEM = "3074257BF7194E4000001A85"
 TEXT = "(01)80614141123458(21)6789"
+# name: how many arguments it takes
+OTHERS = {
+    "epc_ai": {2}, "epc_status": {1}, "epc_check": {1}, "epc_ais": {1}, "epc_encode": {2, 3, 4},
+    "epc_encode_bytes": {2, 3, 4}, "rosetag_version": {0},
+}
+# They are NULL for NULL, and for what cannot be decoded.
 ONE_ARGUMENT = [
     "epc_scheme", "epc_filter", "epc_tag_uri", "epc_pure_identity", "epc_element_string",
     "epc_barcode_string", "epc_digital_link", "epc_hex", "epc_gtin", "epc_sscc", "epc_gln",
@@ -53,13 +59,19 @@ ERRORS = [
     ("epc_encode(?, 'sgtin-96', -1, 7)", TEXT, "0 to 7, not -1"),
     ("epc_encode(?, 'gid-96', 1)", TEXT, "0 to 0, not 1"),
     ("epc_encode(?, 'sgtin-96', 0, 5)", TEXT, "6 to 12, not 5"),
-    ("epc_encode(?, 'sgtin-96', 0, 4294967303)", TEXT, "6 to 12, not 4294967303"),
     ("epc_encode_bytes(?, 'sgtin-96', 0, 13)", TEXT, "6 to 12, not 13"),
 ]
 
 
-def check(test, one, error):
-    """one(expression, arguments...) gives a value; error is the class that it raises."""
+def check_names(test, found):
+    """found: (name, count of arguments) of each function that the engine has of the extension."""
+    expected = {name: {1} for name in ONE_ARGUMENT} | OTHERS
+    test.assertEqual({(name, count) for name in expected for count in expected[name]}, set(found))
+
+
+def check(test, one, error, too_large="6 to 12, not 4294967303"):
+    """one(expression, arguments...) gives a value; error is the class that it raises. too_large is
+    what it says of a number that needs more than 32 bits."""
     for name in ONE_ARGUMENT:
         for value in [None, "none", b"\x01"]:
             with test.subTest(name, value=value):
@@ -67,7 +79,8 @@ def check(test, one, error):
     for expression, arguments, expected in RESULTS:
         with test.subTest(expression, arguments=arguments):
             test.assertEqual(expected, one(expression, *arguments))
-    for expression, argument, message in ERRORS:
+    for expression, argument, message in [
+            *ERRORS, ("epc_encode(?, 'sgtin-96', 0, 4294967303)", TEXT, too_large)]:
         with test.subTest(expression, argument=argument):
             with test.assertRaises(error) as caught:
                 one(expression, argument)

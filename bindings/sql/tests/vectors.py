@@ -10,15 +10,16 @@ FORMS = {
     "serial", "scheme", "filter",
 }
 SKIPPED = {
-    "check": "there is no SQL function for findings; epc_check asks whether a value can be decoded",
     "explain": "there is no SQL function for the bits of each field",
     "encode_ai": "there is no SQL function for the bits of a single AI",
     "decode_ai": "there is no SQL function for the bits of a single AI",
     "encode with an encoding": "epc_encode has no argument for it",
     "not UTF-8": "a text of SQL is UTF-8",
 }
-# Of arguments that make no sense.
+# Of arguments that make no sense, and of what epc_check refuses: what has an error by one of the
+# rules without which there is no decoding.
 RAISES = object()
+DECODING_RULES = re.compile("error (tag_value|unknown_form|unknown_ai|check_digit|too_long)")
 
 
 def _text(cell):
@@ -44,10 +45,10 @@ def _reason(row):
     return row["op"] if row["op"] in SKIPPED else None
 
 
-def calls(root):
+def calls(root, ais):
     """(id, SQL expression, its arguments, result) for each row that SQL can run; None is NULL.
 
-    The second result counts the rows that it cannot, by what they are.
+    ais is the expression for all AIs of a value. The second result counts the rows that it cannot, by what they are.
     """
     with (Path(root) / "vectors/rosetag.tsv").open(newline="") as file:
         rows = [
@@ -59,12 +60,12 @@ def calls(root):
         if reason := _reason(row):
             skipped[reason] += 1
         else:
-            found += _calls_of(row)
+            found += _calls_of(row, ais)
     assert len(found) > 3000, len(found)
     return found, {reason: count for reason, count in skipped.items() if count}
 
 
-def _calls_of(row):
+def _calls_of(row, ais):
     op, value, status = row["op"], row["input"], row["status"]
     output = row["output"] or None
     if op == "encode":
@@ -82,14 +83,36 @@ def _calls_of(row):
             (row["id"], "tid_serial(?)", [value], serial),
         ]
     if op == "ais":
-        return [(row["id"], "AIS", [value], output)]
+        return [(row["id"], ais, [value], output)]
+    if op == "check":
+        refused = DECODING_RULES.search(output or "")
+        return [(row["id"], "epc_check(?)", [value], RAISES if refused else value)]
     assert op in FORMS, f"nothing is known of the op {op}"
-    found = [(row["id"], "epc_status(?)", [value], status)] if op == "tag_uri" else []
+    found = []
+    if op == "tag_uri":
+        checked = value if status == "EPC_OK" else RAISES
+        found = [(row["id"], "epc_status(?)", [value], status),
+                 (row["id"], "epc_check(?)", [value], checked)]
     if op == "filter":
         output = _number(output)
     return [*found, (row["id"], f"epc_{op}(?)", [value], output)]
 
 
-def hexadecimal(value):
-    """The bytes of a text of hexadecimal digits; None for any other."""
-    return bytes.fromhex(value) if re.fullmatch("([0-9A-F]{2})+", value) else None
+def calls_of_bytes(found):
+    """The calls whose argument is hex, with its bytes."""
+    for name, expression, arguments, expected in found:
+        if len(arguments) == 1 and re.fullmatch("([0-9A-F]{2})+", arguments[0]):
+            data = bytes.fromhex(arguments[0])
+            is_kept = expression == "epc_check(?)" and expected is not RAISES
+            yield name, expression, [data], data if is_kept else expected
+
+
+def check(test, calls, one, error):
+    """one(expression, arguments...) gives a value; error is the class that it raises."""
+    for name, expression, arguments, expected in calls:
+        with test.subTest(name, call=expression, arguments=arguments):
+            if expected is RAISES:
+                with test.assertRaises(error):
+                    one(expression, *arguments)
+            else:
+                test.assertEqual(expected, one(expression, *arguments))

@@ -40,20 +40,20 @@ class Sqlite(unittest.TestCase):
         return self.connection.execute(f"SELECT {expression}", arguments).fetchone()[0]
 
     def test_shared_rows(self):
-        calls, skipped = vectors.calls(ROOT)
-        for name, expression, arguments, expected in calls:
-            expression = expression.replace("AIS", AIS)
-            data = vectors.hexadecimal(arguments[0]) if len(arguments) == 1 else None
-            with self.subTest(name, call=expression, arguments=arguments):
-                if expected is vectors.RAISES:
-                    with self.assertRaises(sqlite3.OperationalError):
-                        self.one(expression, *arguments)
-                    continue
-                self.assertEqual(expected, self.one(expression, *arguments))
-                if data is not None:
-                    self.assertEqual(expected, self.one(expression, data))
+        calls, skipped = vectors.calls(ROOT, AIS)
+        vectors.check(self, calls, self.one, sqlite3.OperationalError)
+        of_bytes = list(vectors.calls_of_bytes(calls))
+        self.assertGreater(len(of_bytes), 500)
+        vectors.check(self, of_bytes, self.one, sqlite3.OperationalError)
         for what, count in skipped.items():
             print(f"skipped: {count} rows {what}: {vectors.SKIPPED[what]}", file=sys.stderr)
+
+    def test_names(self):
+        found = self.connection.execute(
+            "SELECT name, narg FROM pragma_function_list UNION ALL "
+            "SELECT name, 1 FROM pragma_module_list").fetchall()
+        rules.check_names(self, [row for row in found
+                                 if row[0].split("_")[0] in ("epc", "tid", "rosetag")])
 
     def test_rules(self):
         rules.check(self, self.one, sqlite3.OperationalError)
@@ -214,13 +214,13 @@ SELECT * FROM epc_ais;
         self.assertIn("EPC_ERR_BAD_FORMAT", result.stderr)
 
     def test_binary(self):
-        binary.check(self, EXTENSION, "sqlite3_rosetag_init")
+        binary.check(self, EXTENSION, "sqlite3_modrosetag_init")
 
     def test_pages(self):
         for page, section, blocks in [("docs/sql.md", "SQLite", 6),
                                       ("bindings/sqlite/README.md", None, 1)]:
             self.assertEqual(blocks, pages.check(
-                self, ROOT, page, section, EXTENSION, ["sqlite3", "-box"], ".load ./rosetag"))
+                self, ROOT, page, section, EXTENSION, ["sqlite3", "-box"], ".load ./mod_rosetag"))
 
 
 if __name__ == "__main__":
