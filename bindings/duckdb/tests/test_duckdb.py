@@ -75,7 +75,7 @@ class DuckDb(unittest.TestCase):
     def test_names(self):
         found = self.connection.execute(
             "SELECT function_name, len(parameters) FROM duckdb_functions() "
-            "WHERE function_name ~ '^(epc|tid|rosetag)_'").fetchall()
+            "WHERE regexp_matches(function_name, '^(epc|tid|rosetag)_')").fetchall()
         rules.check_names(self, found)
 
     def test_rules(self):
