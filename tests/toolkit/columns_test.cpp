@@ -385,6 +385,8 @@ TEST(Columns, DecodePlainRowsAsAllOthers) {
         }
         EXPECT_EQ(expected[12], result.columns[5][row]) << values[row].value_or("null");
     }
+    // Without a form, too, a value has to be read.
+    EXPECT_EQ(result.columns[5], decode(*arrayOf("u", values), {"status"}).columns[0]);
 }
 
 TEST(Columns, TakeATableForItsOnlyColumn) {

@@ -306,20 +306,32 @@ void columnTablePut(ColumnTable& table, std::int64_t row, const Rows<Finding>& f
     }
 }
 
+// Of a value whose forms nobody asks for.
+static bool isReadable(const TagBits& tag) {
+    char room[TAG_FORM_ROOM];
+    std::size_t length = 0;
+    return tagFormWrite(tag, tagFormWriterOf(Form::PURE_IDENTITY), room, length);
+}
+
 bool columnTablePutPlain(ColumnTable& table, std::int64_t row, std::string_view value,
                          bool isBinary) {
     TagBits tag;
     if (isBinary ? !plainTagOfBytes(value, tag) : !plainTagOfHex(value, tag)) {
         return false;
     }
+    bool isRead = false;
     for (OutputColumn& column : table.columns) {
         if (column.output != Output::FORM) {
             continue;
         }
+        isRead = true;
         char* const room = columnWriterRoom(column.writer, TAG_FORM_ROOM);
         if (room == nullptr || !tagFormWrite(tag, column.formWriter, room, column.formLength)) {
             return false;
         }
+    }
+    if (!isRead && !isReadable(tag)) {
+        return false;
     }
     for (OutputColumn& column : table.columns) {
         if (column.output == Output::FORM) {
