@@ -5,6 +5,7 @@
 #ifndef ROSETAG_BRIDGE_GS1_CONVERSIONS_H
 #define ROSETAG_BRIDGE_GS1_CONVERSIONS_H
 
+#include "gs1/barcode_string.h"
 #include "schemes/tag_scheme.h"
 
 #include <string_view>
@@ -19,8 +20,29 @@ EpcStatus bitsToGs1Text(BitBuffer& bits, std::int32_t dstSize, char* dst,
 EpcStatus bitsToAIs(BitBuffer& bits, const AiRows& rows);
 
 // The text of the slot to a binary value, padded to a word.
-EpcStatus gs1TextToBits(BitBuffer& bits, TextToBinary TagSchemeOps::*slot, std::string_view text,
-                        EpcScheme scheme, const EncodeArguments& arguments);
+inline EpcStatus gs1TextToBits(BitBuffer& bits, TextToBinary TagSchemeOps::*slot,
+                               std::string_view text, EpcScheme scheme,
+                               const EncodeArguments& arguments) {
+    char buffer[BARCODE_BUFFER_SIZE];
+    if (slot == &TagSchemeOps::barcodeStringToBinary) {
+        EPC_TRY(barcodeStringNormalise(text, buffer, text));
+    }
+    if (!tagSchemeIsKnown(scheme)) {
+        return EPC_ERR_UNKNOWN_SCHEME;
+    }
+    const TagSchemeOps& row = tagSchemeTable[scheme];
+    if (row.info.filterLimit > 0 && arguments.filter >= row.info.filterLimit) {
+        return EPC_ERR_FILTER_LIMIT;
+    }
+    const TextToBinary operation = row.*slot;
+    if (operation == nullptr) {
+        return EPC_ERR_NOT_SUPPORTED;
+    }
+    TextCursor cursor = textCursorOver(text);
+    EPC_TRY(operation(row, cursor, bits, arguments));
+    EPC_TRY(bitBufferPadToWord(bits));
+    return textCursorAtEnd(cursor) ? EPC_OK : EPC_ERR_BAD_FORMAT;
+}
 
 } // namespace rosetag
 

@@ -133,7 +133,6 @@ ROSETAG_INLINE bool keyRead(NumericReader& reader, std::int32_t prefixDigits,
                             NumericIdentity& identity) {
     constexpr std::int32_t length = numericKey<scheme>.keyValueLength;
     constexpr bool isMoved = numericKey<scheme>.digitArrangement == KEY_DIGITS_FIRST_MOVES;
-    constexpr std::int32_t mostRest = keyDigits<scheme> - companyPrefixSizes.back().digits;
     static_assert(length == keyDigits<scheme> + leadingDigits<scheme> - (isMoved ? 1 : 0) + 1);
     if (reader.end - reader.current < length) {
         return false;
@@ -142,14 +141,13 @@ ROSETAG_INLINE bool keyRead(NumericReader& reader, std::int32_t prefixDigits,
     const char check = start[length - 1];
     const char lead = start[0];
     NumericPart& reference = identity.parts[1];
-    NumericReader digits = {start + leadingDigits<scheme>, start + length - 1};
-    reader.current += length;
-    if (!numericReadPrefix<PrefixDigits::ASSUMED>(digits, prefixDigits, identity) ||
-        !numericReadDigits<mostRest>(digits, static_cast<std::int32_t>(digits.end - digits.current),
-                                     reference) ||
-        !charIsDigit(check)) {
+    reader.current += leadingDigits<scheme>;
+    if (!numericReadPrefix(reader, prefixDigits, identity) || !charIsDigit(check)) {
         return false;
     }
+    numericReadReference<keyDigits<scheme> - (isMoved ? 1 : 0)>(reader, start + length - 1,
+                                                                identity);
+    ++reader.current;
     if constexpr (isMoved) {
         reference.value += static_cast<std::uint64_t>(lead - '0') * powerOfTen(reference.digits);
         ++reference.digits;
@@ -291,7 +289,9 @@ ROSETAG_INLINE bool numericReadGs1Field(NumericReader& reader, std::int32_t pref
     if constexpr (kind == FieldKind::COMPANY_PREFIX && keyIsFixed<scheme>) {
         return keyRead<scheme, syntax>(reader, prefixDigits, identity);
     } else if constexpr (kind == FieldKind::COMPANY_PREFIX) {
-        return numericReadPrefix<PrefixDigits::ASSUMED>(reader, prefixDigits, identity);
+        const std::ptrdiff_t left = reader.end - reader.current;
+        return left >= WORD_DIGITS && left >= prefixDigits &&
+               numericReadPrefix(reader, prefixDigits, identity);
     } else if constexpr (!fieldIsPart(kind) || (index == REFERENCE_INDEX && keyIsFixed<scheme>)) {
         return true;
     } else {
@@ -307,8 +307,7 @@ ROSETAG_INLINE bool numericReadGs1Field(NumericReader& reader, std::int32_t pref
 template <EpcScheme scheme, Gs1Syntax syntax, std::size_t... index>
 ROSETAG_INLINE bool numericReadGs1Fields(NumericReader& reader, std::int32_t prefixDigits,
                                          NumericIdentity& identity, std::index_sequence<index...>) {
-    return (numericReadGs1Field<scheme, syntax, index>(reader, prefixDigits, identity) && ...) &&
-           reader.current == reader.end;
+    return (numericReadGs1Field<scheme, syntax, index>(reader, prefixDigits, identity) && ...);
 }
 
 // Reads a whole text and consumes it.
@@ -321,7 +320,7 @@ ROSETAG_INLINE bool numericGs1TextToBits(TextCursor& cursor, BitBuffer& bits,
     if (!literalRead(reader, keyLiteral<scheme, syntax>) ||
         !numericReadGs1Fields<scheme, syntax>(reader, arguments.gcpLength, identity,
                                               NumericFieldSequence<scheme>()) ||
-        !numericToBits<scheme>(identity, bits)) {
+        !numericReadAll(reader) || !numericToBits<scheme>(identity, bits)) {
         return false;
     }
     cursor.current = reader.end;

@@ -7,6 +7,7 @@
 #define ROSETAG_CORE_FRAMES_H
 
 #include "core/bit_buffer.h"
+#include "core/hex_digits.h"
 #include "core/hex_words.h"
 #include "core/text_buffer.h"
 #include "core/text_cursor.h"
@@ -65,13 +66,18 @@ EpcStatus binaryOutputFrame(std::int32_t maxBytes, std::uint8_t* out, std::int32
 }
 
 template <typename Work, typename... Arguments>
-EpcStatus hexOutputFrame(std::int32_t dstSize, char* dst, Work work,
-                         const Arguments&... arguments) {
+ROSETAG_INLINE EpcStatus hexOutputFrame(std::int32_t dstSize, char* dst, Work work,
+                                        const Arguments&... arguments) {
     std::uint8_t binary[MAX_BINARY_BYTES];
     BitBuffer bits = bitBufferForWriting(binary, MAX_BINARY_BYTES);
     EPC_TRY(work(bits, arguments...));
+    const std::int32_t byteCount = (bits.position + 7) / 8;
+    if (2 * byteCount < dstSize) {
+        *hexPutBytes(dst, binary, byteCount) = '\0';
+        return EPC_OK;
+    }
     TextBuffer text = textBufferOver(dst, dstSize);
-    return textBufferPutHex(text, binary, (bits.position + 7) / 8);
+    return textBufferPutHex(text, binary, byteCount);
 }
 
 template <typename Work, typename... Arguments>

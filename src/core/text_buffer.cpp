@@ -36,7 +36,7 @@ void putDigits(TextBuffer& buffer, std::uint64_t value, std::int32_t width) {
 EpcStatus putHexCut(TextBuffer& buffer, const std::uint8_t* bytes, std::int32_t room) {
     char* out = buffer.writePointer;
     for (; room >= 2; room -= 2, out += 2) {
-        putPair(out, hexPairs, *bytes++);
+        hexPutPair(out, *bytes++);
     }
     if (room > 0) {
         *out++ = hexPairs[2 * std::size_t{*bytes}];
@@ -103,18 +103,8 @@ EpcStatus textBufferPutHex(TextBuffer& buffer, const std::uint8_t* bytes, std::i
     if (count > room / 2) {
         return putHexCut(buffer, bytes, room);
     }
-    char* out = buffer.writePointer;
-    for (; count >= 4; count -= 4, bytes += 4, out += 8) { // unrolled: half the instructions
-        putPair(out, hexPairs, bytes[0]);
-        putPair(out + 2, hexPairs, bytes[1]);
-        putPair(out + 4, hexPairs, bytes[2]);
-        putPair(out + 6, hexPairs, bytes[3]);
-    }
-    for (; count > 0; --count, ++bytes, out += 2) {
-        putPair(out, hexPairs, *bytes);
-    }
-    buffer.writePointer = out;
-    *out = '\0';
+    buffer.writePointer = hexPutBytes(buffer.writePointer, bytes, count);
+    *buffer.writePointer = '\0';
     return EPC_OK;
 }
 

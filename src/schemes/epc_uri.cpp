@@ -1,7 +1,5 @@
 #include "schemes/epc_uri.h"
 
-#include "schemes/scheme_word.h"
-
 namespace rosetag {
 
 EpcStatus bitsPutEpcUri(BitBuffer& bits, TextBuffer& text, UriForm form) {
@@ -27,21 +25,28 @@ EpcStatus bitsToEpcUri(BitBuffer& bits, std::int32_t dstSize, char* dst, UriForm
     return bitsPutEpcUri(bits, text, form);
 }
 
+// The row of the scheme whose name and ":" are next, or null, also where the text is short.
+static const TagSchemeOps* findScheme(const TextCursor& cursor) {
+    if (textCursorLeft(cursor) < static_cast<std::ptrdiff_t>(SCHEME_WORD_CHARS)) {
+        return nullptr;
+    }
+    const SchemeWord word = {loadCharacters(cursor.current),
+                             loadCharacters(cursor.current + SCAN_WIDTH)};
+    const EpcScheme scheme = schemeGuess(word.first);
+    return schemeWordIs(word, scheme) ? &tagSchemeTable[scheme] : nullptr;
+}
+
 EpcStatus tagUriReadScheme(TextCursor& cursor, const TagSchemeOps*& row) {
     EPC_TRY(textCursorExpect(cursor, TAG_URI_PREFIX));
-    row = nullptr;
-    SchemeWord word;
-    if (!schemeWordRead(cursor, word)) {
-        std::string_view name;
-        EPC_TRY(textCursorReadUntil(cursor, ':', SCHEME_WORD_SIZE, name));
-        word = schemeWordOf(name);
+    row = findScheme(cursor);
+    if (row != nullptr) {
+        cursor.current += row->info.name.size();
+        return EPC_OK;
     }
-    const EpcScheme scheme = schemeFindByWord(word);
-    if (scheme < 0) {
-        return EPC_ERR_UNKNOWN_SCHEME;
-    }
-    row = &tagSchemeTable[scheme];
-    return EPC_OK;
+    std::string_view name;
+    EPC_TRY(textCursorReadUntil(cursor, ':', SCHEME_WORD_SIZE, name));
+    row = tagSchemeFindByName(name);
+    return row != nullptr ? EPC_OK : EPC_ERR_UNKNOWN_SCHEME;
 }
 
 EpcStatus tagUriReadFilter(TextCursor& cursor, const TagSchemeInfo& info, std::uint32_t& filter) {
@@ -69,15 +74,11 @@ EpcStatus epcUriBodyToBits(TextCursor& cursor, std::uint32_t filter, const TagSc
     return textCursorAtEnd(cursor) ? EPC_OK : EPC_ERR_BAD_FORMAT;
 }
 
-EpcStatus tagUriToBits(BitBuffer& bits, std::string_view text) {
+EpcStatus tagUriToBitsByFields(BitBuffer& bits, std::string_view text) {
     TextCursor cursor = textCursorOver(text);
     const TagSchemeOps* row = nullptr;
     std::uint32_t filter = 0;
     EPC_TRY(tagUriReadScheme(cursor, row));
-    if (row->numericTagUriToBits != nullptr &&
-        row->numericTagUriToBits({cursor.current, textCursorEnd(cursor)}, bits)) {
-        return EPC_OK;
-    }
     EPC_TRY(tagUriReadFilter(cursor, row->info, filter));
     return epcUriBodyToBits(cursor, filter, *row, bits);
 }

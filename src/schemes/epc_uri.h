@@ -7,6 +7,7 @@
 #ifndef ROSETAG_SCHEMES_EPC_URI_H
 #define ROSETAG_SCHEMES_EPC_URI_H
 
+#include "schemes/scheme_word.h"
 #include "schemes/tag_scheme.h"
 
 namespace rosetag {
@@ -36,6 +37,21 @@ EpcStatus epcUriBodyToBits(TextCursor& cursor, std::uint32_t filter, const TagSc
 // filter and its ".".
 EpcStatus tagUriReadScheme(TextCursor& cursor, const TagSchemeOps*& row);
 EpcStatus tagUriReadFilter(TextCursor& cursor, const TagSchemeInfo& info, std::uint32_t& filter);
+
+// What tagUriToBits does field by field.
+EpcStatus tagUriToBitsByFields(BitBuffer& bits, std::string_view text);
+
+inline EpcStatus tagUriToBits(BitBuffer& bits, std::string_view text) {
+    constexpr std::size_t prefixSize = TAG_URI_PREFIX.size();
+    if (text.size() >= prefixSize + SCAN_WIDTH) {
+        const EpcScheme scheme = schemeGuess(loadCharacters(text.data() + prefixSize));
+        const NumericTagUriToBits operation = tagSchemeTable[scheme].numericTagUriToBits;
+        if (operation != nullptr && operation(text, bits)) {
+            return EPC_OK;
+        }
+    }
+    return tagUriToBitsByFields(bits, text);
+}
 
 } // namespace rosetag
 

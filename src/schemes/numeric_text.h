@@ -42,11 +42,17 @@ ROSETAG_INLINE void literalPut(char* out, const Literal<size>& literal) {
     std::memcpy(out, literal.characters, size);
 }
 
-// What is left to read of a text; the character at end can be looked at.
+// What is left to read of a text; the character at end can be looked at. Whether digits were digits
+// is collected and asked once, at the end.
 struct NumericReader {
     const char* current;
     const char* end;
+    std::uint64_t strays = 0; // marks of what should have been a digit
 };
+
+ROSETAG_INLINE bool numericReadAll(const NumericReader& reader) {
+    return reader.current == reader.end && (reader.strays & ALL_MARKS) == 0;
+}
 
 template <std::size_t size>
 ROSETAG_INLINE bool literalRead(NumericReader& reader, const Literal<size>& literal) {
@@ -58,42 +64,42 @@ ROSETAG_INLINE bool literalRead(NumericReader& reader, const Literal<size>& lite
     return true;
 }
 
-// Reads exactly count digits, mostDigits at most.
-template <std::int32_t mostDigits>
-ROSETAG_INLINE bool numericReadDigits(NumericReader& reader, std::int32_t count,
-                                      NumericPart& part) {
-    if (count > reader.end - reader.current) {
-        return false;
-    }
-    reader.current += count;
-    part.digits = count;
-    return digitsReadBefore<mostDigits>(reader.current, count, part.value);
-}
-
-enum class PrefixDigits : std::uint8_t { COUNTED, ASSUMED };
-
-// Reads a company prefix of count digits, and decides on the partition; digits that were counted
-// are known to be digits. The first ones are taken by themselves, as a whole word before the others
+// Reads a company prefix of count digits, and decides on the partition. Eight characters can be
+// read, and so many. Its first digits are taken by themselves, as a whole word before the others
 // may not belong to the text.
-template <PrefixDigits digits>
-ROSETAG_INLINE bool numericReadPrefix(NumericReader& reader, std::int32_t count,
+ROSETAG_INLINE bool numericReadPrefix(NumericReader& reader, std::ptrdiff_t count,
                                       NumericIdentity& identity) {
-    constexpr std::int32_t most = companyPrefixSizes.front().digits;
-    const std::int32_t partition = partitionFindByDigits(count);
-    const std::ptrdiff_t left = reader.end - reader.current;
-    if (partition < 0 || left < WORD_DIGITS || (digits == PrefixDigits::ASSUMED && left < count)) {
+    constexpr std::ptrdiff_t most = companyPrefixSizes.front().digits;
+    static_assert(most - WORD_DIGITS == 4, "the first digits are half a word");
+    const auto partition = static_cast<std::size_t>(most - count);
+    if (partition >= PARTITION_COUNT) {
         return false;
     }
     const std::uint64_t first = loadCharacters(reader.current) ^ DIGIT_CHARACTERS;
-    const std::uint64_t high = (first & 0xFFFFFFFF) << (8 * (most - count)) << 32;
+    const auto high = static_cast<std::uint32_t>(first << (8 * (most - count)));
     reader.current += count;
     const std::uint64_t low = digitWordBefore(reader.current, count);
-    identity.partition = static_cast<std::size_t>(partition);
-    identity.parts[0] = {digitWordValue(high) * WORD_LIMIT + digitWordValue(low), count};
-    return digits == PrefixDigits::COUNTED || (nonDigits(high) | nonDigits(low)) == 0;
+    reader.strays |= strayMarks(high) | strayMarks(low);
+    identity.partition = partition;
+    identity.parts[0] = {digitHalfValue(high) * WORD_LIMIT + digitWordValue(low),
+                         static_cast<std::int32_t>(count)};
+    return true;
 }
 
-// Reads the part of a field after the company prefix. The last one of a text takes what is left.
+// Reads the digits of a reference, which the company prefix has left of size digits, and which end
+// at end.
+template <std::int32_t size>
+ROSETAG_INLINE void numericReadReference(NumericReader& reader, const char* end,
+                                         NumericIdentity& identity) {
+    constexpr std::int32_t most = size - companyPrefixSizes.back().digits;
+    constexpr std::ptrdiff_t left = size - companyPrefixSizes.front().digits;
+    const auto count = left + static_cast<std::ptrdiff_t>(identity.partition);
+    identity.parts[1].digits = static_cast<std::int32_t>(count);
+    reader.strays |= digitsReadEvenly<most>(end, count, identity.parts[1].value);
+    reader.current = end;
+}
+
+// Reads the part of a field other than the key's. The last one of a text takes what is left.
 template <EpcScheme scheme, std::size_t index>
 ROSETAG_INLINE bool numericReadPart(NumericReader& reader, NumericIdentity& identity) {
     using enum FieldKind;
@@ -101,21 +107,30 @@ ROSETAG_INLINE bool numericReadPart(NumericReader& reader, NumericIdentity& iden
     constexpr std::size_t partIndex = fieldPartIndex(schemeRows[scheme], index);
     constexpr std::int32_t most = fieldMostDigits(field);
     NumericPart& part = identity.parts[partIndex];
-    if constexpr (field.kind == REFERENCE_DIGITS) {
-        return numericReadDigits<most>(reader, field.size - identity.parts[0].digits, part);
-    } else if constexpr (field.kind == PADDED_NUMBER) {
-        return numericReadDigits<most>(reader, field.size, part);
+    constexpr bool isLast = partIndex + 1 == schemePartCount(schemeRows[scheme]);
+    static_assert(field.kind != REFERENCE_DIGITS);
+    const char* const digits = reader.current;
+    const std::ptrdiff_t left = reader.end - digits;
+    std::ptrdiff_t count = field.size;
+    if constexpr (field.kind == PADDED_NUMBER) {
+        if (left < field.size) {
+            return false;
+        }
     } else {
-        constexpr bool isLast = partIndex + 1 == schemePartCount(schemeRows[scheme]);
-        const char* const digits = reader.current;
-        const std::ptrdiff_t left = reader.end - digits;
-        const std::int32_t count =
-            isLast ? static_cast<std::int32_t>(std::min<std::ptrdiff_t>(left, most + 1))
-                   : digitsCount(digits, reader.end);
-        const bool isWritten = field.kind == NUMBER_AFTER_ONE || count == 1 || *digits != '0';
-        return count > 0 && count <= most && isWritten &&
-               numericReadDigits<most>(reader, count, part);
+        count = isLast ? left : digitsCount(digits, reader.end);
+        if (count < 1 || count > most) {
+            return false;
+        }
+        if (field.kind != NUMBER_AFTER_ONE && *digits == '0') [[unlikely]] {
+            if (count > 1) {
+                return false;
+            }
+        }
     }
+    reader.current = digits + count;
+    part.digits = static_cast<std::int32_t>(count);
+    reader.strays |= digitsReadBefore<most>(reader.current, count, part.value);
+    return true;
 }
 
 // Writes a company prefix before end without a word that begins more than two characters before it:

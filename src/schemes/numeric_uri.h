@@ -91,16 +91,49 @@ ROSETAG_INLINE bool numericBitsToUri(BitBuffer& bits, TextBuffer& text, UriForm 
                                 : numericToUri<scheme, UriForm::PURE_IDENTITY>(identity, text);
 }
 
+// The characters of the shortest body, with the "." between its parts.
+constexpr std::ptrdiff_t uriBodyLeastLength(const SchemeRow& row) {
+    std::ptrdiff_t length = -1;
+    for (const SchemeField& field : schemeFields(row)) {
+        if (field.kind == FieldKind::COMPANY_PREFIX) {
+            length += companyPrefixSizes.back().digits + 1;
+        } else if (field.kind == FieldKind::REFERENCE_DIGITS) {
+            length += field.size - companyPrefixSizes.back().digits + 1;
+        } else if (fieldIsPart(field.kind)) {
+            length += std::max(field.size, 1) + 1;
+        }
+    }
+    return length;
+}
+
+// Counts the digits of a company prefix; fewer than any has are counted as the fewest, of which one
+// is a stray then.
+template <EpcScheme scheme>
+ROSETAG_INLINE std::ptrdiff_t numericCountPrefix(const NumericReader& reader) {
+    constexpr std::ptrdiff_t least = companyPrefixSizes.back().digits;
+    constexpr bool isFollowed = uriBodyLeastLength(schemeRows[scheme]) >= least + WORD_DIGITS;
+    const char* const after = reader.current + least;
+    const std::uint64_t word = isFollowed ? loadCharacters(after) : loadUpTo(after, reader.end);
+    return least + countBeforeMark(strayMarks(word ^ DIGIT_CHARACTERS) & ALL_MARKS);
+}
+
 template <EpcScheme scheme, std::size_t index>
-ROSETAG_INLINE bool numericReadUriField(NumericReader& reader, NumericIdentity& identity) {
-    constexpr FieldKind kind = schemeRows[scheme].fields[index].kind;
-    if constexpr (kind == FieldKind::COMPANY_PREFIX) {
-        return numericReadPrefix<PrefixDigits::COUNTED>(
-            reader, digitsCount(reader.current, reader.end), identity);
-    } else if constexpr (fieldIsPart(kind)) {
+ROSETAG_INLINE bool numericReadUriField(NumericReader& reader, const char* body,
+                                        NumericIdentity& identity) {
+    constexpr SchemeField field = schemeRows[scheme].fields[index];
+    if constexpr (field.kind == FieldKind::COMPANY_PREFIX) {
+        return numericReadPrefix(reader, numericCountPrefix<scheme>(reader), identity);
+    } else if constexpr (fieldIsPart(field.kind)) {
         constexpr bool isFirst = fieldPartIndex(schemeRows[scheme], index) == 0;
-        return (isFirst || literalRead(reader, Literal<1>{{'.'}})) &&
-               numericReadPart<scheme, index>(reader, identity);
+        if (!isFirst && *reader.current++ != '.') {
+            return false;
+        }
+        if constexpr (field.kind == FieldKind::REFERENCE_DIGITS) {
+            numericReadReference<field.size>(reader, body + field.size + 1, identity);
+            return true;
+        } else {
+            return numericReadPart<scheme, index>(reader, identity);
+        }
     } else {
         return true;
     }
@@ -109,32 +142,41 @@ ROSETAG_INLINE bool numericReadUriField(NumericReader& reader, NumericIdentity& 
 template <EpcScheme scheme, std::size_t... index>
 ROSETAG_INLINE bool numericReadUriFields(NumericReader& reader, NumericIdentity& identity,
                                          std::index_sequence<index...>) {
-    return (numericReadUriField<scheme, index>(reader, identity) && ...) &&
-           reader.current == reader.end;
+    const char* const body = reader.current;
+    return (numericReadUriField<scheme, index>(reader, body, identity) && ...);
 }
 
-// Reads the body of a URI and writes the whole value. Before the body there is room for a word.
+// Reads the body of a URI, which has the least length or more, and writes the whole value. Before
+// the body there is room for a word.
 template <EpcScheme scheme>
-bool numericUriBodyToBits(NumericReader reader, std::uint32_t filter, BitBuffer& bits) {
+ROSETAG_INLINE bool numericUriBodyToBits(NumericReader reader, std::uint32_t filter,
+                                         BitBuffer& bits) {
     NumericIdentity identity;
     identity.filter = filter;
     return numericReadUriFields<scheme>(reader, identity, NumericFieldSequence<scheme>()) &&
-           numericToBits<scheme>(identity, bits);
+           numericReadAll(reader) && numericToBits<scheme>(identity, bits);
 }
 
-// Reads a tag URI from the ":" after its scheme word on.
+// Reads a tag URI, also one that turns out to be of another scheme.
 template <EpcScheme scheme>
-bool numericTagUriToBits(std::string_view rest, BitBuffer& bits) {
-    NumericReader reader = {rest.data() + 1, rest.data() + rest.size()};
+bool numericTagUriToBits(std::string_view text, BitBuffer& bits) {
+    constexpr std::size_t headLength = sizeof uriHead<scheme, UriForm::TAG>;
+    constexpr std::size_t filterLength = uriHasFilter<scheme> ? 2 : 0;
+    constexpr auto bodyLength = static_cast<std::size_t>(uriBodyLeastLength(schemeRows[scheme]));
+    if (text.size() < headLength + filterLength + bodyLength ||
+        std::memcmp(text.data(), uriHead<scheme, UriForm::TAG>.characters, headLength) != 0) {
+        return false;
+    }
+    const char* const body = text.data() + headLength + filterLength;
     std::uint32_t filter = 0;
     if constexpr (uriHasFilter<scheme>) {
-        if (rest.size() < 3 || !charIsDigit(rest[1]) || rest[2] != '.') {
+        filter =
+            static_cast<std::uint32_t>(body[-2]) - '0'; // of no digit above any that is written
+        if (body[-1] != '.') {
             return false;
         }
-        filter = static_cast<std::uint32_t>(rest[1] - '0');
-        reader.current += 2;
     }
-    return numericUriBodyToBits<scheme>(reader, filter, bits);
+    return numericUriBodyToBits<scheme>({body, text.data() + text.size()}, filter, bits);
 }
 
 // The slot that reads the body of either URI. A body at the beginning of its text has no word
@@ -143,6 +185,7 @@ template <EpcScheme scheme>
 EpcStatus numericWriteBody(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
     const char* const end = textCursorEnd(cursor);
     if (cursor.current - cursor.begin < WORD_DIGITS ||
+        end - cursor.current < uriBodyLeastLength(schemeRows[scheme]) ||
         !numericUriBodyToBits<scheme>({cursor.current, end}, filter, bits)) {
         return schemeWriteBody<scheme>(cursor, filter, bits);
     }

@@ -1,20 +1,19 @@
 /*
- * Finds a scheme by the word that names it in a tag URI. A word is packed into two numbers, which
- * are looked up in a hash table without collisions.
+ * Finds a scheme by the word that names it in a tag URI. A word is packed into two numbers; its
+ * first characters are looked up in a hash table without collisions.
  */
 #ifndef ROSETAG_SCHEMES_SCHEME_WORD_H
 #define ROSETAG_SCHEMES_SCHEME_WORD_H
 
 #include "core/char_scan.h"
-#include "core/text_cursor.h"
 #include "schemes/scheme_table.h"
 
 #include <array>
-#include <bit>
+#include <string_view>
 
 namespace rosetag {
 
-constexpr std::int32_t SCHEME_WORD_CHARS = 16;
+constexpr std::size_t SCHEME_WORD_CHARS = 16;
 
 // Up to 16 characters, the first in the lowest byte, and NULs after them.
 struct SchemeWord {
@@ -32,56 +31,59 @@ constexpr SchemeWord schemeWordOf(std::string_view name) {
     return word;
 }
 
-// Reads a word up to the ":", which stays unread. False, with nothing read, if there is none within
-// 16 characters.
-inline bool schemeWordRead(TextCursor& cursor, SchemeWord& word) {
-    if (textCursorLeft(cursor) < SCHEME_WORD_CHARS) {
-        return false;
-    }
-    word = {loadCharacters(cursor.current), loadCharacters(cursor.current + 8)};
-    const bool endsInFirst = markNul(word.first ^ inEveryByte(':')) != 0;
-    std::uint64_t& last = endsInFirst ? word.first : word.second;
-    const std::uint64_t marks = markNul(last ^ inEveryByte(':'));
-    if (marks == 0) {
-        return false;
-    }
-    const std::int32_t bits = std::countr_zero(marks) - 7; // of the characters before it
-    last &= ~(~std::uint64_t{0} << bits);
-    word.second = endsInFirst ? 0 : word.second;
-    cursor.current += (endsInFirst ? 0 : 8) + bits / 8;
-    return true;
+// A name and the ":" after it, as they are in a tag URI.
+struct SchemeWordRow {
+    SchemeWord word;
+    SchemeWord mask; // of its characters
+};
+
+constexpr SchemeWordRow schemeWordRowOf(std::string_view name) {
+    constexpr std::string_view allOfThem("\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF"
+                                         "\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF",
+                                         SCHEME_WORD_CHARS);
+    SchemeWordRow row = {
+        schemeWordOf(name),
+        schemeWordOf({allOfThem.data(), std::min(name.size() + 1, allOfThem.size())})};
+    (name.size() < 8 ? row.word.first : row.word.second) |= std::uint64_t{':'}
+                                                            << (8 * (name.size() % 8));
+    return row;
 }
 
-constexpr std::int32_t SCHEME_WORD_HASH_BITS = 7;
+constexpr int SCHEME_WORD_HASH_BITS = 7;
 
 struct SchemeWordTable {
     std::uint64_t factor;
-    std::array<EpcScheme, 1 << SCHEME_WORD_HASH_BITS> schemes; // -1 in an empty slot
-    SchemeArray<SchemeWord> words;
+    std::array<EpcScheme, 1 << SCHEME_WORD_HASH_BITS> schemes; // any in an empty slot
+    SchemeArray<SchemeWordRow> rows;
 
-    constexpr std::size_t slotOf(const SchemeWord& word) const {
-        return static_cast<std::size_t>((word.first + word.second) * factor >>
-                                        (64 - SCHEME_WORD_HASH_BITS));
+    // Seven characters are looked up: the names differ in them, and those of all schemes with tag
+    // URIs have so many, with the ":" after them.
+    constexpr std::size_t slotOf(std::uint64_t first) const {
+        return static_cast<std::size_t>((first << 8) * factor >> (64 - SCHEME_WORD_HASH_BITS));
     }
 };
 
 // Puts every scheme into its slot. False if two of them collide.
 constexpr bool schemeWordTableFill(SchemeWordTable& table) {
-    table.schemes.fill(-1);
+    constexpr EpcScheme none = -1;
+    table.schemes.fill(none);
     for (const SchemeRow& row : schemeRows) {
-        table.words.rows[row.scheme] = schemeWordOf(row.name);
-        EpcScheme& slot = table.schemes[table.slotOf(table.words[row.scheme])];
-        if (slot >= 0) {
+        table.rows.rows[row.scheme] = schemeWordRowOf(row.name);
+        EpcScheme& slot = table.schemes[table.slotOf(table.rows[row.scheme].word.first)];
+        if (slot != none) {
             return false;
         }
         slot = row.scheme;
+    }
+    for (EpcScheme& slot : table.schemes) {
+        slot = std::max(slot, EpcScheme{0});
     }
     return true;
 }
 
 // Tries one factor after the other.
 constexpr SchemeWordTable schemeWordTableMake() {
-    SchemeWordTable table{.factor = 0x9E3779B97F4A7C15, .schemes = {}, .words = {}};
+    SchemeWordTable table{.factor = 0x9E3779B97F4A7C15, .schemes = {}, .rows = {}};
     while (!schemeWordTableFill(table)) {
         table.factor += 0x9E3779B97F4A7C16;
     }
@@ -90,14 +92,16 @@ constexpr SchemeWordTable schemeWordTableMake() {
 
 inline constexpr SchemeWordTable schemeWordTable = schemeWordTableMake();
 
-// The scheme of exactly this name, or -1.
-inline EpcScheme schemeFindByWord(const SchemeWord& word) {
-    const EpcScheme scheme = schemeWordTable.schemes[schemeWordTable.slotOf(word)];
-    if (scheme < 0) {
-        return -1;
-    }
-    const SchemeWord& found = schemeWordTable.words[scheme];
-    return found.first == word.first && found.second == word.second ? scheme : -1;
+// The only scheme whose name and ":" eight characters can begin with, if it has tag URIs.
+constexpr EpcScheme schemeGuess(std::uint64_t first) {
+    return schemeWordTable.schemes[schemeWordTable.slotOf(first)];
+}
+
+// True if the word begins with the name of the scheme and ":".
+constexpr bool schemeWordIs(const SchemeWord& word, EpcScheme scheme) {
+    const SchemeWordRow& row = schemeWordTable.rows[scheme];
+    return (((word.first ^ row.word.first) & row.mask.first) |
+            ((word.second ^ row.word.second) & row.mask.second)) == 0;
 }
 
 } // namespace rosetag

@@ -7,8 +7,8 @@
 namespace rosetag {
 
 const TagSchemeOps* tagSchemeFindByName(std::string_view name) {
-    const EpcScheme scheme = schemeFindByWord(schemeWordOf(name));
-    return scheme >= 0 ? &tagSchemeTable[scheme] : nullptr;
+    const EpcScheme scheme = schemeGuess(schemeWordRowOf(name).word.first);
+    return tagSchemeInfos[scheme].name == name ? &tagSchemeTable[scheme] : nullptr;
 }
 
 EpcStatus tagSchemeNameToNumber(std::string_view name, EpcScheme* outScheme) {

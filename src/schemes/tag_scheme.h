@@ -33,7 +33,7 @@ struct TagSchemeOps;
 // The slots of a row. All but those of URI bodies are passed their own row, so that it is looked up
 // only once. Binary slots start after the header.
 using NumericBitsToUri = bool (*)(BitBuffer& bits, TextBuffer& text, UriForm form);
-using NumericTagUriToBits = bool (*)(std::string_view rest, BitBuffer& bits);
+using NumericTagUriToBits = bool (*)(std::string_view text, BitBuffer& bits);
 using BinaryToUriBody = EpcStatus (*)(BitBuffer& bits, TextBuffer& text, UriForm form);
 using BinaryToText = EpcStatus (*)(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text);
 using BinaryToAIs = EpcStatus (*)(const TagSchemeOps& row, BitBuffer& bits, const AiRows& rows);
