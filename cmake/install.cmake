@@ -43,11 +43,12 @@ else()
         ${CMAKE_INSTALL_PREFIX})
     string(REGEX REPLACE "/$" "" rosetag_pc_prefix "\${pcfiledir}/${rosetag_pc_prefix}")
 endif()
-foreach(name rosetag rosetag-toolkit)
+foreach(name rosetag rosetag-toolkit rosetag-lists)
     configure_file(${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in ${name}.pc @ONLY)
 endforeach()
 install(FILES ${PROJECT_BINARY_DIR}/rosetag.pc DESTINATION ${rosetag_pc_dir} COMPONENT development)
 install(FILES ${PROJECT_BINARY_DIR}/rosetag-toolkit.pc
+    $<$<TARGET_EXISTS:rosetag_lists>:${PROJECT_BINARY_DIR}/rosetag-lists.pc>
     DESTINATION ${rosetag_pc_dir} COMPONENT toolkit)
 
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE

@@ -1,25 +1,26 @@
 #!/usr/bin/env bash
 #
-# Builds the library and the tests for other machines and for another standard library, the command
-# for other machines, and runs the tests there: cross.sh [MACHINE...]
+# Builds the library, the tests and the command for other machines, compilers and standard libraries,
+# and runs the tests there: cross.sh [MACHINE...]
 #
 # MACHINE is one of
 #   s390x    big-endian, 64 bits, by qemu-user
 #   armhf    32 bits, char without a sign, by qemu-user
 #   windows  x86-64, mingw-w64, by wine
 #   libcxx   this machine, clang++ and libc++ in place of g++ and libstdc++
+#   cxx23    this machine, clang++ 19 and C++23, where every warning is an error
 # or all of them. What the environment lacks is said, and is a failure.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 machines=("$@")
 if [[ $# -eq 0 ]]; then
-    machines=(s390x armhf windows libcxx)
+    machines=(s390x armhf windows libcxx cxx23)
 fi
 
 # Sets what a machine is built and run with.
 choose() {
-    flags=
+    flags= options=() warnings=
     case $1 in
     s390x)
         triplet=s390x-linux-gnu system=Linux suffix=
@@ -33,18 +34,22 @@ choose() {
         triplet=x86_64-w64-mingw32 system=Windows suffix=.exe
         runner=(wine)
         ;;
-    libcxx)
+    libcxx | cxx23)
         system=Linux suffix=
         runner=(env)
         ;;
     *)
-        echo "There is no machine $1. Take one of: s390x, armhf, windows, libcxx." >&2
+        echo "There is no machine $1. Take one of: s390x, armhf, windows, libcxx, cxx23." >&2
         exit 2
         ;;
     esac
     case $1 in
     windows) c_compiler=$triplet-gcc-posix compiler=$triplet-g++-posix ;;
     libcxx) c_compiler=clang compiler=clang++ flags=-stdlib=libc++ ;;
+    cxx23)
+        c_compiler=clang-19 compiler=clang++-19 options=(-DCMAKE_CXX_STANDARD=23)
+        warnings="-Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Werror"
+        ;;
     *) c_compiler=$triplet-gcc compiler=$triplet-g++ ;;
     esac
 }
@@ -78,7 +83,8 @@ build_rosetag() {
     if [[ $system == Windows ]]; then
         link="-static-libgcc -static-libstdc++ -static"
     fi
-    configure "$root" "$build" -DROSETAG_INSTALL=OFF -DROSETAG_TABLES=OFF -DCMAKE_CXX_FLAGS="$flags" \
+    configure "$root" "$build" -DROSETAG_INSTALL=OFF -DROSETAG_TABLES=OFF \
+        -DCMAKE_CXX_FLAGS="$flags $warnings" "${options[@]}" \
         -DCMAKE_EXE_LINKER_FLAGS="$link" &&
         cmake --build "$build" --target unit_tests contract_tests -- --quiet -j2
 }

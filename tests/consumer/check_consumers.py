@@ -124,6 +124,9 @@ class Consumers(unittest.TestCase):
         self.expect_decodes(self.path("whatever"))
         with open(self.path("lists.cpp"), "w", encoding="ascii") as file:
             file.write(LISTS_PROGRAM)
+        self.run_command("c++", "-std=c++20", self.path("lists.cpp"), "-o", self.path("lists"),
+                         *self.flags_of("rosetag-lists"))
+        self.assertIn("this is not XML", self.run_command(self.path("lists")))
         with open(self.path("CMakeLists.txt"), "w", encoding="ascii") as file:
             file.write(TOOLKIT_PROJECT)
         build = self.build(self.work, f"-DCMAKE_PREFIX_PATH={self.prefix}")
