@@ -36,6 +36,8 @@ class Rosetag(ConanFile):
         toolchain = CMakeToolchain(self)
         toolchain.cache_variables["ROSETAG_BUILD_TESTS"] = False
         toolchain.cache_variables["ROSETAG_BUILD_TOOLS"] = False
+        # What the machine happens to have does not decide what is packaged.
+        toolchain.cache_variables["CMAKE_DISABLE_FIND_PACKAGE_pugixml"] = True
         toolchain.generate()
 
     def build(self):
