@@ -19,6 +19,7 @@ for program in "$build"/fuzz/*_fuzz; do
     target=${name%_fuzz}
     cp "$program" "$OUT/$name"
     cp "$root/fuzz/rosetag.dict" "$OUT/$name.dict"
-    tar -xf "$root/fuzz/corpus/$target.tar.xz" -C "$build/seeds/$target"
+    # The archive has its files begin in 1970, where zip knows no time yet.
+    tar -xmf "$root/fuzz/corpus/$target.tar.xz" -C "$build/seeds/$target"
     (cd "$build/seeds/$target" && python3 -m zipfile -c "$OUT/${name}_seed_corpus.zip" *)
 done

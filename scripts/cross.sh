@@ -29,6 +29,7 @@ choose() {
     armhf)
         triplet=arm-linux-gnueabihf system=Linux suffix=
         runner=(qemu-arm -L /usr/arm-linux-gnueabihf)
+        warnings=-Werror=sign-compare # std::size_t has 32 bits here
         ;;
     windows)
         triplet=x86_64-w64-mingw32 system=Windows suffix=.exe

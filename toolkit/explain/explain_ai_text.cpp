@@ -85,8 +85,8 @@ std::size_t walkLength(Walk& walk, const AiSubject& subject, const AiComponent& 
 }
 
 void walkText(Walk& walk, const AiSubject& subject, const AiComponent& component) {
-    const std::uint64_t encoding =
-        walkNumber(walk, fieldName(subject, "encoding"), ENCODING_INDICATOR_BITS);
+    const auto encoding = static_cast<std::size_t>(
+        walkNumber(walk, fieldName(subject, "encoding"), ENCODING_INDICATOR_BITS));
     const bool isKnown = encoding < std::size(textEncodings);
     walkMean(walk, std::to_string(encoding) + ": " +
                        std::string(isKnown ? textEncodings[encoding].name : "reserved"));
