@@ -40,7 +40,10 @@ function union(comment, name, words) {
 
 const camelCase = (word) => word.replace(/_(.)/g, (_, letter) => letter.toUpperCase());
 const names = tableOf("explain", "rosetag_names");
-const { rules } = tableOf("explain", "rosetag_moreNames");
+names.forms = names.forms.map(camelCase);
+names.texts = names.texts.map(camelCase);
+names.statuses = names.statuses.map((name) => name.replace(/^EPC_(ERR_)?/, ""));
+const { version, forms, texts, statuses, meanings, encodings, notes, schemes } = names;
 
 rmSync(generated, { recursive: true, force: true });
 rmSync(dist, { recursive: true, force: true });
@@ -49,7 +52,7 @@ writeFileSync(
   join(generated, "names.ts"),
   [
     union("What a value can be given as.", "Form", names.given.map(camelCase)),
-    union("A form that is one text.", "OutputForm", names.texts.map(camelCase)),
+    union("A form that is one text.", "OutputForm", names.texts),
     union("The tag schemes.", "SchemeName", names.schemes.map((scheme) => scheme.name)),
     union(
       "The words of filter values; which of them a scheme has, it says itself.",
@@ -57,13 +60,12 @@ writeFileSync(
       names.schemes.flatMap((scheme) => scheme.filters.map((row) => row.word)),
     ),
     union("The encodings of texts in plus schemes.", "Encoding", ["auto", ...names.encodings]),
-    union(
-      "How a conversion ended.",
-      "Status",
-      names.statuses.map((name) => name.replace(/^EPC_(ERR_)?/, "")),
-    ),
+    union("How a conversion ended.", "Status", names.statuses),
     union("What a note is about.", "NoteKind", names.notes),
-    union("What GS1 demands of a value.", "Rule", rules),
+    union("What GS1 demands of a value.", "Rule", names.rules),
+    "/** What has a name and a number: the place of an element is its number. */",
+    `export const names = ${JSON.stringify({ version, forms, texts, statuses, meanings, encodings, notes, schemes }, null, 1)};`,
+    "",
   ].join("\n"),
 );
 for (const name of ["core", "explain"]) {

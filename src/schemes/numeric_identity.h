@@ -17,11 +17,17 @@
 
 namespace rosetag {
 
-// Built with ROSETAG_GENERAL_ROAD, the library takes no short cut.
+// Built with ROSETAG_GENERAL_ROAD, the library takes no short cut; with ROSETAG_GENERAL_WRITING, it
+// takes none from texts to bits, which makes it smaller.
 #ifdef ROSETAG_GENERAL_ROAD
-constexpr bool NUMERIC_ROAD = false;
+constexpr bool NUMERIC_READING = false;
 #else
-constexpr bool NUMERIC_ROAD = true;
+constexpr bool NUMERIC_READING = true;
+#endif
+#ifdef ROSETAG_GENERAL_WRITING
+constexpr bool NUMERIC_WRITING = false;
+#else
+constexpr bool NUMERIC_WRITING = NUMERIC_READING;
 #endif
 
 struct NumericPart {

@@ -33,8 +33,10 @@ constexpr TagSchemeOps opsOfScheme() {
     } else {
         ops.binaryToUriBody = schemeReadBody<scheme>;
         ops.uriBodyToBinary = schemeWriteBody<scheme>;
-        if constexpr (NUMERIC_ROAD && schemeIsNumeric(row)) {
+        if constexpr (NUMERIC_READING && schemeIsNumeric(row)) {
             ops.numericBitsToUri = numericBitsToUri<scheme>;
+        }
+        if constexpr (NUMERIC_WRITING && schemeIsNumeric(row)) {
             ops.numericTagUriToBits = numericTagUriToBits<scheme>;
             ops.uriBodyToBinary = numericWriteBody<scheme>;
         }
@@ -47,18 +49,20 @@ constexpr TagSchemeOps opsOfScheme() {
             ops.barcodeStringToBinary = plainBarcodeStringToBinary;
             ops.binaryToDigitalLink = plainBinaryToDigitalLink;
             ops.digitalLinkToBinary = plainDigitalLinkToBinary;
-            if constexpr (NUMERIC_ROAD && schemeIsNumeric(row)) {
+            if constexpr (NUMERIC_READING && schemeIsNumeric(row)) {
                 ops.binaryToElementString =
                     numericBinaryToGs1Text<scheme, ELEMENT_STRING, plainBinaryToElementString>;
                 ops.binaryToAIs = numericBinaryToAIs<scheme>;
-                ops.elementStringToBinary =
-                    numericGs1TextToBinary<scheme, ELEMENT_STRING, plainElementStringToBinary>;
                 ops.binaryToBarcodeString =
                     numericBinaryToGs1Text<scheme, BARCODE_STRING, plainBinaryToBarcodeString>;
-                ops.barcodeStringToBinary =
-                    numericGs1TextToBinary<scheme, BARCODE_STRING, plainBarcodeStringToBinary>;
                 ops.binaryToDigitalLink =
                     numericBinaryToGs1Text<scheme, DIGITAL_LINK, plainBinaryToDigitalLink>;
+            }
+            if constexpr (NUMERIC_WRITING && schemeIsNumeric(row)) {
+                ops.elementStringToBinary =
+                    numericGs1TextToBinary<scheme, ELEMENT_STRING, plainElementStringToBinary>;
+                ops.barcodeStringToBinary =
+                    numericGs1TextToBinary<scheme, BARCODE_STRING, plainBarcodeStringToBinary>;
                 ops.digitalLinkToBinary =
                     numericGs1TextToBinary<scheme, DIGITAL_LINK, plainDigitalLinkToBinary>;
             }

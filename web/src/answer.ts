@@ -7,6 +7,7 @@ import { fieldClass, MARK, markedText, tellOfRedrawing, type TextPart } from "./
 import {
     formTitles,
     hexPlaces,
+    namesOfTid,
     schemeNamed,
     schemeThatHolds,
     type Answer,
@@ -81,10 +82,7 @@ function sentenceOfText(identity: Identity): (Node | string)[] {
 }
 
 function sentenceOfTid(explanation: Explanation): (Node | string)[] {
-    const names = explanation.fields
-        .filter((field) => /^(designer|model|serial)\b/.test(field.name))
-        .map((field): [string, string] => [field.name, field.meaning]);
-    return ["The ", strong("memory of a tag’s chip"), " (TID): ", ...listed(names), "."];
+    return ["The ", strong("memory of a tag’s chip"), " (TID): ", ...listed(namesOfTid(explanation)), "."];
 }
 
 /** What is wrong and what to do, in one or two sentences. */

@@ -5,7 +5,7 @@
 import { byId, counted, grouped, html, saveFile } from "./elements";
 import { doRequest, type Count, type Report, type Request, type Row } from "./many_rows";
 import { takeFiles } from "./prefix_list";
-import { formTitles, type Form } from "./values";
+import { formTitles, type Form, type PrefixEntry } from "./values";
 
 const text = byId<HTMLTextAreaElement>("many-text");
 const column = byId<HTMLSelectElement>("many-column");
@@ -115,7 +115,7 @@ function showRows(rows: readonly Row[], of: number): void {
                 ),
             ),
         ),
-        rows.length < of ? html("p", { class: "hint" }, `The first ${grouped(rows.length)} of ${grouped(of)}; the file has all.`) : "",
+        rows.length < of ? html("p", { class: "hint" }, `The first ${grouped(rows.length)} of ${grouped(of)} are shown here; the CSV has all.`) : "",
     );
 }
 
@@ -127,6 +127,7 @@ function take(values: string): void {
 export interface Many {
     /** Opens the part with values that were pasted elsewhere. */
     take(values: string): void;
+    usePrefixList(entries: readonly PrefixEntry[]): void;
 }
 
 export function startMany(): Many {
@@ -157,6 +158,9 @@ export function startMany(): Many {
             text.value = values;
             take(values);
             text.focus();
+        },
+        usePrefixList(entries): void {
+            send({ kind: "list", entries });
         },
     };
 }

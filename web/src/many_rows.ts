@@ -3,7 +3,7 @@
  * a worker, or in the page where the browser allows no worker.
  */
 import { csvCell, tableOf, type TextTable } from "./table_text";
-import { convertMany, reasonAgainst, type Form } from "./values";
+import { convertMany, reasonAgainst, TID, tidText, usePrefixList, type Form, type PrefixEntry } from "./values";
 
 const CHUNK = 8192;
 const SHOWN = 200;
@@ -14,8 +14,8 @@ export type Request =
     | { kind: "take"; text: string; form: Form }
     | { kind: "convert"; column: number; form: Form }
     | { kind: "rows"; only: string }
+    | { kind: "list"; entries: readonly PrefixEntry[] }
     | { kind: "save" };
-
 
 export interface Count {
     name: string;
@@ -78,14 +78,18 @@ function pause(): Promise<void> {
 async function convertAll(report: (report: Report) => void): Promise<void> {
     const start = performance.now();
     const values = bodyRows().map((row) => (row[column] ?? "").trim());
-    results = { values, schemes: [], statuses: [], texts: [] };
+    const all: Results = { values, schemes: [], statuses: [], texts: [] };
+    results = all;
     for (let first = 0; first < values.length; first += CHUNK) {
         const chunk = convertMany(values.slice(first, first + CHUNK), form);
-        results.schemes.push(...chunk.schemes);
-        results.statuses.push(...chunk.statuses);
-        results.texts.push(...chunk.texts);
+        all.schemes.push(...chunk.schemes);
+        all.statuses.push(...chunk.statuses);
+        all.texts.push(...chunk.texts);
         report({ kind: "progress", done: Math.min(first + CHUNK, values.length), of: values.length });
         await pause();
+        if (results !== all) {
+            return; // other values have come meanwhile
+        }
     }
     report({
         kind: "counts",
@@ -126,12 +130,14 @@ function reportRows(only: string, report: (report: Report) => void): void {
         if (++of <= SHOWN) {
             const value = results.values[row] ?? "";
             const status = results.statuses[row] ?? "";
+            const scheme = results.schemes[row] ?? "";
             rows.push({
                 line: row + (hasHeader ? 2 : 1),
                 value,
-                scheme: results.schemes[row] ?? "",
+                scheme,
                 status,
-                text: status === OK ? (results.texts[row] ?? "") : reasonAgainst(value),
+                text:
+                    status !== OK ? reasonAgainst(value) : scheme === TID ? tidText(value) : (results.texts[row] ?? ""),
             });
         }
     }
@@ -162,6 +168,9 @@ export async function doRequest(request: Request, report: (report: Report) => vo
             column = request.column;
             form = request.form;
             return convertAll(report);
+        case "list":
+            usePrefixList(request.entries);
+            return form === "pureIdentity" && results.values.length > 0 ? convertAll(report) : undefined;
         case "rows":
             reportRows(request.only, report);
             return;

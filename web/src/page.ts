@@ -152,9 +152,10 @@ export function startPage(): void {
     startExamples();
     startPrefixSelect();
     builder = startBuilding();
-    startPrefixList(() => {
+    startPrefixList((entries) => {
         show();
         builder?.show();
+        many.usePrefixList(entries);
     });
     takeFromAddress();
 

@@ -3,20 +3,18 @@
  * stays on the device.
  */
 import { byId, grouped } from "./elements";
-import { usePrefixList } from "./values";
+import { usePrefixList, type PrefixEntry } from "./values";
 
 const DATABASE = "rosetag";
 const STORE = "lists";
 const KEY = "prefixes";
 
-type Entry = readonly [prefix: string, length: number];
-
-function entryOf(prefix: unknown, length: unknown): Entry {
+function entryOf(prefix: unknown, length: unknown): PrefixEntry {
     return [String(prefix), length === null ? NaN : Number(length)];
 }
 
 /** The prefixes and lengths of a file. */
-function entriesOf(text: string): Entry[] {
+function entriesOf(text: string): PrefixEntry[] {
     if (text.trimStart().startsWith("<")) {
         const tree = new DOMParser().parseFromString(text, "application/xml");
         return Array.from(tree.querySelectorAll("entry"), (entry) =>
@@ -49,40 +47,40 @@ function withStore<Result>(mode: IDBTransactionMode, work: (store: IDBObjectStor
     });
 }
 
+type Changed = (entries: readonly PrefixEntry[]) => void;
+
 // Gives the package the list, and says so.
-function use(entries: readonly Entry[]): void {
+function use(entries: readonly PrefixEntry[], changed: Changed): void {
     usePrefixList(entries);
     const { length } = entries;
     byId("list-state").textContent = length === 0 ? "" : `In use: ${grouped(length)} prefixes.`;
     byId("list-forget").hidden = length === 0;
+    changed(entries);
 }
 
-async function take(file: File, changed: () => void): Promise<void> {
+async function take(file: File, changed: Changed): Promise<void> {
     try {
         const entries = entriesOf(await file.text());
         if (entries.length === 0) {
             throw new Error("it has no entries");
         }
-        use(entries);
-        changed();
+        use(entries, changed);
         await withStore("readwrite", (store) => store.put(entries, KEY));
     } catch (error) {
         byId("list-state").textContent = `This is not a list of company prefixes: ${(error as Error).message}.`;
     }
 }
 
-async function forget(changed: () => void): Promise<void> {
-    use([]);
-    changed();
+async function forget(changed: Changed): Promise<void> {
+    use([], changed);
     await withStore("readwrite", (store) => store.delete(KEY));
 }
 
-async function recall(changed: () => void): Promise<void> {
+async function recall(changed: Changed): Promise<void> {
     try {
-        const entries = await withStore("readonly", (store) => store.get(KEY) as IDBRequest<Entry[] | undefined>);
+        const entries = await withStore("readonly", (store) => store.get(KEY) as IDBRequest<PrefixEntry[] | undefined>);
         if (entries !== undefined) {
-            use(entries);
-            changed();
+            use(entries, changed);
         }
     } catch {
         // Without storage the list is dropped anew each time.
@@ -117,7 +115,7 @@ export function takeFiles(zone: HTMLElement, chooser: HTMLInputElement, work: (f
 }
 
 /** Recalls the list of an earlier visit and takes new ones. */
-export function startPrefixList(changed: () => void): void {
+export function startPrefixList(changed: Changed): void {
     takeFiles(byId("list-drop"), byId<HTMLInputElement>("list-file"), (file) => void take(file, changed));
     byId("list-forget").addEventListener("click", () => void forget(changed));
     void recall(changed);

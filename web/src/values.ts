@@ -122,32 +122,71 @@ export function encodeFor(scheme: Scheme, text: string, filter: number, givenLen
     return { scheme, answer: result === null ? null : answerTo(result), failure };
 }
 
+/** What stands in place of a scheme for the TID of a chip. */
+export const TID = "TID";
+
 export interface Converted {
-    schemes: readonly (string | null)[];
+    schemes: readonly (string | null)[]; // or TID
     statuses: readonly string[]; // "OK" where a row was read
     texts: readonly (string | null)[];
 }
 
+function statusOfTid(value: string): string {
+    try {
+        rosetag.tid(value);
+        return "OK";
+    } catch (error) {
+        return error instanceof rosetag.RosetagError ? error.status : "";
+    }
+}
+
 /** Converts values to one form. */
 export function convertMany(values: readonly string[], form: Form): Converted {
-    const rows = rosetag.decodeMany(values, [form, "scheme"]);
-    return {
+    const rows = rosetag.decodeMany(values, [form, "scheme", "form"]);
+    const converted = {
         schemes: rows.scheme as (string | null)[],
-        statuses: Array.from(rows.status, (status) => rosetag.statuses[status] ?? ""),
+        statuses: Array.from(rows.status, (status): string => rosetag.statuses[status] ?? ""),
         texts: rows[form] as (string | null)[],
     };
+    values.forEach((value, row) => {
+        // A TID has no other form, and is read as such.
+        if (rows.form[row] === "tid") {
+            converted.schemes[row] = TID;
+            converted.statuses[row] = statusOfTid(value);
+        }
+        // Only a list tells the length of the company prefix in a GS1 text.
+        if (form === "pureIdentity" && rows.status[row] === 0 && converted.texts[row] === null) {
+            const gcpLength = list?.lengthFor(value);
+            converted.texts[row] =
+                gcpLength === undefined ? null : attempt(() => rosetag.convert(value, form, { gcpLength })).result;
+        }
+    });
+    return converted;
+}
+
+/** What the TID of a chip says. */
+export function namesOfTid(explanation: Explanation): [name: string, meaning: string][] {
+    return explanation.fields
+        .filter((field) => /^(designer|model|serial)\b/.test(field.name))
+        .map((field) => [field.name, field.meaning]);
+}
+
+export function tidText(value: string): string {
+    return namesOfTid(explain(value)).map((names) => names.join(" ")).join(", ");
 }
 
 /** Why a value cannot be read. */
 export function reasonAgainst(value: string): string {
-    return attempt(() => rosetag.decode(value)).failure?.reason ?? "";
+    return answerTo(value).failure?.reason ?? "";
 }
 
+/** Of a prefix list: the digits that a prefix begins with, and its length. */
+export type PrefixEntry = readonly [prefix: string, length: number];
 
 /**
  * From here on the lengths of company prefixes come from this list, where the user does not give
  * them; an empty one stands for none.
  */
-export function usePrefixList(entries: readonly (readonly [string, number])[]): void {
+export function usePrefixList(entries: readonly PrefixEntry[]): void {
     list = entries.length === 0 ? null : new GcpList(entries);
 }

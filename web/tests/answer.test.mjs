@@ -2,21 +2,10 @@
  * What the page says of a value.
  */
 import assert from "node:assert/strict";
-import { after, afterEach, before, test } from "node:test";
-import { openPage, serve, startBrowser, textOf, textsOf, type } from "./browser.mjs";
+import { test } from "node:test";
+import { open, site, textOf, textsOf, type } from "./browser.mjs";
 
-let browser, site, page;
-before(async () => {
-    site = await serve();
-    browser = await startBrowser();
-});
-after(async () => {
-    await browser.close();
-    await site.close();
-});
-afterEach(async () => {
-    await page?.context().close();
-});
+let page;
 
 // What is in the field, and what the sentence has to say of it.
 const sentences = [
@@ -37,7 +26,7 @@ const sentences = [
 ];
 
 test("one sentence says what a value is, on every key", async () => {
-    page = await openPage(browser, site.url);
+    page = await open();
     for (const [value, expected] of sentences) {
         await type(page, value);
         assert.match(await textOf(page, "#sentence"), expected, value);
@@ -48,7 +37,7 @@ test("one sentence says what a value is, on every key", async () => {
 });
 
 test("a tag shows why, and all its forms with a button that copies each", async () => {
-    page = await openPage(browser, site.url, "3074257BF7194E4000001A85", {
+    page = await open("3074257BF7194E4000001A85", {
         permissions: ["clipboard-read", "clipboard-write"],
     });
     assert.match(await textOf(page, ".why"), /^Why\? It begins with the header 30, which means sgtin-96\./);
@@ -71,7 +60,7 @@ test("a tag shows why, and all its forms with a button that copies each", async 
 });
 
 test("the separator of a barcode string is seen, and copied as it is", async () => {
-    page = await openPage(browser, site.url, "(10)AB(21)7", { permissions: ["clipboard-read", "clipboard-write"] });
+    page = await open("(10)AB(21)7", { permissions: ["clipboard-read", "clipboard-write"] });
     assert.equal(await textOf(page, ".forms tr:nth-child(2) .value"), "10ABGS217");
     await page.locator(".forms tr:nth-child(2) .copy").click();
     await page.locator(".copy", { hasText: "copied" }).waitFor();
@@ -87,7 +76,7 @@ const faults = [
 ];
 
 test("what is wrong is marked in the input, and told with a remedy", async () => {
-    page = await openPage(browser, site.url);
+    page = await open();
     for (const [value, marks, told] of faults) {
         await type(page, value);
         assert.equal(await page.locator("#marks").textContent(), value);
@@ -107,7 +96,7 @@ test("what is wrong is marked in the input, and told with a remedy", async () =>
 
 test("the marks stand under the characters they are about", async () => {
     for (const width of [1000, 360]) {
-        page = await openPage(browser, site.url, "(01)80614141123457(21)6789(10)ABCDEFGHIJKLMNOPQ", { viewport: { width, height: 800 } });
+        page = await open("(01)80614141123457(21)6789(10)ABCDEFGHIJKLMNOPQ", { viewport: { width, height: 800 } });
         const input = await page.locator("#value").boundingBox();
         const copy = await page.locator("#marks").boundingBox();
         assert.deepEqual([input.width, input.height], [copy.width, copy.height]);
@@ -123,13 +112,13 @@ test("the marks stand under the characters they are about", async () => {
 });
 
 test("the length of a company prefix that a text does not tell can be given", async () => {
-    page = await openPage(browser, site.url, "(01)80614141123458(21)6789");
+    page = await open("(01)80614141123458(21)6789");
     await page.locator("#prefix-length").selectOption("7");
     await page.locator("table.forms", { hasText: "urn:epc:id:sgtin:0614141.812345.6789" }).waitFor();
 });
 
 test("the value stands in the address, and examples put theirs there", async () => {
-    page = await openPage(browser, site.url);
+    page = await open();
     await type(page, "(01)80614141123458(21)a/b#%");
     const link = await page.evaluate(() => location.href);
     assert.equal(link, `${site.url}#${encodeURIComponent("(01)80614141123458(21)a/b#%")}`);

@@ -3,8 +3,8 @@
  */
 import assert from "node:assert/strict";
 import { readFileSync } from "node:fs";
-import { after, afterEach, before, test } from "node:test";
-import { openPage, serve, startBrowser, textsOf, type } from "./browser.mjs";
+import { test } from "node:test";
+import { open, textsOf, type } from "./browser.mjs";
 
 const SGTIN = "3074257BF7194E4000001A85";
 const LONGEST = // a part number and a serial number of an aircraft part, each as long as it can be
@@ -12,18 +12,7 @@ const LONGEST = // a part number and a serial number of an aircraft part, each a
 const TID = "E28011302000123456789ABC";
 const PLUS = "F7880614141123458046A145CCE7CC40C01B58421E0C25AC592F6600";
 
-let browser, site, page;
-before(async () => {
-    site = await serve();
-    browser = await startBrowser();
-});
-after(async () => {
-    await browser.close();
-    await site.close();
-});
-afterEach(async () => {
-    await page?.context().close();
-});
+let page;
 
 // The bits of each row as they are drawn, from left to right.
 async function drawnRows() {
@@ -43,7 +32,7 @@ function binary(hex) {
 }
 
 test("rows are the words of the memory bank, with address, bits and hex", async () => {
-    page = await openPage(browser, site.url);
+    page = await open();
     for (const [hex, firstWord] of [[SGTIN, 2], [LONGEST, 2], [TID, 0], [PLUS, 2], ["E2003412", 0], ["42", 2], [`3400${SGTIN}`, 1]]) {
         await type(page, hex);
         const words = hex.match(/.{1,4}/g);
@@ -59,7 +48,7 @@ test("rows are the words of the memory bank, with address, bits and hex", async 
 });
 
 test("each field has its name once, and its bits and meaning in the table", async () => {
-    page = await openPage(browser, site.url, SGTIN);
+    page = await open(SGTIN);
     const names = ["header", "filter", "partition", "company prefix", "item reference", "serial"];
     assert.deepEqual((await textsOf(page, ".memory .name")).sort(), [...names].sort());
     assert.deepEqual(await textsOf(page, ".fields tbody th"), names);
@@ -71,7 +60,7 @@ test("each field has its name once, and its bits and meaning in the table", asyn
 });
 
 test("fields next to one another differ in their line and not in hue alone", async () => {
-    page = await openPage(browser, site.url, PLUS);
+    page = await open(PLUS);
     const lines = await page.evaluate(() =>
         [...document.querySelectorAll(".fields button")].map((button) => {
             const style = getComputedStyle(button);
@@ -90,7 +79,7 @@ async function litTexts(selector) {
 }
 
 test("pointing at any place of a field lights all of them", async () => {
-    page = await openPage(browser, site.url, SGTIN);
+    page = await open(SGTIN);
     const places = [
         ".memory .field[data-fields='3'] >> nth=1",
         ".memory .name[data-fields='3']",
@@ -115,7 +104,7 @@ test("pointing at any place of a field lights all of them", async () => {
 });
 
 test("focus lights too, a click or a tap holds, Escape lets go", async () => {
-    page = await openPage(browser, site.url, SGTIN);
+    page = await open(SGTIN);
     const serial = page.locator(".fields button", { hasText: "serial" });
     await serial.focus();
     await page.locator(".memory .name.lit", { hasText: "serial" }).waitFor();
@@ -130,7 +119,7 @@ test("focus lights too, a click or a tap holds, Escape lets go", async () => {
     assert.equal(await page.locator(".has-lit, .lit").count(), 0, "another value has nothing lit");
     await page.context().close();
 
-    page = await openPage(browser, site.url, SGTIN, { hasTouch: true, isMobile: true, viewport: { width: 390, height: 800 } });
+    page = await open(SGTIN, { hasTouch: true, isMobile: true, viewport: { width: 390, height: 800 } });
     await page.locator(".memory .field[data-fields='1'] .tint").tap();
     await page.locator(".fields button[aria-pressed='true']", { hasText: "filter" }).waitFor();
     assert.deepEqual(await litTexts(".forms tr:nth-child(1) .part"), ["3"]);
@@ -164,7 +153,7 @@ async function collisions() {
 
 test("readable from one byte to 448 bits, wide, on a phone and in print", async () => {
     for (const width of [1000, 360, 320]) {
-        page = await openPage(browser, site.url, "", { viewport: { width, height: 800 } });
+        page = await open("", { viewport: { width, height: 800 } });
         for (const value of ["42", SGTIN, LONGEST, TID, PLUS, `3400${SGTIN}`]) {
             await type(page, value);
             await page.locator(".memory").waitFor();
@@ -180,7 +169,7 @@ test("readable from one byte to 448 bits, wide, on a phone and in print", async 
         }
         await page.context().close();
     }
-    page = await openPage(browser, site.url, LONGEST);
+    page = await open(LONGEST);
     await page.emulateMedia({ media: "print" });
     assert.equal(await page.locator(".memory").isVisible(), true);
     assert.equal(await page.locator(".examples").isVisible(), false);
@@ -188,7 +177,7 @@ test("readable from one byte to 448 bits, wide, on a phone and in print", async 
 });
 
 test("a field that is wrong is marked where it stands", async () => {
-    page = await openPage(browser, site.url, "30FF");
+    page = await open("30FF");
     assert.deepEqual(await textsOf(page, ".memory .name.bad"), ["✕ partition"]);
     assert.match((await textsOf(page, ".fields .bad .meaning"))[0], /partition value 7/);
     assert.deepEqual(await textsOf(page, ".memory .unread"), ["11"]);
@@ -197,7 +186,7 @@ test("a field that is wrong is marked where it stands", async () => {
 });
 
 test("the picture is saved as an SVG that stands alone", async () => {
-    page = await openPage(browser, site.url, SGTIN);
+    page = await open(SGTIN);
     const waiting = page.waitForEvent("download");
     await page.getByRole("button", { name: "Save the picture" }).click();
     const download = await waiting;

@@ -1,10 +1,12 @@
 /*
- * Debian's Chromium, and what tests ask of a page.
+ * Debian's Chromium, and what tests ask of a page. A file of tests has one browser and one server,
+ * and each of its tests pages of its own.
  */
 import { readdirSync, statSync } from "node:fs";
 import { join } from "node:path";
+import { after, afterEach, before } from "node:test";
 import { chromium } from "playwright-core";
-import { siteDirectory } from "../serve.mjs";
+import { serve, siteDirectory } from "../serve.mjs";
 
 export { serve, siteDirectory } from "../serve.mjs";
 
@@ -13,19 +15,34 @@ export function siteSize() {
     return readdirSync(siteDirectory).reduce((sum, name) => sum + statSync(join(siteDirectory, name)).size, 0);
 }
 
-export async function startBrowser() {
-    return chromium.launch({
+let browser;
+const contexts = [];
+
+/** The page on its server: its url. */
+export const site = {};
+
+before(async () => {
+    Object.assign(site, await serve());
+    browser = await chromium.launch({
         executablePath: process.env.CHROMIUM ?? "/usr/bin/chromium",
         args: [
             "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
             "--disable-background-networking", "--disable-component-update", "--disable-sync",
         ],
     });
-}
+});
+afterEach(async () => {
+    await Promise.all(contexts.splice(0).map((context) => context.close()));
+});
+after(async () => {
+    await browser.close();
+    await site.close();
+});
 
 /** Opens the page with a value, and notes its errors and requests. */
-export async function openPage(browser, url, value = "", options = {}) {
+export async function open(value = "", options = {}, url = site.url) {
     const context = await browser.newContext({ viewport: { width: 1000, height: 900 }, ...options });
+    contexts.push(context);
     context.setDefaultTimeout(15_000);
     const page = await context.newPage();
     page.errors = [];

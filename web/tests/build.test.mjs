@@ -2,24 +2,13 @@
  * Building a tag, and the list of company prefixes that the user brings.
  */
 import assert from "node:assert/strict";
-import { after, afterEach, before, test } from "node:test";
-import { openPage, serve, startBrowser, textOf, textsOf } from "./browser.mjs";
+import { test } from "node:test";
+import { open, site, textOf, textsOf } from "./browser.mjs";
 
-let browser, site, page;
-before(async () => {
-    site = await serve();
-    browser = await startBrowser();
-});
-after(async () => {
-    await browser.close();
-    await site.close();
-});
-afterEach(async () => {
-    await page?.context().close();
-});
+let page;
 
 async function openBuilder(value = "") {
-    page = await openPage(browser, site.url, value);
+    page = await open(value);
     await page.locator("#build summary").click();
     await page.locator("#build-gtin").waitFor();
 }
@@ -68,7 +57,7 @@ test("the bits change with every key, and schemes that no longer fit say why", a
 });
 
 test("any other identity can be built, also the one that was looked at", async () => {
-    page = await openPage(browser, site.url, "(00)106141412345678908");
+    page = await open("(00)106141412345678908");
     await page.getByRole("button", { name: "See it on a tag" }).click();
     assert.equal(await page.locator("#build-text").inputValue(), "(00)106141412345678908");
     assert.deepEqual(await schemesHeld(), ["sscc-96", "sscc+"]);

@@ -3,24 +3,13 @@
  */
 import assert from "node:assert/strict";
 import { readFileSync } from "node:fs";
-import { after, afterEach, before, test } from "node:test";
-import { openPage, serve, startBrowser, textOf, textsOf } from "./browser.mjs";
+import { test } from "node:test";
+import { open, textOf, textsOf } from "./browser.mjs";
 
-let browser, site, page;
-before(async () => {
-    site = await serve();
-    browser = await startBrowser();
-});
-after(async () => {
-    await browser.close();
-    await site.close();
-});
-afterEach(async () => {
-    await page?.context().close();
-});
+let page;
 
 async function openMany() {
-    page = await openPage(browser, site.url);
+    page = await open();
     await page.locator("#many summary").click();
 }
 
@@ -94,12 +83,31 @@ test("a table is read by its column of values and keeps its other columns", asyn
 });
 
 test("several lines in the field above become many values", async () => {
-    page = await openPage(browser, site.url, "", { permissions: ["clipboard-read", "clipboard-write"] });
+    page = await open("", { permissions: ["clipboard-read", "clipboard-write"] });
     await page.evaluate(() => navigator.clipboard.writeText("3074257BF7194E4000001A85\n3074257BF7194E4000001A86"));
     await page.locator("#value").focus();
     await page.keyboard.press("Control+V");
     await page.locator("#many-state", { hasText: "2 values" }).waitFor();
     assert.equal(await page.locator("#value").inputValue(), "");
+});
+
+test("a TID is one, and a prefix list tells the pure identity of GS1 texts", async () => {
+    await openMany();
+    await page.locator("#many-form").selectOption("pureIdentity");
+    await page.locator("#many-text").fill("E28011302000123456789ABC\n(01)80614141123458(21)6789\nE2\nFF00");
+    await page.locator("#many-state", { hasText: "4 values" }).waitFor();
+    assert.deepEqual(await counts(), { TID: "1", "no scheme": "1", TRUNCATED: "1", UNKNOWN_HEADER: "1" });
+    const texts = () => textsOf(page, "#many-rows td:nth-child(4)");
+    const [tid, gs1] = await texts();
+    assert.match(tid, /^designer \(MDID\) 0x001, model \(TMN\) 0x130, serial 123456789ABC$/);
+    assert.equal(gs1, "");
+    assert.match(await saved(), /^E28011302000123456789ABC,TID,,OK$/m);
+
+    const list = '<GCPPrefixFormatList><entry prefix="0614141" gcpLength="7"/></GCPPrefixFormatList>';
+    await page.locator("#build summary").click();
+    await page.locator("#list-file").setInputFiles({ name: "list", mimeType: "text/xml", buffer: Buffer.from(list) });
+    await page.locator("#many-rows td", { hasText: "urn:epc:id:sgtin:0614141.812345.6789" }).waitFor();
+    assert.match(await saved(), /,urn:epc:id:sgtin:0614141\.812345\.6789,OK$/m);
 });
 
 test("a dropped file is read", async () => {
@@ -133,6 +141,7 @@ test("100,000 lines go through the worker while the page stays responsive", asyn
     console.log(`# 100,000 lines: ${milliseconds.toFixed(0)} ms from the drop to the counts, ${frames} frames meanwhile, the longest ${longest.toFixed(0)} ms`);
     assert.ok(frames > 5, "the page draws while the worker works");
     assert.deepEqual(await counts(), { "sgtin-96": "100,000" });
+    assert.match(await textOf(page, "#many-rows .hint"), /^The first 200 of 100,000 are shown here; the CSV has all\.$/);
     const file = await saved();
     assert.equal(file.split("\n").length, 100_002);
     assert.ok(file.includes("(01)80614141123458(21)106788,OK"));

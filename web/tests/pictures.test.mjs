@@ -5,8 +5,8 @@
 import assert from "node:assert/strict";
 import { mkdirSync } from "node:fs";
 import { join } from "node:path";
-import { after, before, test } from "node:test";
-import { openPage, serve, siteDirectory, startBrowser } from "./browser.mjs";
+import { test } from "node:test";
+import { open, siteDirectory } from "./browser.mjs";
 
 const pictures = join(siteDirectory, "../pictures");
 
@@ -22,16 +22,7 @@ const values = {
     cut: "30FF",
 };
 
-let browser, site;
-before(async () => {
-    mkdirSync(pictures, { recursive: true });
-    site = await serve();
-    browser = await startBrowser();
-});
-after(async () => {
-    await browser.close();
-    await site.close();
-});
+mkdirSync(pictures, { recursive: true });
 
 async function take(page, name, theme, width) {
     const overflow = await page.evaluate(
@@ -45,7 +36,7 @@ for (const theme of ["light", "dark"]) {
     for (const width of [900, 360]) {
         test(`pictures of the page, ${theme}, ${width} pixels wide`, async () => {
             for (const [name, value] of Object.entries(values)) {
-                const page = await openPage(browser, site.url, value, { colorScheme: theme, viewport: { width, height: 700 } });
+                const page = await open(value, { colorScheme: theme, viewport: { width, height: 700 } });
                 await take(page, name, theme, width);
                 if (name === "tag") {
                     await page.locator(".fields button").nth(3).click();
@@ -69,7 +60,7 @@ for (const theme of ["light", "dark"]) {
 }
 
 test("the picture for the README", async () => {
-    const page = await openPage(browser, site.url, values.tag, { viewport: { width: 900, height: 1036 } });
+    const page = await open(values.tag, { viewport: { width: 900, height: 1036 } });
     await page.locator("#value").blur();
     await page.screenshot({ path: join(pictures, "page.png") });
     assert.equal(await page.locator(".memory").isVisible(), true);

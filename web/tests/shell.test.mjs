@@ -6,24 +6,13 @@ import assert from "node:assert/strict";
 import { readFileSync } from "node:fs";
 import { createServer } from "node:http";
 import { createRequire } from "node:module";
-import { after, afterEach, before, test } from "node:test";
-import { openPage, serve, siteDirectory, siteSize, startBrowser, textOf, type } from "./browser.mjs";
+import { test } from "node:test";
+import { open, serve, site, siteDirectory, siteSize, textOf, type } from "./browser.mjs";
 
 const axeSource = readFileSync(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
 const SGTIN = "3074257BF7194E4000001A85";
 
-let browser, site, page;
-before(async () => {
-    site = await serve();
-    browser = await startBrowser();
-});
-after(async () => {
-    await browser.close();
-    await site.close();
-});
-afterEach(async () => {
-    await page?.context().close();
-});
+let page;
 
 async function useEverything() {
     for (const value of [SGTIN, "(01)80614141123457(17)271332", "https://id.example.com/01/09506000134352?17=271231"]) {
@@ -37,7 +26,7 @@ async function useEverything() {
 }
 
 test("no request leaves, and the policy of the page forbids it", async () => {
-    page = await openPage(browser, site.url);
+    page = await open();
     await useEverything();
     const own = new Set(["", "page.js", "page.css", "icon.svg", "service-worker.js", "index.html"].map((name) => site.url + name));
     // Downloads are blobs of the page itself.
@@ -80,7 +69,7 @@ test("no request leaves, and the policy of the page forbids it", async () => {
 
 test("it works offline after the first visit", async () => {
     const own = await serve();
-    page = await openPage(browser, own.url, SGTIN);
+    page = await open(SGTIN, {}, own.url);
     await page.evaluate(() => navigator.serviceWorker.ready.then(() => true));
     await own.close();
     await page.context().setOffline(true);
@@ -90,7 +79,7 @@ test("it works offline after the first visit", async () => {
 });
 
 test("it works from disk", async () => {
-    page = await openPage(browser, `file://${siteDirectory}/index.html`, SGTIN);
+    page = await open(SGTIN, {}, `file://${siteDirectory}/index.html`);
     assert.match(await textOf(page, "#sentence"), /trade item/);
     await page.locator(".memory").waitFor();
     await useEverything();
@@ -109,7 +98,7 @@ async function violations() {
 test("axe-core finds nothing, light and dark, in every part", async () => {
     for (const colorScheme of ["light", "dark"]) {
         for (const width of [1000, 360]) {
-            page = await openPage(browser, site.url, "", { colorScheme, viewport: { width, height: 900 } });
+            page = await open("", { colorScheme, viewport: { width, height: 900 } });
             assert.deepEqual(await violations(), [], `${colorScheme}, empty`);
             await useEverything();
             assert.deepEqual(await violations(), [], `${colorScheme}, everything open`);
@@ -128,7 +117,7 @@ test("axe-core finds nothing, light and dark, in every part", async () => {
 });
 
 test("everything can be reached and used with the keyboard", async () => {
-    page = await openPage(browser, site.url);
+    page = await open();
     assert.equal(await page.evaluate(() => document.activeElement.id), "value");
     await page.keyboard.type(SGTIN);
     const reached = [];

@@ -13,6 +13,7 @@ import { convert, decode, decodeMany } from "rosetag";
 import { core } from "../dist/esm/calls.js";
 
 const CALLS = 200_000;
+const BATCH = 10_000;
 const RUNS = 9;
 const MANY_CALLS = 10_000_000;
 
@@ -22,6 +23,7 @@ const values = Array.from(
   (_, serial) => `3074257BF7194E4000${(7 * serial).toString(16).toUpperCase().padStart(6, "0")}`,
 );
 const rows = Array.from({ length: CALLS }, (_, row) => values[row % values.length]);
+const batches = Array.from({ length: CALLS / BATCH }, (_, batch) => rows.slice(BATCH * batch, BATCH * (batch + 1)));
 
 function median(list) {
   return list.sort((one, other) => one - other)[list.length >> 1];
@@ -39,7 +41,11 @@ let sum = 0;
 const calls = {
   "convert(value, form)": ["convert", () => rows.forEach((value) => (sum += convert(value, "tagUri").length))],
   "decode(value)": ["decode", () => rows.forEach((value) => (sum += decode(value).serial.length))],
-  "decodeMany(values, form)": ["convert", () => (sum += decodeMany(rows, "tagUri").status.length)],
+  [`decodeMany(values, form), ${BATCH} rows`]: [
+    "convert",
+    () => batches.forEach((batch) => (sum += decodeMany(batch, "tagUri").status.length)),
+  ],
+  [`decodeMany(values, form), ${CALLS} rows`]: ["convert", () => (sum += decodeMany(rows, "tagUri").status.length)],
 };
 
 const natives = Array.from({ length: 5 }, () => JSON.parse(execFileSync(process.argv[2], { encoding: "utf8" })));

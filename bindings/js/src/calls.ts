@@ -3,10 +3,12 @@
  * about values is decided here.
  */
 import { RosetagError, camelCase, inCodeUnits } from "./errors.js";
+import type { RawFailure } from "./errors.js";
 import coreWasm from "./generated/core_wasm.js";
-import type { Encoding, Form, OutputForm, SchemeName, Status } from "./generated/names.js";
+import { names as generated } from "./generated/names.js";
+import type { Encoding, Form, NoteKind, OutputForm, SchemeName, Status } from "./generated/names.js";
 import type { Ai, Identity, Note, ReadOptions, Scheme, Value } from "./results.js";
-import { Wasm, statusOf } from "./wasm.js";
+import { RecordReader, Wasm } from "./wasm.js";
 
 /** An option that was left out, for the module. */
 export const NOT_GIVEN = -1;
@@ -22,30 +24,28 @@ export function useReasons(give: () => Wasm): void {
 
 // ---- Names ----
 
-interface Names {
-  version: string;
-  forms: string[];
-  texts: string[];
-  statuses: string[];
+const names = generated as {
+  forms: (Form | OutputForm)[];
+  texts: OutputForm[];
+  statuses: Status[];
+  meanings: string[];
   encodings: Encoding[];
+  notes: NoteKind[];
   schemes: Scheme[];
-}
-
-core.exports.rosetag_names();
-export const names = JSON.parse(core.result()) as Names;
+};
+export const { schemes } = names;
+export const { version } = generated;
 
 function numbers<Name extends string>(list: readonly string[]): Map<Name, number> {
   return new Map(list.map((name, number) => [name as Name, number]));
 }
 
 /** Forms that are one text. */
-export const formNumbers = new Map(
-  names.texts.map((word) => [camelCase(word) as OutputForm, names.forms.indexOf(word)]),
-);
-export const schemeNumbers = numbers<SchemeName>(names.schemes.map((scheme) => scheme.name));
+export const formNumbers = new Map(names.texts.map((name) => [name, names.forms.indexOf(name)]));
+export const schemeNumbers = numbers<SchemeName>(schemes.map((scheme) => scheme.name));
 const encodingNumbers = numbers<Encoding | "auto">(names.encodings).set("auto", -1);
 
-export const statuses: readonly Status[] = Object.freeze(names.statuses.map(statusOf));
+export const statuses: readonly Status[] = Object.freeze(names.statuses);
 
 export function numberOf<Name extends string>(
   what: string,
@@ -65,8 +65,9 @@ export function encodingNumber(encoding: Encoding | undefined): number {
   return encoding === undefined ? -1 : numberOf("encoding", encoding, encodingNumbers);
 }
 
-export function formName(word: string): Form {
-  return camelCase(word) as Form;
+/** What a value is, by its number. */
+export function formName(number: number): Form {
+  return names.forms[number] as Form;
 }
 
 // ---- Values and options ----
@@ -158,16 +159,20 @@ export function integerOf(what: string, given: number | undefined): number {
 
 // ---- Calls ----
 
-/** Runs a call. A module that ran out of memory begins anew. */
+/** After a call that could not end: a module that ran out of memory begins anew. */
+export function recover(wasm: Wasm, error: unknown): never {
+  if (error instanceof WebAssembly.RuntimeError) {
+    wasm.begin();
+    throw new RangeError("not enough memory for this value", { cause: error });
+  }
+  throw error;
+}
+
 export function attempt<Result>(wasm: Wasm, call: (wasm: Wasm) => Result): Result {
   try {
     return call(wasm);
   } catch (error) {
-    if (error instanceof WebAssembly.RuntimeError) {
-      wasm.begin();
-      throw new RangeError("not enough memory for this value", { cause: error });
-    }
-    throw error;
+    return recover(wasm, error);
   }
 }
 
@@ -184,7 +189,34 @@ export function errorOf(value: Value, call: (wasm: Wasm) => number, wasm: Wasm):
   if (teller !== wasm) {
     attempt(teller, call);
   }
-  return new RosetagError(value, inCodeUnits(value, teller.failure()));
+  teller.exports.rosetag_failure();
+  return new RosetagError(value, inCodeUnits(value, failureOf(teller.record())));
+}
+
+function failureOf(record: RecordReader): RawFailure {
+  const number = record.number();
+  const failure = {
+    status: statuses[number] as Status,
+    text: record.text(),
+    message: record.text(),
+    remedy: record.text(),
+    position: record.number(),
+    length: record.number(),
+    culprit: record.text(),
+    option: record.text(),
+  };
+  return failure.message === "" ? withMeaning(failure, names.meanings[number] as string) : failure;
+}
+
+/** The core does not know what of the value is at fault. */
+function withMeaning(failure: RawFailure, meaning: string): RawFailure {
+  const remedy = 'import "rosetag/explain" to learn where and why';
+  return {
+    ...failure,
+    text: `${failure.status}: ${meaning}; ${remedy}`,
+    message: meaning,
+    remedy,
+  };
 }
 
 /** A value that is too long is refused by the conversion, whatever was asked for. */
@@ -216,25 +248,61 @@ export function notesOf(value: Value, notes: readonly RawNote[] | undefined): No
   );
 }
 
-/** An identity of the JSON of a translation. */
-export function identityOf(value: Value, json: string): Identity {
-  const raw = JSON.parse(json);
+function notesIn(value: Value, record: RecordReader): Note[] {
+  return Array.from({ length: record.number() }, () =>
+    inCodeUnits(value, {
+      kind: names.notes[record.number()] as NoteKind,
+      severity: record.text() as Note["severity"],
+      text: record.text(),
+      position: record.number(),
+      length: record.number(),
+      option: camelCase(record.text()) || null,
+    }),
+  );
+}
+
+function aisIn(record: RecordReader): Ai[] {
+  const ais: Ai[] = [];
+  for (let count = record.number(); count > 0; --count) {
+    ais.push({ ai: record.text(), title: record.text(), value: record.text() });
+  }
+  return ais;
+}
+
+function fitsIn(record: RecordReader): SchemeName[] {
+  const fits: SchemeName[] = [];
+  for (let count = record.number(); count > 0; --count) {
+    fits.push(schemeName(record.number()) as SchemeName);
+  }
+  return fits;
+}
+
+/** The name of a scheme, null if there is none. */
+export function schemeName(number: number): SchemeName | null {
+  return number < 0 ? null : (schemes[number] as Scheme).name;
+}
+
+/** The record of a translation. */
+export function identityOf(value: Value, record: RecordReader): Identity {
+  const form = formName(record.number());
+  const scheme = schemeName(record.number());
+  const filter = record.number();
   return {
     value,
-    form: formName(raw.form),
-    scheme: raw.scheme ?? null,
-    filter: raw.filter ?? null,
-    bits: raw.bits ?? null,
-    hex: raw.hex ?? null,
-    tagUri: raw.tag_uri ?? null,
-    pureIdentity: raw.pure_identity ?? null,
-    elementString: raw.element_string ?? null,
-    barcodeString: raw.barcode_string ?? null,
-    digitalLink: raw.digital_link ?? null,
-    gtin: raw.gtin ?? null,
-    serial: raw.serial ?? null,
-    ais: (raw.ais ?? []) as Ai[],
-    fitsSchemes: raw.fits_schemes ?? [],
-    notes: notesOf(value, raw.notes),
+    form,
+    scheme,
+    filter: filter < 0 ? null : filter,
+    bits: record.number() || null,
+    hex: record.textOrNull(),
+    tagUri: record.textOrNull(),
+    pureIdentity: record.textOrNull(),
+    elementString: record.textOrNull(),
+    barcodeString: record.textOrNull(),
+    digitalLink: record.textOrNull(),
+    gtin: record.textOrNull(),
+    serial: record.textOrNull(),
+    ais: aisIn(record),
+    fitsSchemes: fitsIn(record),
+    notes: notesIn(value, record),
   };
 }

@@ -1,6 +1,17 @@
 import type { Status } from "./generated/names.js";
 import type { Value } from "./results.js";
-import type { RawFailure } from "./wasm.js";
+
+/** A failure as the module tells it, position and length in code units of the value. */
+export interface RawFailure {
+  status: Status;
+  text: string;
+  message: string;
+  remedy: string;
+  position: number;
+  length: number;
+  culprit: string;
+  option: string;
+}
 
 /**
  * A value that cannot be converted. Its message says what is wrong, where, and what to do.

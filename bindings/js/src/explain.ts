@@ -7,15 +7,14 @@ import {
   encodingNumber,
   errorOf,
   flagsOf,
-  formName,
   gcpLengthOf,
   notesOf,
   put,
   refuseTooLong,
   run,
 } from "./calls.js";
-import { inCodeUnits } from "./errors.js";
-import type { Encoding } from "./generated/names.js";
+import { camelCase, inCodeUnits } from "./errors.js";
+import type { Encoding, Form } from "./generated/names.js";
 import { reasons } from "./reasons.js";
 import type { Ai, AiBits, Explanation, Field, Finding, ReadOptions, Value } from "./results.js";
 
@@ -43,7 +42,7 @@ export function explain(value: Value, options?: ReadOptions): Explanation {
   wasm.exports.rosetag_bits();
   return {
     value,
-    form: formName(raw.form),
+    form: camelCase(raw.form) as Form,
     scheme: raw.scheme ?? null,
     hex: raw.hex ?? "",
     bits: wasm.result(),
@@ -51,7 +50,7 @@ export function explain(value: Value, options?: ReadOptions): Explanation {
     fields: raw.fields.map(fieldOf),
     places: (raw.places ?? []).map((place: { form: string }) => ({
       ...place,
-      form: formName(place.form),
+      form: camelCase(place.form),
     })),
     failure,
     notes: notesOf(value, raw.notes),

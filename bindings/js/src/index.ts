@@ -8,17 +8,20 @@ import {
   NOT_GIVEN,
   core,
   encodingNumber,
+  errorOf,
   flagsOf,
   formNumbers,
   gcpLengthOf,
   identityOf,
   integerOf,
-  names,
   numberOf,
   put,
+  recover,
   refuseTooLong,
   run,
   schemeNumbers,
+  schemes as allSchemes,
+  version as libraryVersion,
 } from "./calls.js";
 import { RosetagError, camelCase } from "./errors.js";
 import type { FilterWord, OutputForm } from "./generated/names.js";
@@ -47,7 +50,7 @@ export type {
 } from "./results.js";
 
 /** The version of the library. */
-export const version: string = names.version;
+export const version: string = libraryVersion;
 
 /**
  * Finds out what a value is and gives every form that it has.
@@ -58,7 +61,7 @@ export function decode(value: Value, options?: ReadOptions): Identity {
   const flags = flagsOf(options);
   const gcpLength = gcpLengthOf(options);
   run(value, (wasm) => wasm.exports.rosetag_decode(put(wasm, value), flags, gcpLength));
-  return identityOf(value, core.result());
+  return identityOf(value, core.record());
 }
 
 /** What tryDecode gives: an identity, or the error that decode would throw. */
@@ -87,8 +90,25 @@ export function convert(value: Value, to: OutputForm, options?: ReadOptions): st
   const form = numberOf("form", to, formNumbers);
   const flags = flagsOf(options);
   const gcpLength = gcpLengthOf(options);
-  run(value, (wasm) => wasm.exports.rosetag_convert(put(wasm, value), form, flags, gcpLength));
+  let status: number;
+  try {
+    status = core.exports.rosetag_convert(put(core, value), form, flags, gcpLength);
+  } catch (error) {
+    recover(core, error);
+  }
+  if (status !== 0) {
+    throw convertError(value, form, flags, gcpLength);
+  }
   return core.result() || null;
+}
+
+/** Apart from convert, which is the quicker for it. */
+function convertError(value: Value, form: number, flags: number, gcpLength: number): RosetagError {
+  return errorOf(
+    value,
+    (wasm) => wasm.exports.rosetag_convert(put(wasm, value), form, flags, gcpLength),
+    core,
+  );
 }
 
 /** The AIs of a value in their order, with titles. */
@@ -100,7 +120,7 @@ function filterOf(options: EncodeOptions): number {
   if (typeof options.filter !== "string") {
     return integerOf("filter", options.filter);
   }
-  const scheme = names.schemes.find((row) => row.name === options.scheme);
+  const scheme = allSchemes.find((row) => row.name === options.scheme);
   const words = new Map(
     (scheme?.filters ?? []).map((row): [FilterWord, number] => [row.word, row.filter]),
   );
@@ -166,5 +186,5 @@ export function tid(value: Value): Tid {
 
 /** All tag schemes. */
 export function schemes(): readonly Scheme[] {
-  return names.schemes;
+  return allSchemes;
 }

@@ -2,16 +2,17 @@
  * Many values in one pass. Rows cross into the module in blocks: one text for all of a block, and
  * where each row ends.
  */
-import { core, flagsOf, formNumbers, gcpLengthOf, names, numberOf, put } from "./calls.js";
-import type { OutputForm } from "./generated/names.js";
+import { core, flagsOf, formName, formNumbers, gcpLengthOf, numberOf, put, schemeName } from "./calls.js";
 import type { Output, ReadOptions, Rows, Value } from "./results.js";
 
-/** Rows of a block, and code units after which one ends. */
-const BLOCK_ROWS = 4096;
+/** Rows of a block, and code units after which one ends. Texts of larger ones are slow to allocate. */
+const BLOCK_ROWS = 1024;
 const BLOCK_LENGTH = 1 << 19;
 
+/** Of what the module tells of a row: status, scheme, filter, form. */
+const ROW_BYTES = 4;
+
 const encoder = new TextEncoder();
-const decoder = new TextDecoder();
 
 /** A NUL, which no value can hold. */
 const UNREADABLE = "\0";
@@ -35,12 +36,6 @@ function textOf(value: Value | null | undefined): string {
   throw new TypeError("a value must be a string, a Uint8Array or a Uint16Array");
 }
 
-interface Block {
-  /** The rows one after the other. */
-  texts: string[];
-  first: number;
-}
-
 type Column = (string | number | null)[];
 
 class Pass {
@@ -48,6 +43,7 @@ class Pass {
   readonly #forms: { form: number; cells: Column }[] = [];
   readonly #schemes: Column | undefined;
   readonly #filters: Column | undefined;
+  readonly #given: Column | undefined;
   readonly #wanted: number;
   readonly #flags: number;
   readonly #gcpLength: number;
@@ -55,25 +51,25 @@ class Pass {
   constructor(rows: number, columns: Map<Output, Column>, options: ReadOptions | undefined) {
     this.status = new Uint8Array(rows);
     for (const [name, cells] of columns) {
-      if (name !== "scheme" && name !== "filter") {
-        this.#forms.push({ form: numberOf("output", name as OutputForm, formNumbers), cells });
+      if (name !== "scheme" && name !== "filter" && name !== "form") {
+        this.#forms.push({ form: numberOf("output", name, formNumbers), cells });
       }
     }
     this.#schemes = columns.get("scheme");
     this.#filters = columns.get("filter");
+    this.#given = columns.get("form");
     this.#wanted = this.#forms.reduce((all, { form }) => all | (1 << form), 0);
     this.#flags = flagsOf(options);
     this.#gcpLength = gcpLengthOf(options);
   }
 
-  run({ texts, first }: Block): void {
-    const ends = new Uint32Array(texts.length);
-    const textLength = putBlock(texts, ends);
+  /** Converts a block of rows, the first of which has this number. */
+  run(texts: string[], first: number): void {
+    putBlock(texts);
     core.exports.rosetag_decodeMany(
       texts.length,
-      textLength,
       this.#wanted,
-      this.#schemes === undefined && this.#filters === undefined ? 0 : 1,
+      (this.#schemes ?? this.#filters ?? this.#given) === undefined ? 0 : 1,
       this.#flags,
       this.#gcpLength,
     );
@@ -86,42 +82,40 @@ class Pass {
 
   #readRows(rows: number, first: number): void {
     const address = core.exports.rosetag_rows();
-    const cells = new Int8Array(core.bytes.buffer, address, 3 * rows);
+    const cells = new Int8Array(core.bytes.buffer, address, ROW_BYTES * rows);
     for (let row = 0; row < rows; ++row) {
-      this.status[first + row] = cells[3 * row] as number;
+      this.status[first + row] = cells[ROW_BYTES * row] as number;
       if (this.#schemes !== undefined) {
-        this.#schemes[first + row] = names.schemes[cells[3 * row + 1] as number]?.name ?? null;
+        this.#schemes[first + row] = schemeName(cells[ROW_BYTES * row + 1] as number);
       }
       if (this.#filters !== undefined) {
-        const filter = cells[3 * row + 2] as number;
+        const filter = cells[ROW_BYTES * row + 2] as number;
         this.#filters[first + row] = filter < 0 ? null : filter;
+      }
+      if (this.#given !== undefined) {
+        this.#given[first + row] = formName(cells[ROW_BYTES * row + 3] as number);
       }
     }
   }
 }
 
-/** Writes the texts of a block and where they end; returns the length of the texts in bytes. */
-function putBlock(texts: string[], ends: Uint32Array): number {
+/** Writes where the texts of a block end, and then the texts. */
+function putBlock(texts: string[]): void {
+  const rows = texts.length;
+  const all = texts.join("");
+  const textRoom = 3 * all.length;
+  core.reserve(4 * rows + textRoom);
+  const ends = core.words.subarray(core.input / 4, core.input / 4 + rows);
+  const textStart = core.input + 4 * rows;
+  const area = core.bytes.subarray(textStart, textStart + textRoom);
+  const isAscii = encoder.encodeInto(all, area).written === all.length;
   let end = 0;
-  for (let row = 0; row < texts.length; ++row) {
-    end += (texts[row] as string).length;
+  for (let row = 0; row < rows; ++row) {
+    const text = texts[row] as string;
+    // A text that is not ASCII is longer in bytes.
+    end += isAscii ? text.length : encoder.encodeInto(wellFormed(text), area.subarray(end)).written;
     ends[row] = end;
   }
-  const room = 3 * end;
-  core.reserve(room + 4 + 4 * texts.length);
-  const area = core.bytes.subarray(core.input, core.input + room);
-  let written = encoder.encodeInto(texts.join(""), area).written;
-  if (written !== end) {
-    // Not all of it is ASCII: row by row.
-    written = 0;
-    for (let row = 0; row < texts.length; ++row) {
-      written += encoder.encodeInto(wellFormed(texts[row] as string), area.subarray(written)).written;
-      ends[row] = written;
-    }
-  }
-  const place = core.input + ((written + 3) & ~3);
-  core.bytes.set(new Uint8Array(ends.buffer), place);
-  return written;
 }
 
 function wellFormed(text: string): string {
@@ -131,9 +125,9 @@ function wellFormed(text: string): string {
 function readColumn(form: number, rows: number, first: number, cells: Column): void {
   const ends = core.exports.rosetag_column(form) / 4;
   core.look();
-  const { words, bytes } = core;
+  const { words } = core;
   const { address, length } = core.resultPlace();
-  const texts = decoder.decode(bytes.subarray(address, address + length));
+  const texts = core.textAt(address, length);
   const isAscii = texts.length === length;
   let start = 0;
   for (let row = 0; row < rows; ++row) {
@@ -143,7 +137,7 @@ function readColumn(form: number, rows: number, first: number, cells: Column): v
     } else {
       cells[first + row] = isAscii
         ? texts.slice(start, end)
-        : decoder.decode(bytes.subarray(address + start, address + end));
+        : core.textAt(address + start, end - start);
     }
     start = end;
   }
@@ -168,7 +162,8 @@ export function decodeMany<Name extends Output>(
   }
   const pass = new Pass(given.length, columns, options);
   const tooLong: number[] = [];
-  let block: Block = { texts: [], first: 0 };
+  const block: string[] = [];
+  let first = 0;
   let length = 0;
   for (let row = 0; row < given.length; ++row) {
     let text = textOf(given[row]);
@@ -176,16 +171,14 @@ export function decodeMany<Name extends Output>(
       tooLong.push(row);
       text = UNREADABLE;
     }
-    block.texts.push(text);
+    block[row - first] = text;
     length += text.length;
-    if (block.texts.length === BLOCK_ROWS || length >= BLOCK_LENGTH) {
-      pass.run(block);
-      block = { texts: [], first: row + 1 };
+    if (row - first === BLOCK_ROWS - 1 || length >= BLOCK_LENGTH || row === given.length - 1) {
+      block.length = row + 1 - first;
+      pass.run(block, first);
+      first = row + 1;
       length = 0;
     }
-  }
-  if (block.texts.length > 0) {
-    pass.run(block);
   }
   for (const row of tooLong) {
     pass.status[row] = core.exports.rosetag_convert(put(core, given[row] as Value), 0, 0, -1);

@@ -76,11 +76,17 @@ export type Rows<Output extends string> = {
   /** 0, or the place of the status in `statuses`. */
   readonly status: Uint8Array;
 } & {
-  readonly [Name in Output]: Name extends "filter" ? (number | null)[] : Name extends "scheme" ? (SchemeName | null)[] : (string | null)[];
+  readonly [Name in Output]: Name extends "filter"
+    ? (number | null)[]
+    : Name extends "scheme"
+      ? (SchemeName | null)[]
+      : Name extends "form"
+        ? Form[]
+        : (string | null)[];
 };
 
 /** What decodeMany can make of each row. */
-export type Output = OutputForm | "scheme" | "filter";
+export type Output = OutputForm | "scheme" | "filter" | "form";
 
 /** A tag scheme. */
 export interface Scheme {

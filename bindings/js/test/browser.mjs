@@ -3,7 +3,7 @@ import * as rosetag from "../dist/esm/index.js";
 
 import { differencesOfMany, differencesOfSingles, rowsOf } from "./vectors.mjs";
 
-// Without the larger module an error has its status and no more.
+// Without the larger module an error has its status and what that means.
 const before = rosetag.tryDecode("(01)80614141123459").error;
 const explain = await import("../dist/esm/explain.js");
 const after = rosetag.tryDecode("(01)80614141123459").error;
@@ -14,7 +14,7 @@ function outcome(rows) {
     rows: rows.length,
     many: many.count,
     wrong: [...differencesOfSingles(rows, rosetag, explain), ...many.wrong].map((row) => row.id),
-    errors: [before, after].map(({ status, position }) => ({ status, position })),
+    errors: [before, after].map(({ status, position, message }) => ({ status, position, message })),
   };
 }
 

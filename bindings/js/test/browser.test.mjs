@@ -53,13 +53,17 @@ test("shared rows in a page and in a worker of Chromium", async () => {
   for (const [where, outcome] of Object.entries(JSON.parse(text))) {
     assert.ok(outcome.rows > 3000 && outcome.many > 2000, where);
     assert.deepEqual(outcome.wrong, [], where);
+    const [before, after] = outcome.errors;
     assert.deepEqual(
-      outcome.errors,
+      [before.status, before.position, before.message],
       [
-        { status: "CHECK_DIGIT", position: 0 },
-        { status: "CHECK_DIGIT", position: 17 },
+        "CHECK_DIGIT",
+        0,
+        'CHECK_DIGIT: the check digit of a GS1 key is wrong; import "rosetag/explain" to learn where and why',
       ],
       where,
     );
+    assert.deepEqual([after.status, after.position], ["CHECK_DIGIT", 17], where);
+    assert.match(after.message, /^character 18, "9": .* must be 8 /, where);
   }
 });

@@ -1,5 +1,6 @@
 /* What TypeScript accepts, and what it refuses. */
 import {
+  type Form,
   type Identity,
   RosetagError,
   type SchemeName,
@@ -20,10 +21,11 @@ const scheme: SchemeName | null = item.scheme;
 const text: string | null = convert(new Uint16Array(6), "tagUri", { strict: true });
 const hex: string = encode("(01)80614141123458(21)6789", { scheme: "sgtin-96", filter: "pos", gcpLength: 7 });
 const bytes: Uint8Array = encodeBytes(hex);
-const rows = decodeMany([hex, bytes, null], ["gtin", "filter", "scheme"]);
+const rows = decodeMany([hex, bytes, null], ["gtin", "filter", "scheme", "form"]);
 const gtins: (string | null)[] = rows.gtin;
 const filters: (number | null)[] = rows.filter;
 const names: (SchemeName | null)[] = rows.scheme;
+const forms: Form[] = rows.form;
 const findings: readonly Finding[] = check(hex);
 const meaning: string | undefined = explain(hex).fields[0]?.meaning;
 const designer: number = tid("E2003412").designer;
@@ -46,4 +48,4 @@ item.gtin = "";
 // @ts-expect-error: there is no such status
 const wrong: Status = "CHECK_DIGITS";
 
-export { designer, either, filters, findings, gtins, meaning, names, scheme, schemes, status, text, wrong };
+export { designer, either, filters, findings, forms, gtins, meaning, names, scheme, schemes, status, text, wrong };

@@ -1,6 +1,6 @@
 /*
- * What the core module leaves out. Its failures have the status and what that means: where a value
- * is wrong takes the rules and the walks over bits, which the larger module has.
+ * What the core module leaves out. Where a value is wrong takes the rules and the walks over bits,
+ * which the larger module has: a failure without a message is one of the value as a whole.
  */
 #include "check/check_text.h"
 #include "explain/explain_epc.h"
@@ -14,7 +14,7 @@ namespace rosetag {
 namespace {
 
 void failAsWhole(Reading& reading, EpcStatus status) {
-    readingFail(reading, status, 0, reading.value.size(), {epc_statusText(status)});
+    readingFail(reading, status, 0, reading.value.size(), {});
 }
 
 } // namespace
@@ -30,10 +30,6 @@ void failEncoding(Reading& reading, EpcStatus status, const EncodeOptions& optio
 
 void failBits(Reading& reading, EpcStatus status, const Explanation&) {
     failAsWhole(reading, status);
-}
-
-std::string failureText(const Failure& failure) {
-    return failure.message;
 }
 
 void check(std::string_view, const ReadOptions&, Rows<Finding>&) {

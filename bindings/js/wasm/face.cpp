@@ -18,15 +18,35 @@ Face& face() {
 }
 
 void give(std::string_view text) {
-    face().result = {text.data(), text.size()};
+    face().result = {text.data(), text.size(), nullptr};
 }
 
-void beginJson() {
-    face().json.clear();
+std::string& beginText() {
+    face().text.clear();
+    return face().text;
 }
 
-void giveJson() {
-    give(face().json);
+void giveText() {
+    give(face().text);
+}
+
+void recordBegin() {
+    face().text.clear();
+    face().numbers.clear();
+}
+
+void recordNumber(std::size_t number) {
+    face().numbers.push_back(static_cast<std::int32_t>(number));
+}
+
+void recordText(std::string_view text) {
+    face().text += text;
+    recordNumber(face().text.size());
+}
+
+void recordGive() {
+    give(face().text);
+    face().result.numbers = face().numbers.data();
 }
 
 std::string_view valueOf(std::size_t length) {
@@ -85,13 +105,56 @@ EpcStatus rosetag_convert(std::size_t length, int form, std::uint32_t flags, int
     return item.failure.status;
 }
 
+namespace {
+
+void recordNotes(const Rows<Note>& notes) {
+    recordNumber(notes.size());
+    for (const Note& note : notes) {
+        recordNumber(static_cast<std::size_t>(note.kind));
+        recordText(severityWord(note.severity));
+        recordText(note.text);
+        recordNumber(note.position);
+        recordNumber(note.length);
+        recordText(note.option);
+    }
+}
+
+void recordItem(const Translation& item) {
+    recordNumber(static_cast<std::size_t>(item.form));
+    recordNumber(
+        static_cast<std::size_t>(item.scheme == nullptr ? NOT_GIVEN : item.scheme->scheme));
+    recordNumber(static_cast<std::size_t>(item.filter.value_or(NOT_GIVEN)));
+    recordNumber(static_cast<std::size_t>(item.bits));
+    for (const std::string* text :
+         {&item.hex, &item.tagUri, &item.pureIdentity, &item.elementString, &item.barcodeString,
+          &item.digitalLink, &item.gtin, &item.serial}) {
+        recordText(*text);
+    }
+    recordNumber(item.ais.size());
+    for (const AiValue& ai : item.ais) {
+        recordText(ai.ai);
+        recordText(ai.title);
+        recordText(ai.value);
+    }
+    recordNumber(item.fitsSchemes.size());
+    for (const SchemeInfo* scheme : item.fitsSchemes) {
+        recordNumber(static_cast<std::size_t>(scheme->scheme));
+    }
+    recordNotes(item.notes);
+}
+
+} // namespace
+
+// The result is a record, in the order of recordItem.
 ROSETAG_JS(rosetag_decode)
 EpcStatus rosetag_decode(std::size_t length, std::uint32_t flags, int gcpLength) {
     Translation& item = face().item;
     translate(valueOf(length), readOptions(flags, gcpLength), ALL_FORMS, item);
-    beginJson();
-    appendJson(face().json, item, {});
-    giveJson();
+    if (!isFailure(item.failure)) {
+        recordBegin();
+        recordItem(item);
+        recordGive();
+    }
     return item.failure.status;
 }
 
@@ -114,25 +177,25 @@ EpcStatus rosetag_encode(std::size_t length, int scheme, int filter, int gcpLeng
 ROSETAG_JS(rosetag_tid) EpcStatus rosetag_tid(std::size_t length) {
     Tid result;
     tid(valueOf(length), result);
-    beginJson();
-    appendJson(face().json, result, {});
-    giveJson();
+    appendJson(beginText(), result, {});
+    giveText();
     face().item.failure = result.failure;
     return result.failure.status;
 }
 
-// The failure of the last call as a sentence.
-ROSETAG_JS(rosetag_failureText) void rosetag_failureText() {
-    beginJson();
-    face().json = failureText(face().item.failure);
-    giveJson();
-}
-
-// The same for programs, as members of an object.
+// The failure of the last call: a record.
 ROSETAG_JS(rosetag_failure) void rosetag_failure() {
-    beginJson();
-    appendJson(face().json, face().item, {});
-    giveJson();
+    const Failure& failure = face().item.failure;
+    recordBegin();
+    recordNumber(static_cast<std::size_t>(failure.status));
+    recordText(failureText(failure));
+    recordText(failure.message);
+    recordText(failure.remedy);
+    recordNumber(failure.position);
+    recordNumber(failure.length);
+    recordText(failure.culprit);
+    recordText(failure.option);
+    recordGive();
 }
 
 /*
@@ -156,7 +219,7 @@ void finish(Column& column, std::string_view text) {
 Row convertRow(std::string_view value, const ReadOptions& options, Form form) {
     Translation& item = face().item;
     finish(face().columns[static_cast<std::size_t>(form)], convert(value, options, form, item));
-    return {static_cast<std::uint8_t>(item.failure.status), NOT_GIVEN, NOT_GIVEN};
+    return {static_cast<std::uint8_t>(item.failure.status), NOT_GIVEN, NOT_GIVEN, 0};
 }
 
 Row translateRow(std::string_view value, const ReadOptions& options, FormSet wanted) {
@@ -173,19 +236,20 @@ Row translateRow(std::string_view value, const ReadOptions& options, FormSet wan
     const int filter = isGood ? all.item.filter.value_or(NOT_GIVEN) : NOT_GIVEN;
     return {static_cast<std::uint8_t>(all.item.failure.status),
             static_cast<std::int8_t>(hasScheme ? all.item.scheme->scheme : NOT_GIVEN),
-            static_cast<std::int8_t>(filter)};
+            static_cast<std::int8_t>(filter), static_cast<std::uint8_t>(all.item.form)};
 }
 
 } // namespace
 
-// The input holds the texts of the rows one after the other, then, from a multiple of four on,
-// where each ends, as 32-bit numbers. details: schemes and filters are wanted too.
+// The input holds where the text of each row ends, as 32-bit numbers, then the texts one after the
+// other. details: schemes, filters and what each
+// value is are wanted too.
 ROSETAG_JS(rosetag_decodeMany)
-void rosetag_decodeMany(std::size_t rows, std::size_t textLength, std::uint32_t forms, int details,
-                        std::uint32_t flags, int gcpLength) {
+void rosetag_decodeMany(std::size_t rows, std::uint32_t forms, int details, std::uint32_t flags,
+                        int gcpLength) {
     Face& all = face();
-    const char* const text = all.input.data();
-    const char* const ends = text + (textLength + 3) / 4 * 4;
+    const char* const ends = all.input.data();
+    const char* const text = ends + 4 * rows;
     const ReadOptions options = readOptions(flags, gcpLength);
     FormSet wanted;
     for (std::size_t form = 0; form < all.columns.size(); ++form) {
@@ -206,7 +270,7 @@ void rosetag_decodeMany(std::size_t rows, std::size_t textLength, std::uint32_t 
     }
 }
 
-// The rows: three bytes each, status, scheme and filter.
+// The rows: four bytes each, as they stand in Row.
 ROSETAG_JS(rosetag_rows) const Row* rosetag_rows() {
     return face().rows.data();
 }
@@ -216,117 +280,4 @@ ROSETAG_JS(rosetag_column) const std::uint32_t* rosetag_column(std::size_t form)
     const Column& column = face().columns[form];
     give(column.texts);
     return column.ends.data();
-}
-
-/*
- * ---- Names ----
- */
-
-namespace {
-
-void putKey(std::string& json, std::string_view key) {
-    json += json.back() == '{' || json.back() == '[' ? "" : ",";
-    if (!key.empty()) {
-        json += '"';
-        json += key;
-        json += "\":";
-    }
-}
-
-// Names need no escapes.
-void putText(std::string& json, std::string_view key, std::string_view text) {
-    putKey(json, key);
-    json += '"';
-    json += text;
-    json += '"';
-}
-
-void putNumber(std::string& json, std::string_view key, int number) {
-    putKey(json, key);
-    json += std::to_string(number);
-}
-
-void putBool(std::string& json, std::string_view key, bool value) {
-    putKey(json, key);
-    json += value ? "true" : "false";
-}
-
-void putScheme(std::string& json, const SchemeInfo& scheme) {
-    putKey(json, {});
-    json += '{';
-    putText(json, "name", scheme.name);
-    putText(json, "family", scheme.family);
-    putText(json, "thing", scheme.thing);
-    putNumber(json, "header", scheme.header);
-    putNumber(json, "filterLimit", scheme.filterLimit);
-    putKey(json, "filters");
-    json += '[';
-    for (const FilterWord& row : filterWords(scheme)) {
-        putKey(json, {});
-        json += '{';
-        putNumber(json, "filter", row.filter);
-        putText(json, "word", row.word);
-        putText(json, "name", row.name);
-        json += '}';
-    }
-    json += ']';
-    putBool(json, "hasUris", scheme.hasUris);
-    putBool(json, "hasGs1Texts", scheme.hasGs1Texts);
-    putBool(json, "isPlus", scheme.isPlus);
-    json += '}';
-}
-
-// Those that a value can be given as.
-constexpr FormSet givenForms = Form::HEX | Form::TAG_URI | Form::PURE_IDENTITY |
-                               Form::ELEMENT_STRING | Form::BARCODE_STRING | Form::DIGITAL_LINK |
-                               Form::GTIN | Form::TID | Form::UNKNOWN;
-
-void putForms(std::string& json, std::string_view key, FormSet forms) {
-    putKey(json, key);
-    json += '[';
-    for (int form = 0; form <= static_cast<int>(Form::UNKNOWN); ++form) {
-        if (forms.has(static_cast<Form>(form))) {
-            putText(json, {}, formWord(static_cast<Form>(form)));
-        }
-    }
-    json += ']';
-}
-
-} // namespace
-
-// Everything that has a name and a number, as an object; an element's place is its number.
-ROSETAG_JS(rosetag_names) void rosetag_names() {
-    beginJson();
-    std::string& json = face().json;
-    json += '{';
-    putText(json, "version", version());
-    putForms(json, "forms", ALL_FORMS | Form::FINDINGS | givenForms);
-    putForms(json, "texts", ALL_FORMS.without(Form::AIS | Form::FITS_SCHEMES));
-    putForms(json, "given", givenForms);
-    putKey(json, "statuses");
-    json += '[';
-    const std::string_view none = epc_statusName(-1);
-    for (EpcStatus status = EPC_OK; epc_statusName(status) != none; ++status) {
-        putText(json, {}, epc_statusName(status));
-    }
-    json += ']';
-    putKey(json, "encodings");
-    json += '[';
-    for (const std::string_view word : encodingWords()) {
-        putText(json, {}, word);
-    }
-    json += ']';
-    putKey(json, "notes");
-    json += '[';
-    for (int kind = 0; kind <= static_cast<int>(NoteKind::ODD_LENGTH); ++kind) {
-        putText(json, {}, noteWord(static_cast<NoteKind>(kind)));
-    }
-    json += ']';
-    putKey(json, "schemes");
-    json += '[';
-    for (const SchemeInfo& scheme : schemes()) {
-        putScheme(json, scheme);
-    }
-    json += "]}";
-    giveJson();
 }
