@@ -51,7 +51,11 @@ bool explainTid(std::string_view, Explanation&) {
 
 // The core has no prefix lists.
 CompanyPrefix companyPrefixOf(const ReadOptions& options, const ParsedAis&) {
-    return {options.gcpLength, {}};
+    return {options.gcpLength, {}, {}, {}};
+}
+
+void failCompanyPrefix(Reading&, const ParsedAis&, const CompanyPrefix&) {
+    std::abort();
 }
 
 } // namespace rosetag
