@@ -8,28 +8,50 @@ namespace rosetag {
 
 namespace {
 
-// True if no character of a cell has to be spelled out; eight are looked at together.
-bool isPlain(std::string_view cell) {
-    constexpr std::uint64_t ones = 0x0101010101010101;
+constexpr std::uint64_t ones = 0x0101010101010101;
+
+// Eight characters of which those that are below another, or are it, have their highest bit set;
+// perhaps others, too.
+std::uint64_t below(std::uint64_t characters, char limit) {
+    return characters - ones * static_cast<unsigned char>(limit);
+}
+std::uint64_t same(std::uint64_t characters, char character) {
+    return (characters ^ ones * static_cast<unsigned char>(character)) - ones;
+}
+
+// Looks at all characters of a text, eight together, the last ones perhaps twice. False if one may
+// be special: then find gives its highest bit.
+// find: std::uint64_t(std::uint64_t characters)
+template <typename Find>
+bool holdsNone(std::string_view text, Find find) {
     constexpr std::uint64_t highest = 0x80 * ones;
-    while (cell.size() >= sizeof ones) {
-        std::uint64_t characters = 0;
-        std::memcpy(&characters, cell.data(), sizeof characters);
-        if (((characters - ones * ('\r' + 1)) & ~characters & highest) != 0) {
-            return false;
+    std::uint64_t characters = ones * 'x';
+    if (text.size() < sizeof characters) {
+        for (const char character : text) {
+            characters = characters << 8 | static_cast<unsigned char>(character);
         }
-        cell.remove_prefix(sizeof characters);
+        return ((characters | find(characters)) & highest) == 0;
     }
-    return std::all_of(cell.begin(), cell.end(),
-                       [](char character) { return static_cast<unsigned char>(character) > '\r'; });
+    const std::size_t last = text.size() - sizeof characters;
+    std::uint64_t found = 0;
+    for (std::size_t at = 0; at < last; at += sizeof characters) {
+        std::memcpy(&characters, text.data() + at, sizeof characters);
+        found |= characters | find(characters);
+    }
+    std::memcpy(&characters, text.data() + last, sizeof characters);
+    return ((found | characters | find(characters)) & highest) == 0;
 }
 
 } // namespace
 
+bool isPlainCell(std::string_view cell) {
+    return holdsNone(cell, [](std::uint64_t characters) { return below(characters, ' '); });
+}
+
 void tsvAppendCell(std::string& row, std::string_view cell) {
     constexpr std::string_view special("\t\n\r\0", 4);
     constexpr std::string_view letters = "tnr0";
-    if (isPlain(cell)) {
+    if (isPlainCell(cell)) {
         row += cell;
         return;
     }
@@ -52,9 +74,14 @@ void csvAppendCell(std::string& row, char delimiter, std::string_view cell) {
     if (delimiter == '\t') {
         return tsvAppendCell(row, cell);
     }
-    const bool needsQuotes = std::any_of(cell.begin(), cell.end(), [delimiter](char character) {
-        return character == delimiter || character == '"' || character == '\n' || character == '\r';
+    const bool isPlain = holdsNone(cell, [delimiter](std::uint64_t characters) {
+        return below(characters, ' ') | same(characters, '"') | same(characters, delimiter);
     });
+    const bool needsQuotes =
+        !isPlain && std::any_of(cell.begin(), cell.end(), [delimiter](char character) {
+            return character == delimiter || character == '"' || character == '\n' ||
+                   character == '\r';
+        });
     if (!needsQuotes) {
         row += cell;
         return;

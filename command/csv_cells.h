@@ -9,6 +9,9 @@
 
 namespace rosetag {
 
+// True of most cells, and only of those of ASCII without a control character.
+bool isPlainCell(std::string_view cell);
+
 // Appends a cell of a row that tabs separate. A tab or a line end in it is spelled out: \t.
 void tsvAppendCell(std::string& row, std::string_view cell);
 

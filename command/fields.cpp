@@ -2,16 +2,23 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 
 namespace rosetag {
 
 namespace {
 
+void appendNumber(std::string& text, std::uint64_t number) {
+    std::array<char, 20> digits;
+    char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    text.append(digits.data(), end);
+}
+
 void appendValue(std::string& text, const Item& item) {
     text += item.value;
 }
 void appendLine(std::string& text, const Item& item) {
-    text += std::to_string(item.line);
+    appendNumber(text, item.line);
 }
 void appendForm(std::string& text, const Item& item) {
     text += formWord(item.translation.form);
@@ -23,7 +30,7 @@ void appendScheme(std::string& text, const Item& item) {
 }
 void appendFilter(std::string& text, const Item& item) {
     if (item.translation.filter.has_value()) {
-        text += std::to_string(*item.translation.filter);
+        appendNumber(text, static_cast<std::uint64_t>(*item.translation.filter));
     }
 }
 template <Form form>
@@ -38,7 +45,7 @@ void appendBinary(std::string& text, const Item& item) {
 }
 void appendLength(std::string& text, const Item& item) {
     if (item.translation.bits != 0) {
-        text += std::to_string(item.translation.bits);
+        appendNumber(text, static_cast<std::uint64_t>(item.translation.bits));
     }
 }
 void appendAis(std::string& text, const Item& item) {
@@ -60,8 +67,11 @@ void appendSchemes(std::string& text, const Item& item) {
     }
 }
 void appendFindings(std::string& text, const Item& item) {
+    std::string_view separator;
     for (const Finding& finding : item.translation.findings) {
-        text += (text.empty() ? "" : "; ") + findingText(finding);
+        text += separator;
+        text += findingText(finding);
+        separator = "; ";
     }
 }
 void appendNotes(std::string& text, const Item& item) {
@@ -144,20 +154,10 @@ const Field* fieldByName(std::string_view given) {
     return field == fieldTable.end() ? nullptr : field;
 }
 
-void spellSeparators(std::string& text, std::size_t from) {
-    for (std::size_t at = text.find(groupSeparator, from); at != std::string::npos;
+void spellSeparators(std::string& text) {
+    for (std::size_t at = text.find(groupSeparator); at != std::string::npos;
          at = text.find(groupSeparator, at)) {
         text.replace(at, 1, "{GS}");
-    }
-}
-
-void fieldAppend(const Field& field, const Item& item, bool raw, std::string& text) {
-    const std::size_t from = text.size();
-    if (!isFailure(item.translation.failure) || field.isOfFailure) {
-        field.append(text, item);
-    }
-    if (field.holdsGivenText && !raw) {
-        spellSeparators(text, from);
     }
 }
 

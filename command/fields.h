@@ -38,14 +38,11 @@ std::span<const Field> fields();
 // The field of that name, in which "-" is taken for "_"; null for none.
 const Field* fieldByName(std::string_view given);
 
-// Spells the separators of barcode strings {GS}, from a place in the text on.
-void spellSeparators(std::string& text, std::size_t from = 0);
+// Spells the separators of barcode strings {GS}.
+void spellSeparators(std::string& text);
 
 // True of what a note about the value says already.
 bool isToldByNote(const Finding& finding, const Rows<Note>& notes);
-
-// Appends the text of a field. Separators of barcode strings are spelled {GS} unless raw.
-void fieldAppend(const Field& field, const Item& item, bool raw, std::string& text);
 
 // " (see --gcp-length)": an option as the command spells it; empty for none.
 std::string optionHint(std::string_view given);

@@ -34,7 +34,7 @@ std::string setFilterByWord(const std::string& word, EncodeOptions& options) {
            (words.empty() ? "" : "; it has" + words + ", or give a number");
 }
 
-class TranslationConverter : public Converter {
+class TranslationConverter final : public Converter {
 public:
     explicit TranslationConverter(const TranslationSettings& theSettings)
         : settings(theSettings), options(theSettings.options) {}
@@ -135,7 +135,8 @@ public:
         for (std::size_t i = 0; i < settings.fields.size(); ++i) {
             cells[i].clear();
             if (!isBlank) {
-                appendField(*settings.fields[i], cells[i]);
+                appendText(*settings.fields[i], cells[i]);
+                spell(*settings.fields[i], cells[i]);
             }
         }
         if (settings.hasStatus) {
@@ -190,13 +191,12 @@ private:
 
     // Fails where the value has no text of the field.
     void require(const Field& field, Failure& failure) {
-        bool isEmpty = text.empty();
         if (field.text == Form::UNKNOWN) {
             scratch.clear();
             field.append(scratch, item);
-            isEmpty = scratch.empty();
+            text = scratch;
         }
-        if (isEmpty) {
+        if (text.empty()) {
             failure = Failure();
             failure.status = EPC_ERR_NOT_SUPPORTED;
             failure.message = nameOfValue() + " has no " + std::string(field.name);
@@ -215,16 +215,20 @@ private:
         }
     }
 
-    // The required field has its text at hand.
-    void appendField(const Field& field, std::string& out) {
-        const bool isAtHand = &field == settings.required && field.text != Form::UNKNOWN;
-        if (!isAtHand || isFailure(failure())) {
-            return fieldAppend(field, item, settings.isRaw, out);
+    // Appends the text of a field. The required one has it at hand.
+    void appendText(const Field& field, std::string& out) const {
+        const bool hasFailed = isFailure(item.translation.failure);
+        if (&field == settings.required && !hasFailed) {
+            out += text;
+        } else if (!hasFailed || field.isOfFailure) {
+            field.append(out, item);
         }
-        const std::size_t from = out.size();
-        out += text;
+    }
+
+    // Spells the separators of barcode strings {GS} unless they are to stay.
+    void spell(const Field& field, std::string& cell) const {
         if (field.holdsGivenText && !settings.isRaw) {
-            spellSeparators(out, from);
+            spellSeparators(cell);
         }
     }
 
@@ -233,11 +237,12 @@ private:
         for (const Field* field : settings.fields) {
             out += tab;
             tab = "\t";
-            if (!field->holdsGivenText) {
-                appendField(*field, out);
-            } else {
-                scratch.clear();
-                appendField(*field, scratch);
+            const std::size_t from = out.size();
+            appendText(*field, out);
+            if (field->holdsGivenText && !isPlainCell(std::string_view(out).substr(from))) {
+                scratch.assign(out, from);
+                out.resize(from);
+                spell(*field, scratch);
                 tsvAppendCell(out, scratch);
             }
         }
@@ -248,7 +253,7 @@ private:
     Item item;
     Translation described; // what a value is that lacks a form
     std::string composed;
-    std::string_view text; // of the required field, after a conversion
+    std::string_view text; // of the required field, after a conversion without failure
     std::string scratch;
 };
 
