@@ -14,8 +14,6 @@ namespace rosetag {
 
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n";
-
 // A value that cannot be read is one finding, at the place of the failure within the given one.
 void reportFailure(CheckRun& run, Place place, const Translation& translation) {
     const Failure& failure = translation.failure;
@@ -124,8 +122,8 @@ void checkAis(std::string_view value, const ReadOptions& options, const Translat
 void check(std::string_view value, const ReadOptions& options, Rows<Finding>& findings) {
     findings.clear();
     CheckRun run = {value, options, findings};
-    const std::size_t first = std::min(value.find_first_not_of(blanks), value.size());
-    const std::size_t last = value.find_last_not_of(blanks);
+    const std::size_t first = std::min(value.find_first_not_of(BLANKS), value.size());
+    const std::size_t last = value.find_last_not_of(BLANKS);
     const std::size_t end = last == value.npos ? first : last + 1;
     if (value.size() > MAX_VALUE_LENGTH) {
         report(run, CheckRule::UNKNOWN_FORM, {}, {0, value.size()},

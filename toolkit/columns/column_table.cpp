@@ -309,8 +309,8 @@ void columnTablePut(ColumnTable& table, std::int64_t row, const Rows<Finding>& f
 // Of a value whose forms nobody asks for.
 static bool isReadable(const TagBits& tag) {
     char room[TAG_FORM_ROOM];
-    std::size_t length = 0;
-    return tagFormWrite(tag, tagFormWriterOf(Form::PURE_IDENTITY), room, length);
+    TextBuffer text = textBufferOver(room);
+    return tagFormWrite(tag, tagFormWriterOf(Form::PURE_IDENTITY), text);
 }
 
 bool columnTablePutPlain(ColumnTable& table, std::int64_t row, std::string_view value,
@@ -326,8 +326,16 @@ bool columnTablePutPlain(ColumnTable& table, std::int64_t row, std::string_view 
         }
         isRead = true;
         char* const room = columnWriterRoom(column.writer, TAG_FORM_ROOM);
-        if (room == nullptr || !tagFormWrite(tag, column.formWriter, room, column.formLength)) {
+        if (room == nullptr) {
             return false;
+        }
+        TextBuffer text = textBufferOver(room, TAG_FORM_ROOM);
+        if (!tagFormWrite(tag, column.formWriter, text)) {
+            return false;
+        }
+        column.formLength = textBufferView(text).size();
+        if (text.begin != room) {
+            std::copy(text.begin, text.writePointer, room);
         }
     }
     if (!isRead && !isReadable(tag)) {

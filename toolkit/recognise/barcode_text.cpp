@@ -33,6 +33,16 @@ constexpr std::array<bool, 256> beginsSeparatorMake() {
 
 constexpr std::array<bool, 256> beginsSeparator = beginsSeparatorMake();
 
+constexpr std::array<bool, 256> maySeparateMake() {
+    std::array<bool, 256> may = beginsSeparator;
+    for (const char likely : LIKELY_SEPARATORS) {
+        may[static_cast<unsigned char>(likely)] = true;
+    }
+    return may;
+}
+
+constexpr std::array<bool, 256> maySeparate = maySeparateMake();
+
 // Where the first separator of a text begins, or its end.
 std::size_t findSeparator(std::string_view text, const ReadOptions& options) {
     for (std::size_t at = 0; at < text.size(); ++at) {
@@ -208,6 +218,12 @@ bool takeOffIdentifier(Reading& reading, std::string_view& value) {
 
 bool holdsSeparator(std::string_view text, const ReadOptions& options) {
     return findSeparator(text, options) < text.size();
+}
+
+bool mayHoldSeparator(std::string_view text, const ReadOptions& options) {
+    return options.separator != '\0' || std::any_of(text.begin(), text.end(), [](char character) {
+               return maySeparate[static_cast<unsigned char>(character)];
+           });
 }
 
 bool prepareBarcode(Reading& reading, std::string_view value) {

@@ -26,6 +26,10 @@ std::string knownIdentifiers();
 // True if a text holds GS or a spelling of it.
 bool holdsSeparator(std::string_view text, const ReadOptions& options);
 
+// False if no character of a text can be a separator or begin the spelling of one, or stand for
+// one.
+bool mayHoldSeparator(std::string_view text, const ReadOptions& options);
+
 // Takes the symbology identifier off what a plain 2D code holds, which can be of any form. False if
 // the failure is set: the symbol holds nothing that is known here.
 bool takeOffIdentifier(Reading& reading, std::string_view& value);

@@ -33,6 +33,9 @@ constexpr LinkName linkNames[] = {
     {"grai",    "8003"}, {"giai",    "8004"},
 };
 // clang-format on
+static_assert(std::all_of(std::begin(linkNames), std::end(linkNames), [](const LinkName& row) {
+    return row.name.size() <= LONGEST_LINK_CODE && row.ai.size() <= LONGEST_LINK_CODE;
+}));
 
 // What is known of a link, each part a view of the value.
 struct Link {

@@ -12,6 +12,9 @@
 
 namespace rosetag {
 
+// No code of an AI and no name of one is longer.
+inline constexpr std::size_t LONGEST_LINK_CODE = 5;
+
 // The AI that a name of early versions of the standard stood for; empty if it is not one.
 std::string_view aiOfLinkName(std::string_view name);
 

@@ -7,6 +7,7 @@
 
 #include <rosetag/toolkit.hpp>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -23,6 +24,14 @@ struct Reading {
 
 // Makes the value ready. False if that is not possible: the failure says why.
 bool readingPrepare(Reading& reading);
+
+// What is taken off both ends of a value.
+inline constexpr std::string_view BLANKS = " \t\r\n";
+
+constexpr bool isBlank(char character) {
+    return std::any_of(BLANKS.begin(), BLANKS.end(),
+                       [=](char blank) { return character == blank; });
+}
 
 // The value without the blanks around it, with a note if there are any.
 std::string_view withoutOuterBlanks(Reading& reading);

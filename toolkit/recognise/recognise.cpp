@@ -17,13 +17,6 @@ namespace rosetag {
 
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n";
-
-constexpr bool isBlank(char character) {
-    return std::any_of(blanks.begin(), blanks.end(),
-                       [=](char blank) { return character == blank; });
-}
-
 // Keeps the elements of a bracketed text, GTINs padded.
 void prepareElementString(Reading& reading, std::string_view value) {
     readingClear(reading);
@@ -109,8 +102,8 @@ std::string_view withoutOuterBlanks(Reading& reading) {
     if (!value.empty() && !isBlank(value.front()) && !isBlank(value.back())) {
         return value;
     }
-    const std::size_t first = std::min(value.find_first_not_of(blanks), value.size());
-    const std::size_t last = value.find_last_not_of(blanks);
+    const std::size_t first = std::min(value.find_first_not_of(BLANKS), value.size());
+    const std::size_t last = value.find_last_not_of(BLANKS);
     const std::string_view inner =
         first == value.size() ? value.substr(first) : value.substr(first, last + 1 - first);
     if (inner.size() < value.size() && !inner.empty()) {

@@ -2,10 +2,13 @@
  * One form of a value, and values that are given as bytes.
  */
 #include "recognise/plain_tag.h"
-#include "recognise/reading.h"
+#include "recognise/plain_text.h"
 #include "rosetag/toolkit.hpp"
+#include "translate/convert_plain.h"
 #include "translate/tag_form_writers.h"
 #include "translate/translate.h"
+
+#include <optional>
 
 namespace rosetag {
 namespace {
@@ -14,63 +17,67 @@ std::string_view charactersOf(std::span<const std::uint8_t> bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-// Reads a value that is plain. False if it is not.
-bool readPlain(std::string_view value, const ReadOptions& options, TagBits& tag) {
-    return plainTagRead(value, options, tag);
-}
-
-bool readPlain(std::span<const std::uint8_t> bytes, const ReadOptions& options, TagBits& tag) {
-    return mayBePlainTags(options) && plainTagOfBytes(charactersOf(bytes), tag) &&
-           plainTagIsClear(tag, options);
-}
-
-// Writes a text of a plain value. False if it is not plain, or does not have the text.
-// value: a text, or bytes; write: EpcStatus(BitBuffer& bits, TextBuffer& text)
-template <typename Value, typename Write>
-bool writePlain(Value value, const ReadOptions& options, Write write, Translation& result,
-                std::string_view& text) {
-    TagBits tag;
-    if (!readPlain(value, options, tag)) {
-        return false;
-    }
+// Gives what work writes into a room of the result; none where it fails.
+// work: bool(TextBuffer& text)
+template <typename Work>
+std::optional<std::string_view> written(Translation& result, Work work) {
     std::string& room = result.workspace.more;
     if (room.size() < TAG_FORM_ROOM) {
         room.resize(TAG_FORM_ROOM);
     }
-    BitBuffer bits = bitBufferForReading(tag.bytes.data(), tag.count);
-    TextBuffer buffer = textBufferOver(room.data(), TAG_FORM_ROOM);
-    if (write(bits, buffer) != EPC_OK) {
-        return false;
+    TextBuffer text = textBufferOver(room.data(), TAG_FORM_ROOM);
+    if (!work(text)) {
+        return std::nullopt;
     }
     if (isFailure(result.failure)) {
         failureClear(result.failure);
     }
     result.notes.clear();
-    text = textBufferView(buffer);
-    return true;
+    return textBufferView(text);
+}
+
+bool readTag(std::string_view value, const ReadOptions& options, TagBits& tag) {
+    return plainTagRead(value, options, tag);
+}
+
+bool readTag(std::span<const std::uint8_t> bytes, const ReadOptions& options, TagBits& tag) {
+    return mayBePlainTags(options) && plainTagOfBytes(charactersOf(bytes), tag) &&
+           plainTagIsClear(tag, options);
+}
+
+std::optional<std::string_view> convertTag(const TagBits& tag, Form form, Translation& result) {
+    return written(
+        result, [&](TextBuffer& text) { return tagFormWrite(tag, tagFormWriterOf(form), text); });
+}
+
+std::optional<std::string_view> convertText(std::string_view value, const ReadOptions& options,
+                                            Form form, Translation& result) {
+    Reading reading{value, options, result.workspace, result.notes, result.failure};
+    return !plainTextPrepare(reading) ? std::nullopt : written(result, [&](TextBuffer& text) {
+        return convertPlain(reading, form, text);
+    });
 }
 
 template <typename Value>
-std::string_view convertAny(Value value, const ReadOptions& options, Form form,
-                            Translation& result) {
-    const TagFormWriter write = tagFormWriterOf(form);
-    std::string_view text;
-    if (write != nullptr && writePlain(value, options, write, result, text)) {
-        return text;
-    }
+std::string_view convertToForm(Value value, const ReadOptions& options, Form form,
+                               Translation& result) {
     translate(value, options, form, result);
     return isFailure(result.failure) ? std::string_view() : formText(result, form);
 }
 
+// value: a text, or bytes
 template <typename Value>
 std::string_view convertAnyToAi(Value value, const ReadOptions& options, std::string_view ai,
                                 Translation& result) {
-    const auto write = [ai](BitBuffer& bits, TextBuffer& text) {
-        return aiOfNumericBits(bits, ai, text);
-    };
-    std::string_view text;
-    if (writePlain(value, options, write, result, text)) {
-        return text;
+    TagBits tag;
+    if (readTag(value, options, tag)) {
+        BitBuffer bits = bitBufferForReading(tag.bytes.data(), tag.count);
+        const std::optional<std::string_view> text = written(result, [&](TextBuffer& buffer) {
+            return aiOfNumericBits(bits, ai, buffer) == EPC_OK;
+        });
+        if (text.has_value()) {
+            return *text;
+        }
     }
     translate(value, options, Form::AIS, result);
     return isFailure(result.failure) ? std::string_view() : aiValueOf(result, ai);
@@ -95,12 +102,19 @@ void translate(std::span<const std::uint8_t> bytes, const ReadOptions& options, 
 
 std::string_view convert(std::string_view value, const ReadOptions& options, Form form,
                          Translation& result) {
-    return convertAny(value, options, form, result);
+    TagBits tag;
+    const std::optional<std::string_view> text = readTag(value, options, tag)
+                                                     ? convertTag(tag, form, result)
+                                                     : convertText(value, options, form, result);
+    return text.has_value() ? *text : convertToForm(value, options, form, result);
 }
 
 std::string_view convert(std::span<const std::uint8_t> bytes, const ReadOptions& options, Form form,
                          Translation& result) {
-    return convertAny(bytes, options, form, result);
+    TagBits tag;
+    const std::optional<std::string_view> text =
+        readTag(bytes, options, tag) ? convertTag(tag, form, result) : std::nullopt;
+    return text.has_value() ? *text : convertToForm(bytes, options, form, result);
 }
 
 std::string_view convertToAi(std::string_view value, const ReadOptions& options,

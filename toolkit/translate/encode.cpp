@@ -4,6 +4,7 @@
 #include "bridge/gs1_key_table.h"
 #include "gs1/text_writers.h"
 #include "recognise/hex_text.h"
+#include "recognise/plain_text.h"
 #include "schemes/epc_uri.h"
 #include "translate/company_prefix.h"
 #include "translate/encode_plain.h"
@@ -315,22 +316,31 @@ void checkGiven(Reading& reading, Translation& result) {
     result.failure = std::move(given.failure);
 }
 
+// Encodes a prepared text if it is plain, with nothing to note.
+bool encodeAtOnce(const Reading& reading, const EncodeOptions& options, Translation& result) {
+    TagBits tag;
+    result.form = reading.form;
+    return encodePlain(reading, options, tag) &&
+           formsOfEncoded(tag, result.asked, result) == EPC_OK;
+}
+
 } // namespace
 
 void encode(std::string_view value, const EncodeOptions& options, FormSet wanted,
             Translation& result) {
     translationClear(result, wanted | Form::HEX);
     Reading reading{value, options.read, result.workspace, result.notes, result.failure};
-    const bool isPrepared = readingPrepare(reading);
-    result.form = reading.form;
+    const bool isChecked = wanted.has(Form::FINDINGS);
     EncodeOptions completed = options;
-    if (!isPrepared || !suffices(reading, completed)) {
+    if (!isChecked && plainTextPrepare(reading) && suffices(reading, completed) &&
+        encodeAtOnce(reading, completed, result)) {
         return;
     }
-    const bool isChecked = wanted.has(Form::FINDINGS);
-    TagBits tag;
-    if (!isChecked && encodePlain(reading, completed, tag) &&
-        formsOfEncoded(tag, result.asked, result) == EPC_OK) {
+    completed = options;
+    const bool isPrepared = readingPrepare(reading);
+    result.form = reading.form;
+    if (!isPrepared || !suffices(reading, completed) ||
+        (!isChecked && encodeAtOnce(reading, completed, result))) {
         return;
     }
     std::string& hex = result.workspace.more;

@@ -1,5 +1,9 @@
 #include "translate/parsed_ais.h"
 
+#include "recognise/link_text.h"
+
+#include <algorithm>
+
 namespace rosetag {
 
 namespace {
@@ -12,7 +16,49 @@ EpcStatus linkParse(TextCursor& cursor, ParsedAis& ais) {
     return digitalLinkDecodeValues(ais.list, cursor.begin, flat);
 }
 
+// Without escapes the values are where the text has them.
+bool plainLinkParse(std::string_view text, ParsedAis& ais) {
+    constexpr std::string_view unusual = "?#%";
+    if (text.ends_with('/') || std::any_of(unusual.begin(), unusual.end(), [=](char character) {
+            return text.find(character) != std::string_view::npos;
+        })) {
+        return false;
+    }
+    TextCursor cursor = textCursorOver(text);
+    aiListClear(ais.list);
+    ais.base = text.data();
+    return digitalLinkParse(ais.list, cursor) == EPC_OK;
+}
+
+// A key can begin where the path has the code of one, also in the place of a value. The last value
+// is not followed by one of its own.
+bool hasOneKey(const AiList& list) {
+    for (std::size_t i = 0; i < list.count; ++i) {
+        const bool isKey = list.elements[i].ai->linkKey != 0;
+        const bool mayBeCode =
+            i + 1 < list.count && list.elements[i].valueLength <= LONGEST_LINK_CODE;
+        if (isKey != (i == 0) || mayBeCode) {
+            return false;
+        }
+    }
+    return true;
+}
+
 } // namespace
+
+bool plainAisParse(const Reading& reading, ParsedAis& ais) {
+    const std::string& text = reading.workspace.text;
+    switch (reading.form) {
+    case Form::DIGITAL_LINK:
+        return plainLinkParse(text, ais) && hasOneKey(ais.list) && fitBrackets(ais);
+    case Form::ELEMENT_STRING:
+    case Form::BARCODE_STRING:
+        // A GTIN that lacks zeros is refused, unless a longer value swallows it with its bracket.
+        return aisParse(reading.form, text, ais) == EPC_OK && fitBrackets(ais);
+    default:
+        return false;
+    }
+}
 
 EpcStatus aisParse(Form form, std::string_view text, ParsedAis& ais) {
     TextCursor cursor = textCursorOver(text);

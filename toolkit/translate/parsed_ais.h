@@ -6,14 +6,15 @@
 
 #include "gs1/ai_list.h"
 #include "gs1/digital_link_parser.h"
+#include "recognise/reading.h"
 
 #include <rosetag/toolkit.hpp>
 
 namespace rosetag {
 
 struct ParsedAis {
-    AiList list{};
-    const char* base = nullptr;                 // of the values
+    AiList list;
+    const char* base;                           // of the values
     std::array<char, LINK_VALUES_SIZE> decoded; // the values of a link
 };
 
@@ -28,6 +29,10 @@ inline std::string_view aiValueAt(const ParsedAis& ais, std::size_t index) {
 inline std::string_view aiCodeAt(const ParsedAis& ais, std::size_t index) {
     return aiCodeOf(*ais.list.elements[index].ai);
 }
+
+// Reads the AIs of a text that plainTextPrepare has taken, if it needs no more than that: no value
+// lacks zeros, holds a bracket or an escape, and a link has its one key in front. False if it does.
+bool plainAisParse(const Reading& reading, ParsedAis& ais);
 
 // True if a bracketed text of the AIs reads back as the same: a "(" in a value would begin another.
 bool fitBrackets(const ParsedAis& ais);

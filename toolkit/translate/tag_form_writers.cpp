@@ -71,15 +71,9 @@ TagFormWriter tagFormWriterOf(Form form) {
     return writers[indexOf(form)];
 }
 
-bool tagFormWrite(const TagBits& tag, TagFormWriter write, char* room, std::size_t& length) {
+bool tagFormWrite(const TagBits& tag, TagFormWriter write, TextBuffer& text) {
     BitBuffer bits = bitBufferForReading(tag.bytes.data(), tag.count);
-    TextBuffer text = textBufferOver(room, TAG_FORM_ROOM);
-    const EpcStatus status = write(bits, text);
-    length = static_cast<std::size_t>(textBufferLength(text));
-    if (text.begin != room) {
-        std::copy(text.begin, text.writePointer, room);
-    }
-    return status == EPC_OK;
+    return write != nullptr && write(bits, text) == EPC_OK;
 }
 
 } // namespace rosetag

@@ -12,7 +12,7 @@
 namespace rosetag {
 
 // Holds every form of a value of up to 96 bits, and most of the others.
-constexpr std::size_t TAG_FORM_ROOM = 256;
+constexpr std::int32_t TAG_FORM_ROOM = 256;
 
 // Writes a form into an empty text, which becomes no more than it: it may begin later.
 using TagFormWriter = EpcStatus (*)(BitBuffer& bits, TextBuffer& text);
@@ -20,8 +20,8 @@ using TagFormWriter = EpcStatus (*)(BitBuffer& bits, TextBuffer& text);
 // Null if bits alone do not make the form.
 TagFormWriter tagFormWriterOf(Form form);
 
-// Writes a form into TAG_FORM_ROOM bytes, and its length. False where that fails.
-bool tagFormWrite(const TagBits& tag, TagFormWriter write, char* room, std::size_t& length);
+// False where the form cannot be written, or without a writer.
+bool tagFormWrite(const TagBits& tag, TagFormWriter write, TextBuffer& text);
 
 } // namespace rosetag
 

@@ -168,7 +168,7 @@ ROSETAG_INLINE DigitAis digitAisOf(std::string_view elementString) {
 
 bool isNumeric(const BitBuffer& bits) {
     const SchemeInfo* const scheme = schemeByHeader(bits.bytes[0]);
-    return scheme != nullptr && numbersReadFor(*scheme) != nullptr;
+    return scheme != nullptr && isNumericScheme(*scheme);
 }
 
 // Narrows a text to what was found in it.
@@ -178,6 +178,10 @@ void textNarrow(TextBuffer& text, std::string_view found) {
 }
 
 } // namespace
+
+bool isNumericScheme(const SchemeInfo& scheme) {
+    return numbersReadFor(scheme) != nullptr;
+}
 
 void hexInUpperCase(std::string_view hex, std::string& text) {
     text = hex;

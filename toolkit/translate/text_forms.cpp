@@ -61,7 +61,9 @@ void addPureIdentity(Reading& reading, const ParsedAis& ais, FormSet wanted, Tra
     }
 }
 
-EpcStatus textsOfAis(Reading& reading, ParsedAis& ais, FormSet wanted, Translation& result) {
+} // namespace
+
+EpcStatus formsOfAis(Reading& reading, ParsedAis& ais, FormSet wanted, Translation& result) {
     const bool hasBrackets = fitBrackets(ais);
     const bool needsUri = wanted.hasAny(Form::PURE_IDENTITY | Form::FITS_SCHEMES) && hasBrackets;
     if (wanted.has(Form::ELEMENT_STRING) || needsUri) {
@@ -87,13 +89,11 @@ EpcStatus textsOfAis(Reading& reading, ParsedAis& ais, FormSet wanted, Translati
     return EPC_OK;
 }
 
-} // namespace
-
 EpcStatus formsOfGs1Text(Reading& reading, Form form, const std::string& text, FormSet wanted,
                          Translation& result) {
     ParsedAis ais;
     EPC_TRY(aisParse(form, text, ais));
-    return ais.list.count == 0 ? EPC_ERR_NO_KEY_AI : textsOfAis(reading, ais, wanted, result);
+    return ais.list.count == 0 ? EPC_ERR_NO_KEY_AI : formsOfAis(reading, ais, wanted, result);
 }
 
 EpcStatus formsOfPureIdentity(Reading& reading, FormSet wanted, Translation& result) {

@@ -4,13 +4,16 @@
 #ifndef ROSETAG_TOOLKIT_TRANSLATE_TEXT_FORMS_H
 #define ROSETAG_TOOLKIT_TRANSLATE_TEXT_FORMS_H
 
-#include "recognise/reading.h"
+#include "translate/parsed_ais.h"
 
 namespace rosetag {
 
 // Of a text of AIs, which ends in a NUL, in the syntax of a form.
 EpcStatus formsOfGs1Text(Reading& reading, Form form, const std::string& text, FormSet wanted,
                          Translation& result);
+
+// Of AIs that were read.
+EpcStatus formsOfAis(Reading& reading, ParsedAis& ais, FormSet wanted, Translation& result);
 
 EpcStatus formsOfPureIdentity(Reading& reading, FormSet wanted, Translation& result);
 

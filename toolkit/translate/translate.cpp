@@ -2,6 +2,7 @@
 
 #include "check/check_text.h"
 #include "recognise/hex_text.h"
+#include "recognise/plain_text.h"
 #include "schemes/epc_uri.h"
 #include "translate/tag_notes.h"
 #include "translate/text_forms.h"
@@ -61,6 +62,17 @@ bool translatePlainTag(std::string_view value, const ReadOptions& options, FormS
     }
     translationClear(result, wanted);
     return false;
+}
+
+// The forms of a value that is not a plain tag. The failure is set where it could not be prepared.
+EpcStatus formsOfText(Reading& reading, FormSet wanted, Translation& result) {
+    ParsedAis ais;
+    const bool isPlain = plainTextPrepare(reading) && plainAisParse(reading, ais);
+    const bool isPrepared = isPlain || readingPrepare(reading);
+    result.form = reading.form;
+    return isPlain      ? formsOfAis(reading, ais, wanted, result)
+           : isPrepared ? formsOf(reading, wanted, result)
+                        : EPC_OK;
 }
 
 // The first error is the failure of the value.
@@ -150,13 +162,11 @@ void translate(std::string_view value, const ReadOptions& options, FormSet wante
     translationClear(result, wanted);
     Reading reading{value, options, result.workspace, result.notes, result.failure};
     if (!translatePlainTag(value, options, wanted, result)) {
-        const bool isPrepared = readingPrepare(reading);
-        result.form = reading.form;
-        if (!isPrepared) {
+        const EpcStatus status = formsOfText(reading, neededFor(wanted), result);
+        if (isFailure(result.failure)) {
             return;
         }
-        if (const EpcStatus status = formsOf(reading, neededFor(wanted), result);
-            status != EPC_OK) {
+        if (status != EPC_OK) {
             return failReading(reading, status);
         }
         if (reading.form == Form::HEX) {

@@ -47,6 +47,9 @@ EpcStatus tagBitsWrite(TagBits& tag, Work work) {
     return status;
 }
 
+// True if the fields of a scheme are numbers: what was encoded for it can be read.
+bool isNumericScheme(const SchemeInfo& scheme);
+
 // Writes the GTIN or the serial number of a tag value into an empty text of at least
 // EPC_AI_VALUE_SIZE. It may stand anywhere there: text becomes no more than it.
 // EPC_ERR_NOT_SUPPORTED if it has none.
