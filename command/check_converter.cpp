@@ -57,7 +57,7 @@ public:
             out += '\t' + finding.ai + '\t' + std::to_string(finding.position + 1) + '\t';
             tsvAppendCell(out, finding.culprit);
             out += '\t';
-            tsvAppendCell(out, finding.message);
+            tsvAppendCell(out, finding.message + optionHint(finding.option));
             out += '\n';
         }
         if (found.empty() && isFailure(problem)) {
@@ -77,7 +77,7 @@ public:
         for (const Finding& finding : found) {
             out += "  ";
             out += severityWord(finding.severity);
-            out += ' ' + findingText(finding) + '\n';
+            out += ' ' + findingMessage(finding) + '\n';
         }
         out += found.empty() ? "  no findings\n" : "";
     }
@@ -87,6 +87,9 @@ public:
     bool linesTellFailures() const override {
         return true;
     }
+    bool linesTellNotes() const override {
+        return isJson;
+    }
 
     void writeCells(std::vector<std::string>& cells) override {
         cells.assign(2, {});
@@ -94,7 +97,7 @@ public:
             cells[0] = severityWord(isFailure(problem) ? Severity::ERROR : Severity::WARNING);
         }
         for (const Finding& finding : found) {
-            cells[1] += (cells[1].empty() ? "" : "; ") + findingText(finding);
+            cells[1] += (cells[1].empty() ? "" : "; ") + findingMessage(finding);
         }
         cells[1] += found.empty() && isFailure(problem) ? failureMessage(problem) : "";
     }
@@ -114,7 +117,7 @@ private:
         problem = {};
         if (error != nullptr) {
             problem.status = EPC_ERR_BAD_FORMAT;
-            problem.message = findingText(*error);
+            problem.message = findingMessage(*error);
         }
     }
 

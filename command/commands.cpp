@@ -55,6 +55,9 @@ public:
     bool linesTellFailures() const override {
         return last->linesTellFailures();
     }
+    bool linesTellNotes() const override {
+        return last->linesTellNotes();
+    }
 
 private:
     Recognition recognition;
@@ -169,7 +172,7 @@ void tellFindings(Output& output, const Converter& converter) {
     for (const Finding& finding : *findings) {
         if (!isToldByNote(finding, *converter.notes())) {
             complain(output, std::string(severityWord(finding.severity)) + ": " +
-                                 shownText(converter.value()) + ": " + findingText(finding));
+                                 shownText(converter.value()) + ": " + findingMessage(finding));
         }
     }
 }
@@ -180,8 +183,7 @@ void tellFailure(Output& output, const Converter& converter, bool isBare) {
                        std::string(converter.failureWord()) + ": " +
                        failureMessage(converter.failure());
     const bool isUnknown = recognise(converter.value()).form == Form::UNKNOWN;
-    if (isUnknown && converter.failure().option != "input" &&
-        isFileName(std::string(converter.value()))) {
+    if (converter.failure().option != "input" && isFileName(std::string(converter.value()))) {
         text += "\n  or the name of a file: --input reads it";
     }
     if (isBare && isUnknown) {
@@ -269,12 +271,12 @@ int commandRun(Output& output, const Arguments& given) {
     Arguments arguments = given;
     GcpList gcpList;
     if (!arguments.gcpListFile.empty()) {
-        gcpList = gcpListRead(arguments.gcpListFile);
+        gcpList = gcpListRead(arguments.gcpListFile, arguments.run.otherInputs);
         arguments.read.gcpList = &gcpList;
     }
     DesignerList designers;
     if (!arguments.designerListFile.empty()) {
-        designers = designerListRead(arguments.designerListFile);
+        designers = designerListRead(arguments.designerListFile, arguments.run.otherInputs);
     }
     const DesignerList* const known = arguments.designerListFile.empty() ? nullptr : &designers;
     const bool isJson = arguments.isJson;

@@ -67,6 +67,9 @@ public:
     virtual bool linesTellFailures() const {
         return false;
     }
+    virtual bool linesTellNotes() const {
+        return false;
+    }
 
     // True where the texts of several arguments want an empty line between them.
     virtual bool writesBlocks() const {

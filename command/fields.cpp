@@ -70,7 +70,7 @@ void appendFindings(std::string& text, const Item& item) {
     std::string_view separator;
     for (const Finding& finding : item.translation.findings) {
         text += separator;
-        text += findingText(finding);
+        text += findingMessage(finding);
         separator = "; ";
     }
 }
@@ -84,7 +84,7 @@ void appendNotes(std::string& text, const Item& item) {
     for (const Finding& finding : item.translation.findings) {
         if (!isToldByNote(finding, item.translation.notes)) {
             text += separator;
-            text += findingText(finding);
+            text += findingMessage(finding);
             separator = "; ";
         }
     }
@@ -180,6 +180,10 @@ std::string optionHint(std::string_view given) {
 
 std::string failureMessage(const Failure& failure) {
     return failureText(failure) + optionHint(failure.option);
+}
+
+std::string findingMessage(const Finding& finding) {
+    return findingText(finding) + optionHint(finding.option);
 }
 
 std::string optionsMessage(const Failure& failure) {

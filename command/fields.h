@@ -50,6 +50,9 @@ std::string optionHint(std::string_view given);
 // The message of a failure with the options that it names as the command spells them.
 std::string failureMessage(const Failure& failure);
 
+// A finding on one line, with the option that helps.
+std::string findingMessage(const Finding& finding);
+
 // The same of a failure of the options, which has no place in the value.
 std::string optionsMessage(const Failure& failure);
 

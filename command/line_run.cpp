@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <cstring>
-#include <numeric>
 #include <optional>
 
 #include <unistd.h>
@@ -24,7 +23,8 @@ struct Sink {
     Progress progress;
     LineTally total;
     bool isUnbuffered;
-    std::vector<FailureCount> told; // on standard error
+    std::vector<FailureCount> told{}; // on standard error, by their words
+    std::uint64_t toldFailures = 0;
 };
 
 void addTally(LineTally& total, LineTally& tally) {
@@ -45,14 +45,15 @@ void addTally(LineTally& total, LineTally& tally) {
     }
 }
 
-// The first of each kind. Those of a block are of the first in it.
-void tellFailures(Sink& sink, const std::vector<ToldFailure>& failures) {
-    for (const ToldFailure& failure : failures) {
-        FailureCount& told = failureCountOf(sink.told, failure.word);
-        if (told.count < MOST_TOLD_FAILURES) {
+// The first of each kind. A block has the first of its own.
+void tellLines(Sink& sink, const std::vector<ToldLine>& lines) {
+    for (const ToldLine& line : lines) {
+        FailureCount& told = failureCountOf(sink.told, line.word);
+        if (told.count < MOST_TOLD) {
             ++told.count;
+            sink.toldFailures += line.isFailure ? 1 : 0;
             progressEnd(sink.progress);
-            complain(sink.output, failure.text);
+            complain(sink.output, line.text);
         }
     }
 }
@@ -66,7 +67,7 @@ void deliver(Sink& sink, LineWork& work) {
         outputFlush(sink.errors);
         outputFlush(sink.output);
     }
-    tellFailures(sink, work.tally.toldFailures);
+    tellLines(sink, work.tally.told);
     if (!work.tally.usageError.empty()) {
         throw UsageError(work.tally.usageError);
     }
@@ -78,15 +79,19 @@ bool isSameFile(int a, int b) {
     return identity.has_value() && identity == fileIdentity(b);
 }
 
-void throwIfInputIsOutput(const LineSource& source, int descriptor, const std::string& name) {
-    if (isSameFile(source.descriptor, descriptor)) {
-        throw UsageError(source.name + " would be overwritten while it is read: " + name +
-                         " is the same file");
+void throwIfInputIsOutput(const std::vector<KnownFile>& inputs, int descriptor,
+                          const std::string& name) {
+    const std::optional<FileIdentity> identity = fileIdentity(descriptor);
+    for (const KnownFile& input : inputs) {
+        if (input.identity == identity) {
+            throw UsageError(input.name + ", which is read, would be overwritten: " + name +
+                             " is the same file");
+        }
     }
 }
 
 // Opens the file for lines that fail. It is emptied when it is known to be none of the others.
-Output openErrors(const std::string& fileName, const LineSource& source) {
+Output openErrors(const std::string& fileName, const std::vector<KnownFile>& inputs) {
     if (fileName.empty()) {
         return {-1, {}, {}};
     }
@@ -97,7 +102,7 @@ Output openErrors(const std::string& fileName, const LineSource& source) {
     if (descriptor < 0) {
         throw ioError(fileName, errno);
     }
-    throwIfInputIsOutput(source, descriptor, fileName);
+    throwIfInputIsOutput(inputs, descriptor, fileName);
     if (isSameFile(STDOUT_FILENO, descriptor)) {
         throw UsageError("--errors: " + fileName +
                          " is also standard output; results and failures need a file each");
@@ -172,21 +177,16 @@ std::string countSummary(std::string_view title, const Counts& counts, WordOf wo
 // "; failures: 2 EPC_ERR_UNKNOWN_HEADER", and where the rest of them is if not all were told.
 std::string failureSummary(const Sink& sink) {
     const std::vector<FailureCount>& counts = sink.total.failureCounts;
-    const auto sum = [](std::uint64_t before, const FailureCount& count) {
-        return before + count.count;
-    };
-    const std::uint64_t told =
-        std::accumulate(sink.told.begin(), sink.told.end(), std::uint64_t{0}, sum);
     std::string text;
     for (const FailureCount& count : counts) {
         text += text.empty() ? "; failures: " : ", ";
         text += groupedDigits(count.count) + ' ' + std::string(count.word);
     }
-    if (told == sink.total.failures) {
+    if (sink.toldFailures == sink.total.failures) {
         return text;
     }
     return text + (sink.errors.descriptor >= 0 ? "; all are in " + sink.errors.name
-                   : told > 0
+                   : sink.toldFailures > 0
                        ? std::string("; --errors FILE takes all of them")
                        : "; the first is in line " + std::to_string(sink.total.firstFailedLine));
 }
@@ -261,13 +261,17 @@ int lineRun(Output& output, LineRules& rules, const RunOptions& options) {
     }
     rules.writesErrors = !options.errorsFile.empty();
     rules.tellsFailures = !options.isQuiet && !rules.writesErrors;
-    throwIfInputIsOutput(source, STDOUT_FILENO, "standard output");
+    rules.tellsWarnings = !options.isQuiet;
+    std::vector<KnownFile> inputs = options.otherInputs;
+    if (const std::optional<FileIdentity> identity = fileIdentity(source.descriptor)) {
+        inputs.push_back({source.name, *identity});
+    }
+    throwIfInputIsOutput(inputs, STDOUT_FILENO, "standard output");
     Sink sink{output,
-              openErrors(options.errorsFile, source),
+              openErrors(options.errorsFile, inputs),
               progressStart(!options.isQuiet, source.totalBytes),
               {},
-              options.isUnbuffered,
-              {}};
+              options.isUnbuffered};
     try {
         runAll(source, rules, options, sink);
         outputFlush(output);

@@ -6,6 +6,7 @@
 
 #include "line_work.h"
 #include "output.h"
+#include "system.h"
 
 namespace rosetag {
 
@@ -15,6 +16,7 @@ struct RunOptions {
     std::string column; // that of --column
     TableOptions table;
     unsigned jobs = 1;
+    std::vector<KnownFile> otherInputs; // lists
     bool isUnbuffered = false;
     bool isQuiet = false;
     bool stopsAtFailure = false;

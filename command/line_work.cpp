@@ -22,6 +22,12 @@ std::string firstLine(const std::string& message) {
     return message.substr(0, message.find('\n'));
 }
 
+// "line 7, "42": "
+std::string shownLine(const LineTask& task) {
+    return "line " + std::to_string(task.number) + ", \"" +
+           shownText(task.work.converter->value()) + "\": ";
+}
+
 void noteFailure(LineTask& task) {
     const Converter& converter = *task.work.converter;
     LineTally& tally = task.work.tally;
@@ -29,16 +35,14 @@ void noteFailure(LineTask& task) {
     const std::string_view word = converter.failureWord();
     FailureCount& count = failureCountOf(tally.failureCounts, word);
     tally.firstFailedLine = tally.failures == 1 ? task.number : tally.firstFailedLine;
-    const bool isTold = count.count++ < MOST_TOLD_FAILURES && task.rules.tellsFailures &&
-                        !converter.linesTellFailures();
+    const bool isTold =
+        count.count++ < MOST_TOLD && task.rules.tellsFailures && !converter.linesTellFailures();
     if (!isTold && !task.rules.writesErrors) {
         return;
     }
     const std::string message = firstLine(failureMessage(converter.failure()));
     if (isTold) {
-        tally.toldFailures.push_back({word, "line " + std::to_string(task.number) + ", \"" +
-                                                shownText(converter.value()) +
-                                                "\": " + std::string(word) + ": " + message});
+        tally.told.push_back({word, shownLine(task) + std::string(word) + ": " + message, true});
     }
     if (task.rules.writesErrors) {
         std::string& errors = task.work.errors;
@@ -53,7 +57,15 @@ void noteFailure(LineTask& task) {
 void countNotes(LineTask& task) {
     const Rows<Note>* const notes = task.work.converter->notes();
     for (std::size_t i = 0; notes != nullptr && i < notes->size(); ++i) {
-        ++task.work.tally.notes[static_cast<std::size_t>((*notes)[i].kind)];
+        const Note& note = (*notes)[i];
+        LineTally& tally = task.work.tally;
+        const std::uint64_t before = tally.notes[static_cast<std::size_t>(note.kind)]++;
+        if (note.severity == Severity::WARNING && before < MOST_TOLD && task.rules.tellsWarnings &&
+            !task.work.converter->linesTellNotes()) {
+            tally.told.push_back(
+                {noteWord(note.kind),
+                 "warning: " + shownLine(task) + note.text + optionHint(note.option), false});
+        }
     }
     const Rows<Finding>* const findings = task.work.converter->findings();
     for (std::size_t i = 0; findings != nullptr && i < findings->size(); ++i) {

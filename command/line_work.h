@@ -28,12 +28,14 @@ struct FailureCount {
 // The count of a word, which is added if it is new.
 FailureCount& failureCountOf(std::vector<FailureCount>& counts, std::string_view word);
 
-// So many failures with the same word are told on standard error, the others counted.
-inline constexpr std::uint64_t MOST_TOLD_FAILURES = 5;
+// So many failures with the same word, and warnings of the same kind, are told on standard error;
+// the others are counted.
+inline constexpr std::uint64_t MOST_TOLD = 5;
 
-struct ToldFailure {
-    std::string_view word;
-    std::string text; // line, value, status and message
+struct ToldLine {
+    std::string_view word; // of the failure, or of the kind of note
+    std::string text;      // line, value and message
+    bool isFailure;
 };
 
 struct LineTally {
@@ -41,7 +43,7 @@ struct LineTally {
     std::uint64_t blanks = 0;
     std::uint64_t failures = 0;
     std::vector<FailureCount> failureCounts;
-    std::vector<ToldFailure> toldFailures;
+    std::vector<ToldLine> told;
     std::uint64_t firstFailedLine = 0;
     NoteCounts notes{};
     FindingCounts findings{};
@@ -64,7 +66,8 @@ struct LineRules {
     std::vector<AddedColumn> addedColumns; // to a table
     bool keepsRows = true;                 // of a table; otherwise its rows are written like lines
     bool writesErrors = false;
-    bool tellsFailures = true; // unless what is written of the lines does
+    bool tellsFailures = true; // on standard error, unless what is written of the lines does
+    bool tellsWarnings = true;
     bool stopsAtFailure = false;
 };
 

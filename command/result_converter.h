@@ -45,6 +45,9 @@ public:
     bool linesTellFailures() const override {
         return true;
     }
+    bool linesTellNotes() const override {
+        return isJson;
+    }
 
 protected:
     void take(const InputItem& input) {

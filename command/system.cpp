@@ -21,6 +21,10 @@ constexpr int OPEN_FLAGS = O_BINARY | O_NOINHERIT;
 
 using FileStatus = struct _stat64;
 
+int statusOfFile(const char* name, FileStatus* status) {
+    return _stat64(name, status);
+}
+
 bool regularFile(int descriptor, FileStatus& status) {
     return _fstat64(descriptor, &status) == 0 && (status.st_mode & S_IFMT) == S_IFREG;
 }
@@ -63,6 +67,10 @@ namespace {
 constexpr int OPEN_FLAGS = O_CLOEXEC;
 
 using FileStatus = struct stat;
+
+int statusOfFile(const char* name, FileStatus* status) {
+    return stat(name, status);
+}
 
 bool regularFile(int descriptor, FileStatus& status) {
     return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
@@ -126,13 +134,10 @@ int openForWriting(const std::string& fileName) {
     return open(fileName.c_str(), O_WRONLY | O_CREAT | OPEN_FLAGS, 0666);
 }
 
+// A pipe is not opened: that would wait for its writer.
 bool isFileName(const std::string& text) {
-    const int descriptor = openForReading(text);
-    const bool isFile = descriptor >= 0 && fileIdentity(descriptor).has_value();
-    if (descriptor >= 0) {
-        close(descriptor);
-    }
-    return isFile;
+    FileStatus status = {};
+    return statusOfFile(text.c_str(), &status) == 0 && (status.st_mode & S_IFMT) == S_IFREG;
 }
 
 bool emptyFile(int descriptor) {

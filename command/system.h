@@ -37,6 +37,11 @@ struct FileIdentity {
     bool operator==(const FileIdentity&) const = default;
 };
 
+struct KnownFile {
+    std::string name;
+    FileIdentity identity;
+};
+
 bool isFileName(const std::string& text);
 
 // Nothing for what is not a regular file.

@@ -125,8 +125,10 @@ public:
         return settings.writing == Writing::HUMAN;
     }
     bool linesTellFailures() const override {
-        const auto isMessage = [](const Field* field) { return field->name == "message"; };
-        return settings.writing == Writing::JSON || std::ranges::any_of(settings.fields, isMessage);
+        return writesFieldOrAll("message");
+    }
+    bool linesTellNotes() const override {
+        return writesFieldOrAll("notes");
     }
 
     void writeCells(std::vector<std::string>& cells) override {
@@ -145,6 +147,11 @@ public:
     }
 
 private:
+    bool writesFieldOrAll(std::string_view name) const {
+        const auto isIt = [=](const Field* field) { return field->name == name; };
+        return settings.writing == Writing::JSON || std::ranges::any_of(settings.fields, isIt);
+    }
+
     void take(const InputItem& input) {
         item.value = input.value;
         item.line = input.line;

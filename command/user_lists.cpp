@@ -7,8 +7,11 @@ namespace rosetag {
 
 namespace {
 
-std::string fileText(const std::string& fileName) {
+std::string fileText(const std::string& fileName, std::vector<KnownFile>& inputs) {
     LineSource source = lineSourceOpen(fileName);
+    if (const std::optional<FileIdentity> identity = fileIdentity(source.descriptor)) {
+        inputs.push_back({fileName, *identity});
+    }
     LineBlock block;
     std::string text;
     while (lineSourceRead(source, block)) {
@@ -26,15 +29,15 @@ void throwIfBad(const std::string& fileName, const Failure& failure) {
 
 } // namespace
 
-GcpList gcpListRead(const std::string& fileName) {
+GcpList gcpListRead(const std::string& fileName, std::vector<KnownFile>& inputs) {
     GcpList list;
-    throwIfBad(fileName, readGcpList(fileText(fileName), list));
+    throwIfBad(fileName, readGcpList(fileText(fileName, inputs), list));
     return list;
 }
 
-DesignerList designerListRead(const std::string& fileName) {
+DesignerList designerListRead(const std::string& fileName, std::vector<KnownFile>& inputs) {
     DesignerList list;
-    throwIfBad(fileName, readDesignerList(fileText(fileName), list));
+    throwIfBad(fileName, readDesignerList(fileText(fileName, inputs), list));
     return list;
 }
 

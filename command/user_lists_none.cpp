@@ -7,11 +7,11 @@
 
 namespace rosetag {
 
-GcpList gcpListRead(const std::string&) {
+GcpList gcpListRead(const std::string&, std::vector<KnownFile>&) {
     throw UsageError("this build reads no lists: it was made without pugixml");
 }
 
-DesignerList designerListRead(const std::string&) {
+DesignerList designerListRead(const std::string&, std::vector<KnownFile>&) {
     throw UsageError("this build reads no lists: it was made without pugixml");
 }
 

@@ -475,6 +475,7 @@ struct Finding {
     std::size_t length = 0;   ///< 0: between two bytes, or at the end.
     std::string culprit; ///< What is wrong: the bytes there, with the escapes of a link resolved.
     std::string message; ///< What the rule is and how to mend the value.
+    std::string_view option; ///< The option that helps; may be empty.
 };
 
 /*
@@ -603,8 +604,7 @@ struct EncodeOptions {
  * the statuses of recognise
  * EPC_ERR_UNKNOWN_SCHEME   the options name no scheme, and the value does not say one
  * EPC_ERR_BAD_PARTITION    the options do not say the length of the company prefix
- * EPC_ERR_SCHEME_MISMATCH  a tag URI is of another scheme than the options name
- * EPC_ERR_FILTER_FIELD     a tag URI has another filter than the options name
+ * EPC_ERR_SCHEME_MISMATCH  the scheme that the options name does not hold such a value
  * EPC_ERR_CHECK_DIGIT      a check digit is wrong
  * EPC_ERR_...              as the functions of rosetag.h say of that form
  *
@@ -817,8 +817,8 @@ Tid tid(std::string_view value);
  *     // findings[1].rule is rosetag::CheckRule::DATE
  *     // findings[1].position is 24
  *
- * JSON: value, findings as an array of objects with severity, rule, ai, position, length, culprit
- * and message, and notes if they are given.
+ * JSON: value, findings as an array of objects with severity, rule, ai, position, length, culprit,
+ * message and option, and notes if they are given.
  */
 void check(std::string_view value, const ReadOptions& options, Rows<Finding>& findings);
 Rows<Finding> check(std::string_view value, const ReadOptions& options = {});

@@ -58,20 +58,21 @@ bool hasCompanions(const CheckRun& run, const CheckedAi& ai) {
     return false;
 }
 
-// "01+21,8006" in words: "AI 01 with 21, or 8006".
+// "01+21,8006" in words: "AI 01 and 21, or 8006".
 std::string describeNeeds(std::string_view needs) {
     std::string text = "AI ";
+    const bool hasJoined = needs.find('+') != needs.npos;
     while (!needs.empty()) {
         const bool isFirst = text.size() == 3;
         std::string_view joined = takeUntil(needs, ',');
-        text += isFirst ? "" : needs.empty() ? " or " : ", ";
+        text += isFirst ? "" : !needs.empty() ? ", " : hasJoined ? ", or " : " or ";
         text += takeUntil(joined, '+');
         while (!joined.empty()) {
-            text += " with ";
+            text += " and ";
             text += takeUntil(joined, '+');
         }
     }
-    return text;
+    return text.find(", or ") == text.npos ? text : text + ',';
 }
 
 bool excludes(const CheckedAi& ai, const CheckedAi& other) {

@@ -99,7 +99,7 @@ void checkAiRun(CheckRun& run, std::size_t position, std::size_t end) {
             checkElement(run, ais);
         } else {
             report(run, CheckRule::NEEDLESS_SEPARATOR, {}, {ais.position, separator},
-                   "a separator ends a value of variable length that another AI follows");
+                   "a separator is needed only between a value of variable length and the next AI");
             ais.position += separator;
         }
     }

@@ -334,8 +334,8 @@ void checkDigitalLink(CheckRun& run, std::size_t position, std::size_t end) {
         checkPath(run, segments, key, order);
     } else {
         report(run, CheckRule::LINK_KEY, {}, {path, query - path},
-               "the path of a link has a key and its value, as in /01/09506000134352: insert them; "
-               "a compressed link is to be expanded first");
+               "the path of a link has a key and its value, as in /01/09506000134352: insert them, "
+               "or decompress a compressed link first");
     }
     checkQuery(run, std::min(query + 1, end), end);
 }

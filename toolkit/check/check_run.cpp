@@ -40,6 +40,7 @@ Finding& add(CheckRun& run, CheckRule rule, std::string_view ai, Place place,
     finding.position = place.position;
     finding.length = place.length;
     finding.culprit = culprit;
+    finding.option = {};
     finding.message.clear();
     fillIn(finding.message, entry.sentence, finding, detail);
     return finding;

@@ -58,14 +58,12 @@ struct PartCheck {
 };
 
 // Some programs write another character in place of the separator: an AI follows it.
-std::string_view hintAtSeparator(std::string_view rest) {
+bool isBeforeAi(std::string_view rest) {
     if (rest.size() < 3 || LIKELY_SEPARATORS.find(rest[0]) == rest.npos) {
-        return {};
+        return false;
     }
     const std::size_t length = knownAiCodeLength(rest[1], rest[2]);
-    return length != 0 && knownAiOf(rest.substr(1, length)).rule != nullptr
-               ? "; if it separates two AIs, give it as the separator"
-               : std::string_view();
+    return length != 0 && knownAiOf(rest.substr(1, length)).rule != nullptr;
 }
 
 // True if all characters are in the set of the part. A run of others is one finding.
@@ -78,8 +76,12 @@ bool checkCharacters(const ValueCheck& check, const PartCheck& part) {
     while (stranger != end) {
         const char* const next = std::find_if(stranger, end, set.holds);
         const auto at = static_cast<std::size_t>(stranger - characters.data());
+        const bool maySeparate =
+            check.run.kind == TextKind::BARCODE_STRING && isBeforeAi(characters.substr(at));
         reportIn(check.run, set.breaks, check.code, check.value, at,
-                 static_cast<std::size_t>(next - stranger), hintAtSeparator(characters.substr(at)));
+                 static_cast<std::size_t>(next - stranger),
+                 maySeparate ? ", or say that it separates two AIs" : "")
+            .option = maySeparate ? "separator" : "";
         stranger = std::find_if_not(next, end, set.holds);
     }
     return isRight;

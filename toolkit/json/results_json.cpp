@@ -75,6 +75,7 @@ void putFinding(JsonWriter& json, const Finding& finding) {
     jsonMember(json, "length", finding.length);
     jsonMemberIfAny(json, "culprit", finding.culprit);
     jsonMember(json, "message", finding.message);
+    jsonMemberIfAny(json, "option", finding.option);
     jsonEnd(json, '}');
 }
 

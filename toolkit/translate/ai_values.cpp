@@ -39,7 +39,8 @@ AiTranslation encodeAi(std::string_view ai, std::string_view value, bool withCod
     Workspace workspace;
     const ReadOptions options;
     Reading reading{value, options, workspace, result.notes, result.failure};
-    result.ai = {std::string(ai), std::string(withoutOuterBlanks(reading)), aiTitle(ai)};
+    const std::string_view inner = withoutOuterBlanks(reading);
+    result.ai = {std::string(ai), std::string(inner), aiTitle(ai)};
     if (aiRowOf(ai) == nullptr) {
         failUnknownAi(reading, ai);
         return result;
@@ -55,7 +56,7 @@ AiTranslation encodeAi(std::string_view ai, std::string_view value, bool withCod
                               encoding, size, dst, &bits);
     });
     if (status != EPC_OK) {
-        failAiValue(reading, status, ai);
+        failAiValue(reading, status, ai, inner);
     }
     result.bits = bits;
     return result;

@@ -223,6 +223,16 @@ EpcStatus encodeTagValue(const EncodeCall& call, std::string_view hex) {
     changed.filter = options.filter.has_value()        ? options.filter
                      : changed.scheme->filterLimit > 0 ? tag.filter
                                                        : std::nullopt;
+    if (changed.filter.has_value() && changed.scheme->filterLimit == 0) {
+        if (call.reading.form == Form::TAG_URI) {
+            return EPC_ERR_FILTER_FIELD;
+        }
+        readingNote(call.reading, NoteKind::NOT_ENCODED, call.reading.value,
+                    "left out the filter " + std::to_string(*changed.filter) + ", which " +
+                        std::string(changed.scheme->name) + " does not have")
+            .option = "filter";
+        changed.filter.reset();
+    }
     const EncodeCall next = {call.reading, changed, call.hex};
     if (!tag.pureIdentity.empty()) {
         return encodePureIdentity(next, tag.pureIdentity);
@@ -238,39 +248,27 @@ EpcStatus encodeTagValue(const EncodeCall& call, std::string_view hex) {
     return encodeText(next, tag.elementString, epc_gs1ElementStringToHexEnc);
 }
 
-// A tag URI has its own scheme and filter; another that is asked for is a contradiction.
-bool agrees(Reading& reading, const EncodeOptions& options, const std::string& hex) {
-    std::array<std::uint8_t, EPC_MAX_BINARY_BYTES> bytes{};
-    bytesOfHex(hex, bytes.data());
-    const SchemeInfo* const scheme = schemeByHeader(bytes[0]);
-    if (options.scheme != nullptr && options.scheme != scheme) {
-        return readingFail(reading, EPC_ERR_SCHEME_MISMATCH, 0, reading.value.size(),
-                           {"the tag URI is one of " + std::string(scheme->name) +
-                                ", and the scheme asked for is " +
-                                std::string(options.scheme->name),
-                            "give the pure identity URI in its place", "scheme"});
+// The bits of a tag value that is given as hex or as a URI.
+EpcStatus hexOfTagValue(const Reading& reading, std::string& hex) {
+    if (reading.form == Form::HEX) {
+        hex = reading.workspace.text;
+        return EPC_OK;
     }
-    if (options.filter.has_value() &&
-        (scheme->filterLimit == 0 || *options.filter != schemeFilterOf(*scheme, bytes.data()))) {
-        return readingFail(reading, EPC_ERR_FILTER_FIELD, 0, reading.value.size(),
-                           {"the tag URI has a filter of its own, and the filter asked for is " +
-                                std::to_string(*options.filter),
-                            "leave the filter out, or change the URI", "filter"});
-    }
-    return true;
+    return textFrom<EPC_HEX_SIZE>(hex, [&](std::int32_t size, char* dst) {
+        return epc_epcTagUriToHex(reading.workspace.text.c_str(), size, dst);
+    });
 }
 
 EpcStatus encodeForm(const EncodeCall& call) {
-    const std::string& text = call.reading.workspace.text;
     switch (call.reading.form) {
     case Form::HEX:
-        return encodeTagValue(call, text);
-    case Form::TAG_URI:
-        return textFrom<EPC_HEX_SIZE>(call.hex, [&](std::int32_t size, char* dst) {
-            return epc_epcTagUriToHex(text.c_str(), size, dst);
-        });
+    case Form::TAG_URI: {
+        std::string hex;
+        EPC_TRY(hexOfTagValue(call.reading, hex));
+        return encodeTagValue(call, hex);
+    }
     case Form::PURE_IDENTITY:
-        return encodePureIdentity(call, text);
+        return encodePureIdentity(call, call.reading.workspace.text);
     case Form::DIGITAL_LINK:
     case Form::BARCODE_STRING:
         return encodeAis(call, call.reading.form);
@@ -279,30 +277,39 @@ EpcStatus encodeForm(const EncodeCall& call) {
     }
 }
 
-void failEncodeForm(Reading& reading, EpcStatus status, const EncodeOptions& options) {
-    const bool isUnread =
-        isTagValue(reading.form) && (options.scheme == nullptr || reading.form == Form::TAG_URI);
-    if (reading.form == Form::TID || isUnread) {
+// Of a tag value that could not become one of another scheme, or with another filter.
+void failTagValue(Reading& reading, EpcStatus status, const EncodeOptions& options) {
+    std::string hex;
+    Translation tag;
+    if (hexOfTagValue(reading, hex) != EPC_OK ||
+        formsOfHex(hex, Form::PURE_IDENTITY, tag) != EPC_OK) {
         return failReading(reading, status);
     }
-    if (reading.form == Form::HEX && status == EPC_ERR_BAD_PARTITION) {
+    EncodeOptions known = options;
+    known.scheme = options.scheme == nullptr ? tag.scheme : options.scheme;
+    const std::string name(known.scheme->name);
+    if (status == EPC_ERR_BAD_PARTITION) {
         failOptions(reading, status,
                     {"a value of a plus scheme does not say how long its GS1 company prefix is",
                      gcpLengthRemedy(), "gcp_length"});
-        return;
-    }
-    if (reading.form == Form::HEX) {
-        Translation tag;
-        if (formsOfHex(reading.workspace.text, Form::PURE_IDENTITY, tag) != EPC_OK) {
-            return failReading(reading, status);
-        }
+    } else if (options.filter.has_value() && known.scheme->filterLimit == 0) {
         readingFail(reading, status, 0, reading.value.size(),
-                    {std::string(options.scheme->name) + " cannot hold this value of " +
-                         std::string(tag.scheme->name),
+                    {name + " has no filter", "leave it out", "filter"});
+    } else if (status == EPC_ERR_FILTER_LIMIT || status == EPC_ERR_FILTER_FIELD) {
+        failEncoding(reading, status, known);
+    } else {
+        readingFail(reading, status, 0, reading.value.size(),
+                    {name + " cannot hold this value of " + std::string(tag.scheme->name),
                      "choose another scheme", "scheme"});
-        return;
     }
-    failEncoding(reading, status, options);
+}
+
+void failEncodeForm(Reading& reading, EpcStatus status, const EncodeOptions& options) {
+    if (isTagValue(reading.form)) {
+        return failTagValue(reading, status, options);
+    }
+    return reading.form == Form::TID ? failReading(reading, status)
+                                     : failEncoding(reading, status, options);
 }
 
 // Checks the value as given: bits that were encoded anew may have lost what was wrong with them.
@@ -345,9 +352,6 @@ void encode(std::string_view value, const EncodeOptions& options, FormSet wanted
     }
     std::string& hex = result.workspace.more;
     EpcStatus status = encodeForm({reading, completed, hex});
-    if (status == EPC_OK && reading.form == Form::TAG_URI && !agrees(reading, completed, hex)) {
-        return;
-    }
     if (status == EPC_OK) {
         status = formsOfHex(hex, isChecked ? result.asked | Form::AIS : result.asked, result);
     }

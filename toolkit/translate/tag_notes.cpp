@@ -42,7 +42,9 @@ void noteTagBits(Reading& reading) {
     const std::string_view hex = reading.workspace.text;
     if (hex.size() % 2 != 0) {
         warn(reading, NoteKind::ODD_DIGITS, hex.size() - 1,
-             "an odd number of hexadecimal digits: one is missing, taken as a 0 at the end");
+             "an odd number of hexadecimal digits: one is missing, taken as a 0 at the end: give "
+             "all "
+             "of them");
     }
     const std::size_t bits = tagValueBits(hex);
     const std::size_t given = 4 * hex.size();
@@ -51,10 +53,12 @@ void noteTagBits(Reading& reading) {
     }
     if (const std::size_t bit = findBit(hex, bits); bit < given) {
         warn(reading, NoteKind::TRAILING_BITS, bit / 4,
-             "bits other than 0 follow the value, which has " + counts(bits, given));
+             "bits other than 0 follow the value, which has " + counts(bits, given) +
+                 ": leave out what does not belong to it");
     } else if (given > (bits + WORD_BITS - 1) / WORD_BITS * WORD_BITS) {
         warn(reading, NoteKind::ODD_LENGTH, (bits + WORD_BITS - 1) / WORD_BITS * 4,
-             "no scheme has values of this length: this one has " + counts(bits, given));
+             "no scheme has values of this length: this one has " + counts(bits, given) +
+                 ": leave out the zeros after it");
     }
 }
 

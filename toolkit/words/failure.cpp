@@ -420,20 +420,20 @@ void failCompanyPrefix(Reading& reading, const ParsedAis& ais, const CompanyPref
         {prefix.problem, "correct the key, take a newer list, or give the length", "gcp_length"});
 }
 
-void failAiValue(Reading& reading, EpcStatus status, std::string_view code) {
+void failAiValue(Reading& reading, EpcStatus status, std::string_view code,
+                 std::string_view value) {
     const std::string ai = '(' + std::string(code) + ')';
     Rows<Finding> findings;
-    check(ai + std::string(reading.value), reading.options, findings);
+    check(ai + std::string(value), reading.options, findings);
     const Finding* const finding = findingOf(findings, status, code);
     if (finding != nullptr && finding->position >= ai.size()) {
-        readingFail(reading, status, finding->position - ai.size(), finding->length,
-                    {finding->message});
+        readingFail(reading, status, positionIn(reading, value) + finding->position - ai.size(),
+                    finding->length, {finding->message});
         return;
     }
-    readingFail(reading, status, 0, reading.value.size(),
+    readingFail(reading, status, positionIn(reading, value), value.size(),
                 {"AI " + std::string(code) + " (" + std::string(aiTitle(code)) + ") cannot hold " +
-                     quotedText(reading.value) + ": " +
-                     statusMeaning(status, {StatusSource::AI_VALUE}),
+                     quotedText(value) + ": " + statusMeaning(status, {StatusSource::AI_VALUE}),
                  aiValueHint(code)});
 }
 

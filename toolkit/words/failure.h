@@ -21,8 +21,8 @@ void failCompanyPrefix(Reading& reading, const ParsedAis& ais, const CompanyPref
 // Of the bits of a tag value, of a TID or of AI values, after a walk that explains them.
 void failBits(Reading& reading, EpcStatus status, const Explanation& explanation);
 
-// Of the value of an AI that could not become bits.
-void failAiValue(Reading& reading, EpcStatus status, std::string_view code);
+// Of the value of an AI, a part of the given one, that could not become bits.
+void failAiValue(Reading& reading, EpcStatus status, std::string_view code, std::string_view value);
 
 } // namespace rosetag
 
