@@ -46,7 +46,7 @@ struct AiSample {
 // Values of one AI, and what they are in bits without the code.
 std::vector<AiSample> aiSamples(const char* ai);
 
-// Numbers of so many digits.
+// Numbers of that many digits.
 std::vector<AiSample> longNumberSamples(std::size_t digitCount);
 
 #endif

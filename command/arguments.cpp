@@ -10,8 +10,8 @@ namespace rosetag {
 
 namespace {
 
-// "--to excludes --json" and "VALUE excludes --input" in the words of a person. The error holds the
-// two names in its text alone.
+// "--to excludes --json" and "VALUE excludes --input" in plain words. The error holds the two names
+// in its text alone.
 std::string exclusionText(const std::string& text) {
     constexpr std::string_view excludes = " excludes ";
     const std::size_t at = text.find(excludes);

@@ -130,7 +130,7 @@ RowExtent parseRow(CsvParser& parser, std::string_view text, CsvRow& row) {
         }
         extent.size += line.size();
         ++extent.lines;
-        // An empty line is a row of one empty cell, of which the library says nothing.
+        // An empty line is a row of one empty cell, which the library does not report.
         const bool isEmpty = extent.lines == 1 && (line == "\n" || line == "\r\n");
         if (extent.fault != CsvFault::NONE || parser.isWhole || isEmpty) {
             return extent;

@@ -33,7 +33,7 @@ struct CsvRow {
     std::vector<std::size_t> ends;
 };
 
-// A row that goes over several lines has at most about so many bytes.
+// About the most bytes of a row that goes over several lines.
 inline constexpr std::size_t LONGEST_QUOTED_ROW = std::size_t{64} << 10;
 
 struct CsvParser; // of the CSV library
@@ -49,7 +49,7 @@ CsvReader csvReader(char delimiter);
 // Reads the row at the beginning of a text of whole lines, and takes it off.
 void csvReadRow(CsvReader& reader, std::string_view& text, CsvRow& row);
 
-// The bytes of a text of whole lines that are rows for certain, whatever comes after it.
+// The bytes of a text of whole lines that are certainly rows, whatever comes after it.
 std::size_t csvWholeRows(CsvReader& reader, std::string_view text);
 
 inline std::size_t csvCellCount(const CsvRow& row) {

@@ -41,10 +41,10 @@ struct LineBlock {
     bool lacksLastEnd = false;   // the "\n" of the last line was not in the input
 };
 
-// So much is read at a time.
+// How much is read at a time.
 inline constexpr std::size_t LINE_BLOCK_SIZE = std::size_t{64} << 10;
 
-// A line may have so many characters. Of a longer one the beginning is kept.
+// The most characters of a line. Of a longer one the beginning is kept.
 inline constexpr std::size_t LONGEST_LINE = std::size_t{16} << 20;
 
 struct LineSource {

@@ -27,7 +27,7 @@ int openForWriting(const std::string& fileName);
 // errno.
 bool emptyFile(int descriptor);
 
-// Takes so many bytes that were written last off a regular file again. Other files keep them.
+// Takes the last bytes that were written off a regular file again. Other files keep them.
 void takeBack(int descriptor, std::uint64_t count);
 
 // What makes two descriptors the same file, under whatever names they were opened.

@@ -60,7 +60,7 @@ TableReader tableReader(const Table& table);
 // Reads the row at the beginning of a text of whole lines, and takes it off.
 void tableReadRow(TableReader& reader, std::string_view& text, TableRow& row);
 
-// The bytes of a text of whole lines that are rows for certain.
+// The bytes of a text of whole lines that are certainly rows.
 std::size_t tableWholeRows(TableReader& reader, std::string_view text);
 
 // The names of the added columns after the header.

@@ -1,8 +1,9 @@
 #include "template.h"
 
 #include "fields.h"
-#include "human_text.h"
 #include "output.h"
+
+#include <rosetag/toolkit.hpp>
 
 #include <algorithm>
 
@@ -12,24 +13,6 @@ namespace {
 
 bool isSeparatorName(std::string_view name) {
     return name == "GS" || name == "FNC1";
-}
-
-// The characters that stand for themselves in the path of a link and in the fields of an EPC URI.
-// Source: RFC 3986, section 2.3 (unreserved characters).
-bool isUnreserved(char character) {
-    return (character >= '0' && character <= '9') || (character >= 'A' && character <= 'Z') ||
-           (character >= 'a' && character <= 'z') ||
-           std::string_view("-._~").find(character) != std::string_view::npos;
-}
-
-void appendEscaped(std::string& text, std::string_view cell) {
-    for (const char character : cell) {
-        if (isUnreserved(character)) {
-            text += character;
-        } else {
-            text += '%' + hexText(static_cast<unsigned char>(character), 2);
-        }
-    }
 }
 
 bool isUriLike(const Template& text) {

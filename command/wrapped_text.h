@@ -9,7 +9,7 @@
 
 namespace rosetag {
 
-// A text in lines of at most so many characters.
+// A text in lines of at most that many characters.
 std::string wrapped(std::string_view text, std::size_t width);
 
 // A text with every place of one part replaced by another.

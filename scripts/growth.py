@@ -15,7 +15,7 @@ from collections import defaultdict
 
 FACTOR = 2.1
 STEP = 500
-# At least so many exports must read some input to its end, or the inputs would show nothing. The
+# At least this many exports must read some input to its end, or the inputs would show nothing. The
 # others refuse what is longer than any value.
 GROWING = 35
 

@@ -4,7 +4,8 @@
 
 namespace rosetag {
 
-// Texts as long as that stand in the vector itself. Without calls they are read and written sooner.
+// Texts of up to this length are in the vector itself. Reading and writing them without calls is
+// faster.
 constexpr std::size_t LONGEST_INLINED = sizeof(duckdb_string_t::value.inlined.inlined);
 
 OutColumn::OutColumn(duckdb_vector outVector)

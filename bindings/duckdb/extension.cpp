@@ -1,7 +1,7 @@
 /*
  * The functions of Rosetag for DuckDB.
  *
- * DuckDB calls them with chunks of rows, from any number of threads. A call has a room of its own,
+ * DuckDB calls them with chunks of rows, from any number of threads. Each call has its own room,
  * so that they have nothing in common.
  *
  * Source: DuckDB: C API (Scalar Functions), C extension template.

@@ -80,7 +80,7 @@ void forEachStruct(Chunk& chunk, std::size_t fields,
         });
 }
 
-// The keys and values of the maps of a chunk, which stand one after the other.
+// The keys and values of the maps of a chunk, all in a row.
 struct MapEntries {
     explicit MapEntries(duckdb_vector mapVector)
         : map(mapVector),

@@ -2,7 +2,7 @@
  * The extension's side that is C++. It knows nothing of PostgreSQL, and no exception leaves it; the
  * other side is C, so that an error of PostgreSQL never jumps over an object with a destructor.
  *
- * Results stand in room that the next call uses anew.
+ * Results are in room that the next call uses again.
  */
 #ifndef ROSETAG_BINDINGS_POSTGRESQL_ROSETAG_CORE_H
 #define ROSETAG_BINDINGS_POSTGRESQL_ROSETAG_CORE_H
@@ -125,7 +125,7 @@ enum RosetagOutcome rosetagEncode(struct RosetagText text,
 
 struct RosetagText rosetagVersion(void);
 
-/* The longest value that is looked at, in bytes. */
+/* The longest value that is accepted, in bytes. */
 size_t rosetagLongestValue(void);
 
 #ifdef __cplusplus

@@ -20,7 +20,7 @@ struct SqlValue {
     bool isBinary = false; // the bits of a tag rather than a text
 };
 
-// Room for the work of a call, kept for the next. Texts that are given stand in it.
+// Room for the work of a call, kept for the next. It holds the texts that are returned.
 struct SqlRoom {
     Translation item;
     Tid tid;
@@ -127,7 +127,7 @@ std::string_view sqlRefusal(SqlRoom& room, const SqlValue& value);
 // What is wrong with the AI that epc_ai is asked for, as a sentence; empty: nothing.
 std::string sqlAiFault(std::string_view ai);
 
-// The arguments of epc_encode beside the text; none is NULL.
+// The arguments of epc_encode besides the text; none is NULL.
 struct SqlEncodeArguments {
     std::string_view scheme;
     std::optional<std::int64_t> filter = 0;

@@ -3,7 +3,7 @@
  * Columns of values: the toolkit over arrays in the memory layout of Apache Arrow.
  *
  * One call converts a whole array. Values are read in place from the caller's buffers; each form
- * that is asked for becomes a column of its own, beside a column with the status of each row. A row
+ * that is asked for becomes a column, beside a column with the status of each row. A row
  * that fails is null in all columns but the status; a null stays null, its status too. One bad row
  * never ends a call. With a column of texts, of the type valuesType:
  *
@@ -21,8 +21,8 @@
  * What follows holds for every function.
  *
  * Arrays cross the boundary by the Arrow C data interface. Input arrays stay the caller's: they are
- * read during the call, not released and not kept. Taken are utf8, large_utf8, utf8_view (texts in
- * any form that rosetag::recognise knows), binary, large_binary, binary_view, fixed-size binary
+ * read during the call, not released and not kept. They may be utf8, large_utf8, utf8_view (texts
+ * in any form that rosetag::recognise knows), binary, large_binary, binary_view, fixed-size binary
  * (the bytes of tag values), dictionaries of these, the null type, and a table (a struct) whose
  * only column is one of these; with any offset and with or without a validity buffer. The result is
  * a struct array of the same length, with one child for each output in the order in which they were
@@ -79,13 +79,13 @@ struct ArrowArray {
 
 #endif
 
-/** Room that is enough for every sentence in error, its NUL included. */
+/** Room for any sentence in error, including its NUL. */
 #define ROSETAG_COLUMNS_ERROR_SIZE 256
 
-/** What a call came to. */
+/** The outcome of a call. */
 enum RosetagColumnsResult {
     ROSETAG_COLUMNS_OK = 0,
-    ROSETAG_COLUMNS_BAD_TYPE = 1,   /**< An array is of a type that is not taken. */
+    ROSETAG_COLUMNS_BAD_TYPE = 1,   /**< An array is of a type that is not accepted. */
     ROSETAG_COLUMNS_BAD_ARRAY = 2,  /**< An array contradicts its type, or another's length. */
     ROSETAG_COLUMNS_BAD_OUTPUT = 3, /**< An output that does not exist, or none. */
     ROSETAG_COLUMNS_BAD_OPTION = 4, /**< An option, such as a scheme that does not exist. */

@@ -430,7 +430,7 @@ typedef struct TidRecord {
     uint8_t recomSupport;
     /** 1: the tag supports the Access command. */
     uint8_t accessSupport;
-    /** 1: each memory bank has lock bits of its own. */
+    /** 1: each memory bank has its own lock bits. */
     uint8_t separateLockbits;
     /** 1: the tag sets the User Memory Indicator by itself. */
     uint8_t autoUmiSupport;
@@ -929,7 +929,7 @@ ROSETAG_EXPORT EpcStatus epc_gs1ElementStringToEpcTagUri(const char* text, EpcSc
 
 /**
  * Like epc_gs1ElementStringToEpcTagUri, but writes the pure identity URI of the key's family. There
- * is no scheme or filter, nor a status about them. The keys 401, 402 and 417, which no tag scheme
+ * is no scheme or filter and no status about them. The keys 401, 402 and 417, which no tag scheme
  * has, are accepted too.
  *
  * Example:
@@ -943,11 +943,11 @@ ROSETAG_EXPORT EpcStatus epc_gs1ElementStringToEpcUri(const char* text, int32_t 
                                                       int32_t dstSize, char* dst);
 
 /**
- * Like epc_gs1ElementStringToEpcTagUri, but takes a barcode string. EPC_ERR_BAD_FORMAT says that no
- * two digits stand where an AI must begin.
+ * Like epc_gs1ElementStringToEpcTagUri, but takes a barcode string. EPC_ERR_BAD_FORMAT says that an
+ * AI does not begin with two digits.
  *
  *     text  a run of AIs and values without brackets and symbology identifier. The GS character
- *           (code 29) ends a value of variable length and may stand nowhere else. In an itip, the
+ *           (code 29) ends a value of variable length and may be nowhere else. In an itip, the
  *           AI 21 must follow the AI 8006 directly.
  *
  * Example:
@@ -1620,7 +1620,7 @@ ROSETAG_EXPORT EpcStatus epc_wordsToDigitalLink(int32_t bits, const uint16_t* wo
  *                            is not allowed
  *     EPC_ERR_BAD_PARTITION  the company prefix does not have 6 to 12 digits
  *     EPC_ERR_OUT_OF_RANGE   a number has more than 19 digits or is too large for its field; the
- *                            digits of a reference are not as many as the company prefix leaves; a
+ *                            reference has more or fewer digits than the company prefix leaves; a
  *                            text of cpi-var or adi-var is too long
  *     EPC_ERR_BAD_CHARACTER  a text field holds a character that it does not allow, or a "%"
  *                            without two hexadecimal digits
@@ -1802,7 +1802,7 @@ ROSETAG_EXPORT EpcStatus epc_epcUriToWords(const char* text, EpcScheme scheme, i
  *     EPC_ERR_NO_ROOM         toggle and filter value do not fit into out
  *     then date, key AIs and data section, value by value:
  *     EPC_ERR_NO_ROOM         the value is shorter than a part of fixed length
- *     those of encoding a value, each part taken by itself
+ *     those of encoding a value, for each part
  *     and at the end:
  *     EPC_ERR_NO_ROOM         the padding does not fit into out
  *

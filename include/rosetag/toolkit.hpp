@@ -61,7 +61,7 @@
 
 namespace rosetag {
 
-/** The longest value that is looked at, in bytes. */
+/** The longest value that is accepted, in bytes. */
 inline constexpr std::size_t MAX_VALUE_LENGTH = std::size_t{1} << 20;
 
 /** The version of the toolkit that the program runs with, for example "1.0.0". */
@@ -69,7 +69,7 @@ std::string_view version();
 
 /**
  * A list that keeps its elements when it is cleared, with the memory that they hold. add() gives an
- * element as it was left the last time.
+ * element as it was last left.
  */
 template <typename Element>
 class Rows {
@@ -198,7 +198,7 @@ std::string_view formName(Form form);
 inline constexpr int MIN_GCP_LENGTH = 6;
 inline constexpr int MAX_GCP_LENGTH = 12;
 
-/** What is known of a tag scheme. */
+/** What is known about a tag scheme. */
 struct SchemeInfo {
     EpcScheme scheme;        ///< EPC_SCHEME_SGTIN_96 and so on.
     std::string_view name;   ///< "sgtin-96"
@@ -253,7 +253,7 @@ struct Failure {
     std::size_t length = 0;    ///< 0: between two bytes, or at the end.
     std::string culprit{};     ///< The bytes there; may be empty.
     std::string_view option{}; ///< The option that helps; may be empty.
-    bool isOfOptions = false;  ///< Not the value is at fault, but the options.
+    bool isOfOptions = false;  ///< The options are at fault, not the value.
 };
 
 inline bool isFailure(const Failure& failure) {
@@ -361,7 +361,7 @@ struct Recognition {
 };
 
 /**
- * Says what a value is by its look; whether it can be read is not looked at.
+ * Says what a value is by its appearance, without finding out whether it can be read.
  *
  *     value    the value.
  *     options  how to read it.
@@ -450,7 +450,7 @@ enum class CheckRule : std::uint8_t {
 };
 inline constexpr std::size_t CHECK_RULE_COUNT = 54;
 
-/** What is known of a rule. */
+/** What is known about a rule. */
 struct CheckRuleInfo {
     CheckRule rule;
     std::string_view word;     ///< "check_digit"
@@ -516,7 +516,7 @@ std::string_view aiValueOf(const Translation& translation, std::string_view ai);
  *
  *     value    the value in any form.
  *     options  how to read it. gcpLength gives GS1 texts their pure identity URI.
- *     wanted   the forms to compute; no other costs anything.
+ *     wanted   the forms to compute; no others cost anything.
  *     result   receives them, and form, scheme, filter, bits and notes in any case.
  *
  * EPC_OK                 the value was read. A form that it does not have is empty.
@@ -629,6 +629,12 @@ Translation encode(std::string_view value, const EncodeOptions& options,
 /** Appends bytes as hexadecimal digits, two upper-case digits each. */
 void appendHex(std::string& text, std::span<const std::uint8_t> bytes);
 
+/**
+ * Appends a value as a field of an EPC URI or a Digital Link: characters with a meaning there
+ * become percent escapes.
+ */
+void appendEscaped(std::string& text, std::string_view value);
+
 /** Appends hexadecimal digits as 16-bit words of four digits, a blank between them. */
 void appendWords(std::string& text, std::string_view hex);
 
@@ -645,8 +651,8 @@ struct ExplainedField {
     std::size_t width = 0;       ///< In bits; 0 where the bits ended.
     std::string name;            ///< "company prefix"
     std::string meaning;         ///< In words; what is wrong where isGood is false.
-    std::string value;           ///< What the field adds to a text form; may be empty.
-    std::string ai;              ///< The AI whose value that is part of; may be empty.
+    std::string value;           ///< What the field contributes to a text form; may be empty.
+    std::string ai;              ///< The AI whose value it is part of; may be empty.
     std::span<const int> groups; ///< How its bits are set apart, over and over; empty: not at all.
     bool isGood = true;
 };
@@ -799,7 +805,7 @@ Tid tid(std::string_view value);
 /**
  * Finds everything in a value that is not as GS1 demands: after a fault it goes on as far as the
  * text lets it. The AIs of tag values and EPC URIs are checked like those of texts. Blanks around
- * the value are not looked at.
+ * the value are ignored.
  *
  *     value     the value in any form.
  *     options   how to read it. gcpList adds UNASSIGNED_PREFIX.
@@ -845,13 +851,13 @@ struct GcpListEntry {
 
 /** The list of the lengths of GS1 company prefixes, which GS1 publishes. */
 struct GcpList {
-    std::string date;                  ///< Of its edition, as the file says.
+    std::string date;                  ///< Of the edition, as the file says.
     std::vector<GcpListEntry> entries; ///< Ascending.
 };
 
 /**
- * Adds an entry, for those who read the file of a prefix list themselves. In any order; the list
- * must be finished after the last.
+ * Adds an entry, for a program that reads the file of a prefix list itself. Entries may come in any
+ * order; the list must be finished after the last.
  *
  *     prefix     3 to 12 digits.
  *     gcpLength  a number from 0 to 12.
@@ -863,7 +869,7 @@ std::string gcpListAdd(GcpList& list, std::string_view prefix, std::string_view 
 /** Sorts the entries. Gives the prefix of two that contradict each other, or the empty text. */
 std::string gcpListFinish(GcpList& list);
 
-/** What a prefix list says of some digits. */
+/** What a prefix list says about some digits. */
 struct GcpAnswer {
     enum class Kind : std::uint8_t {
         LENGTH,     ///< Their company prefix has length digits.
@@ -877,7 +883,7 @@ struct GcpAnswer {
 /** Looks up the digits that a company prefix begins with; the longest entry counts. */
 GcpAnswer gcpLengthOf(const GcpList& list, std::string_view digits);
 
-/** Where the company prefix begins in the value of an AI, to its end; empty if it has none. */
+/** The value of an AI from its company prefix on; empty if it has none. */
 std::string_view companyPrefixOnwards(std::string_view ai, std::string_view value);
 
 /** The model of a chip. */
@@ -917,7 +923,7 @@ const ChipModel* chipOf(const ChipDesigner& designer, unsigned tmn);
  * EPC_ERR_BAD_FORMAT  the text is not as it should be; message names line and column, position and
  *                     length are those of the text
  *
- * These two are in a library of their own, rosetag::lists, which needs an XML and a JSON library.
+ * These two are in a separate library, rosetag::lists, which needs an XML and a JSON library.
  */
 Failure readGcpList(std::string_view text, GcpList& list);
 Failure readDesignerList(std::string_view text, DesignerList& list);
@@ -954,7 +960,7 @@ void appendJson(std::string& text, const Rows<Finding>& findings, const Rows<Not
 /** The findings alone, as a JSON array. */
 void appendJson(std::string& text, const Rows<Finding>& findings);
 
-/** The same as a string of its own, from the arguments after the first. */
+/** The same as a new string, from the arguments after the first. */
 template <typename... Arguments>
 std::string toJson(const Arguments&... arguments) {
     std::string json;

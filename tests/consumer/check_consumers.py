@@ -114,7 +114,7 @@ class Consumers(unittest.TestCase):
         self.compile_with_pkg_config(DECODE, self.path("decode"))
         self.expect_decodes(self.path("decode"))
 
-    # The toolkit by both roads: pkg-config, and CMake's component.
+    # The toolkit both ways: by pkg-config, and as CMake's component.
     def test_toolkit(self):
         self.install(BUILD)
         with open(self.path("whatever.cpp"), "w", encoding="ascii") as file:

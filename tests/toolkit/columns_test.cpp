@@ -365,7 +365,7 @@ TEST(Columns, GiveWhatIsAskedForInItsType) {
     EXPECT_EQ("UZcC", decode(*arrayOf("U", VALUES), outputs).formats);
 }
 
-// Forms that plain rows have are made on a road of their own.
+// Forms that plain rows have are made separately.
 TEST(Columns, DecodePlainRowsAsAllOthers) {
     Cells values = VALUES;
     for (int i = 0; i < 5000; ++i) {

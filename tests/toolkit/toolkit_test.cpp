@@ -224,7 +224,7 @@ TEST(Toolkit, ExplainsTheWordsBeforeTheEpc) {
     }
 }
 
-// The short road for tag values of 96 bits is not to be seen in what it gives.
+// The shortcut for tag values of 96 bits gives what the usual way gives.
 TEST(Convert, GivesWhatTranslateGives) {
     const std::string values[] = {"30FFFFFFFFFFFFFFFFFFFFFF",
                                   "3074257BF7194E4000001A85",

@@ -216,7 +216,7 @@ void checkQualifier(CheckRun& run, QualifierOrder& order, std::string_view code,
         report(run, CheckRule::LINK_QUALIFIER, code, place,
                "after AI " + std::string(order.key) + " the path of a link takes " +
                    qualifiersOfKey(order.key) +
-                   (aiIsLinkKey(code) ? ": write a link of its own for AI " + std::string(code)
+                   (aiIsLinkKey(code) ? ": write a separate link for AI " + std::string(code)
                                       : ": move AI " + std::string(code) + " to the query"));
         return;
     }

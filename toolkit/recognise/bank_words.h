@@ -34,8 +34,8 @@ unsigned wordAt(std::string_view digits, std::size_t index);
 // The CRC-16 of words, as the first word of the bank holds it.
 unsigned crc16Of(std::string_view digits);
 
-// True if a sound EPC of so many words could also be a PC word, with or without a CRC, and an EPC.
-// Says nothing of the CRC.
+// True if a sound EPC of that many words could also be a PC word, with or without a CRC, and an
+// EPC. Says nothing of the CRC.
 bool mayBeginWithBankWords(const std::uint8_t* bytes, std::size_t words);
 
 // Takes the words before the EPC off the prepared hex, and zeros after it that the PC word does not

@@ -14,7 +14,7 @@ inline bool isHexDigit(char character) {
     return hexDigitValue(character) >= 0;
 }
 
-// A character that is nothing in hex.
+// A character that has no place in hex.
 constexpr bool isHexGap(char character) {
     return character == ' ' || character == '-' || character == ':' || character == ',' ||
            character == '\t';

@@ -1,5 +1,5 @@
 /*
- * What a value is by its look: every form has a beginning of its own.
+ * What a value is by its appearance: every form has its own beginning.
  */
 #ifndef ROSETAG_TOOLKIT_RECOGNISE_LOOK_H
 #define ROSETAG_TOOLKIT_RECOGNISE_LOOK_H
@@ -9,7 +9,7 @@
 
 namespace rosetag {
 
-// The form that a value has the look of. A value without a mark is hex or, asBarcode, a barcode
+// The form that a value seems to have. A value without a mark is hex or, asBarcode, a barcode
 // string.
 Form formByLook(std::string_view value, const ReadOptions& options);
 

@@ -26,7 +26,7 @@ bool encodeGs1Text(const Reading& reading, const EncodeOptions& options,
            text == back.data();
 }
 
-// A tag URI has a scheme and a filter of its own.
+// A tag URI has its own scheme and filter.
 bool encodeTagUri(const Reading& reading, const EncodeOptions& options, TagBits& tag) {
     return tagBitsWrite(
                tag, [&](BitBuffer& bits) { return tagUriToBits(bits, reading.workspace.text); }) ==

@@ -1,5 +1,7 @@
 #include "translate/text_forms.h"
 
+#include "core/char_class.h"
+#include "core/hex_digits.h"
 #include "gs1/text_writers.h"
 #include "translate/company_prefix.h"
 #include "translate/numbers.h"
@@ -148,6 +150,18 @@ EpcStatus formsOfPlusTagUri(const std::string& uri, FormSet wanted, Translation&
         addAis(ais, wanted, result);
     }
     return EPC_OK;
+}
+
+void appendEscaped(std::string& text, std::string_view value) {
+    constexpr std::uint32_t escapes = CHAR_CLASS_URI_ESCAPE | CHAR_CLASS_LINK_ESCAPE;
+    for (const char character : value) {
+        if (charIsOfClass(character, CHAR_CLASS_AI82) && !charIsOfClass(character, escapes)) {
+            text += character;
+        } else {
+            text += '%';
+            text += hexPairOf(static_cast<unsigned char>(character));
+        }
+    }
 }
 
 } // namespace rosetag

@@ -46,7 +46,7 @@ FormSet neededFor(FormSet wanted) {
     return wanted.has(Form::FINDINGS) ? wanted | Form::AIS : wanted;
 }
 
-// Translates a plain tag value. False if it is not one or cannot be read: the usual road says why.
+// Translates a plain tag value. False if it is not one or cannot be read: the usual way says why.
 bool translatePlainTag(std::string_view value, const ReadOptions& options, FormSet wanted,
                        Translation& result) {
     TagBits tag;

@@ -38,7 +38,7 @@ function layoutFor(width: number): Layout {
     };
 }
 
-// The bits of a field that stand in one row.
+// The bits of a field that are in one row.
 interface Piece {
     field: Field;
     index: number;
@@ -87,7 +87,7 @@ function widthOf(text: string, font: number): number {
     return measure.measureText(text).width;
 }
 
-// Names that would run into the next one stand higher, with a thin line down to their first bit.
+// Names that would run into the next one are placed higher, with a thin line down to their first bit.
 function placeNames(pieces: readonly Piece[], layout: Layout): Name[] {
     const names: Name[] = [];
     for (const piece of [...pieces].reverse()) {
@@ -260,7 +260,7 @@ export function drawBits(explanation: Explanation, width: number): SVGSVGElement
     return picture;
 }
 
-// What the style sheet of the page says of the picture, for a file that stands alone.
+// What the style sheet of the page says about the picture, for a file by itself.
 function styleOfFile(): string {
     const probe = svg("g");
     document.body.append(probe);
@@ -281,7 +281,7 @@ function styleOfFile(): string {
     );
 }
 
-/** The picture as a file of its own, light and wide. */
+/** The picture as a separate file, light and wide. */
 export function bitsFile(explanation: Explanation): string {
     const picture = drawBits(explanation, 780);
     picture.setAttribute("xmlns", "http://www.w3.org/2000/svg");

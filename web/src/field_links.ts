@@ -1,12 +1,12 @@
 /*
- * A field of a value stands in many places: its bits, its row, its digits of the hex, its characters
+ * A field of a value is in many places: its bits, its row, its digits of the hex, its characters
  * in each text. Pointing at one of them lights all. Every place carries the numbers of its fields
  * in data-fields.
  */
 
 export const MARK = "data-fields";
 
-/** The classes that give a field its colour and its kind of line, wherever it stands. */
+/** The classes that give a field its colour and its kind of line, wherever it is. */
 export function fieldClass(field: number): string {
     return `hue-${String(field % 7)} line-${String(field % 4)}`;
 }
@@ -86,7 +86,7 @@ export function linkFields(root: Element): () => void {
     };
 }
 
-/** A part of a text that stands for a field. */
+/** A part of a text that belongs to a field. */
 export interface TextPart {
     field: number;
     position: number;
@@ -95,7 +95,7 @@ export interface TextPart {
 
 const GS = "\u001d";
 
-// The separator of barcode strings has no glyph of its own.
+// The separator of barcode strings has no glyph.
 function appendText(parent: Node, text: string): void {
     text.split(GS).forEach((piece, i) => {
         if (i > 0) {
@@ -109,7 +109,7 @@ function appendText(parent: Node, text: string): void {
     });
 }
 
-/** Cuts a text into spans, each part of a field one of its own. */
+/** Cuts a text into spans, one for each part of a field. */
 export function markedText(text: string, parts: readonly TextPart[]): DocumentFragment {
     const fragment = document.createDocumentFragment();
     let position = 0;

@@ -34,7 +34,7 @@ export function markInput(input: HTMLTextAreaElement, answer: Answer | null): vo
         }
         copy.append(text.slice(position, mark.position));
         position = mark.position + mark.length;
-        // Between two characters, or at the end, the mark stands on its own.
+        // Between two characters, or at the end, the mark is by itself.
         const marked = text.slice(mark.position, position) || "\u2009";
         copy.append(html("mark", { class: mark.kind }, marked));
     }

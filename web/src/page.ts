@@ -1,5 +1,5 @@
 /*
- * The page: a field, and below it what stands in it.
+ * The page: an input, and below it what the value is.
  */
 import { details, sentence } from "./answer";
 import { startBuilding, type Builder } from "./build_tag";

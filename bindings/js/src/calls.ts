@@ -1,5 +1,5 @@
 /*
- * One call of a module: its value goes in, its status is looked at, its result is read. Nothing
+ * One call of a module: its value goes in, its status is checked, its result is read. Nothing
  * about values is decided here.
  */
 import { RosetagError, camelCase, inCodeUnits } from "./errors.js";

@@ -28,7 +28,7 @@ export class RosetagError extends Error {
   readonly position: number;
   /** How much of the value is at fault; 0: between two characters, or at the end. */
   readonly length: number;
-  /** What stands there; may be empty. */
+  /** The characters there; may be empty. */
   readonly culprit: string;
   /** What is wrong, without the place. */
   readonly reason: string;

@@ -1,7 +1,7 @@
 /**
  * Rosetag translates identifiers between the forms used in GS1 and RFID data capture.
  *
- * The library is WebAssembly that stands in this file: there is nothing to load and nothing to wait
+ * The library is WebAssembly inside this file: there is nothing to load and nothing to wait
  * for. `rosetag/explain` adds what takes more room.
  */
 import {

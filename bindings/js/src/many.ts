@@ -17,7 +17,7 @@ const encoder = new TextEncoder();
 /** A NUL, which no value can hold. */
 const UNREADABLE = "\0";
 
-/** A value as it stands in a block. */
+/** A value as it is in a block. */
 function textOf(value: Value | null | undefined): string {
   if (typeof value === "string") {
     return value;

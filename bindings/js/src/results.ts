@@ -19,7 +19,7 @@ export interface EncodeOptions extends ReadOptions {
   readonly scheme?: SchemeName | undefined;
   /** The filter value, or its word. Left out: that of a tag value, otherwise 0. */
   readonly filter?: number | FilterWord | undefined;
-  /** How texts stand in the bits of a plus scheme. */
+  /** How texts are encoded in the bits of a plus scheme. */
   readonly encoding?: Encoding | undefined;
 }
 
@@ -138,7 +138,7 @@ export interface Field {
   readonly isGood: boolean;
 }
 
-/** Where a field of a tag value stands in a text form of the value, as decode gives it. */
+/** Where a field of a tag value is in a text form of the value, as decode gives it. */
 export interface FieldPlace {
   /** The place of the field in `fields`. */
   readonly field: number;

@@ -101,7 +101,7 @@ export class Wasm {
     }
   }
 
-  /** Makes room in the input. What stands there is lost if it has to grow. */
+  /** Makes room in the input. Its content is lost if it has to grow. */
   reserve(bytes: number): void {
     if (bytes > this.#inputSize) {
       this.#inputSize = 0; // if there is not enough memory

@@ -1,4 +1,4 @@
-/* The examples of the README and of docs/javascript.md, run as they stand. */
+/* The examples of the README and of docs/javascript.md, run as they are. */
 import assert from "node:assert/strict";
 import { readFileSync, rmSync, writeFileSync } from "node:fs";
 import { test } from "node:test";

@@ -1,6 +1,6 @@
 /*
  * The shared rows, through the package: outcomes(rosetag, explain, text) gives those that differ.
- * It runs in Node.js and, as it stands, in a browser.
+ * It runs in Node.js and, unchanged, in a browser.
  */
 
 /** Rows that the package does not pass, by their ids, each with its reason. None. */

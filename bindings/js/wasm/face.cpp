@@ -85,7 +85,7 @@ ROSETAG_JS(rosetag_inputSize) std::size_t rosetag_inputSize() {
     return face().input.size();
 }
 
-// Where the address and the length of a result stand.
+// Where the address and the length of a result are.
 ROSETAG_JS(rosetag_result) const Result* rosetag_result() {
     return &face().result;
 }
@@ -275,7 +275,7 @@ ROSETAG_JS(rosetag_rows) const Row* rosetag_rows() {
     return face().rows.data();
 }
 
-// The texts of a form, one after the other, as the result; returns where each ends.
+// The texts of a form, back to back, as the result; returns where each ends.
 ROSETAG_JS(rosetag_column) const std::uint32_t* rosetag_column(std::size_t form) {
     const Column& column = face().columns[form];
     give(column.texts);

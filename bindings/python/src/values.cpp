@@ -207,7 +207,7 @@ Args:
     filter: the filter value; None for that of a tag value, otherwise 0.
     gcp_length: digits of the GS1 company prefix, 6 to 12, or a GcpLengths; the plain schemes need
         it for GS1 texts.
-    encoding: how texts stand in the bits of a plus scheme: "auto", "integer", "hex-upper",
+    encoding: how texts are encoded in the bits of a plus scheme: "auto", "integer", "hex-upper",
         "hex-lower", "base64url", "iso646" or "code40".
     to: "hex" for upper-case digits, "bytes" for bytes.
     as_barcode, strict, bank, separator: as for decode.

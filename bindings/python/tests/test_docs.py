@@ -1,4 +1,4 @@
-"""The examples of the pages on Python run as they stand."""
+"""The examples of the pages on Python run as they are."""
 
 import doctest
 from pathlib import Path

@@ -54,7 +54,7 @@ class RosetagError(ValueError):
         position: where in the value, counted in characters from 0; in digits of its hex where it
             was given as bytes or words.
         length: how many characters are at fault; 0 between two of them, or at the end.
-        culprit: the characters that stand there; may be empty.
+        culprit: the characters there; may be empty.
         message: what is wrong, without the place.
         remedy: what to do about it; may be empty.
     """

@@ -69,7 +69,7 @@ def _is_column(option: Any) -> bool:
 
 
 def _per_chunk(option: Any, name: str, count: int) -> list[Any]:
-    """The option for each chunk of the values: the same for all, or chunks of its own."""
+    """The option for each chunk of the values: the same for all, or its own chunks."""
     is_constant = isinstance(option, (str, GcpLengths)) or not hasattr(option, "__iter__")
     if is_constant and not _is_column(option):
         return [option] * count

@@ -127,7 +127,7 @@ def encode(
         scheme: the name of a scheme, or a column of names.
         filter, gcp_length: numbers, or columns of them; gcp_length may be a
             :class:`rosetag.GcpLengths`.
-        encoding: how texts stand in the bits of a plus scheme.
+        encoding: how texts are encoded in the bits of a plus scheme.
         to: an output of :func:`rosetag.columns.encode`; several become a struct.
     """
     outputs = to if isinstance(to, str) else tuple(to)
