@@ -267,7 +267,7 @@ def line_table(lines, calls, start):
 
 
 def peak_of_lines(command, lines):
-    """The most memory, in KiB, that a run over so many lines has, asked for before its end: what
+    """The most memory, in KiB, that a run over that many lines has, asked for before its end: what
     the system tells of a finished child counts this interpreter in."""
     child = subprocess.Popen([command, "decode", "--quiet", "--to", "tag-uri"],
                              stdin=subprocess.PIPE, stdout=subprocess.DEVNULL)

@@ -20,7 +20,7 @@ from urllib.parse import unquote
 GS = "\x1d"
 
 # Plain schemes: header, digits and bits of prefix and reference together, and what follows: a number
-# of so many bits, text of so many characters of 7 bits, digits after a one, or nothing.
+# of that many bits, text of that many characters of 7 bits, digits after a one, or nothing.
 KEYED = {
     "sgtin-96": (0x30, 13, 44, "number 38"), "sgtin-198": (0x36, 13, 44, "text 20"),
     "sscc-96": (0x31, 17, 58, ""), "sgln-96": (0x32, 12, 41, "number 41"),
@@ -48,8 +48,8 @@ PLUS = {
 }
 DATE_AIS = ["11", "13", "15", "16", "17", "7006", "7007"]  # by the date type of dsgtin+
 
-# AI values: d digits of 4 bits, i a number of so many digits, v a number of up to so many, x text of
-# up to so many characters, dx digits and then text, D a date, T date and time, R one date or two,
+# AI values: d digits of 4 bits, i a number of that many digits, v a number of up to that many, x text of
+# up to that many characters, dx digits and then text, D a date, T date and time, R one date or two,
 # V a date and perhaps a time, L capitals, b one bit, s a sign.
 VALUES = """
 00 8017 8018: d18 / 01 02: d14 / 410 411 412 413 414 415 416 417: d13 / 7241: d2 / 8006 8026: d14 d4

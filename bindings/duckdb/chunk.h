@@ -22,7 +22,7 @@ struct InColumn {
     std::uint64_t* validity = nullptr; // null: no row is NULL
 };
 
-// A column of results. No row is NULL until it is said to be.
+// A column of results. No row is NULL unless it is set to be.
 struct OutColumn {
     explicit OutColumn(duckdb_vector vector);
 
@@ -63,7 +63,7 @@ void putFlag(OutColumn& column, idx_t row, bool flag);
 // Ends the query.
 void fail(const Chunk& chunk, const std::string& sentence);
 
-// Runs work for each row whose first argument is not NULL; the others are put to NULL. work gives
+// Runs work for each row whose first argument is not NULL; the others become NULL. work gives
 // false to end the query.
 // work: bool(idx_t row, SqlValue value)
 template <typename Put, typename Work>

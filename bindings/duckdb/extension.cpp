@@ -1,8 +1,8 @@
 /*
  * The functions of Rosetag for DuckDB.
  *
- * DuckDB calls them with chunks of rows, from any number of threads. Each call has its own room,
- * so that they have nothing in common.
+ * DuckDB calls them with chunks of rows, from any number of threads. Each call has its own room and
+ * shares nothing.
  *
  * Source: DuckDB: C API (Scalar Functions), C extension template.
  */
@@ -187,7 +187,7 @@ public:
             duckdb_scalar_function_add_parameter(made, Type(argument).get());
         }
         duckdb_scalar_function_set_return_type(made, result.get());
-        // NULL is looked at here: that of a filter is not that of the result.
+        // NULL is handled here: a filter that is NULL does not make the result NULL.
         duckdb_scalar_function_set_special_handling(made);
         duckdb_scalar_function_set_extra_info(
             made, new Function(function), [](void* data) { delete static_cast<Function*>(data); });
@@ -227,7 +227,7 @@ bool addAi(duckdb_connection connection) {
     return set.registerAt(connection);
 }
 
-// What it gives is of the type that it was given.
+// The result has the type of the argument.
 bool addCheck(duckdb_connection connection) {
     FunctionSet set("epc_check");
     set.add(TEXT, {TEXT}, {runCheck, false});

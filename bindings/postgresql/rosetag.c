@@ -40,7 +40,7 @@ static bool isAscii(struct RosetagText text) {
     return (bits & UINT64CONST(0x8080808080808080)) == 0;
 }
 
-/* False where a character has no counterpart; converted is not written then. */
+/* False if a character has no counterpart; then converted is not written. */
 static bool convertCharacters(struct RosetagText text, int from, int to,
                               struct RosetagText* converted) {
     const Oid conversion = FindDefaultConversionProc(from, to);
@@ -59,7 +59,7 @@ static bool convertCharacters(struct RosetagText text, int from, int to,
     return true;
 }
 
-/* A text of the database in UTF-8. What cannot be converted stays as it is. */
+/* A text of the database in UTF-8, unchanged if it cannot be converted. */
 static struct RosetagText utf8Of(struct RosetagText text) {
     static int encoding = -1; /* that of a session's database never changes */
     if (encoding < 0) {
@@ -110,7 +110,7 @@ static char* sentenceOf(struct RosetagText text) {
  */
 
 /*
- * Of a stored value that is too long no more is fetched than shows that: it may have a gigabyte,
+ * Only enough of a stored value is fetched to see that it is too long: it may have a gigabyte,
  * compressed or in another file.
  */
 static struct varlena* fetch(Datum datum) {

@@ -13,7 +13,7 @@ namespace {
 // Of the process, which serves one session.
 std::unique_ptr<SqlRoom> room;
 
-// After a larger value the room is given back, so that a session does not keep it.
+// After a larger value the room is released: a session must not keep it.
 constexpr std::size_t LARGE_VALUE = 4096;
 
 SqlRoom& openRoom() {
@@ -32,7 +32,7 @@ RosetagOutcome run(Work work) noexcept {
         if (wasLarge) {
             room.reset();
         }
-        wasLarge = true; // in case that work does not come back
+        wasLarge = true; // in case work does not return
         const RosetagOutcome outcome = work(openRoom());
         const Workspace& used = room->item.workspace;
         wasLarge = used.text.capacity() + room->text.capacity() > LARGE_VALUE;

@@ -1,6 +1,6 @@
 /*
- * The extension's side that is C++. It knows nothing of PostgreSQL, and no exception leaves it; the
- * other side is C, so that an error of PostgreSQL never jumps over an object with a destructor.
+ * The C++ side of the extension. It knows nothing about PostgreSQL, and no exception leaves it; the
+ * other side is C, so an error of PostgreSQL never jumps over an object with a destructor.
  *
  * Results are in room that the next call uses again.
  */
@@ -93,7 +93,7 @@ struct RosetagEncodeArguments {
     bool asBytes;
 };
 
-/* What a call came to. */
+/* The outcome of a call. */
 enum RosetagOutcome {
     ROSETAG_DONE,
     ROSETAG_NULL,         /* The value cannot be decoded, or does not have what is asked for. */

@@ -252,7 +252,7 @@ function findingItem(finding: Finding): HTMLElement {
     );
 }
 
-// What check found beyond the failure that the sentence tells of.
+// What check found besides the failure in the sentence.
 function findings(answer: Answer): HTMLElement | null {
     const further = answer.findings.filter(
         (finding) =>
@@ -302,7 +302,7 @@ function fieldTable(explanation: Explanation): HTMLElement {
     );
 }
 
-/** The picture of the bits, drawn anew where its room changes, and the table of the fields. */
+/** The picture of the bits, redrawn when its room changes, and the table of the fields. */
 export function bits(explanation: Explanation, name: string, what: string): HTMLElement {
     const frame = html("div", { class: "frame" });
     let drawnFor = 0;

@@ -30,7 +30,7 @@ function identity(): Answer {
     if (text.value.trim() !== "") {
         return answerTo(text.value.trim(), gcpLength());
     }
-    // Shorter GTINs are padded; one that is not right is told of as a GTIN.
+    // Shorter GTINs are padded; one that is wrong is reported as a GTIN.
     const key = answerTo(gtin.value.trim()).identity;
     const element = key?.form === "gtin" ? key.elementString : `(01)${gtin.value.trim()}`;
     const serialText = serial.value === "" ? "" : `(21)${serial.value}`;

@@ -16,7 +16,7 @@ function fieldsAt(target: EventTarget | null): string[] {
     return place?.getAttribute(MARK)?.split(" ") ?? [];
 }
 
-/** Tells that a part was made anew, in which what was lit has to be lit again. */
+/** Says that a part was made again and what was lit in it has to be lit again. */
 export function tellOfRedrawing(part: Element): void {
     part.dispatchEvent(new Event("redrawn", { bubbles: true }));
 }

@@ -4,7 +4,7 @@
  *     bash scripts/js.sh bench
  *
  * The first argument is bench/native.cpp, compiled. Each number is the median of several runs, and
- * native and JavaScript take turns, so that a busy machine disturbs both.
+ * native and JavaScript take turns, so a busy machine disturbs both.
  */
 import { execFileSync } from "node:child_process";
 

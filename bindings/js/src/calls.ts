@@ -15,7 +15,7 @@ export const NOT_GIVEN = -1;
 
 export const core = new Wasm(coreWasm);
 
-/** The larger module, once somebody has made it known: it says where and why a value is wrong. */
+/** The larger module, once it is registered: it says where and why a value is wrong. */
 let reasons: (() => Wasm) | undefined;
 
 export function useReasons(give: () => Wasm): void {
@@ -86,7 +86,7 @@ function putDigits(wasm: Wasm, value: Uint8Array | Uint16Array, offset: number):
   return digits * value.length;
 }
 
-/** How many bytes a text has as UTF-8. */
+/** The bytes of a text in UTF-8. */
 function utf8Length(text: string): number {
   let length = text.length;
   for (let at = 0; at < text.length; ++at) {

@@ -73,7 +73,7 @@ export function codeUnitsBefore(text: string, bytes: number): number {
   return at;
 }
 
-/** A position and a length in bytes become such in code units, if the value is a text. */
+/** A position and a length in bytes, converted to code units if the value is a text. */
 export function inCodeUnits<Place extends { position: number; length: number }>(
   value: Value,
   place: Place,

@@ -73,7 +73,7 @@ function fieldOf(raw: Record<string, unknown>): Field {
 /**
  * Finds every place where a value breaks a rule of GS1. Nothing found: it is right.
  *
- * @throws RosetagError only if the value is too long to look at, or not well-formed Unicode.
+ * @throws RosetagError only if the value is too long or not well-formed Unicode.
  */
 export function check(value: Value, options?: ReadOptions): readonly Finding[] {
   refuseTooLong(value);

@@ -1,4 +1,4 @@
-/* Makes the larger module known to the core, for errors that say where and why. */
+/* Registers the larger module with the core, for errors that say where and why. */
 import { useReasons } from "./calls.js";
 import explainWasm from "./generated/explain_wasm.js";
 import { Wasm } from "./wasm.js";

@@ -64,7 +64,7 @@ function bytesOfBase64(text: string): Uint8Array<ArrayBuffer> {
 }
 
 export class Wasm {
-  /** Changes after a call that could not end: read it anew each time. */
+  /** Changes after a call that could not finish: read it again each time. */
   exports!: Exports;
   bytes!: Uint8Array;
   words!: Int32Array;
@@ -80,7 +80,7 @@ export class Wasm {
     this.begin();
   }
 
-  /** Begins with fresh memory, after a call that could not end. */
+  /** Starts with fresh memory, after a call that could not finish. */
   begin(): void {
     this.exports = new WebAssembly.Instance(this.#module).exports as unknown as Exports;
     this.exports.__wasm_call_ctors();

@@ -110,7 +110,7 @@ extern "C" void abort() {
     __builtin_trap();
 }
 
-// Those of the C++ library that do not live in its headers.
+// Those of the C++ library that are not in its headers.
 // NOLINTBEGIN(cert-dcl58-cpp)
 std::string std::to_string(int number) {
     return digitsOf(number);

@@ -46,7 +46,7 @@ struct Rows {
 
 using SharedRows = std::shared_ptr<Rows>;
 
-// Fill a struct of the caller's, to be released by whoever has it in the end.
+// Fill a struct of the caller's, which its final owner releases.
 void shareType(const SharedRows& rows, ArrowSchema& type);
 void shareArray(const SharedRows& rows, ArrowArray& array);
 

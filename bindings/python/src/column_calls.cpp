@@ -233,7 +233,7 @@ bool readOptions(const Arguments& given, RosetagColumnsReadOptions& options) {
     }
     options.asBarcode = read.asBarcode ? 1 : 0;
     options.strict = read.strict ? 1 : 0;
-    // 0 stands for none there; here it is one that is wrong.
+    // There 0 means none; here it is an error.
     options.gcpLength = !read.gcpLength.has_value() ? 0
                         : *read.gcpLength == 0      ? -1
                                                     : *read.gcpLength;
@@ -282,7 +282,7 @@ bool readEncodeOptions(const Arguments& arguments, RosetagColumnsEncodeOptions& 
         return false;
     }
     options.scheme = info == nullptr ? nullptr : info->name.data();
-    // Below 0 stands for none there; here it is one that is wrong, as those above the limit.
+    // There a negative number means none; here it is an error, like one above the limit.
     options.filter = !number.has_value() ? -1 : *number < 0 ? 1000 : *number;
     options.encoding = AI_ENC_AUTO;
     return readEncoding(arguments[Name::ENCODING], options.encoding);

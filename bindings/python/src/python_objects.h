@@ -1,5 +1,5 @@
 /*
- * Python objects made of C++ values, and references that are given back. All of it is in the
+ * Python objects made of C++ values, and references that release themselves. All of it is in the
  * limited API, so that one module serves every Python from 3.11 on.
  */
 #ifndef ROSETAG_PYTHON_PYTHON_OBJECTS_H
@@ -17,7 +17,7 @@
 
 namespace rosetag::python {
 
-// A reference that is given back when it goes out of scope.
+// A reference that is released when it goes out of scope.
 class Ref {
 public:
     explicit Ref(PyObject* given = nullptr) : object(given) {}
@@ -60,7 +60,7 @@ inline PyObject* toPython(std::optional<int> number) {
     return number.has_value() ? toPython(*number) : Py_NewRef(Py_None);
 }
 
-// The reference is given away.
+// Gives the reference up.
 inline PyObject* toPython(PyObject* object) {
     return object;
 }
