@@ -17,7 +17,7 @@ namespace rosetag {
 
 // The AIs of an identity, and the text that their values are slices of.
 struct IdentityAIs {
-    char values[1024];
+    char values[AI_VALUES_SIZE];
     AiList list;
 };
 

@@ -16,6 +16,11 @@ namespace rosetag {
 
 constexpr std::uint8_t MAX_AI_ELEMENTS = EPC_MAX_AIS;
 
+// Room for the values of a list that becomes a GS1 text, all together, and a NUL.
+constexpr std::int32_t AI_VALUES_SIZE = 1024;
+static_assert(AI_VALUES_SIZE + MAX_AI_ELEMENTS * (AI_CODE_SIZE - 1 + 2) == EPC_ELEMENT_STRING_SIZE,
+              "the values, and a code in brackets for each");
+
 // The order in which the writers of element strings and barcode strings take the elements.
 enum AiPass : std::uint8_t { KEY_PASS, DATE_PASS, DATA_PASS };
 

@@ -8,9 +8,6 @@ namespace rosetag {
 
 namespace {
 
-// Room for the decoded values of a link that becomes an element string.
-constexpr std::int32_t LINK_TO_ELEMENT_STRING_VALUES_SIZE = 1024;
-
 EpcStatus parseToRows(std::string_view text, const AiSyntax& syntax, const AiRows& rows) {
     TextCursor cursor = textCursorOver(text);
     AiList list;
@@ -23,7 +20,7 @@ EpcStatus parseToRows(std::string_view text, const AiSyntax& syntax, const AiRow
 
 EpcStatus digitalLinkToElementString(TextCursor& cursor, TextBuffer& dst) {
     AiList list;
-    char values[LINK_TO_ELEMENT_STRING_VALUES_SIZE];
+    char values[AI_VALUES_SIZE];
     TextBuffer flat = textBufferOver(values);
     aiListClear(list);
     EPC_TRY(digitalLinkParse(list, cursor));

@@ -8,6 +8,7 @@
 
 #include "core/bit_buffer.h"
 #include "gs1/ai_catalogue.h"
+#include "gs1/ai_prefix.h"
 #include "values/ai_kind.h"
 
 namespace rosetag {
@@ -21,7 +22,7 @@ EpcStatus aiCodeGetRest(BitBuffer& bits, char* code, const AiDefinition*& ai);
 
 // The two digits of a prefix: this few bits hold no AI.
 constexpr std::int32_t AI_PREFIX_BITS = 2 * DIGIT_BITS;
-constexpr std::int32_t AI_00_VALUE_BITS = 18 * DIGIT_BITS;
+constexpr std::int32_t AI_00_VALUE_BITS = aiPrefixOf('0', '0').valueLength * DIGIT_BITS;
 
 // True if the prefix is 00 and fewer bits follow it than a value of AI 00 takes: it is padding.
 constexpr bool aiCodeIsPadding(std::string_view prefix, std::int32_t bitsAfter) {

@@ -31,7 +31,7 @@ EpcStatus plusEncodeAiList(const TagSchemeOps& row, BitBuffer& out, AiList& list
 // A list and its base text.
 struct PlusValues {
     AiList list;
-    char baseText[1024];
+    char baseText[AI_VALUES_SIZE];
 };
 
 // Reads the fields after the header.
