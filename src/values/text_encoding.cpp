@@ -68,6 +68,17 @@ EpcStatus decodeCharacters(BitBuffer& bits, TextBuffer& text, std::int32_t count
 
 constexpr TextEncoding code40 = textEncodings[AI_ENC_CODE40];
 
+// A group of code-40 is the number of its three values, 40 to a place, plus 1.
+constexpr std::uint32_t CODE40_BASE = 40;
+constexpr std::uint32_t CODE40_LARGEST = CODE40_BASE * CODE40_BASE * CODE40_BASE;
+
+// The values of the characters of a group, which is 1 to CODE40_LARGEST.
+constexpr std::array<std::uint32_t, 3> code40Values(std::uint32_t group) {
+    const std::uint32_t number = group - 1;
+    return {number / (CODE40_BASE * CODE40_BASE), number / CODE40_BASE % CODE40_BASE,
+            number % CODE40_BASE};
+}
+
 constexpr std::int32_t code40Groups(std::int32_t count) {
     return (count + code40.groupSize - 1) / code40.groupSize;
 }

@@ -63,17 +63,6 @@ constexpr std::ptrdiff_t textPayloadBits(std::int32_t encoding, std::ptrdiff_t c
                               : (count + row.groupSize - 1) / row.groupSize * row.groupBits;
 }
 
-// A group of code-40 is the number of its three values, 40 to a place, plus 1.
-constexpr std::uint32_t CODE40_BASE = 40;
-constexpr std::uint32_t CODE40_LARGEST = CODE40_BASE * CODE40_BASE * CODE40_BASE;
-
-// The values of the characters of a group, which is 1 to CODE40_LARGEST.
-constexpr std::array<std::uint32_t, 3> code40Values(std::uint32_t group) {
-    const std::uint32_t number = group - 1;
-    return {number / (CODE40_BASE * CODE40_BASE), number / CODE40_BASE % CODE40_BASE,
-            number % CODE40_BASE};
-}
-
 // The encoding for all characters up to the end. EPC_ERR_BAD_CHARACTER at one that no AI value may
 // contain.
 EpcStatus aiChooseEncoding(const TextCursor& cursor, std::int32_t& encoding);

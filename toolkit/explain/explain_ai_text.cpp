@@ -1,6 +1,9 @@
 #include "explain/explain_ai_text.h"
 
+#include "core/bit_buffer.h"
+#include "core/byte_order.h"
 #include "core/long_decimal.h"
+#include "core/text_buffer.h"
 #include "values/text_encoding.h"
 #include "words/shown_text.h"
 
@@ -10,38 +13,33 @@ namespace rosetag {
 
 namespace {
 
-// The characters of groups, by their values in the alphabet of an encoding. False at a value that
-// stands for no character.
-bool appendGroup(std::string& text, std::uint64_t group, const TextEncoding& encoding) {
-    if (encoding.groupSize == 1) {
-        text += encoding.alphabet[static_cast<std::size_t>(group)];
-        return text.back() != '\0';
-    }
-    if (group == 0 || group > CODE40_LARGEST) {
+// Appends the characters of a group as the library decodes it. False if it stands for none.
+bool appendGroup(std::string& text, std::string_view bits, std::int32_t encoding) {
+    std::uint8_t bytes[8];
+    storeBigEndian(bytes, numberOfBits(bits) << (64 - bits.size()));
+    BitBuffer group = bitBufferForReading(bytes, static_cast<std::int32_t>(bits.size()));
+    char room[8];
+    TextBuffer characters = textBufferOver(room);
+    if (aiDecodePayload(group, characters, encoding, textEncodings[encoding].groupSize) != EPC_OK) {
         return false;
     }
-    for (const std::uint32_t value : code40Values(static_cast<std::uint32_t>(group))) {
-        if (encoding.alphabet[value] != '\0') {
-            text += encoding.alphabet[value];
-        }
-    }
+    text += textBufferView(characters);
     return true;
 }
 
-void walkGroups(Walk& walk, const AiSubject& subject, std::size_t encodingNumber,
-                std::size_t length) {
-    const TextEncoding& encoding = textEncodings[encodingNumber];
-    const auto width = static_cast<std::size_t>(encoding.groupBits);
-    const auto bitCount = static_cast<std::size_t>(textPayloadBits(
-        static_cast<std::int32_t>(encodingNumber), static_cast<std::ptrdiff_t>(length)));
+void walkGroups(Walk& walk, const AiSubject& subject, std::int32_t encoding, std::size_t length) {
+    const auto width = static_cast<std::size_t>(textEncodings[encoding].groupBits);
+    const auto bitCount =
+        static_cast<std::size_t>(textPayloadBits(encoding, static_cast<std::ptrdiff_t>(length)));
     const std::string_view bits = walkTake(walk, fieldName(subject, "text"), bitCount);
     walkGroup(walk, width);
     std::string text;
     for (std::size_t i = 0; i < bits.size(); i += width) {
-        const std::uint64_t group = numberOfBits(bits.substr(i, width));
+        const std::string_view group = bits.substr(i, width);
         if (!appendGroup(text, group, encoding)) {
-            return walkFail(walk, std::to_string(group) + " is not a character of the encoding " +
-                                      std::string(encoding.name));
+            return walkFail(walk, std::to_string(numberOfBits(group)) +
+                                      " is not a character of the encoding " +
+                                      std::string(textEncodings[encoding].name));
         }
     }
     meanValue(walk, subject, text);
@@ -101,7 +99,7 @@ void walkText(Walk& walk, const AiSubject& subject, const AiComponent& component
         return;
     }
     if (encoding != AI_ENC_INTEGER) {
-        return walkGroups(walk, subject, encoding, length);
+        return walkGroups(walk, subject, static_cast<std::int32_t>(encoding), length);
     }
     if (length > std::size_t{MAX_LONG_DIGITS}) {
         return walkFail(walk,
