@@ -1,5 +1,6 @@
 #include "baselines.h"
 
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -33,9 +34,17 @@ void store(char* to, std::uint64_t word) {
 
 // Eight digits to a number and back, the first in the lowest byte.
 std::uint64_t joined(std::uint64_t digits) {
+    constexpr std::uint64_t everyFourth = 0x000000FF000000FF;
+    const std::uint64_t pairs = digits * 10 + (digits >> 8);
+    return ((pairs & everyFourth) * 4294967296000100 +
+            (pairs >> 16 & everyFourth) * 42949672960001) >>
+           32;
+}
+
+// Four digits in each half, both at once.
+std::uint64_t joinedHalves(std::uint64_t digits) {
     digits = (digits * 2561) >> 8 & 0x00FF00FF00FF00FF;
-    digits = (digits * 6553601) >> 16 & 0x0000FFFF0000FFFF;
-    return (digits * 42949672960001) >> 32;
+    return (digits * 6553601) >> 16 & 0x0000FFFF0000FFFF;
 }
 
 std::uint64_t split(std::uint64_t value) {
@@ -46,24 +55,57 @@ std::uint64_t split(std::uint64_t value) {
     return tens | (twos - 10 * tens) << 8;
 }
 
+// Not 0 under marks if one of the values is not that of a digit; right up to the first.
+constexpr std::uint64_t marks = 0x8080808080808080;
+
 std::uint64_t others(std::uint64_t digits) {
-    return (((digits & 0x7F7F7F7F7F7F7F7F) + 0x7676767676767676) | digits) & 0x8080808080808080;
+    return (digits + 0x7676767676767676) | digits;
 }
 
-// The last count digits of those that end here; bad collects what is not a digit.
-std::uint64_t digitsBefore(const char* end, int count, std::uint64_t& bad) {
-    if (count <= 0) {
-        return 0;
+constexpr std::uint64_t all = ~std::uint64_t{0};
+
+// By the digits of a company prefix above six: which of the eight before its end are its own, how
+// far its first four have to move, and where it is put.
+struct PrefixRow {
+    std::uint64_t mask;
+    int digitShift;
+    int bitShift;
+};
+
+constexpr PrefixRow prefixRows[] = {
+    {all << 16, 48, 30}, {all << 8, 40, 26}, {all, 32, 23}, {all, 24, 20},
+    {all, 16, 16},       {all, 8, 13},       {all, 0, 10},
+};
+
+// By the digits of a serial: which of its last eight and of the eight before are its own.
+struct SerialMasks {
+    std::uint64_t low;
+    std::uint64_t high;
+};
+
+constexpr auto serialMasks = [] {
+    std::array<SerialMasks, 13> masks{};
+    for (std::size_t count = 1; count < masks.size(); ++count) {
+        masks[count].low = count >= 8 ? all : all << (64 - 8 * count);
+        masks[count].high = count <= 8 ? 0 : all << (128 - 8 * count);
     }
-    const std::uint64_t mask =
-        count >= 8 ? ~std::uint64_t{0} : ~std::uint64_t{0} << (64 - 8 * count);
-    const std::uint64_t digits = (load(end - 8) ^ zeros) & mask;
-    bad |= others(digits);
-    return joined(digits);
-}
+    return masks;
+}();
 
-std::uint64_t numberBefore(const char* end, int count, std::uint64_t& bad) {
-    return digitsBefore(end, count, bad) + eightDigits * digitsBefore(end - 8, count - 8, bad);
+// Reads prefix and serial; the prefix begins at first, has above digits more than six, and the
+// serial ends at end. Returns what is not a digit in them.
+std::uint64_t readNumbers(const char* first, std::size_t above, const char* end, std::size_t count,
+                          Fields& fields) {
+    const PrefixRow& row = prefixRows[above];
+    const SerialMasks& own = serialMasks[count];
+    const std::uint64_t prefix = (load(first + above - 2) ^ zeros) & row.mask;
+    const std::uint64_t serial = (load(end - 8) ^ zeros) & own.low;
+    const std::uint64_t high = (((load(first) ^ zeros) << row.digitShift) & 0xFFFFFFFF) |
+                               (count > 8 ? (load(end - 16) ^ zeros) & own.high : 0);
+    const std::uint64_t halves = joinedHalves(high);
+    fields.prefix = joined(prefix) + (halves & 0xFFFFFFFF) * eightDigits;
+    fields.serial = joined(serial) + (halves >> 32) * eightDigits;
+    return others(prefix) | others(serial) | others(high);
 }
 
 char* putBefore(char* end, std::uint64_t value, int digits) {
@@ -116,30 +158,33 @@ bool fieldsFromHex(const char* hex, Fields& fields) {
     return true;
 }
 
-void putHex(char* out, std::uint64_t bytes) {
-    std::uint64_t wide = (bytes | bytes << 16) & 0x0000FFFF0000FFFF;
-    wide = (wide | wide << 8) & 0x00FF00FF00FF00FF;
-    wide = (wide >> 4 | wide << 8) & 0x0F0F0F0F0F0F0F0F;
-    const std::uint64_t letters = (wide + 0x0606060606060606) >> 4 & 0x0101010101010101;
-    store(out, wide + zeros + letters * 7);
+constexpr auto hexPairs = [] {
+    std::array<char, 512> pairs{};
+    for (std::size_t i = 0; i < 256; ++i) {
+        pairs[2 * i] = "0123456789ABCDEF"[i / 16];
+        pairs[2 * i + 1] = "0123456789ABCDEF"[i % 16];
+    }
+    return pairs;
+}();
+
+void putHex(char* out, std::uint64_t number, int bytes) {
+    for (int i = 0; i < bytes; ++i) {
+        std::memcpy(out + 2 * i, &hexPairs[2 * (number >> (8 * (bytes - 1 - i)) & 0xFF)], 2);
+    }
 }
 
-std::uint64_t swapped(std::uint64_t value) {
-    value = (value & 0x00FF00FF) << 8 | (value >> 8 & 0x00FF00FF);
-    return (value & 0xFFFF) << 16 | value >> 16;
-}
-
-bool hexFromFields(const Fields& fields, char* out) {
-    const int width = 44 - prefixBits[fields.partition];
-    const std::uint64_t both = fields.prefix << width | fields.reference;
+bool hexFromFields(const Fields& fields, std::uint64_t bad, char* out) {
+    if (((bad & marks) | fields.serial >> 38) != 0) {
+        return false;
+    }
+    const int shift = prefixRows[6 - fields.partition].bitShift;
     const std::uint64_t high = std::uint64_t{0x30} << 56 | fields.filter << 53 |
-                               static_cast<std::uint64_t>(fields.partition) << 50 | both << 6 |
-                               fields.serial >> 32;
-    putHex(out, swapped(high >> 32));
-    putHex(out + 8, swapped(high & 0xFFFFFFFF));
-    putHex(out + 16, swapped(fields.serial & 0xFFFFFFFF));
+                               static_cast<std::uint64_t>(fields.partition) << 50 |
+                               fields.prefix << shift | fields.reference << 6 | fields.serial >> 32;
+    putHex(out, high, 8);
+    putHex(out + 16, fields.serial, 4);
     out[24] = '\0';
-    return fields.serial >> 38 == 0;
+    return true;
 }
 
 // Writes from the end to the beginning, so that whole words may run into what comes later.
@@ -164,28 +209,25 @@ bool hexToTagUri(const char* hex, char* out, std::size_t size) {
 
 bool tagUriToHex(const char* uri, char* out, std::size_t size) {
     const std::size_t length = std::strlen(uri);
-    if (size < 25 || length < 39 || std::memcmp(uri, "urn:epc:tag:sgtin-96:", 21) != 0 ||
-        uri[22] != '.') {
+    const std::size_t count = length - 38;
+    if (size < 25 || count - 1 > 11 || std::memcmp(uri, "urn:epc:tag:sgtin-96:", 21) != 0) {
         return false;
     }
     const char* const text = uri + 23;
-    const std::uint64_t first = others(load(text) ^ zeros);
-    const std::uint64_t second = others(load(text + 8) ^ zeros);
-    const int prefixDigits =
-        first != 0 ? std::countr_zero(first) / 8 : 8 + std::countr_zero(second) / 8;
-    const int serialDigits = static_cast<int>(length) - 38;
+    const std::uint64_t tail = load(text + 6) ^ zeros; // the "." is among these
+    const std::uint64_t dot = others(tail) & marks;
+    const auto above = static_cast<std::size_t>(std::countr_zero(dot) / 8);
     Fields fields{};
-    fields.filter = static_cast<std::uint64_t>(uri[21] - '0');
-    fields.partition = 12 - prefixDigits;
-    if (fields.filter > 7 || prefixDigits < 6 || prefixDigits > 12 || text[prefixDigits] != '.' ||
-        text[14] != '.' || serialDigits > 12 || (text[15] == '0' && serialDigits > 1)) {
+    fields.filter = static_cast<unsigned char>(uri[21]) - std::uint64_t{'0'};
+    if (fields.filter > 7 || above > 6 || uri[22] != '.' || text[6 + above] != '.' ||
+        text[14] != '.' || (text[15] == '0' && count > 1)) {
         return false;
     }
-    std::uint64_t bad = 0;
-    fields.prefix = numberBefore(text + prefixDigits, prefixDigits, bad);
-    fields.reference = digitsBefore(text + 14, 13 - prefixDigits, bad);
-    fields.serial = numberBefore(uri + length, serialDigits, bad);
-    return bad == 0 && hexFromFields(fields, out);
+    const std::uint64_t reference = tail & ~(dot ^ (dot - 1)); // what follows the "."
+    fields.partition = 6 - static_cast<int>(above);
+    fields.reference = joined(reference);
+    const std::uint64_t bad = readNumbers(text, above, uri + length, count, fields);
+    return hexFromFields(fields, bad | others(reference), out);
 }
 
 bool hexToElementString(const char* hex, char* out, std::size_t size) {
@@ -215,22 +257,22 @@ bool hexToElementString(const char* hex, char* out, std::size_t size) {
 
 bool elementStringToHex(const char* text, int filter, int gcpLength, char* out, std::size_t size) {
     const std::size_t length = std::strlen(text);
-    if (size < 25 || length < 23 || length > 34 || std::memcmp(text, "(01)", 4) != 0 ||
-        std::memcmp(text + 18, "(21)", 4) != 0 || (text[22] == '0' && length > 23)) {
+    const std::size_t count = length - 22;
+    const auto above = static_cast<std::size_t>(gcpLength) - 6;
+    if (size < 25 || count - 1 > 11 || above > 6 || std::memcmp(text, "(01)", 4) != 0 ||
+        std::memcmp(text + 18, "(21)", 4) != 0 || (text[22] == '0' && count > 1)) {
         return false;
     }
-    std::uint64_t bad = others((load(text + 4) ^ zeros)) | others(load(text + 10) ^ zeros);
+    const std::uint64_t first = load(text + 4) ^ zeros;
+    const std::uint64_t last = load(text + 10) ^ zeros; // ends with the check digit
     Fields fields{};
     fields.filter = static_cast<std::uint64_t>(filter);
-    fields.partition = 12 - gcpLength;
-    const char* const prefixEnd = text + 5 + gcpLength;
-    const std::uint64_t above = (load(text + 5) ^ zeros) << (8 * (12 - gcpLength)) << 32;
-    fields.prefix =
-        digitsBefore(prefixEnd, gcpLength, bad) + (gcpLength > 8 ? eightDigits * joined(above) : 0);
-    fields.reference = static_cast<std::uint64_t>(text[4] - '0') * powers[fields.partition] +
-                       digitsBefore(text + 17, 12 - gcpLength, bad);
-    fields.serial = numberBefore(text + length, static_cast<int>(length) - 22, bad);
-    return bad == 0 && hexFromFields(fields, out);
+    fields.partition = 6 - static_cast<int>(above);
+    // The first digit of the GTIN goes before those of the reference.
+    fields.reference =
+        joined((last << 8 & all << (8 * above) << 16) | (first & 0xFF) << (8 * (above + 1)));
+    const std::uint64_t bad = readNumbers(text + 5, above, text + length, count, fields);
+    return hexFromFields(fields, bad | others(first) | others(last), out);
 }
 
 } // namespace
