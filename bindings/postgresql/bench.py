@@ -12,7 +12,7 @@ LOOPS = {
     "epc_tag_uri": "tag_uri",
     "epc_element_string": "element_string",
     "epc_digital_link": "digital_link",
-    "epc_scheme": "scheme",
+    "epc_scheme": "pure_identity",
     "epc_gtin": "ais",
     "epc_serial": "ais",
     "epc_ai": "ais",

@@ -38,7 +38,7 @@ query() {
 
 readonly calls=(epc bits 'upper(epc)' 'epc_tag_uri(epc)' 'epc_tag_uri(bits)'
     'epc_element_string(epc)' 'epc_element_string(bits)' 'epc_digital_link(epc)' 'epc_gtin(epc)'
-    'epc_serial(epc)' 'epc_ai(epc, '"'21'"')' 'epc_status(epc)' 'epc_check(epc)' 'epc_hex(epc)' 'epc_decode(epc)')
+    'epc_serial(epc)' 'epc_scheme(epc)' 'epc_ai(epc, '"'21'"')' 'epc_status(epc)' 'epc_check(epc)' 'epc_hex(epc)' 'epc_decode(epc)')
 for ((run = 0; run < runs; ++run)); do
     for call in "${calls[@]}"; do
         printf '%s\t%s\n' "$call" "$(query "$call")"

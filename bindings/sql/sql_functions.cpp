@@ -3,6 +3,8 @@
 namespace rosetag {
 namespace {
 
+const ReadOptions asUsual;
+
 std::span<const std::uint8_t> bytesOf(const SqlValue& value) {
     return {reinterpret_cast<const std::uint8_t*>(value.bytes.data()), value.bytes.size()};
 }
@@ -22,16 +24,16 @@ std::string limits(std::string_view name, int first, int last, std::int64_t give
 
 bool sqlTranslate(SqlRoom& room, const SqlValue& value, FormSet wanted) {
     if (value.isBinary) {
-        translate(bytesOf(value), {}, wanted, room.item);
+        translate(bytesOf(value), asUsual, wanted, room.item);
     } else {
-        translate(value.bytes, {}, wanted, room.item);
+        translate(value.bytes, asUsual, wanted, room.item);
     }
     return !isFailure(room.item.failure);
 }
 
 std::string_view sqlForm(SqlRoom& room, const SqlValue& value, Form form) {
-    return value.isBinary ? convert(bytesOf(value), {}, form, room.item)
-                          : convert(value.bytes, {}, form, room.item);
+    return value.isBinary ? convert(bytesOf(value), asUsual, form, room.item)
+                          : convert(value.bytes, asUsual, form, room.item);
 }
 
 std::string_view sqlScheme(SqlRoom& room, const SqlValue& value) {
@@ -45,8 +47,8 @@ std::string_view sqlStatus(SqlRoom& room, const SqlValue& value) {
 }
 
 std::string_view sqlAi(SqlRoom& room, const SqlValue& value, std::string_view ai) {
-    return value.isBinary ? convertToAi(bytesOf(value), {}, ai, room.item)
-                          : convertToAi(value.bytes, {}, ai, room.item);
+    return value.isBinary ? convertToAi(bytesOf(value), asUsual, ai, room.item)
+                          : convertToAi(value.bytes, asUsual, ai, room.item);
 }
 
 std::optional<int> sqlFilter(SqlRoom& room, const SqlValue& value) {

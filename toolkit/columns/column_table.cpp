@@ -2,6 +2,7 @@
 
 #include "columns/column_error.h"
 #include "recognise/hex_text.h"
+#include "translate/translate.h"
 
 #include <algorithm>
 #include <iterator>
@@ -306,13 +307,6 @@ void columnTablePut(ColumnTable& table, std::int64_t row, const Rows<Finding>& f
     }
 }
 
-// Of a value whose forms nobody asks for.
-static bool isReadable(const TagBits& tag) {
-    char room[TAG_FORM_ROOM];
-    TextBuffer text = textBufferOver(room);
-    return tagFormWrite(tag, tagFormWriterOf(Form::PURE_IDENTITY), text);
-}
-
 bool columnTablePutPlain(ColumnTable& table, std::int64_t row, std::string_view value,
                          bool isBinary) {
     TagBits tag;
@@ -338,7 +332,7 @@ bool columnTablePutPlain(ColumnTable& table, std::int64_t row, std::string_view 
             std::copy(text.begin, text.writePointer, room);
         }
     }
-    if (!isRead && !isReadable(tag)) {
+    if (!isRead && readTagBits(bitBufferForReading(tag.bytes.data(), tag.count)) != EPC_OK) {
         return false;
     }
     for (OutputColumn& column : table.columns) {

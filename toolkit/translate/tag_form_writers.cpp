@@ -26,10 +26,8 @@ EpcStatus putNumber(BitBuffer& bits, TextBuffer& text) {
     return numberOfBits(bits, number, text);
 }
 
-// Of bits that can be read.
 EpcStatus putHex(BitBuffer& bits, TextBuffer& text) {
-    EPC_TRY(bitsPutEpcUri(bits, text, UriForm::PURE_IDENTITY));
-    text = textBufferOver(text.begin, text.capacity);
+    EPC_TRY(readTagBits(bits));
     return textBufferPutHex(text, bits.bytes, bits.capacity / 8);
 }
 

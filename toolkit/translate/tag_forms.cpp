@@ -230,6 +230,12 @@ EpcStatus formsOfTag(const TagBits& tag, FormSet wanted, TagOrigin origin, Trans
     return result.scheme->hasGs1Texts ? gs1TextsOfBits(bits, wanted, result) : EPC_OK;
 }
 
+EpcStatus readTagBits(const BitBuffer& bits) {
+    const SchemeInfo* const scheme = schemeByHeader(bits.bytes[0]);
+    return scheme == nullptr ? EPC_ERR_UNKNOWN_HEADER
+                             : readBits(bits, *scheme, numbersReadFor(*scheme));
+}
+
 EpcStatus numberOfBits(BitBuffer& bits, Form number, TextBuffer& text) {
     if (isNumeric(bits)) {
         EPC_TRY(bitsPutGs1Text(bits, text, &TagSchemeOps::binaryToElementString));

@@ -50,6 +50,9 @@ EpcStatus tagBitsWrite(TagBits& tag, Work work) {
 // True if the fields of a scheme are numbers: what was encoded for it can be read.
 bool isNumericScheme(const SchemeInfo& scheme);
 
+// EPC_OK if a tag value can be read, whatever forms it has.
+EpcStatus readTagBits(const BitBuffer& bits);
+
 // Writes the GTIN or the serial number of a tag value into an empty text of at least
 // EPC_AI_VALUE_SIZE. It may stand anywhere there: text becomes no more than it.
 // EPC_ERR_NOT_SUPPORTED if it has none.
