@@ -29,6 +29,9 @@
  * asked for; the caller releases it. Its texts are utf8, or large_utf8 where the input has 64-bit
  * offsets.
  *
+ * Room is reserved for the whole array and grows rarely; no row allocates memory of its own. Only
+ * the words of "message" and "findings" do, and what rosetag_columnsCheck finds.
+ *
  * The functions return 0, or a code other than 0: then nothing is to be released, and error holds a
  * sentence. They keep no state, and any number of threads may call them.
  *

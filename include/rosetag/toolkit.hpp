@@ -330,6 +330,8 @@ std::span<const std::string_view> bankWords();
 struct ReadOptions {
     bool asBarcode = false;       ///< Digits without any mark are a barcode string, not hex.
     bool isHex = false;           ///< Digits are hex whatever else they could be: those of bytes.
+    bool wordless = false;        ///< Of a failure only the status counts, and of a note its kind:
+                                  ///< nobody reads their words, which are left out.
     bool strict = false;          ///< Links are taken as they are: nothing is left out or padded.
                                   ///< Where findings are asked for, an error is a failure.
     std::optional<int> gcpLength; ///< Digits of the GS1 company prefix.
@@ -771,6 +773,7 @@ struct Tid {
     std::string hex;
     TidRecord record{};
     Rows<Note> notes;
+    Workspace workspace;
 };
 
 /** The members of TidRecord::mdid. */
@@ -796,6 +799,7 @@ inline constexpr unsigned TID_DESIGNER_MASK = 0x1FF;
  * case with underscores, notes.
  */
 void tid(std::string_view value, Tid& result);
+void tid(std::string_view value, const ReadOptions& options, Tid& result); // wordless alone counts
 Tid tid(std::string_view value);
 
 /*

@@ -4,6 +4,7 @@
  */
 #include "rosetag/columns.h"
 #include "rosetag/toolkit.hpp"
+#include "support/counted_allocations.h"
 
 #include <gtest/gtest.h>
 
@@ -575,6 +576,69 @@ TEST(Columns, ReadTids) {
     EXPECT_EQ((Cells{"0", "1", std::nullopt, std::nullopt}), result.columns[2]);
     EXPECT_EQ((Cells{std::nullopt, "123456789ABC", std::nullopt, std::nullopt}), result.columns[3]);
     EXPECT_EQ((Cells{"0", "0", std::to_string(EPC_ERR_BAD_TID), std::nullopt}), result.columns[4]);
+}
+
+#ifdef COUNTS_ALLOCATIONS
+
+enum class Made { DECODED, ENCODED, CHECKED, TIDS };
+
+// How often a call on a column of a value repeated allocates and frees.
+int allocationsOfColumn(const Cell& value, std::size_t rows, Made made) {
+    const auto array = arrayOf("u", Cells(rows, value));
+    const std::vector<const char*> outputs = {
+        made == Made::TIDS || made == Made::CHECKED ? "status_name" : "element_string", "status"};
+    RosetagColumnsEncodeOptions options{};
+    options.read.gcpLength = 7;
+    options.encoding = AI_ENC_AUTO;
+    options.scheme = "sgtin-96";
+    options.filter = 1;
+    ArrowSchema type{};
+    ArrowArray result{};
+    char error[ROSETAG_COLUMNS_ERROR_SIZE] = "";
+    const int count = allocationsOf([&] {
+        switch (made) {
+        case Made::DECODED:
+            rosetag_columnsDecode(&array->type, &array->values, outputs.data(), 2, nullptr, &type,
+                                  &result, error);
+            break;
+        case Made::ENCODED:
+            rosetag_columnsEncode(&array->type, &array->values, outputs.data(), 2, &options, &type,
+                                  &result, error);
+            break;
+        case Made::CHECKED:
+            rosetag_columnsCheck(&array->type, &array->values, outputs.data(), 2, nullptr, &type,
+                                 &result, error);
+            break;
+        case Made::TIDS:
+            rosetag_columnsTid(&array->type, &array->values, outputs.data(), 2, &type, &result,
+                               error);
+        }
+    });
+    EXPECT_STREQ("", error);
+    result.release(&result);
+    type.release(&type);
+    return count;
+}
+
+#endif
+
+TEST(Columns, AllocateNothingForARow) {
+#ifdef COUNTS_ALLOCATIONS
+    Cells values = VALUES;
+    values.insert(values.end(),
+                  {"(01)80614141123458(21)6789", "urn:epc:id:sgtin:0614141.812345.6789",
+                   "]d2018061414112345810LOT7", "3G74257BF7194E4000001A85", "nonsense",
+                   "E28011302000123456789ABC", "30003074257BF7194E4000001A85", "urn:epc:x"});
+    for (const Cell& value : values) {
+        for (const Made made : {Made::DECODED, Made::ENCODED, Made::CHECKED, Made::TIDS}) {
+            const int few = allocationsOfColumn(value, 100, made);
+            const int many = allocationsOfColumn(value, 2000, made);
+            EXPECT_GT(20, many - few) << value.value_or("null") << static_cast<int>(made);
+        }
+    }
+#else
+    GTEST_SKIP() << "the allocator of this build cannot be replaced";
+#endif
 }
 
 TEST(Columns, TakeArraysWithoutRowsAndWithoutValues) {

@@ -51,7 +51,8 @@ void checkTranslation(CheckRun& run, Place place, const Translation& translation
 }
 
 void checkTranslated(CheckRun& run, Place place) {
-    Translation translation;
+    Translation own;
+    Translation& translation = run.room == nullptr ? own : *run.room;
     translate(run.value.substr(place.position, place.length), run.options, Form::AIS, translation);
     if (isFailure(translation.failure)) {
         reportFailure(run, place, translation);
@@ -120,8 +121,13 @@ void checkAis(std::string_view value, const ReadOptions& options, const Translat
 }
 
 void check(std::string_view value, const ReadOptions& options, Rows<Finding>& findings) {
+    check(value, options, findings, nullptr);
+}
+
+void check(std::string_view value, const ReadOptions& options, Rows<Finding>& findings,
+           Translation* room) {
     findings.clear();
-    CheckRun run = {value, options, findings};
+    CheckRun run = {value, options, findings, room};
     const std::size_t first = std::min(value.find_first_not_of(BLANKS), value.size());
     const std::size_t last = value.find_last_not_of(BLANKS);
     const std::size_t end = last == value.npos ? first : last + 1;

@@ -13,6 +13,10 @@ namespace rosetag {
 void checkAis(std::string_view value, const ReadOptions& options, const Translation& translation,
               Rows<Finding>& findings);
 
+// The same as check, with room for a translation that keeps its memory.
+void check(std::string_view value, const ReadOptions& options, Rows<Finding>& findings,
+           Translation* room);
+
 // Each checks a part of the value, from position to end; it is not empty.
 void checkElementString(CheckRun& run, std::size_t position, std::size_t end);
 void checkGtinAlone(CheckRun& run, std::size_t position, std::size_t end);

@@ -241,6 +241,8 @@ std::int32_t columnTableOpen(const char* const* outputs, std::int32_t outputCoun
         column.formWriter = tagFormWriterOf(column.form);
         const bool isPlain = column.output == Output::STATUS || column.formWriter != nullptr;
         table.isPlain = table.isPlain && isPlain;
+        table.hasWords =
+            table.hasWords || column.output == Output::MESSAGE || column.output == Output::FINDINGS;
         if (!columnWriterOpen(column.writer, type, table.isLarge, reader.length)) {
             return columnsNoMemory(error);
         }

@@ -56,6 +56,7 @@ struct ColumnTable {
     FormSet wanted;        // forms that the columns need
     bool isPlain = true;   // all of them can be had from the bits of a tag
     bool isLarge = false;  // texts have 64-bit offsets
+    bool hasWords = false; // messages or findings are among them
     bool hasMemory = true; // false once it ran out
     std::string json;      // of a row
 

@@ -1,6 +1,8 @@
+#include "check/check_text.h"
 #include "columns/column_error.h"
 #include "columns/column_reader.h"
 #include "columns/column_table.h"
+#include "translate/translate.h"
 
 #include <algorithm>
 #include <new>
@@ -63,6 +65,7 @@ struct Call {
     ColumnReader dictionary;
     ColumnTable table;
     Translation result;
+    Translation room;
     std::string hex; // of a row of bytes
 };
 
@@ -129,6 +132,7 @@ std::int32_t openReading(const Call& call, const RosetagColumnsReadOptions& opti
     }
     read.asBarcode = options.asBarcode != 0;
     read.isHex = isBinaryColumn(call.reader);
+    read.wordless = !call.table.hasWords;
     read.strict = options.strict != 0;
     if (options.gcpLength != 0) {
         read.gcpLength = options.gcpLength;
@@ -196,7 +200,7 @@ std::int32_t checkColumn(const ArrowSchema* type, const ArrowArray* values,
     Rows<Finding> findings;
     result = readRows(call, options, error,
                       [&](std::int64_t row, std::string_view value, const ReadOptions& read) {
-                          check(valueText(call, value), read, findings);
+                          check(valueText(call, value), read, findings, &call.result);
                           columnTablePut(call.table, row, findings);
                       });
     return result != 0
@@ -260,20 +264,21 @@ std::int32_t encodeColumn(const ArrowSchema* type, const ArrowArray* values,
         return result;
     }
     const std::optional<int> filter = rowOptions.filter;
-    result =
-        readRows(call, options.read, error,
-                 [&](std::int64_t row, std::string_view value, const ReadOptions& read) {
-                     rowOptions.read = read;
-                     rowOptions.filter = optionOfRow(arguments.filters, row, filter);
-                     if (schemeOfRow(arguments.schemes, row, rowOptions)) {
-                         encode(valueText(call, value), rowOptions, call.table.wanted, call.result);
-                     } else {
-                         call.result.failure = {};
-                         call.result.failure.status = EPC_ERR_UNKNOWN_SCHEME;
-                         call.result.failure.message = "the row names a scheme that does not exist";
-                     }
-                     columnTablePut(call.table, row, call.result);
-                 });
+    result = readRows(call, options.read, error,
+                      [&](std::int64_t row, std::string_view value, const ReadOptions& read) {
+                          rowOptions.read = read;
+                          rowOptions.filter = optionOfRow(arguments.filters, row, filter);
+                          if (schemeOfRow(arguments.schemes, row, rowOptions)) {
+                              encode(valueText(call, value), rowOptions, call.table.wanted,
+                                     call.result, &call.room);
+                          } else {
+                              failureClear(call.result.failure);
+                              call.result.failure.status = EPC_ERR_UNKNOWN_SCHEME;
+                              call.result.failure.message =
+                                  "the row names a scheme that does not exist";
+                          }
+                          columnTablePut(call.table, row, call.result);
+                      });
     return result != 0
                ? result
                : columnTableClose(call.table, outputs, call.reader.length, *outType, *out, error);
@@ -289,8 +294,10 @@ std::int32_t readTids(const ArrowSchema* type, const ArrowArray* values, const c
         return result;
     }
     Tid memory;
+    ReadOptions read;
+    read.wordless = !call.table.hasWords;
     forEachValue(call, [&](std::int64_t row, std::string_view value) {
-        tid(valueText(call, value), memory);
+        tid(valueText(call, value), read, memory);
         columnTablePut(call.table, row, memory);
     });
     return columnTableClose(call.table, outputs, call.reader.length, *outType, *out, error);

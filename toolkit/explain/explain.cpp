@@ -83,9 +83,11 @@ Explanation explain(std::string_view value, const ReadOptions& options) {
 }
 
 void tid(std::string_view value, Tid& result) {
-    Workspace workspace;
-    const ReadOptions options;
-    Reading reading{value, options, workspace, result.notes, result.failure, Form::TID};
+    tid(value, {}, result);
+}
+
+void tid(std::string_view value, const ReadOptions& options, Tid& result) {
+    Reading reading{value, options, result.workspace, result.notes, result.failure, Form::TID};
     result.record = {};
     result.hex.clear();
     result.notes.clear();
@@ -94,12 +96,12 @@ void tid(std::string_view value, Tid& result) {
     if (failIsFileName(reading, memory) || !prepareHex(reading, memory)) {
         return;
     }
-    result.hex = workspace.text;
+    result.hex = result.workspace.text;
     std::array<std::uint8_t, EPC_MAX_BINARY_BYTES> bytes;
     const std::size_t count = bytesOfHex(result.hex, bytes.data());
     const EpcStatus status =
         tid_binaryDecode(static_cast<std::int32_t>(8 * count), bytes.data(), &result.record);
-    if (status != EPC_OK) {
+    if (status != EPC_OK && !failWordless(reading, status)) {
         Explanation explanation;
         explainTid(result.hex, explanation);
         failBits(reading, status, explanation);

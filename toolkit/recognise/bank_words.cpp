@@ -110,15 +110,17 @@ void takeOff(Reading& reading, const BankLayout& layout) {
     const std::size_t digits = layout.words * HEX_WORD_DIGITS;
     std::string_view rest = reading.value.substr(givenPosition(reading.workspace, digits));
     if (reading.options.bank == Bank::AUTO) {
-        readingNote(reading, NoteKind::PC_WORD, part,
-                    "removed " + layoutText(layout) + ' ' + shownText(part) + " before the EPC");
+        readingNote(reading, NoteKind::PC_WORD, part, [&] {
+            return "removed " + layoutText(layout) + ' ' + shownText(part) + " before the EPC";
+        });
     }
     if (layout.zeros > 0) {
         const std::size_t count = wordCount(reading.workspace.text);
         const std::string_view zeros = givenWords(reading, layout.zeros, count - layout.zeros);
-        readingNote(reading, NoteKind::PC_WORD, zeros,
-                    "removed " + counted(layout.zeros, "word") +
-                        " of zeros after the EPC, whose length the PC word gives");
+        readingNote(reading, NoteKind::PC_WORD, zeros, [&] {
+            return "removed " + counted(layout.zeros, "word") +
+                   " of zeros after the EPC, whose length the PC word gives";
+        });
         rest = givenWords(reading, count - layout.zeros - layout.words, layout.words);
     }
     reading.workspace.bankWords.assign(reading.workspace.text, 0, digits);
@@ -129,11 +131,13 @@ void takeOff(Reading& reading, const BankLayout& layout) {
 bool failOtherFamily(Reading& reading, const BankLayout& layout, const PcWord& pc) {
     const std::string_view part = givenWords(reading, layout.pcIndex + 1);
     return readingFail(
-        reading, EPC_ERR_UNKNOWN_HEADER, positionIn(reading, part), part.size(),
-        {"the PC word says that this tag does not belong to GS1, but to the application "
-         "family (AFI) 0x" +
-             std::string(hexPairOf(static_cast<std::uint8_t>(pc.familyOrAttribute))),
-         "read it with software for that application", "bank"});
+        reading, EPC_ERR_UNKNOWN_HEADER, positionIn(reading, part), part.size(), [&] {
+            return Complaint{
+                "the PC word says that this tag does not belong to GS1, but to the application "
+                "family (AFI) 0x" +
+                    std::string(hexPairOf(static_cast<std::uint8_t>(pc.familyOrAttribute))),
+                "read it with software for that application", "bank"};
+        });
 }
 
 // The options say what precedes the EPC.
@@ -142,26 +146,32 @@ bool takeOffAsked(Reading& reading) {
     const bool hasCrc = reading.options.bank == Bank::CRC_PC;
     const std::size_t pcIndex = hasCrc ? 1 : 0;
     if (wordCount(digits) < pcIndex + 2) {
-        return readingFail(
-            reading, EPC_ERR_TRUNCATED, reading.value.size(), 0,
-            {"no EPC follows the words before it", "give the bank from its first word on", "bank"});
+        return readingFail(reading, EPC_ERR_TRUNCATED, reading.value.size(), 0, [&] {
+            return Complaint{"no EPC follows the words before it",
+                             "give the bank from its first word on", "bank"};
+        });
     }
     BankLayout layout = layoutWithPc(digits, hasCrc);
     layout = layout.words == 0 ? layoutWithZeros(digits, hasCrc) : layout;
     if (layout.words == 0 && hasCrc &&
         crc16Of(digits.substr(HEX_WORD_DIGITS)) != wordAt(digits, 0)) {
         const std::string_view part = givenWords(reading, 1);
-        return readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, part), part.size(),
-                           {"the CRC does not match the PC word and the EPC",
-                            "read the tag again, or say what the value begins with", "bank"});
+        return readingFail(
+            reading, EPC_ERR_BAD_FORMAT, positionIn(reading, part), part.size(), [&] {
+                return Complaint{"the CRC does not match the PC word and the EPC",
+                                 "read the tag again, or say what the value begins with", "bank"};
+            });
     }
     const PcWord pc = pcWordOf(wordAt(digits, pcIndex));
     if (layout.words == 0) {
         const std::string_view part = givenWords(reading, pcIndex + 1);
-        return readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, part), part.size(),
-                           {"the PC word says that " + counted(pc.epcWords, "word") +
-                                " follow, not " + std::to_string(wordCount(digits) - pcIndex - 1),
-                            "read the tag again, or say what the value begins with", "bank"});
+        return readingFail(
+            reading, EPC_ERR_BAD_FORMAT, positionIn(reading, part), part.size(), [&] {
+                return Complaint{"the PC word says that " + counted(pc.epcWords, "word") +
+                                     " follow, not " +
+                                     std::to_string(wordCount(digits) - pcIndex - 1),
+                                 "read the tag again, or say what the value begins with", "bank"};
+            });
     }
     if (pc.isOtherFamily) {
         return failOtherFamily(reading, layout, pc);
@@ -267,10 +277,11 @@ bool takeOffBankWords(Reading& reading) {
             return true;
         }
         if (plain == Soundness::SOUND && isRestSound) {
-            Note& note =
-                readingNote(reading, NoteKind::MAY_BE_PC_WORD, givenWords(reading, layout.words),
-                            "the value could also begin with " + layoutText(layout) +
-                                "; it was taken as an EPC");
+            Note& note = readingNote(reading, NoteKind::MAY_BE_PC_WORD,
+                                     givenWords(reading, layout.words), [&] {
+                                         return "the value could also begin with " +
+                                                layoutText(layout) + "; it was taken as an EPC";
+                                     });
             note.option = "bank";
         }
     }

@@ -132,12 +132,16 @@ bool prepareGtinSymbol(Reading& reading, std::string_view data, const SymbologyI
         const std::size_t at = isLong ? 0 : static_cast<std::size_t>(stranger - data.begin());
         return readingFail(
             reading, isLong ? EPC_ERR_BAD_FORMAT : EPC_ERR_BAD_CHARACTER,
-            positionIn(reading, data) + at, isLong ? data.size() : 1,
-            {std::string(row.identifier) + " is followed by " +
-                 (isEan ? shortGtinLengthsText() : std::to_string(row.gtinDigits)) + " digits, " +
-                 (isLong ? "not " + std::to_string(data.size())
-                         : "and " + quotedText(firstCharacter(data.substr(at))) + " is not one"),
-             "scan the symbol again"});
+            positionIn(reading, data) + at, isLong ? data.size() : 1, [&] {
+                return Complaint{
+                    std::string(row.identifier) + " is followed by " +
+                        (isEan ? shortGtinLengthsText() : std::to_string(row.gtinDigits)) +
+                        " digits, " +
+                        (isLong ? "not " + std::to_string(data.size())
+                                : "and " + quotedText(firstCharacter(data.substr(at))) +
+                                      " is not one"),
+                    "scan the symbol again"};
+            });
     }
     const std::size_t before = reading.notes.size();
     keepGtin(reading, data);
@@ -184,9 +188,10 @@ void noteLikelySeparator(Reading& reading, std::string_view run) {
             aiRowOf(rest.substr(0, prefix.codeDigits)) == nullptr) {
             continue;
         }
-        Note& note = readingNote(reading, NoteKind::SEPARATOR, run.substr(at, 1),
-                                 quotedText(run.substr(at, 1)) +
-                                     " precedes what could be an AI, and may stand for GS");
+        Note& note = readingNote(reading, NoteKind::SEPARATOR, run.substr(at, 1), [&] {
+            return quotedText(run.substr(at, 1)) +
+                   " precedes what could be an AI, and may stand for GS";
+        });
         note.severity = Severity::WARNING;
         note.option = "separator";
         return;
@@ -205,13 +210,17 @@ bool takeOffIdentifier(Reading& reading, std::string_view& value) {
         Form::ELEMENT_STRING | Form::DIGITAL_LINK | Form::TAG_URI | Form::PURE_IDENTITY;
     if (!marked.has(formByLook(data, reading.options))) {
         reading.form = Form::BARCODE_STRING;
-        return readingFail(
-            reading, EPC_ERR_BAD_CHARACTER, positionIn(reading, identifier), identifier.size(),
-            {quotedText(identifier) + " is not the symbology identifier of a symbol with GS1 data",
-             "those are " + knownIdentifiers() + "; leave it out if AIs follow it"});
+        return readingFail(reading, EPC_ERR_BAD_CHARACTER, positionIn(reading, identifier),
+                           identifier.size(), [&] {
+                               return Complaint{
+                                   quotedText(identifier) +
+                                       " is not the symbology identifier of a symbol with GS1 data",
+                                   "those are " + knownIdentifiers() +
+                                       "; leave it out if AIs follow it"};
+                           });
     }
     readingNote(reading, NoteKind::LEFT_OUT, identifier,
-                "left out the symbology identifier " + quotedText(identifier));
+                [&] { return "left out the symbology identifier " + quotedText(identifier); });
     value = data;
     return true;
 }

@@ -52,9 +52,10 @@ void keepGtin(Reading& reading, std::string_view digits) {
     readingPut(reading, zeros.substr(0, missing), positionIn(reading, digits));
     readingKeep(reading, digits);
     if (missing > 0) {
-        readingNote(reading, NoteKind::PADDED, digits,
-                    "padded the GTIN " + std::string(digits) + " to " +
-                        std::to_string(GTIN_LENGTH) + " digits");
+        readingNote(reading, NoteKind::PADDED, digits, [&] {
+            return "padded the GTIN " + std::string(digits) + " to " + std::to_string(GTIN_LENGTH) +
+                   " digits";
+        });
     }
 }
 

@@ -54,22 +54,27 @@ bool prepareHex(Reading& reading, std::string_view value) {
     if (std::all_of(value.begin(), value.end(), isHexDigit)) {
         readingKeep(reading, value);
     } else if (!keepDigits(reading, value, stranger)) {
-        return readingFail(reading, EPC_ERR_BAD_CHARACTER, positionIn(reading, stranger),
-                           stranger.size(),
-                           {quotedText(stranger) + " is not a hexadecimal digit",
-                            "hex has the digits 0 to 9 and A to F"});
+        return readingFail(
+            reading, EPC_ERR_BAD_CHARACTER, positionIn(reading, stranger), stranger.size(), [&] {
+                return Complaint{quotedText(stranger) + " is not a hexadecimal digit",
+                                 "hex has the digits 0 to 9 and A to F"};
+            });
     }
     const std::size_t digits = reading.workspace.text.size();
     if (digits == 0) {
-        return readingFail(reading, EPC_ERR_TRUNCATED, positionIn(reading, value), value.size(),
-                           {"there is no hexadecimal digit", "give the hex of a tag's memory"});
+        return readingFail(
+            reading, EPC_ERR_TRUNCATED, positionIn(reading, value), value.size(), [&] {
+                return Complaint{"there is no hexadecimal digit", "give the hex of a tag's memory"};
+            });
     }
     if (digits > MOST_HEX_DIGITS) {
-        return readingFailAt(reading, EPC_ERR_TOO_LONG, MOST_HEX_DIGITS, digits - MOST_HEX_DIGITS,
-                             {"a tag value has at most " + std::to_string(EPC_MAX_BINARY_BITS) +
-                                  " bits, " + std::to_string(MOST_HEX_DIGITS) +
-                                  " hexadecimal digits, not " + std::to_string(digits),
-                              "give one value at a time"});
+        return readingFailAt(
+            reading, EPC_ERR_TOO_LONG, MOST_HEX_DIGITS, digits - MOST_HEX_DIGITS, [&] {
+                return Complaint{"a tag value has at most " + std::to_string(EPC_MAX_BINARY_BITS) +
+                                     " bits, " + std::to_string(MOST_HEX_DIGITS) +
+                                     " hexadecimal digits, not " + std::to_string(digits),
+                                 "give one value at a time"};
+            });
     }
     return true;
 }

@@ -99,8 +99,11 @@ bool isKeySegment(std::string_view segment) {
 // A trial keeps the text, but makes no notes.
 enum class Notes : bool { NO, YES };
 
-void leaveOut(Reading& reading, std::string_view part, const std::string& what) {
-    readingNote(reading, NoteKind::LEFT_OUT, part, "left out " + what);
+// what: a text
+template <typename What>
+void leaveOut(Reading& reading, std::string_view part, What what) {
+    readingNote(reading, NoteKind::LEFT_OUT, part,
+                [&] { return "left out " + std::string(what()); });
 }
 
 void keepValue(Reading& reading, std::string_view ai, std::string_view value, Notes notes) {
@@ -118,9 +121,10 @@ void keepValue(Reading& reading, std::string_view ai, std::string_view value, No
 void keepName(Reading& reading, std::string_view segment, std::string_view ai, Notes notes) {
     readingPut(reading, ai, positionIn(reading, segment));
     if (notes == Notes::YES) {
-        Note& note = readingNote(reading, NoteKind::OLD_NAME, segment,
-                                 quotedText(segment) + " is an old name of AI " + std::string(ai) +
-                                     ", which links no longer have");
+        Note& note = readingNote(reading, NoteKind::OLD_NAME, segment, [&] {
+            return quotedText(segment) + " is an old name of AI " + std::string(ai) +
+                   ", which links no longer have";
+        });
         note.severity = Severity::WARNING;
     }
 }
@@ -144,7 +148,7 @@ void keepPath(Reading& reading, std::string_view path, Notes notes) {
     readingClear(reading);
     const std::string_view kept = withoutTrailingSlashes(path);
     if (kept.size() < path.size() && notes == Notes::YES) {
-        leaveOut(reading, path.substr(kept.size()), "a trailing \"/\"");
+        leaveOut(reading, path.substr(kept.size()), [&] { return "a trailing \"/\""; });
     }
     std::size_t first = 0; // of what is not kept yet
     std::size_t at = 0;
@@ -274,11 +278,12 @@ void keepParameter(Reading& reading, std::string_view parameter, bool& isFirst) 
     std::string_view code = parameter;
     const std::string_view value = cutAt(code, '=');
     if (parameter.empty()) {
-        return leaveOut(reading, parameter, "an empty parameter");
+        return leaveOut(reading, parameter, [&] { return "an empty parameter"; });
     }
     if (aiRowOf(code) == nullptr || code.size() == parameter.size()) {
-        return leaveOut(reading, parameter,
-                        "the parameter " + quotedText(parameter) + ", which is not an AI");
+        return leaveOut(reading, parameter, [&] {
+            return "the parameter " + quotedText(parameter) + ", which is not an AI";
+        });
     }
     readingPut(reading, isFirst ? "?" : "&", positionIn(reading, code) - 1);
     readingKeep(reading, parameter.substr(0, code.size() + 1));
@@ -289,7 +294,7 @@ void keepParameter(Reading& reading, std::string_view parameter, bool& isFirst) 
 
 void keepQuery(Reading& reading, const Link& link) {
     if (link.query.empty()) {
-        return leaveOut(reading, link.query, "a trailing \"?\"");
+        return leaveOut(reading, link.query, [&] { return "a trailing \"?\""; });
     }
     bool isFirst = true;
     std::string_view rest = link.query;
@@ -327,15 +332,17 @@ bool looksCompressed(const Link& link, const KeyPlace& place) {
 void noteHostAndStem(Reading& reading, const Link& link, std::size_t stem) {
     if (!link.host.empty()) {
         const bool hasScheme = link.host.find("://") != std::string_view::npos;
-        leaveOut(reading, link.host,
-                 (hasScheme ? "scheme and host " : "the host ") + quotedText(link.host));
+        leaveOut(reading, link.host, [&] {
+            return (hasScheme ? "scheme and host " : "the host ") + quotedText(link.host);
+        });
     }
     if (!link.fragment.empty()) {
-        leaveOut(reading, link.fragment, "the fragment " + quotedText(link.fragment));
+        leaveOut(reading, link.fragment,
+                 [&] { return "the fragment " + quotedText(link.fragment); });
     }
     if (stem > 1) {
         const std::string_view path = link.path.substr(0, stem);
-        leaveOut(reading, path, "the path " + quotedText(path) + " before the key");
+        leaveOut(reading, path, [&] { return "the path " + quotedText(path) + " before the key"; });
     }
 }
 
@@ -350,15 +357,19 @@ bool prepareLink(Reading& reading, std::string_view value) {
     const Link link = linkSplit(value);
     if (const std::size_t nul = value.find("%00"); nul != std::string_view::npos) {
         return readingFail(
-            reading, EPC_ERR_BAD_CHARACTER, positionIn(reading, value) + nul, 3,
-            {"%00 stands for a NUL, the byte 0, which no value can hold", "leave it out"});
+            reading, EPC_ERR_BAD_CHARACTER, positionIn(reading, value) + nul, 3, [&] {
+                return Complaint{"%00 stands for a NUL, the byte 0, which no value can hold",
+                                 "leave it out"};
+            });
     }
     const KeyPlace place = findKey(reading, link.path);
     if (looksCompressed(link, place)) {
-        return readingFail(reading, EPC_ERR_NOT_SUPPORTED, positionIn(reading, link.path),
-                           link.path.size(),
-                           {"this looks like a compressed GS1 Digital Link, which is not supported",
-                            "decompress it first"});
+        return readingFail(
+            reading, EPC_ERR_NOT_SUPPORTED, positionIn(reading, link.path), link.path.size(), [&] {
+                return Complaint{
+                    "this looks like a compressed GS1 Digital Link, which is not supported",
+                    "decompress it first"};
+            });
     }
     const std::size_t stem = stemLength(reading, link, place);
     noteHostAndStem(reading, link, stem);
@@ -368,9 +379,10 @@ bool prepareLink(Reading& reading, std::string_view value) {
         keepQuery(reading, link);
     }
     if (place.choices > 1) {
-        readingNote(reading, NoteKind::SEVERAL_KEYS, tail,
-                    "a key could begin at " + std::to_string(place.choices) +
-                        " places, took the last: " + quotedText(tail));
+        readingNote(reading, NoteKind::SEVERAL_KEYS, tail, [&] {
+            return "a key could begin at " + std::to_string(place.choices) +
+                   " places, took the last: " + quotedText(tail);
+        });
     }
     return true;
 }

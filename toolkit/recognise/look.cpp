@@ -103,11 +103,12 @@ bool failAfterUrn(Reading& reading, std::string_view value, std::size_t length) 
     const std::string expected =
         known < common.size() ? std::string(common.substr(known)) : std::string("tag:\" or \"id:");
     const std::string_view rest = value.substr(known);
-    return readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, rest), rest.size(),
-                       {"an EPC URI continues with \"" + expected + "\" after \"" +
-                            std::string(value.substr(0, known)) + '"',
-                        "write urn:epc:tag: and a tag scheme, or urn:epc:id: and a kind of "
-                        "identity"});
+    return readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, rest), rest.size(), [&] {
+        return Complaint{"an EPC URI continues with \"" + expected + "\" after \"" +
+                             std::string(value.substr(0, known)) + '"',
+                         "write urn:epc:tag: and a tag scheme, or urn:epc:id: and a kind of "
+                         "identity"};
+    });
 }
 
 } // namespace
@@ -160,7 +161,9 @@ bool failIsFile(Reading& reading, std::string_view value) {
     for (const FileMark& mark : fileMarks) {
         if (value.starts_with(mark.bytes)) {
             readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, value), mark.bytes.size(),
-                        {std::string(mark.message), std::string(mark.remedy)});
+                        [&] {
+                            return Complaint{std::string(mark.message), std::string(mark.remedy)};
+                        });
             return true;
         }
     }
@@ -169,9 +172,10 @@ bool failIsFile(Reading& reading, std::string_view value) {
 
 bool failIsFileName(Reading& reading, std::string_view value) {
     if (looksLikeFileName(value)) {
-        readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, value), value.size(),
-                    {"this looks like the name of a file, and a value is expected",
-                     "give what is in the file", "input"});
+        readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, value), value.size(), [&] {
+            return Complaint{"this looks like the name of a file, and a value is expected",
+                             "give what is in the file", "input"};
+        });
         return true;
     }
     return false;
@@ -179,8 +183,9 @@ bool failIsFileName(Reading& reading, std::string_view value) {
 
 bool failUnknown(Reading& reading, std::string_view value) {
     if (value.empty()) {
-        return readingFail(reading, EPC_ERR_BAD_FORMAT, 0, reading.value.size(),
-                           {"the value is empty", std::string(forms)});
+        return readingFail(reading, EPC_ERR_BAD_FORMAT, 0, reading.value.size(), [&] {
+            return Complaint{"the value is empty", std::string(forms)};
+        });
     }
     if (failIsFileName(reading, value)) {
         return false;
@@ -194,18 +199,20 @@ bool failUnknown(Reading& reading, std::string_view value) {
     const std::string_view rest = value.substr(static_cast<std::size_t>(notHex - value.begin()));
     const std::size_t position = positionIn(reading, rest);
     if (rest.size() == value.size()) {
-        return readingFail(reading, EPC_ERR_BAD_FORMAT, position, 1,
-                           {"no form of a value begins with " + quotedText(firstCharacter(value)),
-                            std::string(forms)});
+        return readingFail(reading, EPC_ERR_BAD_FORMAT, position, 1, [&] {
+            return Complaint{"no form of a value begins with " + quotedText(firstCharacter(value)),
+                             std::string(forms)};
+        });
     }
     const bool maySeparate = LIKELY_SEPARATORS.find(rest.front()) != std::string_view::npos &&
                              value.size() > 1 && aiPrefixOf(value[0], value[1]).codeDigits != 0;
-    return readingFail(
-        reading, EPC_ERR_BAD_FORMAT, position, 1,
-        {"this begins like hex, but " + quotedText(firstCharacter(rest)) +
-             " is not a hexadecimal digit",
-         maySeparate ? "if it separates the AIs of a barcode string, say so" : std::string(forms),
-         maySeparate ? "separator" : ""});
+    return readingFail(reading, EPC_ERR_BAD_FORMAT, position, 1, [&] {
+        return Complaint{"this begins like hex, but " + quotedText(firstCharacter(rest)) +
+                             " is not a hexadecimal digit",
+                         maySeparate ? "if it separates the AIs of a barcode string, say so"
+                                     : std::string(forms),
+                         maySeparate ? "separator" : ""};
+    });
 }
 
 } // namespace rosetag

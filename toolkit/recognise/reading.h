@@ -8,6 +8,7 @@
 #include <rosetag/toolkit.hpp>
 
 #include <algorithm>
+#include <concepts>
 #include <string>
 #include <string_view>
 
@@ -70,8 +71,35 @@ bool readingFail(Reading& reading, EpcStatus status, std::size_t position, std::
 bool readingFailAt(Reading& reading, EpcStatus status, std::size_t prepared, std::size_t length,
                    Complaint complaint);
 
+// The same two, with words that are only put together if somebody wants them.
+// complain: Complaint()
+template <std::invocable Complain>
+bool readingFail(Reading& reading, EpcStatus status, std::size_t position, std::size_t length,
+                 Complain complain) {
+    return readingFail(reading, status, position, length,
+                       reading.options.wordless ? Complaint() : complain());
+}
+
+template <std::invocable Complain>
+bool readingFailAt(Reading& reading, EpcStatus status, std::size_t prepared, std::size_t length,
+                   Complain complain) {
+    return readingFailAt(reading, status, prepared, length,
+                         reading.options.wordless ? Complaint() : complain());
+}
+
 // Adds a note about a part of the value.
 Note& readingNote(Reading& reading, NoteKind kind, std::string_view part, std::string_view text);
+
+// The same with words that are only put together if somebody wants them.
+// tell: std::string()
+template <std::invocable Tell>
+Note& readingNote(Reading& reading, NoteKind kind, std::string_view part, Tell tell) {
+    Note& note = readingNote(reading, kind, part, std::string_view());
+    if (!reading.options.wordless) {
+        note.text = tell();
+    }
+    return note;
+}
 
 } // namespace rosetag
 

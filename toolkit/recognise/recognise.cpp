@@ -43,9 +43,11 @@ bool prepareUri(Reading& reading, std::string_view value) {
     const std::string_view prefix =
         reading.form == Form::TAG_URI ? TAG_URI_PREFIX : PURE_IDENTITY_URI_PREFIX;
     if (!value.starts_with(prefix)) {
-        return readingFail(
-            reading, EPC_ERR_BAD_FORMAT, positionIn(reading, value), prefix.size(),
-            {"an EPC URI begins with lower-case letters", "write " + std::string(prefix)});
+        return readingFail(reading, EPC_ERR_BAD_FORMAT, positionIn(reading, value), prefix.size(),
+                           [&] {
+                               return Complaint{"an EPC URI begins with lower-case letters",
+                                                "write " + std::string(prefix)};
+                           });
     }
     readingClear(reading);
     readingKeep(reading, value);
@@ -88,11 +90,12 @@ bool failNul(Reading& reading, std::size_t nul) {
     const std::string_view value = reading.value;
     const auto nuls = static_cast<std::size_t>(std::count(value.begin(), value.end(), '\0'));
     const bool isUtf16 = nuls > 1 && nuls >= value.size() / 2;
-    return readingFail(
-        reading, EPC_ERR_BAD_CHARACTER, nul, 1,
-        {"a value cannot hold a NUL, the byte 0",
-         isUtf16 ? "this may be UTF-16 text: convert it to UTF-8 first: iconv -f UTF-16 -t UTF-8"
-                 : "leave it out"});
+    return readingFail(reading, EPC_ERR_BAD_CHARACTER, nul, 1, [&] {
+        return Complaint{
+            "a value cannot hold a NUL, the byte 0",
+            isUtf16 ? "this may be UTF-16 text: convert it to UTF-8 first: iconv -f UTF-16 -t UTF-8"
+                    : "leave it out"};
+    });
 }
 
 } // namespace
@@ -120,10 +123,11 @@ bool readingPrepare(Reading& reading) {
     reading.workspace.bankWords.clear();
     readingClear(reading);
     if (reading.value.size() > MAX_VALUE_LENGTH) {
-        return readingFail(reading, EPC_ERR_TOO_LONG, MAX_VALUE_LENGTH, 0,
-                           {"a value has at most " + std::to_string(MAX_VALUE_LENGTH) +
-                                " bytes, and this has " + std::to_string(reading.value.size()),
-                            "give one value at a time"});
+        return readingFail(reading, EPC_ERR_TOO_LONG, MAX_VALUE_LENGTH, 0, [&] {
+            return Complaint{"a value has at most " + std::to_string(MAX_VALUE_LENGTH) +
+                                 " bytes, and this has " + std::to_string(reading.value.size()),
+                             "give one value at a time"};
+        });
     }
     if (failIsFile(reading, reading.value)) {
         return false;

@@ -29,12 +29,19 @@ CompanyPrefix companyPrefixOf(const ReadOptions& options, const ParsedAis& ais) 
     }
     const std::string digits(prefix.digits);
     const GcpAnswer answer = gcpLengthOf(*options.gcpList, digits);
+    if (answer.kind == GcpAnswer::Kind::LENGTH) {
+        prefix.length = answer.length;
+        return prefix;
+    }
+    if (options.wordless) {
+        prefix.problem = "not listed";
+        return prefix;
+    }
     const std::string list =
         "the prefix list" +
         (options.gcpList->date.empty() ? std::string() : " of " + options.gcpList->date);
     switch (answer.kind) {
     case GcpAnswer::Kind::LENGTH:
-        prefix.length = answer.length;
         break;
     case GcpAnswer::Kind::NO_PREFIX:
         prefix.problem = "according to " + list + ", no GS1 company prefix begins like " + digits;

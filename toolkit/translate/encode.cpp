@@ -31,11 +31,14 @@ struct EncodeCall {
     Reading& reading;
     const EncodeOptions& options;
     std::string& hex;
+    Translation* room; // for a tag value that is given; null: it has its own
 };
 
 // The options do not suffice. Always false.
-bool failOptions(Reading& reading, EpcStatus status, Complaint complaint) {
-    readingFail(reading, status, 0, reading.value.size(), std::move(complaint));
+// complain: Complaint()
+template <typename Complain>
+bool failOptions(Reading& reading, EpcStatus status, Complain complain) {
+    readingFail(reading, status, 0, reading.value.size(), complain);
     reading.failure.isOfOptions = true;
     return false;
 }
@@ -71,20 +74,23 @@ bool suffices(Reading& reading, EncodeOptions& options) {
         return true;
     }
     if (reading.form == Form::TID) {
-        return readingFail(reading, EPC_ERR_NOT_SUPPORTED, 0, reading.value.size(),
-                           {"this is a TID, which the maker of a chip writes: no scheme holds it",
-                            "give the identity of the object"});
+        return readingFail(reading, EPC_ERR_NOT_SUPPORTED, 0, reading.value.size(), [&] {
+            return Complaint{"this is a TID, which the maker of a chip writes: no scheme holds it",
+                             "give the identity of the object"};
+        });
     }
     const std::string_view form = formName(reading.form);
     if (options.scheme == nullptr) {
-        return failOptions(reading, EPC_ERR_UNKNOWN_SCHEME,
-                           {std::string(form) + " does not say which tag scheme to use",
-                            "choose a scheme", "scheme"});
+        return failOptions(reading, EPC_ERR_UNKNOWN_SCHEME, [&] {
+            return Complaint{std::string(form) + " does not say which tag scheme to use",
+                             "choose a scheme", "scheme"};
+        });
     }
     const SchemeInfo& scheme = *options.scheme;
     if (options.filter.has_value() && scheme.filterLimit == 0) {
-        return failOptions(reading, EPC_ERR_FILTER_FIELD,
-                           {std::string(scheme.name) + " has no filter", "leave it out", "filter"});
+        return failOptions(reading, EPC_ERR_FILTER_FIELD, [&] {
+            return Complaint{std::string(scheme.name) + " has no filter", "leave it out", "filter"};
+        });
     }
     const bool needsPrefix =
         reading.form != Form::PURE_IDENTITY && scheme.hasUris && scheme.hasGs1Texts;
@@ -92,11 +98,12 @@ bool suffices(Reading& reading, EncodeOptions& options) {
         return false;
     }
     if (needsPrefix && !options.read.gcpLength.has_value()) {
-        return failOptions(reading, EPC_ERR_BAD_PARTITION,
-                           {std::string(form) +
-                                " does not say how long its GS1 company prefix is, which " +
-                                std::string(scheme.name) + " needs",
-                            gcpLengthRemedy(), "gcp_length"});
+        return failOptions(reading, EPC_ERR_BAD_PARTITION, [&] {
+            return Complaint{std::string(form) +
+                                 " does not say how long its GS1 company prefix is, which " +
+                                 std::string(scheme.name) + " needs",
+                             gcpLengthRemedy(), "gcp_length"};
+        });
     }
     return true;
 }
@@ -112,10 +119,11 @@ void noteLeftOut(const EncodeCall& call, const ParsedAis& ais) {
     for (std::size_t i = 0; i < ais.list.count; ++i) {
         const std::string_view ai = aiCodeAt(ais, i);
         if (!holdsAi(scheme, ai)) {
-            Note& note = readingNote(call.reading, NoteKind::NOT_ENCODED, call.reading.value, {});
-            note.text = "left out AI " + std::string(ai) + " (" + std::string(aiTitle(ai)) + ") " +
-                        quotedText(aiValueAt(ais, i)) + ", which " + std::string(scheme.name) +
-                        " does not hold";
+            Note& note = readingNote(call.reading, NoteKind::NOT_ENCODED, call.reading.value, [&] {
+                return "left out AI " + std::string(ai) + " (" + std::string(aiTitle(ai)) + ") " +
+                       quotedText(aiValueAt(ais, i)) + ", which " + std::string(scheme.name) +
+                       " does not hold";
+            });
             note.option = "scheme";
         }
     }
@@ -189,9 +197,9 @@ EpcStatus encodePureIdentity(const EncodeCall& call, const std::string& uri) {
 }
 
 // The bits of a tag value without what follows them, filled up to a word.
-std::string normalHex(std::string_view hex) {
+void normalHex(std::string_view hex, std::string& normal) {
     const std::size_t bits = tagValueBits(hex);
-    std::string normal(hex.substr(0, (bits + 15) / 16 * 4));
+    normal = hex.substr(0, (bits + 15) / 16 * 4);
     normal.resize((bits + 15) / 16 * 4, '0');
     for (char& digit : normal) {
         digit = static_cast<char>(digit >= 'a' ? digit - ('a' - 'A') : digit);
@@ -201,13 +209,14 @@ std::string normalHex(std::string_view hex) {
         const std::int32_t kept = hexDigitValue(normal[bit / 4]) & ~(8 >> bit % 4);
         normal[bit / 4] = HEX_DIGITS[static_cast<std::size_t>(kept)];
     }
-    return normal;
 }
 
 // A tag value becomes a value of another scheme, or with another filter, through its identity.
 EpcStatus encodeTagValue(const EncodeCall& call, std::string_view hex) {
     const EncodeOptions& options = call.options;
-    Translation tag;
+    Translation own;
+    Translation& tag = call.room == nullptr ? own : *call.room;
+    translationClear(tag, {});
     const EpcStatus status = formsOfHex(hex, Form::PURE_IDENTITY | Form::ELEMENT_STRING, tag);
     if (status != EPC_OK) {
         return status;
@@ -215,7 +224,7 @@ EpcStatus encodeTagValue(const EncodeCall& call, std::string_view hex) {
     const bool staysSame = (options.scheme == nullptr || options.scheme == tag.scheme) &&
                            (!options.filter.has_value() || options.filter == tag.filter);
     if (staysSame) {
-        call.hex = normalHex(hex);
+        normalHex(hex, call.hex);
         return EPC_OK;
     }
     EncodeOptions changed = options;
@@ -227,13 +236,13 @@ EpcStatus encodeTagValue(const EncodeCall& call, std::string_view hex) {
         if (call.reading.form == Form::TAG_URI) {
             return EPC_ERR_FILTER_FIELD;
         }
-        readingNote(call.reading, NoteKind::NOT_ENCODED, call.reading.value,
-                    "left out the filter " + std::to_string(*changed.filter) + ", which " +
-                        std::string(changed.scheme->name) + " does not have")
-            .option = "filter";
+        readingNote(call.reading, NoteKind::NOT_ENCODED, call.reading.value, [&] {
+            return "left out the filter " + std::to_string(*changed.filter) + ", which " +
+                   std::string(changed.scheme->name) + " does not have";
+        }).option = "filter";
         changed.filter.reset();
     }
-    const EncodeCall next = {call.reading, changed, call.hex};
+    const EncodeCall next = {call.reading, changed, call.hex, nullptr};
     if (!tag.pureIdentity.empty()) {
         return encodePureIdentity(next, tag.pureIdentity);
     }
@@ -279,6 +288,9 @@ EpcStatus encodeForm(const EncodeCall& call) {
 
 // Of a tag value that could not become one of another scheme, or with another filter.
 void failTagValue(Reading& reading, EpcStatus status, const EncodeOptions& options) {
+    if (failWordless(reading, status)) {
+        return;
+    }
     std::string hex;
     Translation tag;
     if (hexOfTagValue(reading, hex) != EPC_OK ||
@@ -289,18 +301,22 @@ void failTagValue(Reading& reading, EpcStatus status, const EncodeOptions& optio
     known.scheme = options.scheme == nullptr ? tag.scheme : options.scheme;
     const std::string name(known.scheme->name);
     if (status == EPC_ERR_BAD_PARTITION) {
-        failOptions(reading, status,
-                    {"a value of a plus scheme does not say how long its GS1 company prefix is",
-                     gcpLengthRemedy(), "gcp_length"});
+        failOptions(reading, status, [&] {
+            return Complaint{
+                "a value of a plus scheme does not say how long its GS1 company prefix is",
+                gcpLengthRemedy(), "gcp_length"};
+        });
     } else if (options.filter.has_value() && known.scheme->filterLimit == 0) {
-        readingFail(reading, status, 0, reading.value.size(),
-                    {name + " has no filter", "leave it out", "filter"});
+        readingFail(reading, status, 0, reading.value.size(), [&] {
+            return Complaint{name + " has no filter", "leave it out", "filter"};
+        });
     } else if (status == EPC_ERR_FILTER_LIMIT || status == EPC_ERR_FILTER_FIELD) {
         failEncoding(reading, status, known);
     } else {
-        readingFail(reading, status, 0, reading.value.size(),
-                    {name + " cannot hold this value of " + std::string(tag.scheme->name),
-                     "choose another scheme", "scheme"});
+        readingFail(reading, status, 0, reading.value.size(), [&] {
+            return Complaint{name + " cannot hold this value of " + std::string(tag.scheme->name),
+                             "choose another scheme", "scheme"};
+        });
     }
 }
 
@@ -335,6 +351,11 @@ bool encodeAtOnce(const Reading& reading, const EncodeOptions& options, Translat
 
 void encode(std::string_view value, const EncodeOptions& options, FormSet wanted,
             Translation& result) {
+    encode(value, options, wanted, result, nullptr);
+}
+
+void encode(std::string_view value, const EncodeOptions& options, FormSet wanted,
+            Translation& result, Translation* room) {
     translationClear(result, wanted | Form::HEX);
     Reading reading{value, options.read, result.workspace, result.notes, result.failure};
     const bool isChecked = wanted.has(Form::FINDINGS);
@@ -351,7 +372,7 @@ void encode(std::string_view value, const EncodeOptions& options, FormSet wanted
         return;
     }
     std::string& hex = result.workspace.more;
-    EpcStatus status = encodeForm({reading, completed, hex});
+    EpcStatus status = encodeForm({reading, completed, hex, room});
     if (status == EPC_OK) {
         status = formsOfHex(hex, isChecked ? result.asked | Form::AIS : result.asked, result);
     }

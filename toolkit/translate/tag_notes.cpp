@@ -18,8 +18,10 @@ std::string_view fromDigit(const Reading& reading, std::size_t digit) {
     return reading.value.substr(first, givenPosition(reading.workspace, last) + 1 - first);
 }
 
-void warn(Reading& reading, NoteKind kind, std::size_t digit, const std::string& text) {
-    readingNote(reading, kind, fromDigit(reading, digit), text).severity = Severity::WARNING;
+// tell: std::string()
+template <typename Tell>
+void warn(Reading& reading, NoteKind kind, std::size_t digit, Tell tell) {
+    readingNote(reading, kind, fromDigit(reading, digit), tell).severity = Severity::WARNING;
 }
 
 std::string counts(std::size_t bits, std::size_t given) {
@@ -41,10 +43,12 @@ std::size_t findBit(std::string_view hex, std::size_t bit) {
 void noteTagBits(Reading& reading) {
     const std::string_view hex = reading.workspace.text;
     if (hex.size() % 2 != 0) {
-        warn(reading, NoteKind::ODD_DIGITS, hex.size() - 1,
-             "an odd number of hexadecimal digits: one is missing, taken as a 0 at the end: give "
-             "all "
-             "of them");
+        warn(reading, NoteKind::ODD_DIGITS, hex.size() - 1, [&] {
+            return "an odd number of hexadecimal digits: one is missing, taken as a 0 at the end: "
+                   "give "
+                   "all "
+                   "of them";
+        });
     }
     const std::size_t bits = tagValueBits(hex);
     const std::size_t given = 4 * hex.size();
@@ -52,13 +56,15 @@ void noteTagBits(Reading& reading) {
         return;
     }
     if (const std::size_t bit = findBit(hex, bits); bit < given) {
-        warn(reading, NoteKind::TRAILING_BITS, bit / 4,
-             "bits other than 0 follow the value, which has " + counts(bits, given) +
-                 ": leave out what does not belong to it");
+        warn(reading, NoteKind::TRAILING_BITS, bit / 4, [&] {
+            return "bits other than 0 follow the value, which has " + counts(bits, given) +
+                   ": leave out what does not belong to it";
+        });
     } else if (given > (bits + WORD_BITS - 1) / WORD_BITS * WORD_BITS) {
-        warn(reading, NoteKind::ODD_LENGTH, (bits + WORD_BITS - 1) / WORD_BITS * 4,
-             "no scheme has values of this length: this one has " + counts(bits, given) +
-                 ": leave out the zeros after it");
+        warn(reading, NoteKind::ODD_LENGTH, (bits + WORD_BITS - 1) / WORD_BITS * 4, [&] {
+            return "no scheme has values of this length: this one has " + counts(bits, given) +
+                   ": leave out the zeros after it";
+        });
     }
 }
 

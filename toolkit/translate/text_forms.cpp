@@ -51,10 +51,10 @@ void addPureIdentity(Reading& reading, const ParsedAis& ais, FormSet wanted, Tra
         return;
     }
     if (!prefix.length.has_value()) {
-        readingNote(reading, NoteKind::NEEDS_GCP_LENGTH, reading.value,
-                    "the pure identity URI needs the length of the GS1 company prefix" +
-                        (prefix.problem.empty() ? "" : ", and " + prefix.problem))
-            .option = "gcp_length";
+        readingNote(reading, NoteKind::NEEDS_GCP_LENGTH, reading.value, [&] {
+            return "the pure identity URI needs the length of the GS1 company prefix" +
+                   (prefix.problem.empty() ? "" : ", and " + prefix.problem);
+        }).option = "gcp_length";
         return;
     }
     if (schemesThatFit(uri, howManyFit(wanted), result.fitsSchemes) == EPC_OK &&

@@ -21,6 +21,10 @@ void dropUnasked(FormSet asked, Translation& result);
 // is strict an error among it is a failure.
 void findOut(Reading& reading, Translation& result);
 
+// The same as encode, with room for the translation of a tag value that keeps its memory.
+void encode(std::string_view value, const EncodeOptions& options, FormSet wanted,
+            Translation& result, Translation* room);
+
 // Sets text to all digits of hex, in upper case.
 void hexInUpperCase(std::string_view hex, std::string& text);
 

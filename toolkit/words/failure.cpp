@@ -340,7 +340,17 @@ void failFilter(Reading& reading, EpcStatus status, const EncodeOptions& options
 
 } // namespace
 
+bool failWordless(Reading& reading, EpcStatus status) {
+    if (reading.options.wordless) {
+        readingFail(reading, status, 0, 0, Complaint());
+    }
+    return reading.options.wordless;
+}
+
 void failBits(Reading& reading, EpcStatus status, const Explanation& explanation) {
+    if (failWordless(reading, status)) {
+        return;
+    }
     if (explanation.fields.empty()) { // the bits end before a field does
         readingFail(reading, status, 0, reading.value.size(),
                     {statusMeaning(status, {StatusSource::BITS}), "read the tag again"});
@@ -382,6 +392,9 @@ void failBits(Reading& reading, EpcStatus status, const Explanation& explanation
 }
 
 void failReading(Reading& reading, EpcStatus status) {
+    if (failWordless(reading, status)) {
+        return;
+    }
     switch (reading.form) {
     case Form::HEX:
     case Form::TID: {
@@ -398,6 +411,9 @@ void failReading(Reading& reading, EpcStatus status) {
 }
 
 void failEncoding(Reading& reading, EpcStatus status, const EncodeOptions& options) {
+    if (failWordless(reading, status)) {
+        return;
+    }
     if (status == EPC_ERR_FILTER_LIMIT || status == EPC_ERR_FILTER_FIELD) {
         return failFilter(reading, status, options);
     }

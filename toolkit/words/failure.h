@@ -9,6 +9,10 @@
 
 namespace rosetag {
 
+// True where nobody wants to know more than the status: then that is all of the failure. What
+// follows begins with it.
+bool failWordless(Reading& reading, EpcStatus status);
+
 // Of a prepared value in any form that could not be read.
 void failReading(Reading& reading, EpcStatus status);
 
