@@ -79,10 +79,8 @@ Soundness soundnessOf(std::string_view digits) {
     if (formsOfHex(digits, {}, tag) != EPC_OK) {
         return Soundness::UNREADABLE;
     }
-    std::string bits;
-    appendBits(bits, digits);
-    return bits.find('1', tagValueBits(digits)) == std::string::npos ? Soundness::SOUND
-                                                                     : Soundness::LOOSE;
+    return hexFindBit(digits, tagValueBits(digits)) >= 4 * digits.size() ? Soundness::SOUND
+                                                                         : Soundness::LOOSE;
 }
 
 bool hasKnownHeader(std::string_view digits) {

@@ -79,6 +79,15 @@ bool prepareHex(Reading& reading, std::string_view value) {
     return true;
 }
 
+std::size_t hexFindBit(std::string_view digits, std::size_t bit) {
+    for (; bit < 4 * digits.size(); ++bit) {
+        if ((hexDigitValue(digits[bit / 4]) & 8 >> bit % 4) != 0) {
+            break;
+        }
+    }
+    return bit;
+}
+
 std::size_t bytesOfHex(std::string_view digits, std::uint8_t* room) {
     hexToBytes(digits, room);
     return (digits.size() + 1) / 2;

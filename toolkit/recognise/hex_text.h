@@ -34,6 +34,9 @@ bool prepareHex(Reading& reading, std::string_view value);
 // byte.
 std::size_t bytesOfHex(std::string_view digits, std::uint8_t* room);
 
+// The first bit that is 1, from one on; the count of bits if there is none.
+std::size_t hexFindBit(std::string_view digits, std::size_t bit);
+
 } // namespace rosetag
 
 #endif

@@ -160,9 +160,12 @@ EpcStatus encodeSyntax(const EncodeCall& call, Form form, const ParsedAis* ais) 
     if (form == Form::DIGITAL_LINK) {
         return encodeLink(call, text, ais);
     }
-    return ais != nullptr && fitBrackets(*ais)
-               ? encodeText(call, elementStringOf(*ais), epc_gs1ElementStringToHexEnc)
-               : encodeText(call, text, epc_barcodeStringToHexEnc);
+    if (ais == nullptr || !fitBrackets(*ais)) {
+        return encodeText(call, text, epc_barcodeStringToHexEnc);
+    }
+    std::string& bracketed = call.reading.workspace.digits; // the value was not given as bytes
+    elementStringOf(*ais, bracketed);
+    return encodeText(call, bracketed, epc_gs1ElementStringToHexEnc);
 }
 
 // A plain scheme drops the check digit, and the library takes a wrong one in brackets and barcodes:

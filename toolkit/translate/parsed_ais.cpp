@@ -83,13 +83,18 @@ bool fitBrackets(const ParsedAis& ais) {
 
 std::string elementStringOf(const ParsedAis& ais) {
     std::string text;
+    elementStringOf(ais, text);
+    return text;
+}
+
+void elementStringOf(const ParsedAis& ais, std::string& text) {
+    text.clear();
     for (std::size_t i = 0; i < ais.list.count; ++i) {
         text += '(';
         text += aiCodeAt(ais, i);
         text += ')';
         text += aiValueAt(ais, i);
     }
-    return text;
 }
 
 } // namespace rosetag

@@ -39,6 +39,7 @@ bool fitBrackets(const ParsedAis& ais);
 
 // The AIs as a bracketed text, in their order.
 std::string elementStringOf(const ParsedAis& ais);
+void elementStringOf(const ParsedAis& ais, std::string& text);
 
 } // namespace rosetag
 

@@ -28,16 +28,6 @@ std::string counts(std::size_t bits, std::size_t given) {
     return std::to_string(bits) + " bits, not " + std::to_string(given);
 }
 
-// The first bit that is 1, from one on; the count of bits if there is none.
-std::size_t findBit(std::string_view hex, std::size_t bit) {
-    for (; bit < 4 * hex.size(); ++bit) {
-        if ((hexDigitValue(hex[bit / 4]) & 8 >> bit % 4) != 0) {
-            break;
-        }
-    }
-    return bit;
-}
-
 } // namespace
 
 void noteTagBits(Reading& reading) {
@@ -55,7 +45,7 @@ void noteTagBits(Reading& reading) {
     if (given <= bits) {
         return;
     }
-    if (const std::size_t bit = findBit(hex, bits); bit < given) {
+    if (const std::size_t bit = hexFindBit(hex, bits); bit < given) {
         warn(reading, NoteKind::TRAILING_BITS, bit / 4, [&] {
             return "bits other than 0 follow the value, which has " + counts(bits, given) +
                    ": leave out what does not belong to it";
