@@ -274,8 +274,9 @@ EpcStatus hexOfTagValue(const Reading& reading, std::string& hex) {
 EpcStatus encodeForm(const EncodeCall& call) {
     switch (call.reading.form) {
     case Form::HEX:
+        return encodeTagValue(call, call.reading.workspace.text);
     case Form::TAG_URI: {
-        std::string hex;
+        std::string& hex = call.reading.workspace.digits; // the value was not given as bytes
         EPC_TRY(hexOfTagValue(call.reading, hex));
         return encodeTagValue(call, hex);
     }
