@@ -50,7 +50,7 @@ function show(report: Report): void {
 function showCounts(counts: readonly Count[], rows: number, milliseconds: number): void {
     const failed = counts.filter((count) => count.isFailure).reduce((sum, count) => sum + count.rows, 0);
     byId("many-state").textContent =
-        `${counted(rows, "value")} in ${(milliseconds / 1000).toFixed(2)} s: ` +
+        `${counted(rows, "value")} in ${Math.max(milliseconds / 1000, 0.01).toFixed(2)} s: ` +
         `${grouped(rows - failed)} read, ${grouped(failed)} not.`;
     save.disabled = rows === 0;
     only = "";

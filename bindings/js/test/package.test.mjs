@@ -77,7 +77,7 @@ const KB = 1024;
 const modules = {
   // exports of the C library, and the most that the module may take, compressed
   "rosetag.wasm": { hasExports: true, largest: 40 * KB },
-  "core.wasm": { hasExports: false, largest: 70 * KB },
+  "core.wasm": { hasExports: false, largest: 72 * KB },
   "explain.wasm": { hasExports: false, largest: 120 * KB },
 };
 const header = readFileSync(join(root, "include/rosetag/rosetag.h"), "utf8");
