@@ -83,7 +83,7 @@ struct SerialMasks {
     std::uint64_t high;
 };
 
-constexpr auto serialMasks = [] {
+constexpr auto serialMasks = []() {
     std::array<SerialMasks, 13> masks{};
     for (std::size_t count = 1; count < masks.size(); ++count) {
         masks[count].low = count >= 8 ? all : all << (64 - 8 * count);

@@ -64,7 +64,7 @@ inline char* hexPutBytes(char* out, const std::uint8_t* bytes, std::int32_t coun
 }
 
 // -1 for a character that is not a digit.
-inline constexpr std::array<std::int8_t, 256> hexDigitValues = [] {
+inline constexpr std::array<std::int8_t, 256> hexDigitValues = []() {
     std::array<std::int8_t, 256> values{};
     values.fill(-1);
     for (std::size_t digit = 0; digit < HEX_DIGITS.size(); ++digit) {

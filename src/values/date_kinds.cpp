@@ -25,7 +25,7 @@ struct AiTime {
 };
 
 static_assert(
-    [] {
+    []() {
         for (std::size_t i = 0; i < dateKeyTable.size(); ++i) {
             if (dateKeyTable[i].dateCode != i) {
                 return false;

@@ -91,9 +91,9 @@ private:
     }
 
     DesignerList& filled;
-    ChipDesigner designer;
+    ChipDesigner designer{};
     std::string mdid;
-    ChipModel chip;
+    ChipModel chip{};
     std::string bits;
 };
 
