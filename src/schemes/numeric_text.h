@@ -64,9 +64,9 @@ ROSETAG_INLINE bool literalRead(NumericReader& reader, const Literal<size>& lite
     return true;
 }
 
-// Reads a company prefix of count digits, and decides on the partition. Eight characters can be
-// read, and so many. Its first digits are taken by themselves, as a whole word before the others
-// may not belong to the text.
+// Reads a company prefix of count digits, and decides on the partition. The text has at least
+// eight characters left, and at least count. Its first digits are taken by themselves, as a whole
+// word before the others may not belong to the text.
 ROSETAG_INLINE bool numericReadPrefix(NumericReader& reader, std::ptrdiff_t count,
                                       NumericIdentity& identity) {
     constexpr std::ptrdiff_t most = companyPrefixSizes.front().digits;
@@ -86,8 +86,8 @@ ROSETAG_INLINE bool numericReadPrefix(NumericReader& reader, std::ptrdiff_t coun
     return true;
 }
 
-// Reads the digits of a reference, which the company prefix has left of size digits, and which end
-// at end.
+// Reads the digits of a reference: those that the company prefix leaves of size digits. They end at
+// end.
 template <std::int32_t size>
 ROSETAG_INLINE void numericReadReference(NumericReader& reader, const char* end,
                                          NumericIdentity& identity) {

@@ -170,8 +170,7 @@ bool numericTagUriToBits(std::string_view text, BitBuffer& bits) {
     const char* const body = text.data() + headLength + filterLength;
     std::uint32_t filter = 0;
     if constexpr (uriHasFilter<scheme>) {
-        filter =
-            static_cast<std::uint32_t>(body[-2]) - '0'; // of no digit above any that is written
+        filter = static_cast<std::uint32_t>(body[-2]) - '0'; // a non-digit is above every limit
         if (body[-1] != '.') {
             return false;
         }

@@ -56,8 +56,8 @@ struct SchemeWordTable {
     std::array<EpcScheme, 1 << SCHEME_WORD_HASH_BITS> schemes; // any in an empty slot
     SchemeArray<SchemeWordRow> rows;
 
-    // Seven characters are looked up: the names differ in them, and those of all schemes with tag
-    // URIs have so many, with the ":" after them.
+    // Seven characters are looked up: the names differ in them, and every scheme with tag URIs
+    // has at least seven, the ":" after its name included.
     constexpr std::size_t slotOf(std::uint64_t first) const {
         return static_cast<std::size_t>((first << 8) * factor >> (64 - SCHEME_WORD_HASH_BITS));
     }
