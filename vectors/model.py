@@ -31,20 +31,51 @@ KEYED = {
     "sgcn-96": (0x3F, 12, 41, "one 41"), "itip-110": (0x40, 13, 44, "number 38"),
     "itip-212": (0x41, 13, 44, "text 20"),
 }
-# The reference is a number or text of any length.
+# The reference has any length. Header, bits of prefix and reference together, and what the reference
+# is beside a prefix of 12 digits: a number, text of 7 bits a character or of 6 with an end.
 OPEN = {
-    "giai-96": (0x34, 82, ""), "giai-202": (0x38, 188, ""), "cpi-96": (0x3C, 51, "number 31"),
-    "cpi-var": (0x3D, 0, "number 40"),
+    "giai-96": (0x34, 82, "open 42", ""), "giai-202": (0x38, 188, "text 18", ""),
+    "cpi-96": (0x3C, 51, "open 11", "number 31"), "cpi-var": (0x3D, 0, "six", "open 40"),
 }
-NO_KEY = {"gid-96": 0x35, "usdod-96": 0x2F, "adi-var": 0x3B}
+# No GS1 form: header, filters, and bodies of URIs at the borders of their fields.
+NO_KEY = {
+    "gid-96": (0x35, [None], [
+        "0.0.0", "268435455.16777215.68719476735", "31415.271828.1414",
+    ]),
+    "usdod-96": (0x2F, [0, 7, 14], ["CAGEY.0", "2S194.68719476735", "DODAAC.12345"]),
+    "adi-var": (0x3B, [0, 31, 63], [
+        "35962.PQ7VZ4.M37GXB92", "W81X9C..%2312345", "1AAAA.%2F.A", "35962..ABC",
+    ]),
+}
 PREFIX_BITS = [40, 37, 34, 30, 27, 24, 20]  # by partition value
 
-# Plus schemes: header and the AIs of the key.
+# Plus schemes: header, the AIs of the key, and texts at the borders of their fields.
 PLUS = {
-    "sgtin+": (0xF7, "01 21"), "dsgtin+": (0xFB, "01 21"), "sscc+": (0xF9, "00"),
-    "sgln+": (0xF2, "414 254"), "grai+": (0xF1, "8003"), "giai+": (0xFA, "8004"),
-    "gsrn+": (0xF4, "8018"), "gsrnp+": (0xF5, "8017"), "gdti+": (0xF6, "253"),
-    "cpi+": (0xF0, "8010 8011"), "sgcn+": (0xF8, "255"), "itip+": (0xF3, "8006 21"),
+    "sgtin+": (0xF7, "01 21", [
+        "(01)80614141123458(21)6789", "(01)80614141123458(21)a/b(10)LOT7(17)251231",
+    ]),
+    "dsgtin+": (0xFB, "01 21", [
+        "(01)80614141123458(21)6789(17)251231", "(01)80614141123458(21)ABC(11)240229(10)LOT",
+        "(01)80614141123458(21)1(15)260400", "(01)80614141123458(21)1(7007)240101",
+    ]),
+    "sscc+": (0xF9, "00", [
+        "(00)106141412345678908", "(00)106141412345678908(02)80614141123458(37)12",
+    ]),
+    "sgln+": (0xF2, "414 254", ["(414)0614141123452(254)5678", "(414)0614141123452(254)a/b"]),
+    "grai+": (0xF1, "8003", [
+        "(8003)006141411234525678", "(8003)00614141123452A/b", "(8003)00614141123452",
+    ]),
+    "giai+": (0xFA, "8004", ["(8004)061414112345", "(8004)0614141ABC/d", "(8004)0614141Z"]),
+    "gsrn+": (0xF4, "8018", ["(8018)061414112345678902"]),
+    "gsrnp+": (0xF5, "8017", ["(8017)061414112345678902"]),
+    "gdti+": (0xF6, "253", [
+        "(253)06141411234525678", "(253)0614141123452ABC", "(253)0614141123452",
+    ]),
+    "cpi+": (0xF0, "8010 8011", ["(8010)0614141123(8011)12345", "(8010)0614141PQ7/Z43(8011)0"]),
+    "sgcn+": (0xF8, "255", ["(255)061414112345204711", "(255)0614141123452"]),
+    "itip+": (0xF3, "8006 21", [
+        "(8006)806141411234580102(21)981", "(8006)806141411234580102(21)a/b(10)L",
+    ]),
 }
 DATE_AIS = ["11", "13", "15", "16", "17", "7006", "7007"]  # by the date type of dsgtin+
 
@@ -270,7 +301,7 @@ def follows(bits: Bits, what: str) -> list[str]:
     if kind == "text":
         return [unescaped_end(bits, int(size))]
     number = str(bits.take(int(size)))
-    return [number if kind == "number" else number[1:]]
+    return [number[1:] if kind == "one" else number]
 
 
 def plain_item(bits: Bits, scheme: str) -> Item:
@@ -292,10 +323,10 @@ def plain_item(bits: Bits, scheme: str) -> Item:
         pieces = [bits.digits(2, 7), bits.digits(2, 7)] if family == "itip" else []
         parts = [prefix, reference, *pieces, *follows(bits, rest)]
     else:
-        _, size, rest = OPEN[scheme]
+        _, size, what, rest = OPEN[scheme]
         left = size - PREFIX_BITS[partition]
-        reference = (six_bits(bits) if scheme == "cpi-var" else unescaped_end(bits, left // 7)
-                     if scheme == "giai-202" else str(bits.take(left)))
+        reference = (six_bits(bits) if what == "six" else unescaped_end(bits, left // 7)
+                     if what.startswith("text") else str(bits.take(left)))
         parts = [prefix, reference, *follows(bits, rest)]
     return Item(keyed_ais(family, parts), scheme, filter, parts, prefix)
 
@@ -310,8 +341,7 @@ def plus_item(bits: Bits, scheme: str) -> Item:
     return Item(ais, scheme, filter)
 
 
-HEADERS = {row[0]: name for table in (KEYED, OPEN, PLUS) for name, row in table.items()}
-HEADERS |= {header: name for name, header in NO_KEY.items()}
+HEADERS = {row[0]: name for table in (KEYED, OPEN, NO_KEY, PLUS) for name, row in table.items()}
 
 
 def item_of_hex(hex: str) -> tuple[Item, Bits]:
