@@ -19,6 +19,21 @@ EpcStatus bitsToGs1Text(BitBuffer& bits, std::int32_t dstSize, char* dst,
 
 EpcStatus bitsToAIs(BitBuffer& bits, const AiRows& rows);
 
+// A usual text of a numeric scheme.
+ROSETAG_INLINE ShortValue gs1TextToShortValue(TextToBinary TagSchemeOps::*slot,
+                                              std::string_view text, EpcScheme scheme,
+                                              const EncodeArguments& arguments) {
+    if (!tagSchemeIsKnown(scheme)) {
+        return {};
+    }
+    const TagSchemeOps& row = tagSchemeTable[scheme];
+    const NumericTextToValue operation = (row.*slot).numeric;
+    if (operation == nullptr) {
+        return {};
+    }
+    return {operation(text, arguments.filter, arguments.gcpLength), row.numericBytes};
+}
+
 // The text of the slot to a binary value, padded to a word.
 inline EpcStatus gs1TextToBits(BitBuffer& bits, TextToBinary TagSchemeOps::*slot,
                                std::string_view text, EpcScheme scheme,
@@ -34,9 +49,12 @@ inline EpcStatus gs1TextToBits(BitBuffer& bits, TextToBinary TagSchemeOps::*slot
     if (row.info.filterLimit > 0 && arguments.filter >= row.info.filterLimit) {
         return EPC_ERR_FILTER_LIMIT;
     }
-    const TextToBinary operation = row.*slot;
+    const GeneralTextToBinary operation = (row.*slot).general;
     if (operation == nullptr) {
         return EPC_ERR_NOT_SUPPORTED;
+    }
+    if (shortValueToBits(gs1TextToShortValue(slot, text, scheme, arguments), bits)) {
+        return EPC_OK;
     }
     TextCursor cursor = textCursorOver(text);
     EPC_TRY(operation(row, cursor, bits, arguments));

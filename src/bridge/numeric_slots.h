@@ -310,24 +310,22 @@ ROSETAG_INLINE bool numericReadGs1Fields(NumericReader& reader, std::int32_t pre
     return (numericReadGs1Field<scheme, syntax, index>(reader, prefixDigits, identity) && ...);
 }
 
-// Reads a whole text and consumes it.
+// The slot that reads a whole text.
 template <EpcScheme scheme, Gs1Syntax syntax>
-ROSETAG_INLINE bool numericGs1TextToBits(TextCursor& cursor, BitBuffer& bits,
-                                         const EncodeArguments& arguments) {
-    NumericReader reader = {cursor.current, textCursorEnd(cursor)};
+ValueEnds numericGs1TextToValue(std::string_view text, std::int32_t filter,
+                                std::int32_t gcpLength) {
+    NumericReader reader = {text.data(), text.data() + text.size()};
     NumericIdentity identity;
-    identity.filter = static_cast<std::uint32_t>(arguments.filter);
-    if (!literalRead(reader, keyLiteral<scheme, syntax>) ||
-        !numericReadGs1Fields<scheme, syntax>(reader, arguments.gcpLength, identity,
-                                              NumericFieldSequence<scheme>()) ||
-        !numericReadAll(reader) || !numericToBits<scheme>(identity, bits)) {
-        return false;
-    }
-    cursor.current = reader.end;
-    return true;
+    identity.filter = static_cast<std::uint32_t>(filter);
+    return literalRead(reader, keyLiteral<scheme, syntax>) &&
+                   numericReadGs1Fields<scheme, syntax>(reader, gcpLength, identity,
+                                                        NumericFieldSequence<scheme>()) &&
+                   numericReadAll(reader)
+               ? numericToValue<scheme>(identity)
+               : NO_VALUE;
 }
 
-// ---- The slots, each with the general one that takes what is unusual ----
+// ---- The slots to texts, each with the general one that takes what is unusual ----
 
 template <EpcScheme scheme, Gs1Syntax syntax, BinaryToText general>
 EpcStatus numericBinaryToGs1Text(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text) {
@@ -337,14 +335,6 @@ EpcStatus numericBinaryToGs1Text(const TagSchemeOps& row, BitBuffer& bits, TextB
 template <EpcScheme scheme>
 EpcStatus numericBinaryToAIs(const TagSchemeOps& row, BitBuffer& bits, const AiRows& rows) {
     return numericBitsToAIs<scheme>(bits, rows) ? EPC_OK : plainBinaryToAIs(row, bits, rows);
-}
-
-template <EpcScheme scheme, Gs1Syntax syntax, TextToBinary general>
-EpcStatus numericGs1TextToBinary(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
-                                 const EncodeArguments& arguments) {
-    return numericGs1TextToBits<scheme, syntax>(cursor, bits, arguments)
-               ? EPC_OK
-               : general(row, cursor, bits, arguments);
 }
 
 } // namespace rosetag

@@ -39,6 +39,11 @@ ROSETAG_INLINE void bytesStore(void* bytes, Number value) {
     std::memcpy(bytes, &value, sizeof value);
 }
 
+// A number as its bytes are in memory, the most significant first; and back.
+ROSETAG_INLINE constexpr std::uint64_t bytesInMemory(std::uint64_t value) {
+    return std::endian::native == std::endian::big ? value : bytesSwapped(value);
+}
+
 inline std::uint64_t loadBigEndian(const std::uint8_t* bytes) {
     return bytesLoad<std::endian::big, std::uint64_t>(bytes);
 }

@@ -7,8 +7,8 @@
 #define ROSETAG_CORE_FRAMES_H
 
 #include "core/bit_buffer.h"
-#include "core/hex_digits.h"
 #include "core/hex_words.h"
+#include "core/short_value.h"
 #include "core/text_buffer.h"
 #include "core/text_cursor.h"
 
@@ -66,8 +66,8 @@ EpcStatus binaryOutputFrame(std::int32_t maxBytes, std::uint8_t* out, std::int32
 }
 
 template <typename Work, typename... Arguments>
-ROSETAG_INLINE EpcStatus hexOutputFrame(std::int32_t dstSize, char* dst, Work work,
-                                        const Arguments&... arguments) {
+EpcStatus hexOutputFrame(std::int32_t dstSize, char* dst, Work work,
+                         const Arguments&... arguments) {
     std::uint8_t binary[MAX_BINARY_BYTES];
     BitBuffer bits = bitBufferForWriting(binary, MAX_BINARY_BYTES);
     EPC_TRY(work(bits, arguments...));
@@ -78,6 +78,22 @@ ROSETAG_INLINE EpcStatus hexOutputFrame(std::int32_t dstSize, char* dst, Work wo
     }
     TextBuffer text = textBufferOver(dst, dstSize);
     return textBufferPutHex(text, binary, byteCount);
+}
+
+// The same after an attempt without a buffer; what is only needed if that fails stands apart.
+// shortcut: ShortValue(arguments...)
+template <typename Work, typename... Arguments>
+[[gnu::noinline]] EpcStatus hexOutputFrameApart(std::int32_t dstSize, char* dst, Work work,
+                                                Arguments... arguments) {
+    return hexOutputFrame(dstSize, dst, work, arguments...);
+}
+
+template <typename Shortcut, typename Work, typename... Arguments>
+ROSETAG_INLINE EpcStatus shortHexOutputFrame(std::int32_t dstSize, char* dst, Shortcut shortcut,
+                                             Work work, const Arguments&... arguments) {
+    return shortValueToHex(shortcut(arguments...), dstSize, dst)
+               ? EPC_OK
+               : hexOutputFrameApart(dstSize, dst, work, arguments...);
 }
 
 template <typename Work, typename... Arguments>

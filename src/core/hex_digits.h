@@ -4,6 +4,8 @@
 #ifndef ROSETAG_CORE_HEX_DIGITS_H
 #define ROSETAG_CORE_HEX_DIGITS_H
 
+#include "core/byte_vector.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -39,28 +41,16 @@ inline char* hexPutPair(char* out, std::uint8_t byte) {
     return out + 2;
 }
 
-// The same of byteCount bytes.
-template <std::size_t byteCount>
-inline char* hexPutBytes(char* out, const std::uint8_t* bytes) {
-    for (std::size_t i = 0; i < byteCount; ++i) {
-        hexPutPair(out + 2 * i, bytes[i]);
-    }
-    return out + 2 * byteCount;
-}
+constexpr std::int32_t HEX_WORD_BYTES = 8;
 
-// The same of count bytes. Most values have 96 bits: unrolled they take half the instructions.
-inline char* hexPutBytes(char* out, const std::uint8_t* bytes, std::int32_t count) {
-    if (count == 96 / 8) {
-        return hexPutBytes<96 / 8>(out, bytes);
-    }
-    const std::uint8_t* const end = bytes + count;
-    for (; end - bytes >= 4; bytes += 4) {
-        out = hexPutBytes<4>(out, bytes);
-    }
-    while (bytes < end) {
-        out = hexPutPair(out, *bytes++);
-    }
-    return out;
+// Writes the sixteen digits of eight bytes, as they are in memory.
+ROSETAG_INLINE void hexPutWord(char* out, std::uint64_t bytes) {
+    constexpr std::uint8_t afterNine = 'A' - '0' - 10;
+    const ByteVector digits =
+        byteVectorMerge(byteVectorOf(bytes >> 4, 0), byteVectorOf(bytes, 0)) & 15;
+    const auto isLetter =
+        reinterpret_cast<ByteVector>(reinterpret_cast<SignedByteVector>(digits) > 9);
+    byteVectorStore(out, digits + '0' + (isLetter & afterNine));
 }
 
 // -1 for a character that is not a digit.

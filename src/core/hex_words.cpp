@@ -5,32 +5,49 @@
 
 namespace rosetag {
 
-// Converts the digits of as many bytes as a number has, two digits each. False if one of the
-// characters is not a digit. The bytes are stored at once, as wide as they will be read: a load
-// that spans several recent stores would have to wait for them.
-template <typename Number>
-static bool takeBytes(std::string_view& hex, std::uint8_t*& bytes) {
-    Number number = 0;
-    std::int32_t values = 0;
-    for (std::size_t i = 0; i < sizeof number; ++i) {
-        const std::int32_t value = hexPairValue(hex[2 * i], hex[2 * i + 1]);
-        number |= static_cast<Number>(static_cast<std::uint8_t>(value)) << (8 * i);
-        values |= value;
-    }
-    bytesStore<std::endian::little>(bytes, number);
-    bytes += sizeof number;
-    hex.remove_prefix(2 * sizeof number);
-    return values >= 0;
+// Converts sixteen digits to eight bytes, in the order of memory. False if one of the characters is
+// not a digit.
+ROSETAG_INLINE bool hexTakeWord(const char* hex, std::uint64_t& bytes) {
+    constexpr std::uint8_t toLower = 'a' - 'A';
+    const ByteVector characters = byteVectorLoad(hex);
+    const ByteVector digits = characters - '0';
+    const ByteVector letters = (characters | toLower) - 'a';
+    const auto isDigit = reinterpret_cast<ByteVector>(digits <= 9);
+    const auto isLetter = reinterpret_cast<ByteVector>(letters <= 5);
+    const ByteVector values = (digits & isDigit) | ((letters + 10) & isLetter);
+    const WordVector known = wordVectorOf(isDigit | isLetter);
+    bytes = byteVectorEven(values) << 4 | byteVectorOdd(values);
+    return (known[0] & known[1]) == ~std::uint64_t{0};
 }
 
+// The later half of a word in memory, where it is the first.
+constexpr std::uint64_t laterHalf(std::uint64_t word) {
+    return std::endian::native == std::endian::big ? word << 32 : word >> 32;
+}
+
+// Bytes are stored as wide as they will be read: a load that spans several recent stores would have
+// to wait for them. So eight digits after others are converted together with those before them, but
+// stored alone.
 EpcStatus hexToBytes(std::string_view hex, std::uint8_t* bytes) {
-    while (hex.size() >= 16) {
-        if (!takeBytes<std::uint64_t>(hex, bytes)) {
+    constexpr std::size_t wordDigits = 2 * HEX_WORD_BYTES;
+    constexpr std::size_t halfDigits = wordDigits / 2;
+    const bool isLong = BYTE_VECTORS && hex.size() >= wordDigits;
+    std::uint64_t word = 0;
+    for (; BYTE_VECTORS && hex.size() >= wordDigits; bytes += HEX_WORD_BYTES) {
+        if (!hexTakeWord(hex.data(), word)) {
             return EPC_ERR_NO_ROOM;
         }
+        std::memcpy(bytes, &word, HEX_WORD_BYTES);
+        hex.remove_prefix(wordDigits);
     }
-    if (hex.size() >= 8 && !takeBytes<std::uint32_t>(hex, bytes)) {
-        return EPC_ERR_NO_ROOM;
+    if (isLong && hex.size() >= halfDigits) {
+        if (!hexTakeWord(hex.data() - halfDigits, word)) {
+            return EPC_ERR_NO_ROOM;
+        }
+        word = laterHalf(word);
+        std::memcpy(bytes, &word, HEX_WORD_BYTES / 2);
+        bytes += HEX_WORD_BYTES / 2;
+        hex.remove_prefix(halfDigits);
     }
     const std::size_t wholeBytes = hex.size() / 2;
     for (std::size_t i = 0; i < wholeBytes; ++i) {
@@ -49,6 +66,23 @@ EpcStatus hexToBytes(std::string_view hex, std::uint8_t* bytes) {
     }
     bytes[wholeBytes] = static_cast<std::uint8_t>(high * 16);
     return EPC_OK;
+}
+
+// Where words leave bytes over, the last one takes some bytes again.
+char* hexPutBytes(char* out, const std::uint8_t* bytes, std::int32_t count) {
+    const std::uint8_t* const end = bytes + count;
+    if (!BYTE_VECTORS || count < HEX_WORD_BYTES) {
+        while (bytes < end) {
+            out = hexPutPair(out, *bytes++);
+        }
+        return out;
+    }
+    for (; end - bytes > HEX_WORD_BYTES; bytes += HEX_WORD_BYTES, out += 2 * HEX_WORD_BYTES) {
+        hexPutWord(out, bytesLoad<std::endian::native, std::uint64_t>(bytes));
+    }
+    out -= 2 * (HEX_WORD_BYTES - (end - bytes));
+    hexPutWord(out, bytesLoad<std::endian::native, std::uint64_t>(end - HEX_WORD_BYTES));
+    return out + 2 * HEX_WORD_BYTES;
 }
 
 EpcStatus bytesToWords(const std::uint8_t* bytes, std::uint32_t count, std::uint16_t* words) {

@@ -21,6 +21,9 @@ constexpr std::int32_t MAX_BINARY_WORDS = MAX_BINARY_BYTES / 2;
 // rounded up.
 EpcStatus hexToBytes(std::string_view hex, std::uint8_t* bytes);
 
+// Writes two upper-case digits a byte, and returns where they end.
+char* hexPutBytes(char* out, const std::uint8_t* bytes, std::int32_t count);
+
 // Above MAX_BINARY_BYTES or MAX_BINARY_WORDS: EPC_ERR_TOO_LONG, nothing written.
 EpcStatus bytesToWords(const std::uint8_t* bytes, std::uint32_t count, std::uint16_t* words);
 EpcStatus wordsToBytes(const std::uint16_t* words, std::uint32_t count, std::uint8_t* bytes);

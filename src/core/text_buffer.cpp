@@ -2,6 +2,7 @@
 
 #include "core/char_scan.h"
 #include "core/hex_digits.h"
+#include "core/hex_words.h"
 
 #include <algorithm>
 #include <cstring>

@@ -25,15 +25,17 @@ EpcStatus epc_barcodeStringToBinaryEnc(const char* text, EpcScheme scheme, std::
 
 EpcStatus epc_barcodeStringToHex(const char* text, EpcScheme scheme, std::int32_t filter,
                                  std::int32_t gcpLength, std::int32_t dstSize, char* dst) {
-    return hexOutputFrame(dstSize, dst, gs1TextToBits, BARCODE_STRING, text, scheme,
-                          EncodeArguments{filter, gcpLength, AI_ENC_AUTO});
+    return shortHexOutputFrame(dstSize, dst, gs1TextToShortValue, gs1TextToBits, BARCODE_STRING,
+                               std::string_view(text), scheme,
+                               EncodeArguments{filter, gcpLength, AI_ENC_AUTO});
 }
 
 EpcStatus epc_barcodeStringToHexEnc(const char* text, EpcScheme scheme, std::int32_t filter,
                                     std::int32_t gcpLength, std::int32_t encoding,
                                     std::int32_t dstSize, char* dst) {
-    return hexOutputFrame(dstSize, dst, gs1TextToBits, BARCODE_STRING, text, scheme,
-                          EncodeArguments{filter, gcpLength, encoding});
+    return shortHexOutputFrame(dstSize, dst, gs1TextToShortValue, gs1TextToBits, BARCODE_STRING,
+                               std::string_view(text), scheme,
+                               EncodeArguments{filter, gcpLength, encoding});
 }
 
 EpcStatus epc_barcodeStringToWords(const char* text, EpcScheme scheme, std::int32_t filter,
@@ -68,15 +70,17 @@ EpcStatus epc_digitalLinkToBinaryEnc(const char* text, EpcScheme scheme, std::in
 
 EpcStatus epc_digitalLinkToHex(const char* text, EpcScheme scheme, std::int32_t filter,
                                std::int32_t gcpLength, std::int32_t dstSize, char* dst) {
-    return hexOutputFrame(dstSize, dst, gs1TextToBits, DIGITAL_LINK, text, scheme,
-                          EncodeArguments{filter, gcpLength, AI_ENC_AUTO});
+    return shortHexOutputFrame(dstSize, dst, gs1TextToShortValue, gs1TextToBits, DIGITAL_LINK,
+                               std::string_view(text), scheme,
+                               EncodeArguments{filter, gcpLength, AI_ENC_AUTO});
 }
 
 EpcStatus epc_digitalLinkToHexEnc(const char* text, EpcScheme scheme, std::int32_t filter,
                                   std::int32_t gcpLength, std::int32_t encoding,
                                   std::int32_t dstSize, char* dst) {
-    return hexOutputFrame(dstSize, dst, gs1TextToBits, DIGITAL_LINK, text, scheme,
-                          EncodeArguments{filter, gcpLength, encoding});
+    return shortHexOutputFrame(dstSize, dst, gs1TextToShortValue, gs1TextToBits, DIGITAL_LINK,
+                               std::string_view(text), scheme,
+                               EncodeArguments{filter, gcpLength, encoding});
 }
 
 EpcStatus epc_digitalLinkToWords(const char* text, EpcScheme scheme, std::int32_t filter,
@@ -111,15 +115,17 @@ EpcStatus epc_gs1ElementStringToBinaryEnc(const char* text, EpcScheme scheme, st
 
 EpcStatus epc_gs1ElementStringToHex(const char* text, EpcScheme scheme, std::int32_t filter,
                                     std::int32_t gcpLength, std::int32_t dstSize, char* dst) {
-    return hexOutputFrame(dstSize, dst, gs1TextToBits, ELEMENT_STRING, text, scheme,
-                          EncodeArguments{filter, gcpLength, AI_ENC_AUTO});
+    return shortHexOutputFrame(dstSize, dst, gs1TextToShortValue, gs1TextToBits, ELEMENT_STRING,
+                               std::string_view(text), scheme,
+                               EncodeArguments{filter, gcpLength, AI_ENC_AUTO});
 }
 
 EpcStatus epc_gs1ElementStringToHexEnc(const char* text, EpcScheme scheme, std::int32_t filter,
                                        std::int32_t gcpLength, std::int32_t encoding,
                                        std::int32_t dstSize, char* dst) {
-    return hexOutputFrame(dstSize, dst, gs1TextToBits, ELEMENT_STRING, text, scheme,
-                          EncodeArguments{filter, gcpLength, encoding});
+    return shortHexOutputFrame(dstSize, dst, gs1TextToShortValue, gs1TextToBits, ELEMENT_STRING,
+                               std::string_view(text), scheme,
+                               EncodeArguments{filter, gcpLength, encoding});
 }
 
 EpcStatus epc_gs1ElementStringToWords(const char* text, EpcScheme scheme, std::int32_t filter,

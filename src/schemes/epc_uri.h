@@ -41,16 +41,22 @@ EpcStatus tagUriReadFilter(TextCursor& cursor, const TagSchemeInfo& info, std::u
 // What tagUriToBits does field by field.
 EpcStatus tagUriToBitsByFields(BitBuffer& bits, std::string_view text);
 
-inline EpcStatus tagUriToBits(BitBuffer& bits, std::string_view text) {
+// A usual tag URI of a numeric scheme.
+ROSETAG_INLINE ShortValue tagUriToShortValue(std::string_view text) {
     constexpr std::size_t prefixSize = TAG_URI_PREFIX.size();
     if (text.size() >= prefixSize + SCAN_WIDTH) {
         const EpcScheme scheme = schemeGuess(loadCharacters(text.data() + prefixSize));
-        const NumericTagUriToBits operation = tagSchemeTable[scheme].numericTagUriToBits;
-        if (operation != nullptr && operation(text, bits)) {
-            return EPC_OK;
+        const TagSchemeOps& row = tagSchemeTable[scheme];
+        if (row.numericTagUriToValue != nullptr) {
+            return {row.numericTagUriToValue(text), row.numericBytes};
         }
     }
-    return tagUriToBitsByFields(bits, text);
+    return {};
+}
+
+inline EpcStatus tagUriToBits(BitBuffer& bits, std::string_view text) {
+    return shortValueToBits(tagUriToShortValue(text), bits) ? EPC_OK
+                                                            : tagUriToBitsByFields(bits, text);
 }
 
 } // namespace rosetag

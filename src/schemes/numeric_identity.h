@@ -11,6 +11,7 @@
 
 #include "core/bit_buffer.h"
 #include "core/digit_words.h"
+#include "core/short_value.h"
 #include "schemes/scheme_table.h"
 
 #include <utility>
@@ -144,16 +145,13 @@ ROSETAG_INLINE ValueBits valueBitsLoad(const std::uint8_t* bytes) {
 }
 
 template <std::int32_t byteCount>
-ROSETAG_INLINE void valueBitsStore(std::uint8_t* bytes, const ValueBits& bits) {
+ROSETAG_INLINE ValueEnds valueBitsEnds(const ValueBits& bits) {
     if constexpr (byteCount == 16) {
-        storeBigEndian(bytes + 8, bits.low);
-    } else if constexpr (byteCount == 12) {
-        bytesStore<std::endian::big>(bytes + 8, static_cast<std::uint32_t>(bits.low >> 32));
+        return {bits.high, bits.low};
     } else {
-        storeBigEndian(bytes + byteCount - 8, bits.high << (8 * byteCount - WORD_BITS) |
-                                                  bits.low >> (128 - 8 * byteCount));
+        return {bits.high,
+                bits.high << (8 * byteCount - WORD_BITS) | bits.low >> (128 - 8 * byteCount)};
     }
-    storeBigEndian(bytes, bits.high);
 }
 
 // The bits of the reference after a company prefix of this partition.
@@ -267,19 +265,22 @@ ROSETAG_INLINE bool numericFromBits(const BitBuffer& bits, NumericIdentity& iden
                                      NumericFieldSequence<scheme>());
 }
 
-// Writes a whole value from bit 0 on, padded to a word.
+// The bytes of a value that is padded to a word.
 template <EpcScheme scheme>
-ROSETAG_INLINE bool numericToBits(const NumericIdentity& identity, BitBuffer& bits) {
-    constexpr std::int32_t byteCount = (numericBits<scheme> + 15) / 16 * 2;
+inline constexpr std::int32_t numericBytes = (numericBits<scheme> + 15) / 16 * 2;
+
+// What a reader of text gives if it leaves the text to the general one. No header is 0.
+constexpr ValueEnds NO_VALUE = {};
+
+// Makes a whole value, padded to a word.
+template <EpcScheme scheme>
+ROSETAG_INLINE ValueEnds numericToValue(const NumericIdentity& identity) {
+    static_assert(schemeRows[scheme].header != 0);
     ValueBits value = {std::uint64_t{schemeRows[scheme].header} << (WORD_BITS - TAG_HEADER_BITS),
                        0};
-    if (bits.capacity < byteCount * 8 ||
-        !numericPutFields<scheme>(value, identity, NumericFieldSequence<scheme>())) {
-        return false;
-    }
-    valueBitsStore<byteCount>(bits.bytes, value);
-    bits.position = byteCount * 8;
-    return true;
+    return numericPutFields<scheme>(value, identity, NumericFieldSequence<scheme>())
+               ? valueBitsEnds<numericBytes<scheme>>(value)
+               : NO_VALUE;
 }
 
 } // namespace rosetag

@@ -146,36 +146,37 @@ ROSETAG_INLINE bool numericReadUriFields(NumericReader& reader, NumericIdentity&
     return (numericReadUriField<scheme, index>(reader, body, identity) && ...);
 }
 
-// Reads the body of a URI, which has the least length or more, and writes the whole value. Before
-// the body there is room for a word.
+// Reads the body of a URI, which has the least length or more. Before the body there is room for a
+// word.
 template <EpcScheme scheme>
-ROSETAG_INLINE bool numericUriBodyToBits(NumericReader reader, std::uint32_t filter,
-                                         BitBuffer& bits) {
+ROSETAG_INLINE ValueEnds numericUriBodyToValue(NumericReader reader, std::uint32_t filter) {
     NumericIdentity identity;
     identity.filter = filter;
     return numericReadUriFields<scheme>(reader, identity, NumericFieldSequence<scheme>()) &&
-           numericReadAll(reader) && numericToBits<scheme>(identity, bits);
+                   numericReadAll(reader)
+               ? numericToValue<scheme>(identity)
+               : NO_VALUE;
 }
 
 // Reads a tag URI, also one that turns out to be of another scheme.
 template <EpcScheme scheme>
-bool numericTagUriToBits(std::string_view text, BitBuffer& bits) {
+ValueEnds numericTagUriToValue(std::string_view text) {
     constexpr std::size_t headLength = sizeof uriHead<scheme, UriForm::TAG>;
     constexpr std::size_t filterLength = uriHasFilter<scheme> ? 2 : 0;
     constexpr auto bodyLength = static_cast<std::size_t>(uriBodyLeastLength(schemeRows[scheme]));
     if (text.size() < headLength + filterLength + bodyLength ||
         std::memcmp(text.data(), uriHead<scheme, UriForm::TAG>.characters, headLength) != 0) {
-        return false;
+        return NO_VALUE;
     }
     const char* const body = text.data() + headLength + filterLength;
     std::uint32_t filter = 0;
     if constexpr (uriHasFilter<scheme>) {
         filter = static_cast<std::uint32_t>(body[-2]) - '0'; // a non-digit is above every limit
         if (body[-1] != '.') {
-            return false;
+            return NO_VALUE;
         }
     }
-    return numericUriBodyToBits<scheme>({body, text.data() + text.size()}, filter, bits);
+    return numericUriBodyToValue<scheme>({body, text.data() + text.size()}, filter);
 }
 
 // The slot that reads the body of either URI. A body at the beginning of its text has no word
@@ -184,8 +185,11 @@ template <EpcScheme scheme>
 EpcStatus numericWriteBody(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits) {
     const char* const end = textCursorEnd(cursor);
     if (cursor.current - cursor.begin < WORD_DIGITS ||
-        end - cursor.current < uriBodyLeastLength(schemeRows[scheme]) ||
-        !numericUriBodyToBits<scheme>({cursor.current, end}, filter, bits)) {
+        end - cursor.current < uriBodyLeastLength(schemeRows[scheme])) {
+        return schemeWriteBody<scheme>(cursor, filter, bits);
+    }
+    const ValueEnds ends = numericUriBodyToValue<scheme>({cursor.current, end}, filter);
+    if (!shortValueToBits({ends, numericBytes<scheme>}, bits)) {
         return schemeWriteBody<scheme>(cursor, filter, bits);
     }
     cursor.current = end;

@@ -4,7 +4,7 @@
 #ifndef ROSETAG_SCHEMES_TAG_SCHEME_H
 #define ROSETAG_SCHEMES_TAG_SCHEME_H
 
-#include "core/bit_buffer.h"
+#include "core/short_value.h"
 #include "core/text_buffer.h"
 #include "core/text_cursor.h"
 #include "schemes/tag_scheme_info.h"
@@ -33,7 +33,7 @@ struct TagSchemeOps;
 // The slots of a row. All but those of URI bodies are passed their own row, so that it is looked up
 // only once. Binary slots start after the header.
 using NumericBitsToUri = bool (*)(BitBuffer& bits, TextBuffer& text, UriForm form);
-using NumericTagUriToBits = bool (*)(std::string_view text, BitBuffer& bits);
+using NumericTagUriToValue = ValueEnds (*)(std::string_view text);
 using BinaryToUriBody = EpcStatus (*)(BitBuffer& bits, TextBuffer& text, UriForm form);
 using BinaryToText = EpcStatus (*)(const TagSchemeOps& row, BitBuffer& bits, TextBuffer& text);
 using BinaryToAIs = EpcStatus (*)(const TagSchemeOps& row, BitBuffer& bits, const AiRows& rows);
@@ -41,23 +41,33 @@ using BinaryToAIs = EpcStatus (*)(const TagSchemeOps& row, BitBuffer& bits, cons
 // Text slots write from position 0 on, header included, and leave the cursor after what they have
 // consumed. The cursor of a URI body starts after the filter, that of a GS1 text at its beginning.
 using UriBodyToBinary = EpcStatus (*)(TextCursor& cursor, std::uint32_t filter, BitBuffer& bits);
-using TextToBinary = EpcStatus (*)(const TagSchemeOps& row, TextCursor& cursor, BitBuffer& bits,
-                                   const EncodeArguments& arguments);
+using GeneralTextToBinary = EpcStatus (*)(const TagSchemeOps& row, TextCursor& cursor,
+                                          BitBuffer& bits, const EncodeArguments& arguments);
+
+// Of a numeric scheme, reads a usual text as a whole; it gives {} if the general slot has to.
+using NumericTextToValue = ValueEnds (*)(std::string_view text, std::int32_t filter,
+                                         std::int32_t gcpLength);
+
+struct TextToBinary {
+    GeneralTextToBinary general = nullptr;
+    NumericTextToValue numeric = nullptr; // tried first
+};
 
 struct TagSchemeOps {
     const TagSchemeInfo& info;
     const Gs1KeyDefinition* key;                 // of the family, or null if it has none
-    NumericBitsToUri numericBitsToUri = nullptr; // both: numeric schemes only, tried first
-    NumericTagUriToBits numericTagUriToBits = nullptr;
+    std::int32_t numericBytes = 0;               // of a value; this and the next two:
+    NumericBitsToUri numericBitsToUri = nullptr; // numeric schemes only, tried first
+    NumericTagUriToValue numericTagUriToValue = nullptr;
     BinaryToUriBody binaryToUriBody = nullptr;
     UriBodyToBinary uriBodyToBinary = nullptr;
     BinaryToText binaryToElementString = nullptr;
     BinaryToAIs binaryToAIs = nullptr;
-    TextToBinary elementStringToBinary = nullptr;
+    TextToBinary elementStringToBinary = {};
     BinaryToText binaryToBarcodeString = nullptr;
-    TextToBinary barcodeStringToBinary = nullptr;
+    TextToBinary barcodeStringToBinary = {};
     BinaryToText binaryToDigitalLink = nullptr;
-    TextToBinary digitalLinkToBinary = nullptr;
+    TextToBinary digitalLinkToBinary = {};
 };
 
 extern const SchemeArray<TagSchemeOps> tagSchemeTable;

@@ -24,11 +24,11 @@ constexpr TagSchemeOps opsOfScheme() {
     if constexpr (schemeIsPlus(row)) {
         ops.binaryToElementString = plusBinaryToElementString;
         ops.binaryToAIs = plusBinaryToAIs;
-        ops.elementStringToBinary = plusElementStringToBinary;
+        ops.elementStringToBinary.general = plusElementStringToBinary;
         ops.binaryToBarcodeString = plusBinaryToBarcodeString;
-        ops.barcodeStringToBinary = plusBarcodeStringToBinary;
+        ops.barcodeStringToBinary.general = plusBarcodeStringToBinary;
         ops.binaryToDigitalLink = plusBinaryToDigitalLink;
-        ops.digitalLinkToBinary = plusDigitalLinkToBinary;
+        ops.digitalLinkToBinary.general = plusDigitalLinkToBinary;
         return ops;
     } else {
         ops.binaryToUriBody = schemeReadBody<scheme>;
@@ -37,18 +37,19 @@ constexpr TagSchemeOps opsOfScheme() {
             ops.numericBitsToUri = numericBitsToUri<scheme>;
         }
         if constexpr (NUMERIC_WRITING && schemeIsNumeric(row)) {
-            ops.numericTagUriToBits = numericTagUriToBits<scheme>;
+            ops.numericBytes = numericBytes<scheme>;
+            ops.numericTagUriToValue = numericTagUriToValue<scheme>;
             ops.uriBodyToBinary = numericWriteBody<scheme>;
         }
         if constexpr (schemeHasGs1Key(row)) {
             static_assert(gs1KeyFindByName(row.familyWord) != nullptr);
             ops.binaryToElementString = plainBinaryToElementString;
             ops.binaryToAIs = plainBinaryToAIs;
-            ops.elementStringToBinary = plainElementStringToBinary;
+            ops.elementStringToBinary.general = plainElementStringToBinary;
             ops.binaryToBarcodeString = plainBinaryToBarcodeString;
-            ops.barcodeStringToBinary = plainBarcodeStringToBinary;
+            ops.barcodeStringToBinary.general = plainBarcodeStringToBinary;
             ops.binaryToDigitalLink = plainBinaryToDigitalLink;
-            ops.digitalLinkToBinary = plainDigitalLinkToBinary;
+            ops.digitalLinkToBinary.general = plainDigitalLinkToBinary;
             if constexpr (NUMERIC_READING && schemeIsNumeric(row)) {
                 ops.binaryToElementString =
                     numericBinaryToGs1Text<scheme, ELEMENT_STRING, plainBinaryToElementString>;
@@ -59,12 +60,9 @@ constexpr TagSchemeOps opsOfScheme() {
                     numericBinaryToGs1Text<scheme, DIGITAL_LINK, plainBinaryToDigitalLink>;
             }
             if constexpr (NUMERIC_WRITING && schemeIsNumeric(row)) {
-                ops.elementStringToBinary =
-                    numericGs1TextToBinary<scheme, ELEMENT_STRING, plainElementStringToBinary>;
-                ops.barcodeStringToBinary =
-                    numericGs1TextToBinary<scheme, BARCODE_STRING, plainBarcodeStringToBinary>;
-                ops.digitalLinkToBinary =
-                    numericGs1TextToBinary<scheme, DIGITAL_LINK, plainDigitalLinkToBinary>;
+                ops.elementStringToBinary.numeric = numericGs1TextToValue<scheme, ELEMENT_STRING>;
+                ops.barcodeStringToBinary.numeric = numericGs1TextToValue<scheme, BARCODE_STRING>;
+                ops.digitalLinkToBinary.numeric = numericGs1TextToValue<scheme, DIGITAL_LINK>;
             }
         }
         return ops;
