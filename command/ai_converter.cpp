@@ -12,10 +12,11 @@ public:
     AiConverter(const AiEncoding& theEncoding, bool isEncoder, bool isJsonWanted)
         : ResultConverter(isJsonWanted), encoding(theEncoding), isEncode(isEncoder) {}
 
-    void convert(const InputItem& input) override {
+    bool convert(const InputItem& input) override {
         take(input);
         result = isEncode ? encodeAi(encoding.ai, given, encoding.withCode, encoding.encoding)
                           : decodeAi(given, encoding.ai);
+        return false;
     }
 
     // Encoding writes hex, decoding the AI and its value.

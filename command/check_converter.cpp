@@ -11,12 +11,13 @@ public:
     CheckConverter(const ReadOptions& theOptions, bool isJsonWanted)
         : options(theOptions), isJson(isJsonWanted) {}
 
-    void convert(const InputItem& input) override {
+    bool convert(const InputItem& input) override {
         given = input.value;
         line = input.line;
         check(given, options, found);
         setFailure();
         noteReading();
+        return false;
     }
     void refuse(const InputItem& input, Failure failure) override {
         given = input.value;

@@ -20,10 +20,10 @@ public:
         : translation(translationConverter(settings)), tid(tidConverter(nullptr, isJson)),
           last(translation.get()) {}
 
-    void convert(const InputItem& input) override {
+    bool convert(const InputItem& input) override {
         recognise(input.value, {}, recognition);
         last = recognition.form == Form::TID ? tid.get() : translation.get();
-        last->convert(input);
+        return last->convert(input);
     }
     void refuse(const InputItem& input, Failure failure) override {
         last->refuse(input, std::move(failure));

@@ -27,8 +27,10 @@ class Converter {
 public:
     virtual ~Converter() = default;
 
-    // Converts a value. Throws UsageError where the arguments of the command do not suffice.
-    virtual void convert(const InputItem& item) = 0;
+    // Converts a value. True if there is nothing to tell about it: no failure, no note and no
+    // finding; false if there may be. Throws UsageError where the arguments of the command do not
+    // suffice.
+    virtual bool convert(const InputItem& item) = 0;
 
     // Takes a value as one that failed, without looking at it.
     virtual void refuse(const InputItem& item, Failure failure) = 0;

@@ -11,9 +11,10 @@ public:
     ExplainConverter(const ReadOptions& theOptions, bool isJsonWanted)
         : ResultConverter(isJsonWanted), options(theOptions) {}
 
-    void convert(const InputItem& input) override {
+    bool convert(const InputItem& input) override {
         take(input);
         explain(given, options, result);
+        return false;
     }
 
     void writeArgument(std::string& out) override {

@@ -48,15 +48,8 @@ void appendLength(std::string& text, const Item& item) {
         appendNumber(text, static_cast<std::uint64_t>(item.translation.bits));
     }
 }
-void appendAis(std::string& text, const Item& item) {
-    std::string_view blank;
-    for (const AiValue& ai : item.translation.ais) {
-        text += blank;
-        text += ai.ai;
-        text += '=';
-        text += ai.value;
-        blank = " ";
-    }
+void appendAiValues(std::string& text, const Item& item) {
+    appendAis(text, item.translation.ais);
 }
 void appendSchemes(std::string& text, const Item& item) {
     std::string_view blank;
@@ -117,7 +110,7 @@ constexpr std::array fieldTable = {
     Field{"words",          appendHexWords,                     Form::HEX,            Form::UNKNOWN,        true,  false, false, false},
     Field{"binary",         appendBinary,                       Form::HEX,            Form::UNKNOWN,        true,  false, false, false},
     Field{"bits",           appendLength,                       {},                   Form::UNKNOWN,        true,  false, true,  false},
-    Field{"ais",            appendAis,                          Form::AIS,            Form::UNKNOWN,        true,  false, false, true},
+    Field{"ais",            appendAiValues,                     Form::AIS,            Form::AIS,            true,  false, false, true},
     Field{"fits_schemes",   appendSchemes,                      Form::FITS_SCHEMES,   Form::UNKNOWN,        true,  false, false, false},
     Field{"notes",          appendNotes,                        Form::FINDINGS,       Form::UNKNOWN,        false, true,  false, true},
     Field{"findings",       appendFindings,                     Form::FINDINGS,       Form::UNKNOWN,        false, true,  false, true},

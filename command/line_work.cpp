@@ -83,7 +83,9 @@ bool convertItem(LineTask& task, const InputItem& item, const Failure* refusal, 
         converter.refuse(item, refusal == nullptr ? Failure() : *refusal);
     } else {
         try {
-            converter.convert(item);
+            if (converter.convert(item)) {
+                return true;
+            }
         } catch (const UsageError& error) {
             tally.usageError = "line " + std::to_string(item.line) + ": " + error.what();
             return false;

@@ -12,9 +12,10 @@ public:
     TidConverter(const DesignerList* theDesigners, bool isJsonWanted)
         : ResultConverter(isJsonWanted), designers(theDesigners) {}
 
-    void convert(const InputItem& input) override {
+    bool convert(const InputItem& input) override {
         take(input);
         tid(given, result);
+        return false;
     }
 
     void writeArgument(std::string& out) override {

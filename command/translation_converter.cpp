@@ -3,6 +3,8 @@
 #include "csv_cells.h"
 #include "human_text.h"
 #include "output.h"
+#include "translate/tag_form_writers.h"
+#include "translate/translate.h"
 
 #include <algorithm>
 #include <charconv>
@@ -34,41 +36,58 @@ std::string setFilterByWord(const std::string& word, EncodeOptions& options) {
            (words.empty() ? "" : "; it has" + words + ", or give a number");
 }
 
+// What writes a field of a plain tag value: its form, or the field itself where that is null.
+using TagFieldWriters = std::vector<TagFormWriter>;
+
+// Those of all fields, or none if some field needs more than the bits.
+TagFieldWriters tagFieldWriters(const TranslationSettings& settings) {
+    TagFieldWriters writers;
+    bool showsReadable = false;
+    for (const Field* field : settings.fields) {
+        writers.push_back(tagFormWriterOf(field->text));
+        showsReadable = showsReadable || writers.back() != nullptr;
+        if (writers.back() == nullptr && field->needs != FormSet()) {
+            return {};
+        }
+    }
+    return !settings.isEncode && showsReadable && !settings.wanted.has(Form::FINDINGS)
+               ? writers
+               : TagFieldWriters();
+}
+
 class TranslationConverter final : public Converter {
 public:
     explicit TranslationConverter(const TranslationSettings& theSettings)
-        : settings(theSettings), options(theSettings.options) {}
+        : settings(theSettings), options(theSettings.options),
+          writers(settings.required == nullptr ? tagFieldWriters(settings) : TagFieldWriters()) {}
 
-    void convert(const InputItem& input) override {
+    bool convert(const InputItem& input) override {
         take(input);
         if (!settings.text.pieces.empty()) {
             composed = templateFillValue(settings.text, input.cells);
             item.value = composed;
         }
         if (settings.hasWordsOfRows && !takeWords(input.cells)) {
-            return;
+            return false;
         }
-        const Form only = settings.required == nullptr ? Form::UNKNOWN : settings.required->text;
-        if (settings.isEncode) {
-            encode(item.value, options, settings.wanted, item.translation);
-            text = formText(item.translation, only);
-        } else if (settings.wanted == only) {
-            text = rosetag::convert(item.value, options.read, only, item.translation);
-        } else {
-            translate(item.value, options.read, settings.wanted, item.translation);
-            text = formText(item.translation, only);
+        if (convertPlainTag()) {
+            return true;
         }
+        convertAny();
         Failure& failure = item.translation.failure;
         if (failure.isOfOptions && !settings.hasWordsOfRows && options.read.gcpList == nullptr) {
             throw UsageError(optionsMessage(failure));
         }
-        if (settings.required != nullptr && !isFailure(failure)) {
+        if (settings.required != nullptr && !isFailure(failure) && text.empty()) {
             require(*settings.required, failure);
         }
+        return !isFailure(failure) && item.translation.notes.empty() &&
+               item.translation.findings.empty();
     }
 
     void refuse(const InputItem& input, Failure failure) override {
         take(input);
+        plainEnds.clear();
         item.translation.form = Form::UNKNOWN;
         item.translation.scheme = nullptr;
         item.translation.filter.reset();
@@ -135,8 +154,8 @@ public:
         const bool isBlank = item.value.empty();
         cells.resize(settings.fields.size() + (settings.hasStatus ? 1 : 0));
         for (std::size_t i = 0; i < settings.fields.size(); ++i) {
-            cells[i].clear();
-            if (!isBlank) {
+            cells[i] = plainField(i);
+            if (!isBlank && plainEnds.empty()) {
                 appendText(*settings.fields[i], cells[i]);
                 spell(*settings.fields[i], cells[i]);
             }
@@ -155,6 +174,69 @@ private:
     void take(const InputItem& input) {
         item.value = input.value;
         item.line = input.line;
+    }
+
+    // Converts by way of a translation.
+    void convertAny() {
+        const Form only = settings.required == nullptr ? Form::UNKNOWN : settings.required->text;
+        if (settings.isEncode) {
+            encode(item.value, options, settings.wanted, item.translation);
+            text = formText(item.translation, only);
+        } else if (settings.wanted == only) {
+            text = rosetag::convert(item.value, options.read, only, item.translation);
+        } else {
+            translate(item.value, options.read, settings.wanted, item.translation);
+            text = formText(item.translation, only);
+        }
+    }
+
+    // Makes the fields of a plain tag value, all from its bits. False if it is not one, or if a
+    // field takes more than that.
+    bool convertPlainTag() {
+        plainEnds.clear();
+        TagBits tag;
+        if (writers.empty() || !plainTagRead(item.value, options.read, tag)) {
+            return false;
+        }
+        translationClear(item.translation, {});
+        item.translation.form = Form::HEX;
+        describeTag(tag, item.translation);
+        plainFields.clear();
+        for (std::size_t i = 0; i < writers.size(); ++i) {
+            if (i > 0) {
+                plainFields += '\t';
+            }
+            if (!appendPlain(*settings.fields[i], writers[i], tag)) {
+                plainEnds.clear();
+                return false;
+            }
+            plainEnds.push_back(plainFields.size());
+        }
+        return true;
+    }
+
+    bool appendPlain(const Field& field, TagFormWriter write, const TagBits& tag) {
+        if (write == nullptr) {
+            field.append(plainFields, item);
+            return true;
+        }
+        std::array<char, TAG_FORM_ROOM> room;
+        TextBuffer form = textBufferOver(room.data(), TAG_FORM_ROOM);
+        if (!tagFormWrite(tag, write, form) ||
+            (field.holdsGivenText && !isPlainCell(textBufferView(form)))) {
+            return false;
+        }
+        plainFields += textBufferView(form);
+        return true;
+    }
+
+    // A field of a plain tag value; empty for other values.
+    std::string_view plainField(std::size_t index) const {
+        if (plainEnds.empty()) {
+            return {};
+        }
+        const std::size_t begin = index == 0 ? 0 : plainEnds[index - 1] + 1;
+        return std::string_view(plainFields).substr(begin, plainEnds[index] - begin);
     }
 
     // Takes scheme, filter and prefix length of this row.
@@ -196,13 +278,11 @@ private:
         return false;
     }
 
-    // Fails where the value has no text of the field.
+    // Makes the text of a field that is not a form at hand. Fails where the value has none.
     void require(const Field& field, Failure& failure) {
-        if (field.text == Form::UNKNOWN) {
-            scratch.clear();
-            field.append(scratch, item);
-            text = scratch;
-        }
+        scratch.clear();
+        field.append(scratch, item);
+        text = scratch;
         if (text.empty()) {
             failure = Failure();
             failure.status = EPC_ERR_NOT_SUPPORTED;
@@ -240,10 +320,14 @@ private:
     }
 
     void writeFields(std::string& out) {
-        const char* tab = "";
+        if (!plainEnds.empty()) {
+            out += plainFields;
+            return;
+        }
         for (const Field* field : settings.fields) {
-            out += tab;
-            tab = "\t";
+            if (field != settings.fields.front()) {
+                out += '\t';
+            }
             const std::size_t from = out.size();
             appendText(*field, out);
             if (field->holdsGivenText && !isPlainCell(std::string_view(out).substr(from))) {
@@ -257,8 +341,11 @@ private:
 
     const TranslationSettings& settings;
     EncodeOptions options;
+    const TagFieldWriters writers;
     Item item;
-    Translation described; // what a value is that lacks a form
+    std::string plainFields;            // of a plain tag value, a tab between them,
+    std::vector<std::size_t> plainEnds; // and where each ends; empty for other values
+    Translation described;              // what a value is that lacks a form
     std::string composed;
     std::string_view text; // of the required field, after a conversion without failure
     std::string scratch;

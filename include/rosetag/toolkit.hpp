@@ -545,8 +545,8 @@ void translate(std::span<const std::uint8_t> bytes, const ReadOptions& options, 
                Translation& result);
 
 /**
- * Translates a value into one form that is one text. That of a tag value of a plain scheme costs
- * little more than the call of the library.
+ * Translates a value into one form that is one text, or into the text of its AIs that appendAis
+ * gives. That of a tag value of a plain scheme costs little more than the call of the library.
  *
  *     value    the value in any form, or the bits of a tag as bytes.
  *     options  how to read it.
@@ -636,6 +636,9 @@ void appendHex(std::string& text, std::span<const std::uint8_t> bytes);
  * become percent escapes.
  */
 void appendEscaped(std::string& text, std::string_view value);
+
+/** Appends AIs with their values: "01=80614141123458 21=6789". */
+void appendAis(std::string& text, const Rows<AiValue>& ais);
 
 /** Appends hexadecimal digits as 16-bit words of four digits, a blank between them. */
 void appendWords(std::string& text, std::string_view hex);

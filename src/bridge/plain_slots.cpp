@@ -34,6 +34,9 @@ std::int32_t tagUriHeadLength(const TagSchemeInfo& info, std::int32_t filter) {
 EpcStatus aiTextToBits(const TagSchemeOps& row, std::string_view text, AiBrackets brackets,
                        BitBuffer& bits, const EncodeArguments& arguments) {
     AiKeyScan found;
+    if (arguments.isKeyAlone) {
+        return EPC_ERR_NOT_SUPPORTED;
+    }
     EPC_TRY(gcpLengthCheck(arguments.gcpLength));
     EPC_TRY(aiScanForKey(text, brackets, found));
     EPC_TRY(gs1KeyCheckScheme(*found.key, row, arguments.filter));

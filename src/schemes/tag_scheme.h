@@ -25,6 +25,9 @@ struct EncodeArguments {
     std::int32_t filter;
     std::int32_t gcpLength; // used by the plain schemes only
     std::int32_t encoding;  // used by the plus schemes only
+    // Only a text of the key of a numeric scheme, what belongs to it and nothing else is taken:
+    // EPC_ERR_NOT_SUPPORTED for any other that a plain scheme would take.
+    bool isKeyAlone = false;
 };
 
 struct Gs1KeyDefinition;

@@ -62,7 +62,15 @@ template <typename Value>
 std::string_view convertToForm(Value value, const ReadOptions& options, Form form,
                                Translation& result) {
     translate(value, options, form, result);
-    return isFailure(result.failure) ? std::string_view() : formText(result, form);
+    if (isFailure(result.failure)) {
+        return {};
+    }
+    if (form != Form::AIS) {
+        return formText(result, form);
+    }
+    result.workspace.more.clear();
+    appendAis(result.workspace.more, result.ais);
+    return result.workspace.more;
 }
 
 // value: a text, or bytes

@@ -2,12 +2,14 @@
 
 #include "gs1/text_writers.h"
 #include "schemes/epc_uri.h"
+#include "translate/numbers.h"
 #include "translate/parsed_ais.h"
 #include "translate/tag_form_writers.h"
 #include "translate/translate.h"
 #include "words/scheme_words.h"
 
 #include <array>
+#include <functional>
 
 namespace rosetag {
 
@@ -64,6 +66,8 @@ bool convertAis(const Reading& reading, Form form, TextBuffer& text) {
         return barcodeStringWrite(text, ais.list, ais.base) == EPC_OK;
     case Form::DIGITAL_LINK:
         return digitalLinkWrite(text, ais.list, ais.base) == EPC_OK;
+    case Form::AIS:
+        return aisPut(text, ais.list.count, std::cref(ais)) == EPC_OK;
     default:
         return false;
     }

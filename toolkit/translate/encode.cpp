@@ -50,7 +50,7 @@ bool isTagValue(Form form) {
 // Looks up the length of the company prefix where the options have a list in its place. False if
 // the failure is set.
 bool completeGcpLength(Reading& reading, EncodeOptions& options) {
-    if (options.read.gcpList == nullptr || options.read.gcpLength.has_value()) {
+    if (options.read.gcpList == nullptr) {
         return true;
     }
     ParsedAis ais;
@@ -79,10 +79,10 @@ bool suffices(Reading& reading, EncodeOptions& options) {
                              "give the identity of the object"};
         });
     }
-    const std::string_view form = formName(reading.form);
     if (options.scheme == nullptr) {
         return failOptions(reading, EPC_ERR_UNKNOWN_SCHEME, [&] {
-            return Complaint{std::string(form) + " does not say which tag scheme to use",
+            return Complaint{std::string(formName(reading.form)) +
+                                 " does not say which tag scheme to use",
                              "choose a scheme", "scheme"};
         });
     }
@@ -92,14 +92,14 @@ bool suffices(Reading& reading, EncodeOptions& options) {
             return Complaint{std::string(scheme.name) + " has no filter", "leave it out", "filter"};
         });
     }
-    const bool needsPrefix =
-        reading.form != Form::PURE_IDENTITY && scheme.hasUris && scheme.hasGs1Texts;
+    const bool needsPrefix = reading.form != Form::PURE_IDENTITY && scheme.hasUris &&
+                             scheme.hasGs1Texts && !options.read.gcpLength.has_value();
     if (needsPrefix && !completeGcpLength(reading, options)) {
         return false;
     }
     if (needsPrefix && !options.read.gcpLength.has_value()) {
         return failOptions(reading, EPC_ERR_BAD_PARTITION, [&] {
-            return Complaint{std::string(form) +
+            return Complaint{std::string(formName(reading.form)) +
                                  " does not say how long its GS1 company prefix is, which " +
                                  std::string(scheme.name) + " needs",
                              gcpLengthRemedy(), "gcp_length"};
@@ -401,6 +401,17 @@ Translation encode(std::string_view value, const EncodeOptions& options, FormSet
 void appendHex(std::string& text, std::span<const std::uint8_t> bytes) {
     for (const std::uint8_t byte : bytes) {
         text += hexPairOf(byte);
+    }
+}
+
+void appendAis(std::string& text, const Rows<AiValue>& ais) {
+    std::string_view blank;
+    for (const AiValue& element : ais) {
+        text += blank;
+        text += element.ai;
+        text += '=';
+        text += element.value;
+        blank = " ";
     }
 }
 

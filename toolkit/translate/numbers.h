@@ -5,6 +5,7 @@
 #define ROSETAG_TOOLKIT_TRANSLATE_NUMBERS_H
 
 #include "bridge/gs1_key_table.h"
+#include "core/text_buffer.h"
 #include "gs1/barcode_string.h"
 
 #include <rosetag/toolkit.hpp>
@@ -50,6 +51,20 @@ std::string_view serialAmong(std::size_t count, At at) {
         }
     }
     return serial;
+}
+
+// Writes count AIs as appendAis does.
+// at: AiText(std::size_t index)
+template <typename At>
+EpcStatus aisPut(TextBuffer& text, std::size_t count, At at) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const AiText element = at(i);
+        EPC_TRY(textBufferPutString(text, i == 0 ? "" : " "));
+        EPC_TRY(textBufferPutString(text, element.code));
+        EPC_TRY(textBufferPutChar(text, '='));
+        EPC_TRY(textBufferPutString(text, element.value));
+    }
+    return EPC_OK;
 }
 
 // Fills the numbers that were asked for.

@@ -7,6 +7,7 @@
 #include "gs1/ai_list.h"
 #include "gs1/digital_link_parser.h"
 #include "recognise/reading.h"
+#include "translate/numbers.h"
 
 #include <rosetag/toolkit.hpp>
 
@@ -16,6 +17,11 @@ struct ParsedAis {
     AiList list;
     const char* base;                           // of the values
     std::array<char, LINK_VALUES_SIZE> decoded; // the values of a link
+
+    AiText operator()(std::size_t index) const {
+        const AiElement& element = list.elements[index];
+        return {aiCodeOf(*element.ai), aiElementValue(element, base)};
+    }
 };
 
 // Reads a prepared text of the form ELEMENT_STRING, BARCODE_STRING or DIGITAL_LINK, which ends in a
@@ -23,11 +29,11 @@ struct ParsedAis {
 EpcStatus aisParse(Form form, std::string_view text, ParsedAis& ais);
 
 inline std::string_view aiValueAt(const ParsedAis& ais, std::size_t index) {
-    return aiElementValue(ais.list.elements[index], ais.base);
+    return ais(index).value;
 }
 
 inline std::string_view aiCodeAt(const ParsedAis& ais, std::size_t index) {
-    return aiCodeOf(*ais.list.elements[index].ai);
+    return ais(index).code;
 }
 
 // Reads the AIs of a text that plainTextPrepare has taken, if it needs no more than that: no value

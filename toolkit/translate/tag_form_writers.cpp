@@ -45,6 +45,7 @@ constexpr FormWriter formWriters[] = {
     {Form::DIGITAL_LINK, putGs1Text<&TagSchemeOps::binaryToDigitalLink>},
     {Form::GTIN, putNumber<Form::GTIN>},
     {Form::SERIAL, putNumber<Form::SERIAL>},
+    {Form::AIS, aisOfBits},
 };
 
 constexpr std::size_t indexOf(Form form) {

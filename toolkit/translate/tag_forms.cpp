@@ -43,7 +43,7 @@ EpcStatus tagAisRead(BitBuffer bits, TagAis& ais) {
         bits, {EPC_MAX_AIS, EPC_AI_VALUE_SIZE, ais.codes.data(), ais.values.data(), &ais.count});
 }
 
-EpcStatus aisOfBits(const BitBuffer& bits, FormSet wanted, Translation& result) {
+EpcStatus addAisOfBits(const BitBuffer& bits, FormSet wanted, Translation& result) {
     TagAis ais;
     EPC_TRY(tagAisRead(bits, ais));
     for (std::size_t i = 0; wanted.has(Form::AIS) && i < ais.count; ++i) {
@@ -83,7 +83,7 @@ EpcStatus gs1TextsOfBits(const BitBuffer& bits, FormSet wanted, Translation& res
                                                        result.elementString));
     }
     if (wanted.hasAny(AI_FORMS)) {
-        EPC_TRY(aisOfBits(bits, wanted, result));
+        EPC_TRY(addAisOfBits(bits, wanted, result));
     }
     return EPC_OK;
 }
@@ -197,30 +197,36 @@ EpcStatus formsOfHex(std::string_view hex, FormSet wanted, Translation& result) 
     return formsOfTag(tagBitsOf(hex), wanted, TagOrigin::GIVEN, result);
 }
 
+void describeTag(const TagBits& tag, Translation& result) {
+    result.bits = tag.count;
+    result.filter.reset();
+    result.scheme = tag.count < TAG_HEADER_BITS ? nullptr : schemeByHeader(tag.bytes[0]);
+    if (result.scheme != nullptr && result.scheme->filterLimit > 0 &&
+        tag.count >= 2 * TAG_HEADER_BITS) {
+        result.filter = schemeFilterOf(*result.scheme, tag.bytes.data());
+    }
+}
+
 EpcStatus formsOfEncoded(const TagBits& tag, FormSet wanted, Translation& result) {
     if (wanted.has(Form::HEX)) {
         EPC_TRY(textWritten<EPC_HEX_SIZE>(result.hex, [&](TextBuffer& hex) {
             return textBufferPutHex(hex, tag.bytes.data(), tag.count / 8);
         }));
     }
-    return formsOfTag(tag, wanted, TagOrigin::ENCODED, result);
+    return formsOfTag(tag, wanted.without(Form::HEX), TagOrigin::ENCODED, result);
 }
 
 EpcStatus formsOfTag(const TagBits& tag, FormSet wanted, TagOrigin origin, Translation& result) {
-    result.bits = tag.count;
-    if (tag.count < TAG_HEADER_BITS) {
-        return EPC_ERR_TRUNCATED;
-    }
-    result.scheme = schemeByHeader(tag.bytes[0]);
+    describeTag(tag, result);
     if (result.scheme == nullptr) {
-        return EPC_ERR_UNKNOWN_HEADER;
+        return tag.count < TAG_HEADER_BITS ? EPC_ERR_TRUNCATED : EPC_ERR_UNKNOWN_HEADER;
     }
-    if (result.scheme->filterLimit > 0 && tag.count >= 2 * TAG_HEADER_BITS) {
-        result.filter = schemeFilterOf(*result.scheme, tag.bytes.data());
-    }
-    const BitBuffer bits = bitBufferForReading(tag.bytes.data(), tag.count);
     const NumbersRead numeric = numbersReadFor(*result.scheme);
     const bool isReadable = origin == TagOrigin::ENCODED && numeric != nullptr;
+    if (isReadable && wanted == FormSet()) {
+        return EPC_OK;
+    }
+    const BitBuffer bits = bitBufferForReading(tag.bytes.data(), tag.count);
     if (!isReadable && !showsReadable(wanted, *result.scheme)) {
         EPC_TRY(readBits(bits, *result.scheme, numeric));
     }
@@ -254,6 +260,24 @@ EpcStatus numberOfBits(BitBuffer& bits, Form number, TextBuffer& text) {
     const std::string_view found = number == Form::GTIN ? gtinAmong(ais.count, std::cref(ais))
                                                         : serialAmong(ais.count, std::cref(ais));
     return found.empty() ? EPC_ERR_NOT_SUPPORTED : textBufferPutString(text, found);
+}
+
+EpcStatus aisOfBits(BitBuffer& bits, TextBuffer& text) {
+    if (!isNumeric(bits)) {
+        TagAis ais;
+        EPC_TRY(tagAisRead(bits, ais));
+        return aisPut(text, ais.count, std::cref(ais));
+    }
+    // "(01)1(21)2" becomes "01=1 21=2" where it is.
+    EPC_TRY(bitsPutGs1Text(bits, text, &TagSchemeOps::binaryToElementString));
+    const DigitAis ais = digitAisOf(textBufferView(text));
+    for (const AiText& element : {ais.first, ais.last}) {
+        char* const code = text.begin + (element.code.data() - text.begin);
+        code[-1] = ' ';
+        code[element.code.size()] = '=';
+    }
+    ++text.begin;
+    return EPC_OK;
 }
 
 EpcStatus aiOfNumericBits(BitBuffer& bits, std::string_view code, TextBuffer& text) {

@@ -10,6 +10,7 @@
 #include "translate/translate.h"
 
 #include <array>
+#include <functional>
 
 namespace rosetag {
 
@@ -19,12 +20,7 @@ void addAis(const ParsedAis& ais, FormSet wanted, Translation& result) {
     for (std::size_t i = 0; wanted.has(Form::AIS) && i < ais.list.count; ++i) {
         addAi(result, aiCodeAt(ais, i), aiValueAt(ais, i));
     }
-    addNumbers(
-        wanted, ais.list.count,
-        [&](std::size_t i) {
-            return AiText{aiCodeAt(ais, i), aiValueAt(ais, i)};
-        },
-        result);
+    addNumbers(wanted, ais.list.count, std::cref(ais), result);
 }
 
 // Makes a text of AIs by one of the library's writers.

@@ -28,6 +28,9 @@ void encode(std::string_view value, const EncodeOptions& options, FormSet wanted
 // Sets text to all digits of hex, in upper case.
 void hexInUpperCase(std::string_view hex, std::string& text);
 
+// Fills length, scheme and filter. Bits without a header have no scheme.
+void describeTag(const TagBits& tag, Translation& result);
+
 // Fills the forms of a tag value, its scheme, filter and length. On failure they are as far as it
 // could be read.
 EpcStatus formsOfHex(std::string_view hex, FormSet wanted, Translation& result);
@@ -61,6 +64,9 @@ EpcStatus readTagBits(const BitBuffer& bits);
 // EPC_AI_VALUE_SIZE. It may stand anywhere there: text becomes no more than it.
 // EPC_ERR_NOT_SUPPORTED if it has none.
 EpcStatus numberOfBits(BitBuffer& bits, Form number, TextBuffer& text);
+
+// The same for its AIs, as appendAis gives them.
+EpcStatus aisOfBits(BitBuffer& bits, TextBuffer& text);
 
 // The same for the value of an AI, which is empty if the tag value does not have it.
 // EPC_ERR_NOT_SUPPORTED if the scheme is not one of numbers.
