@@ -4,6 +4,9 @@
 #include "command_line.h"
 
 #include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <span>
 #include <sstream>
 
 namespace rosetag {
@@ -77,9 +80,37 @@ std::optional<int> parse(CLI::App& app, std::vector<std::string> words, Output& 
     return std::nullopt;
 }
 
+// A word that is nothing but a value: no option, no name of a command, and no brackets in which the
+// parser finds several values.
+bool isValueAlone(std::string_view word, const std::vector<std::string>& commands) {
+    constexpr std::string_view begins = "(/";
+    return !word.empty() && word != "help" &&
+           (std::isalnum(static_cast<unsigned char>(word.front())) != 0 ||
+            begins.find(word.front()) != std::string_view::npos) &&
+           std::ranges::find(commands, word) == commands.end();
+}
+
+// Takes values without a command and without options, as most are tried by hand. False if there is
+// anything else, which the parser of options takes: to build that takes longer than to convert.
+bool takeValuesAlone(int argc, char** argv, Arguments& arguments) {
+    const std::vector<std::string> commands = commandNames();
+    const std::span<char* const> words(argv + 1, argv + argc);
+    const bool areValues =
+        !words.empty() && std::getenv(gcpListVariable) == nullptr &&
+        std::ranges::all_of(words, [&](const char* word) { return isValueAlone(word, commands); });
+    if (areValues) {
+        arguments.isBare = true;
+        arguments.values.assign(words.begin(), words.end());
+    }
+    return areValues;
+}
+
 } // namespace
 
 std::optional<int> argumentsRead(int argc, char** argv, Output& output, Arguments& arguments) {
+    if (takeValuesAlone(argc, argv, arguments)) {
+        return std::nullopt;
+    }
     CLI::App app("Translates identifiers between the forms used in GS1 and RFID data capture.\n"
                  "rosetag VALUE says what a value is.",
                  "rosetag");

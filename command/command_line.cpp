@@ -227,7 +227,7 @@ void addGcpList(CLI::App& command, Arguments& arguments) {
             "publishes, as XML or JSON; the environment variable ROSETAG_GCP_LIST names one "
             "too")
         ->type_name("FILE")
-        ->envname("ROSETAG_GCP_LIST");
+        ->envname(gcpListVariable);
 }
 
 void addEncoding(CLI::App& command, Arguments& arguments) {

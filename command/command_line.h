@@ -11,6 +11,9 @@
 
 namespace rosetag {
 
+// The environment variable that names a list of prefixes where no option does.
+inline constexpr const char* gcpListVariable = "ROSETAG_GCP_LIST";
+
 // Adds all commands to the app, each with its options as soon as it is met on the command line.
 // From the first word on that is neither a command nor an option of the app, words remain: a value
 // without a command is decoded.

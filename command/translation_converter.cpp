@@ -3,8 +3,7 @@
 #include "csv_cells.h"
 #include "human_text.h"
 #include "output.h"
-#include "translate/tag_form_writers.h"
-#include "translate/translate.h"
+#include "plain_fields.h"
 
 #include <algorithm>
 #include <charconv>
@@ -36,30 +35,19 @@ std::string setFilterByWord(const std::string& word, EncodeOptions& options) {
            (words.empty() ? "" : "; it has" + words + ", or give a number");
 }
 
-// What writes a field of a plain tag value: its form, or the field itself where that is null.
-using TagFieldWriters = std::vector<TagFormWriter>;
-
-// Those of all fields, or none if some field needs more than the bits.
-TagFieldWriters tagFieldWriters(const TranslationSettings& settings) {
-    TagFieldWriters writers;
-    bool showsReadable = false;
-    for (const Field* field : settings.fields) {
-        writers.push_back(tagFormWriterOf(field->text));
-        showsReadable = showsReadable || writers.back() != nullptr;
-        if (writers.back() == nullptr && field->needs != FormSet()) {
-            return {};
-        }
+PlainFields plainFieldsFor(const TranslationSettings& settings) {
+    if (settings.isEncode || settings.required != nullptr || settings.wanted.has(Form::FINDINGS)) {
+        return {};
     }
-    return !settings.isEncode && showsReadable && !settings.wanted.has(Form::FINDINGS)
-               ? writers
-               : TagFieldWriters();
+    const bool hasStatus = settings.hasStatus && settings.hasHeader;
+    return plainFieldsOf(settings.fields,
+                         hasStatus ? '\t' + std::string(epc_statusName(EPC_OK)) + '\n' : "\n");
 }
 
 class TranslationConverter final : public Converter {
 public:
     explicit TranslationConverter(const TranslationSettings& theSettings)
-        : settings(theSettings), options(theSettings.options),
-          writers(settings.required == nullptr ? tagFieldWriters(settings) : TagFieldWriters()) {}
+        : settings(theSettings), options(theSettings.options), plain(plainFieldsFor(settings)) {}
 
     bool convert(const InputItem& input) override {
         take(input);
@@ -70,11 +58,16 @@ public:
         if (settings.hasWordsOfRows && !takeWords(input.cells)) {
             return false;
         }
-        if (convertPlainTag()) {
+        if (!plain.fields.empty() && plainFieldsWrite(plain, options.read, item)) {
             return true;
         }
         convertAny();
         Failure& failure = item.translation.failure;
+        isLone = !text.empty() && !isFailure(failure) &&
+                 (!settings.required->holdsGivenText || isPlainCell(text));
+        if (isLone) {
+            return item.translation.notes.empty() && item.translation.findings.empty();
+        }
         if (failure.isOfOptions && !settings.hasWordsOfRows && options.read.gcpList == nullptr) {
             throw UsageError(optionsMessage(failure));
         }
@@ -87,7 +80,8 @@ public:
 
     void refuse(const InputItem& input, Failure failure) override {
         take(input);
-        plainEnds.clear();
+        plain.isWritten = false;
+        isLone = false;
         item.translation.form = Form::UNKNOWN;
         item.translation.scheme = nullptr;
         item.translation.filter.reset();
@@ -114,6 +108,15 @@ public:
     }
 
     void writeLine(std::string& out) override {
+        if (plain.isWritten) {
+            out += plainFieldsLine(plain);
+            return;
+        }
+        if (isLone) {
+            out += text;
+            out += '\n';
+            return;
+        }
         if (settings.writing == Writing::JSON) {
             appendJson(out, item.translation, item.value, item.line);
         } else if (!item.value.empty() || item.line == 0) {
@@ -154,8 +157,10 @@ public:
         const bool isBlank = item.value.empty();
         cells.resize(settings.fields.size() + (settings.hasStatus ? 1 : 0));
         for (std::size_t i = 0; i < settings.fields.size(); ++i) {
-            cells[i] = plainField(i);
-            if (!isBlank && plainEnds.empty()) {
+            cells[i].clear();
+            if (plain.isWritten) {
+                cells[i] = plainField(plain, i);
+            } else if (!isBlank) {
                 appendText(*settings.fields[i], cells[i]);
                 spell(*settings.fields[i], cells[i]);
             }
@@ -179,7 +184,9 @@ private:
     // Converts by way of a translation.
     void convertAny() {
         const Form only = settings.required == nullptr ? Form::UNKNOWN : settings.required->text;
-        if (settings.isEncode) {
+        if (settings.isEncode && only == Form::HEX && settings.wanted == only) {
+            text = encodeToHex(item.value, options, item.translation);
+        } else if (settings.isEncode) {
             encode(item.value, options, settings.wanted, item.translation);
             text = formText(item.translation, only);
         } else if (settings.wanted == only) {
@@ -188,55 +195,6 @@ private:
             translate(item.value, options.read, settings.wanted, item.translation);
             text = formText(item.translation, only);
         }
-    }
-
-    // Makes the fields of a plain tag value, all from its bits. False if it is not one, or if a
-    // field takes more than that.
-    bool convertPlainTag() {
-        plainEnds.clear();
-        TagBits tag;
-        if (writers.empty() || !plainTagRead(item.value, options.read, tag)) {
-            return false;
-        }
-        translationClear(item.translation, {});
-        item.translation.form = Form::HEX;
-        describeTag(tag, item.translation);
-        plainFields.clear();
-        for (std::size_t i = 0; i < writers.size(); ++i) {
-            if (i > 0) {
-                plainFields += '\t';
-            }
-            if (!appendPlain(*settings.fields[i], writers[i], tag)) {
-                plainEnds.clear();
-                return false;
-            }
-            plainEnds.push_back(plainFields.size());
-        }
-        return true;
-    }
-
-    bool appendPlain(const Field& field, TagFormWriter write, const TagBits& tag) {
-        if (write == nullptr) {
-            field.append(plainFields, item);
-            return true;
-        }
-        std::array<char, TAG_FORM_ROOM> room;
-        TextBuffer form = textBufferOver(room.data(), TAG_FORM_ROOM);
-        if (!tagFormWrite(tag, write, form) ||
-            (field.holdsGivenText && !isPlainCell(textBufferView(form)))) {
-            return false;
-        }
-        plainFields += textBufferView(form);
-        return true;
-    }
-
-    // A field of a plain tag value; empty for other values.
-    std::string_view plainField(std::size_t index) const {
-        if (plainEnds.empty()) {
-            return {};
-        }
-        const std::size_t begin = index == 0 ? 0 : plainEnds[index - 1] + 1;
-        return std::string_view(plainFields).substr(begin, plainEnds[index] - begin);
     }
 
     // Takes scheme, filter and prefix length of this row.
@@ -320,10 +278,6 @@ private:
     }
 
     void writeFields(std::string& out) {
-        if (!plainEnds.empty()) {
-            out += plainFields;
-            return;
-        }
         for (const Field* field : settings.fields) {
             if (field != settings.fields.front()) {
                 out += '\t';
@@ -341,13 +295,12 @@ private:
 
     const TranslationSettings& settings;
     EncodeOptions options;
-    const TagFieldWriters writers;
+    PlainFields plain;
     Item item;
-    std::string plainFields;            // of a plain tag value, a tab between them,
-    std::vector<std::size_t> plainEnds; // and where each ends; empty for other values
-    Translation described;              // what a value is that lacks a form
+    Translation described; // what a value is that lacks a form
     std::string composed;
     std::string_view text; // of the required field, after a conversion without failure
+    bool isLone = false;   // the text is all there is to write, as it is
     std::string scratch;
 };
 

@@ -628,6 +628,16 @@ void encode(std::string_view value, const EncodeOptions& options, FormSet wanted
 Translation encode(std::string_view value, const EncodeOptions& options,
                    FormSet wanted = Form::HEX);
 
+/**
+ * The same where only the hex is wanted; for schemes of numbers it costs little more than the call
+ * of the library. result receives failure and notes, and holds the hex; its other members are of no
+ * interest.
+ *
+ * Gives the hex until result is used again; empty after a failure.
+ */
+std::string_view encodeToHex(std::string_view value, const EncodeOptions& options,
+                             Translation& result);
+
 /** Appends bytes as hexadecimal digits, two upper-case digits each. */
 void appendHex(std::string& text, std::span<const std::uint8_t> bytes);
 

@@ -5,8 +5,10 @@
 #include "recognise/plain_text.h"
 #include "rosetag/toolkit.hpp"
 #include "translate/convert_plain.h"
+#include "translate/encode_plain.h"
 #include "translate/tag_form_writers.h"
 #include "translate/translate.h"
+#include "words/scheme_words.h"
 
 #include <optional>
 
@@ -123,6 +125,20 @@ std::string_view convert(std::span<const std::uint8_t> bytes, const ReadOptions&
     const std::optional<std::string_view> text =
         readTag(bytes, options, tag) ? convertTag(tag, form, result) : std::nullopt;
     return text.has_value() ? *text : convertToForm(bytes, options, form, result);
+}
+
+std::string_view encodeToHex(std::string_view value, const EncodeOptions& options,
+                             Translation& result) {
+    Reading reading{value, options.read, result.workspace, result.notes, result.failure};
+    TagBits tag;
+    if (plainTextPrepare(reading) && optionsSuffice(reading.form, options) &&
+        encodePlain(reading, options, tag) && isNumericScheme(*schemeByHeader(tag.bytes[0]))) {
+        return *written(result, [&](TextBuffer& text) {
+            return textBufferPutHex(text, tag.bytes.data(), tag.count / 8) == EPC_OK;
+        });
+    }
+    encode(value, options, Form::HEX, result);
+    return isFailure(result.failure) ? std::string_view() : std::string_view(result.hex);
 }
 
 std::string_view convertToAi(std::string_view value, const ReadOptions& options,

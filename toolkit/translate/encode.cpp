@@ -70,14 +70,14 @@ bool completeGcpLength(Reading& reading, EncodeOptions& options) {
 
 // Whether the options say all that a form needs.
 bool suffices(Reading& reading, EncodeOptions& options) {
-    if (isTagValue(reading.form)) {
-        return true;
-    }
     if (reading.form == Form::TID) {
         return readingFail(reading, EPC_ERR_NOT_SUPPORTED, 0, reading.value.size(), [&] {
             return Complaint{"this is a TID, which the maker of a chip writes: no scheme holds it",
                              "give the identity of the object"};
         });
+    }
+    if (optionsSuffice(reading.form, options)) {
+        return true;
     }
     if (options.scheme == nullptr) {
         return failOptions(reading, EPC_ERR_UNKNOWN_SCHEME, [&] {
@@ -92,12 +92,10 @@ bool suffices(Reading& reading, EncodeOptions& options) {
             return Complaint{std::string(scheme.name) + " has no filter", "leave it out", "filter"};
         });
     }
-    const bool needsPrefix = reading.form != Form::PURE_IDENTITY && scheme.hasUris &&
-                             scheme.hasGs1Texts && !options.read.gcpLength.has_value();
-    if (needsPrefix && !completeGcpLength(reading, options)) {
+    if (!completeGcpLength(reading, options)) {
         return false;
     }
-    if (needsPrefix && !options.read.gcpLength.has_value()) {
+    if (!options.read.gcpLength.has_value()) {
         return failOptions(reading, EPC_ERR_BAD_PARTITION, [&] {
             return Complaint{std::string(formName(reading.form)) +
                                  " does not say how long its GS1 company prefix is, which " +

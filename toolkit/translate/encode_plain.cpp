@@ -24,8 +24,35 @@ constexpr Syntax BARCODE_STRING = {&TagSchemeOps::barcodeStringToBinary,
 constexpr Syntax DIGITAL_LINK = {&TagSchemeOps::digitalLinkToBinary,
                                  &TagSchemeOps::binaryToDigitalLink, 2};
 
-EpcStatus gs1TextEncode(const Reading& reading, const EncodeOptions& options, const Syntax& syntax,
-                        bool isKeyAlone, TagBits& tag) {
+// The check digit after 9 to 17 digits. Source: GS1 General Specifications, section 7.9.
+char checkDigitAfter(std::string_view digits) {
+    constexpr std::uint64_t values = 0x0F0F0F0F0F0F0F0F;
+    std::uint64_t sum = 0;
+    if (digits.size() > 2 * SCAN_WIDTH) {
+        sum = 3 * static_cast<std::uint64_t>(digits.front() - '0');
+        digits.remove_prefix(1);
+    }
+    const std::size_t missing = 2 * SCAN_WIDTH - digits.size(); // of the first word
+    const std::uint64_t high = (loadCharacters(digits.data()) & values) << (8 * missing);
+    const std::uint64_t low = loadCharacters(digits.data() + digits.size() - SCAN_WIDTH) & values;
+    return static_cast<char>('0' + (10 - (sum + weightedSumOf(high, low)) % 10) % 10);
+}
+static_assert(holdsForKeys([](const Gs1KeyDefinition& key) {
+    const bool hasDigits = key.keyValueLength > 9 && key.keyValueLength <= 18;
+    return key.hasCheckDigit == 0 || key.keyValueLength == 0 || hasDigits;
+}));
+
+// Of a text that begins with the AI of the key.
+bool isCheckDigitRight(std::string_view text, const Gs1KeyDefinition& key, const Syntax& syntax) {
+    const auto length = static_cast<std::size_t>(key.keyValueLength);
+    const std::string_view value = text.substr(key.primaryAi.size() + syntax.marks);
+    return key.hasCheckDigit == 0 ||
+           checkDigitAfter(value.substr(0, length - 1)) == value[length - 1];
+}
+
+template <const Syntax& syntax>
+EpcStatus gs1TextEncode(const Reading& reading, const EncodeOptions& options, bool isKeyAlone,
+                        TagBits& tag) {
     const EncodeArguments arguments = {options.filter.value_or(0),
                                        options.read.gcpLength.value_or(0), options.encoding,
                                        isKeyAlone};
@@ -35,30 +62,28 @@ EpcStatus gs1TextEncode(const Reading& reading, const EncodeOptions& options, co
     });
 }
 
-// Of a text that begins with the AI of the key.
-bool isCheckDigitRight(std::string_view text, const Gs1KeyDefinition& key, const Syntax& syntax) {
-    const auto length = static_cast<std::size_t>(key.keyValueLength);
-    const std::string_view value = text.substr(key.primaryAi.size() + syntax.marks);
-    return key.hasCheckDigit == 0 ||
-           gs1CheckDigit(value.substr(0, length - 1)) == value[length - 1];
-}
-
-// A text of the key alone leaves nothing out: all that may be wrong with it is the check digit. Any
-// other text shows both when its bits give it back.
-bool encodeGs1Text(const Reading& reading, const EncodeOptions& options, const Syntax& syntax,
-                   TagBits& tag) {
-    const std::string_view text = reading.workspace.text;
-    if (isNumericScheme(*options.scheme) &&
-        gs1TextEncode(reading, options, syntax, true, tag) == EPC_OK) {
-        return isCheckDigitRight(text, *tagSchemeTable[options.scheme->scheme].key, syntax);
-    }
+// A text that its bits give back has nothing left out and a right check digit.
+template <const Syntax& syntax>
+[[gnu::noinline]] bool encodeAndCompare(const Reading& reading, const EncodeOptions& options,
+                                        TagBits& tag) {
     std::array<char, EPC_DIGITAL_LINK_SIZE> back;
-    if (gs1TextEncode(reading, options, syntax, false, tag) != EPC_OK) {
+    if (gs1TextEncode<syntax>(reading, options, false, tag) != EPC_OK) {
         return false;
     }
     BitBuffer bits = bitBufferForReading(tag.bytes.data(), tag.count);
     return bitsToGs1Text(bits, EPC_DIGITAL_LINK_SIZE, back.data(), syntax.decode) == EPC_OK &&
-           text == back.data();
+           reading.workspace.text == back.data();
+}
+
+// A text of the key alone leaves nothing out: all that may be wrong with it is the check digit.
+template <const Syntax& syntax>
+bool encodeGs1Text(const Reading& reading, const EncodeOptions& options, TagBits& tag) {
+    if (!isNumericScheme(*options.scheme) ||
+        gs1TextEncode<syntax>(reading, options, true, tag) != EPC_OK) {
+        return encodeAndCompare<syntax>(reading, options, tag);
+    }
+    const Gs1KeyDefinition& key = *tagSchemeTable[options.scheme->scheme].key;
+    return isCheckDigitRight(reading.workspace.text, key, syntax);
 }
 
 // A tag URI has its own scheme and filter.
@@ -71,6 +96,19 @@ bool encodeTagUri(const Reading& reading, const EncodeOptions& options, TagBits&
 }
 
 } // namespace
+
+bool optionsSuffice(Form form, const EncodeOptions& options) {
+    if (form == Form::TAG_URI || form == Form::HEX) {
+        return true;
+    }
+    if (options.scheme == nullptr ||
+        (options.filter.has_value() && options.scheme->filterLimit == 0)) {
+        return false;
+    }
+    const bool needsPrefix =
+        form != Form::PURE_IDENTITY && options.scheme->hasUris && options.scheme->hasGs1Texts;
+    return !needsPrefix || options.read.gcpLength.has_value();
+}
 
 bool encodePlain(const Reading& reading, const EncodeOptions& options, TagBits& tag) {
     if (reading.form == Form::TAG_URI) {
@@ -86,11 +124,11 @@ bool encodePlain(const Reading& reading, const EncodeOptions& options, TagBits& 
                                                 options.scheme->scheme, options.filter.value_or(0));
                }) == EPC_OK;
     case Form::ELEMENT_STRING:
-        return encodeGs1Text(reading, options, ELEMENT_STRING, tag);
+        return encodeGs1Text<ELEMENT_STRING>(reading, options, tag);
     case Form::BARCODE_STRING:
-        return encodeGs1Text(reading, options, BARCODE_STRING, tag);
+        return encodeGs1Text<BARCODE_STRING>(reading, options, tag);
     case Form::DIGITAL_LINK:
-        return encodeGs1Text(reading, options, DIGITAL_LINK, tag);
+        return encodeGs1Text<DIGITAL_LINK>(reading, options, tag);
     default:
         return false;
     }

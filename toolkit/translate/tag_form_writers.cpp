@@ -70,9 +70,4 @@ TagFormWriter tagFormWriterOf(Form form) {
     return writers[indexOf(form)];
 }
 
-bool tagFormWrite(const TagBits& tag, TagFormWriter write, TextBuffer& text) {
-    BitBuffer bits = bitBufferForReading(tag.bytes.data(), tag.count);
-    return write != nullptr && write(bits, text) == EPC_OK;
-}
-
 } // namespace rosetag

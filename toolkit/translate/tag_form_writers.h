@@ -21,7 +21,10 @@ using TagFormWriter = EpcStatus (*)(BitBuffer& bits, TextBuffer& text);
 TagFormWriter tagFormWriterOf(Form form);
 
 // False where the form cannot be written, or without a writer.
-bool tagFormWrite(const TagBits& tag, TagFormWriter write, TextBuffer& text);
+inline bool tagFormWrite(const TagBits& tag, TagFormWriter write, TextBuffer& text) {
+    BitBuffer bits = bitBufferForReading(tag.bytes.data(), tag.count);
+    return write != nullptr && write(bits, text) == EPC_OK;
+}
 
 } // namespace rosetag
 
