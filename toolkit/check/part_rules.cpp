@@ -176,12 +176,25 @@ Culprit badPercentEscape(std::string_view part) {
     return nothing;
 }
 
+// Coordinates are counted in ten-millionths of a degree: from the South Pole, and eastward.
+constexpr std::uint64_t DEGREE = 10000000;
+constexpr std::uint64_t LARGEST_LATITUDE = 180 * DEGREE;
+constexpr std::uint64_t LARGEST_LONGITUDE = 360 * DEGREE;
+
 Culprit badLatitude(std::string_view part) {
-    return wholeUnless(numberOf(part) <= 1800000000, part);
+    return wholeUnless(numberOf(part) <= LARGEST_LATITUDE, part);
+}
+
+std::string largestLatitude(std::string_view) {
+    return std::to_string(LARGEST_LATITUDE);
 }
 
 Culprit badLongitude(std::string_view part) {
-    return wholeUnless(numberOf(part) <= 3600000000, part);
+    return wholeUnless(numberOf(part) <= LARGEST_LONGITUDE, part);
+}
+
+std::string largestLongitude(std::string_view) {
+    return std::to_string(LARGEST_LONGITUDE);
 }
 
 bool isOneOf(std::string_view part, std::string_view characters) {
@@ -265,8 +278,8 @@ constexpr PartRuleEntry entries[] =
     {PartRule::PIECE_OF_TOTAL,        CheckRule::PIECE_OF_TOTAL,    badPieceOfTotal,        nullptr},
     {PartRule::POSITION_OF_TOTAL,     CheckRule::POSITION_OF_TOTAL, badPositionOfTotal,     nullptr},
     {PartRule::PERCENT_ESCAPES,       CheckRule::PERCENT_ESCAPE,    badPercentEscape,       nullptr},
-    {PartRule::LATITUDE,              CheckRule::LATITUDE,          badLatitude,            nullptr},
-    {PartRule::LONGITUDE,             CheckRule::LONGITUDE,         badLongitude,           nullptr},
+    {PartRule::LATITUDE,              CheckRule::LATITUDE,          badLatitude,            largestLatitude},
+    {PartRule::LONGITUDE,             CheckRule::LONGITUDE,         badLongitude,           largestLongitude},
     {PartRule::WINDING,               CheckRule::WINDING,           badWinding,             nullptr},
     {PartRule::SEX,                   CheckRule::SEX,               badSex,                 nullptr},
     {PartRule::IBAN,                  CheckRule::IBAN,              badIban,                nullptr},

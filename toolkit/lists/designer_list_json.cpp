@@ -8,13 +8,17 @@
 #include "lists/json_events.h"
 #include "lists/list_failure.h"
 #include "lists/list_order.h"
+#include "tid/tid_layout.h"
+#include "words/shown_text.h"
+
+#include <iterator>
 
 namespace rosetag {
 
 namespace {
 
-constexpr std::size_t MDID_BITS = 9;
-constexpr std::size_t TMN_BITS = 12;
+constexpr auto MDID_BITS = static_cast<std::size_t>(std::end(tidDesigner)[-1].width);
+constexpr auto TMN_BITS = static_cast<std::size_t>(std::end(tidModel)[-1].width);
 
 // False if the text is not a number of that many binary digits.
 bool readBits(std::string_view text, std::size_t bits, std::uint16_t& number) {
@@ -45,12 +49,14 @@ public:
     std::string objectEnds(const JsonPath& path) override {
         if (isChip(path)) {
             if (!readBits(bits, TMN_BITS, chip.tmn)) {
-                return "the tmnBinary \"" + bits + "\" does not have twelve binary digits";
+                return "the tmnBinary \"" + bits + "\" does not have " +
+                       counted(TMN_BITS, "binary digit");
             }
             designer.chips.push_back(std::move(chip));
         } else if (isDesigner(path)) {
             if (!readBits(mdid, MDID_BITS, designer.mdid)) {
-                return "the mdid \"" + mdid + "\" does not have nine binary digits";
+                return "the mdid \"" + mdid + "\" does not have " +
+                       counted(MDID_BITS, "binary digit");
             }
             filled.designers.push_back(std::move(designer));
         }

@@ -3,6 +3,7 @@
  */
 #include "core/char_class.h"
 #include "lists/list_order.h"
+#include "words/shown_text.h"
 
 #include <charconv>
 
@@ -25,14 +26,16 @@ std::string gcpListAdd(GcpList& list, std::string_view prefix, std::string_view 
     const bool isPrefix = isDigits(prefix) && prefix.size() >= SHORTEST_LISTED_PREFIX &&
                           prefix.size() <= LONGEST_LISTED_PREFIX;
     if (!isPrefix) {
-        return "the prefix \"" + std::string(prefix) + "\" does not have 3 to 12 digits";
+        return "the prefix \"" + std::string(prefix) + "\" does not have " +
+               std::to_string(SHORTEST_LISTED_PREFIX) + " to " +
+               counted(LONGEST_LISTED_PREFIX, "digit");
     }
     std::uint8_t length = 0;
     const char* const end = gcpLength.data() + gcpLength.size();
     const auto [stop, error] = std::from_chars(gcpLength.data(), end, length);
     if (error != std::errc() || stop != end || length > LONGEST_LISTED_PREFIX) {
         return "the gcpLength \"" + std::string(gcpLength) + "\" of prefix " + std::string(prefix) +
-               " is not a number from 0 to 12";
+               " is not a number from 0 to " + std::to_string(LONGEST_LISTED_PREFIX);
     }
     std::uint64_t digits = 0;
     for (std::size_t i = 0; i < LONGEST_LISTED_PREFIX; ++i) {

@@ -16,6 +16,12 @@ bool failWordless(Reading& reading, EpcStatus status);
 // Of a prepared value in any form that could not be read.
 void failReading(Reading& reading, EpcStatus status);
 
+// Of a prepared GS1 text in any form that could not be parsed.
+void failGs1Text(Reading& reading, EpcStatus status);
+
+// Of a prepared URI that could not be read, or not as a value of a scheme, which may be null.
+void failUri(Reading& reading, EpcStatus status, const SchemeInfo* scheme, int filter);
+
 // Of a prepared value that could not become a value of the scheme.
 void failEncoding(Reading& reading, EpcStatus status, const EncodeOptions& options);
 
