@@ -48,11 +48,30 @@ class Help(unittest.TestCase):
                         told = re.search(rf"(?:--|-l ){option}(?![\w-])", text)
                         self.assertIsNotNone(told)
 
+    # The help names the type of a value after its option.
+    def test_options_take_a_value_or_none_everywhere(self):
+        marks = {"rosetag.1": r"^\.BI .*--{}\" \"", "_rosetag": r"'--{}\[[^'\n]*\]:",
+                 "rosetag.fish": r" -l {} -[rx] "}
+        options = {}
+        for command in COMMANDS:
+            for option, value in re.findall(r"^  (?:-\w,)?--([a-z-]+)( [A-Z]\S*)?",
+                                            help_of(command), re.M):
+                options[option] = bool(value)
+        self.assertGreater(len(options), 20)
+        for name, mark in marks.items():
+            with open(os.path.join(PAGES, name), encoding="utf-8") as file:
+                text = file.read().replace("\\-", "-")
+            for option, takes_value in options.items():
+                with self.subTest(file=name, option=option):
+                    told = re.search(mark.format(re.escape(option)), text, re.M)
+                    self.assertEqual(told is not None, takes_value)
+
     # A completion offers a command's own options and nothing else.
     def test_bash_completes(self):
         script = os.path.join(PAGES, "rosetag")
         for words, offered in [("rosetag e", "encode explain"), ("rosetag ai ", "encode decode --help"),
                                ("rosetag decode --un", "--unbuffered"),
+                               ("rosetag decode --json --un", "--unbuffered"),
                                ("rosetag encode --encoding hex-", "hex-upper hex-lower"),
                                ("rosetag encode --scheme dsg", "dsgtin+"),
                                ("rosetag tid --js", "--json"), ("rosetag schemes --col", ""),

@@ -125,6 +125,24 @@ TEST(Check, FindsNothingInWhatIsRight) {
     }
 }
 
+// Between blanks, and after the mark of a symbol.
+TEST(Check, CountsPlacesInTheValueAsGiven) {
+    const struct {
+        const char* value;
+        const char* findings;
+    } cases[] = {
+        {" ]E09506000134353 ", "check_digit 01 16+1"},
+        {" ]C10109506000134353 ", "check_digit 01 19+1"},
+        {" ]E ", "symbology - 1+2"},
+        {" ]X90109506000134353 ", "symbology - 1+3, check_digit 01 19+1"},
+        {" /01/09506000134353 ", "check_digit 01 18+1"},
+        {" urn:epc:tag:sgtin-96:3.0614141.8123455.6789 ", "tag_value - 32+7"},
+    };
+    for (const auto& row : cases) {
+        EXPECT_EQ(row.findings, shown(check(row.value))) << row.value;
+    }
+}
+
 TEST(Check, TellsThePlaceInTheValueAsGiven) {
     const Rows<Finding> blanks = check("  (01)09506000134353\n");
     ASSERT_EQ(1U, blanks.size());
@@ -164,6 +182,36 @@ TEST(Check, LooksUpCompanyPrefixesInAList) {
     EXPECT_EQ("", shown(check("(01)09506000134352", options)));
     EXPECT_EQ("unassigned_prefix 01 5+4", shown(check("(01)09501000134357", options)));
     EXPECT_EQ("", shown(check("(01)00012000161155", options)));
+}
+
+// The AIs whose value has a company prefix, and after how many characters.
+// Source: GS1 General Specifications, section 3.
+constexpr const char* prefixPlaces[] = {
+    "00 1",   "01 1",   "02 1",   "03 1",   "253 0",  "255 0",  "401 0",  "402 0",  "410 0",
+    "411 0",  "412 0",  "413 0",  "414 0",  "415 0",  "416 0",  "417 0",  "7023 0", "8003 1",
+    "8004 0", "8006 1", "8010 0", "8013 0", "8014 0", "8017 0", "8018 0", "8026 1",
+};
+
+TEST(Check, LooksUpThePrefixOfEachKeyAndOfNothingElse) {
+    GcpList list;
+    for (int prefix = 0; prefix < 1000; ++prefix) {
+        EXPECT_EQ("", gcpListAdd(list, std::to_string(1000 + prefix).substr(1), "0"));
+    }
+    std::set<std::string> found;
+    for (const auto& row : rowsOfFile("check_right.tsv")) {
+        for (const std::string& code :
+             row[0] == "-" ? std::vector<std::string>() : codesOf(row[0])) {
+            Given given = givenOf(withCode(row[1], code));
+            given.options.gcpList = &list;
+            const std::size_t value = given.text.find('(' + code + ')') + code.size() + 2;
+            for (const Finding& finding : check(given.text, given.options)) {
+                if (finding.rule == CheckRule::UNASSIGNED_PREFIX && finding.ai == code) {
+                    found.insert(code + ' ' + std::to_string(finding.position - value));
+                }
+            }
+        }
+    }
+    EXPECT_EQ(std::set<std::string>(std::begin(prefixPlaces), std::end(prefixPlaces)), found);
 }
 
 // Source of the example: GS1 General Specifications, section 7.9.5.

@@ -100,6 +100,22 @@ void addViews(Array& array, const Cells& all) {
     }
 }
 
+void addInteger(Array& array, std::size_t number) {
+    switch (array.format.front()) {
+    case 'c':
+    case 'C':
+        return array.add(static_cast<std::uint8_t>(number));
+    case 's':
+    case 'S':
+        return array.add(static_cast<std::uint16_t>(number));
+    case 'i':
+    case 'I':
+        return array.add(static_cast<std::uint32_t>(number));
+    default:
+        return array.add(static_cast<std::uint64_t>(number));
+    }
+}
+
 // Calls itself once, for a dictionary.
 // NOLINTNEXTLINE(misc-no-recursion)
 std::unique_ptr<Array> arrayOf(const std::string& format, const Cells& cells) {
@@ -110,11 +126,11 @@ std::unique_ptr<Array> arrayOf(const std::string& format, const Cells& cells) {
         array->finish(static_cast<std::int64_t>(cells.size()));
         return array;
     }
-    if (format == "dictionary") {
-        array->format = "s";
+    if (format.starts_with("dictionary:")) {
+        array->format = format.back();
         array->dictionary = arrayOf("u", cells);
         for (std::size_t i = 0; i < all.size(); ++i) {
-            array->add(static_cast<std::int16_t>(i < Array::SKIPPED ? 0 : i - Array::SKIPPED));
+            addInteger(*array, i < Array::SKIPPED ? 0 : i - Array::SKIPPED);
         }
     } else if (format.starts_with("w:")) {
         for (const Cell& cell : all) {
@@ -340,7 +356,9 @@ void expectRows(const Result& result, const Cells& values, const rosetag::ReadOp
 }
 
 TEST(Columns, DecodeEachRowAsAValueAloneInEveryLayout) {
-    for (const char* const format : {"u", "U", "vu", "dictionary"}) {
+    for (const char* const format :
+         {"u", "U", "vu", "dictionary:c", "dictionary:C", "dictionary:s", "dictionary:S",
+          "dictionary:i", "dictionary:I", "dictionary:l", "dictionary:L"}) {
         SCOPED_TRACE(format);
         expectRows(decode(*arrayOf(format, VALUES), ALL_OUTPUTS), VALUES, {});
     }
@@ -391,7 +409,7 @@ TEST(Columns, DecodePlainRowsAsAllOthers) {
 }
 
 TEST(Columns, TakeATableForItsOnlyColumn) {
-    for (const char* const format : {"u", "vu", "dictionary"}) {
+    for (const char* const format : {"u", "vu", "dictionary:s"}) {
         const auto table = tableOf({"epc"}, format);
         table->values.offset = 1;
         table->values.length = static_cast<std::int64_t>(VALUES.size()) - 1;
@@ -645,7 +663,7 @@ TEST(Columns, TakeArraysWithoutRowsAndWithoutValues) {
     const auto table = tableOf({"epc"});
     table->values.length = table->values.n_children = 0;
     EXPECT_EQ(Cells{}, decode(*table, {"gtin"}).columns.at(0));
-    for (const char* const format : {"u", "U", "vu", "z", "w:12", "dictionary", "n"}) {
+    for (const char* const format : {"u", "U", "vu", "z", "w:12", "dictionary:s", "n"}) {
         SCOPED_TRACE(format);
         const Result empty = decode(*arrayOf(format, {}), {"gtin", "status"});
         ASSERT_EQ(0, empty.code) << empty.error;
