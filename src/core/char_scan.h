@@ -56,7 +56,7 @@ constexpr std::uint64_t markNonDigits(std::uint64_t characters) {
 }
 
 // Marks the first NUL; marks after it are meaningless.
-constexpr std::uint64_t markNul(std::uint64_t characters) {
+ROSETAG_WRAPS constexpr std::uint64_t markNul(std::uint64_t characters) {
     return (characters - inEveryByte(1)) & ~characters & ALL_MARKS;
 }
 

@@ -42,7 +42,7 @@ constexpr std::uint64_t DIGIT_CHARACTERS = inEveryByte('0');
 
 // Two digits are joined in every other byte. The upper half of the sum then takes all four pairs,
 // each with its power: two products side by side take less time than one after the other.
-constexpr std::uint64_t digitWordValue(std::uint64_t word) {
+ROSETAG_WRAPS constexpr std::uint64_t digitWordValue(std::uint64_t word) {
     constexpr std::uint64_t everyFourth = 0x000000FF000000FF;
     const std::uint64_t pairs = word * 10 + (word >> 8);
     return ((pairs & everyFourth) * (std::uint64_t{1000000} << 32 | 100) +
@@ -51,7 +51,7 @@ constexpr std::uint64_t digitWordValue(std::uint64_t word) {
 }
 
 // The same of four digits.
-constexpr std::uint32_t digitHalfValue(std::uint32_t half) {
+ROSETAG_WRAPS constexpr std::uint32_t digitHalfValue(std::uint32_t half) {
     half = half * (10 << 8 | 1) >> 8 & 0x00FF00FF;
     return half * (100 << 16 | 1) >> 16;
 }
@@ -59,7 +59,7 @@ static_assert(digitWordValue(0x0807060504030201) == 12345678 && digitHalfValue(0
 
 // Not 0 under ALL_MARKS if one of the bytes is not the value of a digit; which one is only right up
 // to the first. The words of many numbers are collected by "|" and tested once.
-constexpr std::uint64_t strayMarks(std::uint64_t values) {
+ROSETAG_WRAPS constexpr std::uint64_t strayMarks(std::uint64_t values) {
     return (values + inEveryByte(0x80 - 10)) | values;
 }
 

@@ -40,9 +40,10 @@ void dropLeadingZeros(LongNumber& number) {
 // Divides by 10^9 and gives the remainder.
 std::uint32_t takeChunk(LongNumber& number) {
     std::uint64_t remainder = 0;
-    for (std::size_t i = number.count; i-- > 0;) {
-        const std::uint64_t dividend = remainder << LIMB_BITS | number.limbs[i];
-        number.limbs[i] = static_cast<std::uint32_t>(dividend / CHUNK);
+    for (std::size_t left = number.count; left > 0; --left) {
+        std::uint32_t& limb = number.limbs[left - 1];
+        const std::uint64_t dividend = remainder << LIMB_BITS | limb;
+        limb = static_cast<std::uint32_t>(dividend / CHUNK);
         remainder = dividend % CHUNK;
     }
     dropLeadingZeros(number);
@@ -84,11 +85,11 @@ EpcStatus readLongNumber(BitBuffer& buffer, std::int32_t bitCount, LongNumber& n
         return EPC_ERR_TRUNCATED;
     }
     number.count = static_cast<std::size_t>((bitCount + LIMB_BITS - 1) / LIMB_BITS);
-    for (std::size_t i = number.count; i-- > 0;) {
-        const std::int32_t width = bitCount - static_cast<std::int32_t>(i) * LIMB_BITS;
+    for (std::size_t left = number.count; left > 0; --left) {
+        const std::int32_t width = bitCount - static_cast<std::int32_t>(left - 1) * LIMB_BITS;
         std::uint64_t limb = 0;
         EPC_TRY(bitBufferRead(buffer, width, limb));
-        number.limbs[i] = static_cast<std::uint32_t>(limb);
+        number.limbs[left - 1] = static_cast<std::uint32_t>(limb);
         bitCount -= width;
     }
     dropLeadingZeros(number);

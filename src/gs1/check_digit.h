@@ -9,14 +9,14 @@
 namespace rosetag {
 
 // The sums of the eight digits of a word at even places, counted from 0, and at odd places.
-constexpr std::int32_t sumOfPlaces(std::uint64_t digits, int firstPlace) {
+ROSETAG_WRAPS constexpr std::int32_t sumOfPlaces(std::uint64_t digits, int firstPlace) {
     const std::uint64_t places = digits >> (8 * firstPlace) & 0x000F000F000F000F;
     return static_cast<std::int32_t>(places * 0x0001000100010001 >> 48);
 }
 
 // The sum of sixteen digits in two words with the weights of the check digit that follows them: 3
 // for the last one, then 1 and 3 in turn.
-constexpr std::uint64_t weightedSumOf(std::uint64_t high, std::uint64_t low) {
+ROSETAG_WRAPS constexpr std::uint64_t weightedSumOf(std::uint64_t high, std::uint64_t low) {
     constexpr std::uint64_t places = 0x00FF00FF00FF00FF;
     const std::uint64_t even = (high & places) + (low & places);
     const std::uint64_t odd = (high >> 8 & places) + (low >> 8 & places);

@@ -195,8 +195,11 @@ ROSETAG_INLINE bool numericTakeField(const ValueBits& bits, NumericIdentity& ide
             return value < powerOfTen(field.size);
         } else if constexpr (field.kind == NUMBER_AFTER_ONE) {
             const std::int32_t digits = decimalDigitCount(value) - 1;
+            if (digits == 0) {
+                return false;
+            }
             part = {value - powerOfTen(digits), digits};
-            return digits > 0 && part.value < powerOfTen(digits);
+            return part.value < powerOfTen(digits);
         } else {
             static_assert(field.kind == RESERVED);
             return value == 0;

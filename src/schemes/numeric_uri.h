@@ -171,7 +171,7 @@ ValueEnds numericTagUriToValue(std::string_view text) {
     const char* const body = text.data() + headLength + filterLength;
     std::uint32_t filter = 0;
     if constexpr (uriHasFilter<scheme>) {
-        filter = static_cast<std::uint32_t>(body[-2]) - '0'; // a non-digit is above every limit
+        filter = static_cast<std::uint32_t>(body[-2] - '0'); // a non-digit is above every limit
         if (body[-1] != '.') {
             return NO_VALUE;
         }

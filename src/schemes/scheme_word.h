@@ -58,7 +58,7 @@ struct SchemeWordTable {
 
     // Seven characters are looked up: the names differ in them, and every scheme with tag URIs
     // has at least seven, the ":" after its name included.
-    constexpr std::size_t slotOf(std::uint64_t first) const {
+    ROSETAG_WRAPS constexpr std::size_t slotOf(std::uint64_t first) const {
         return static_cast<std::size_t>((first << 8) * factor >> (64 - SCHEME_WORD_HASH_BITS));
     }
 };
