@@ -23,7 +23,8 @@ mkdir -p build
 
 check_cppcheck() {
     cppcheck --std=c++20 --language=c++ --enable=warning,performance,portability --inline-suppr \
-        --error-exitcode=1 --quiet -I include -I src -I toolkit -I command src toolkit command fuzz bench examples
+        --error-exitcode=1 --quiet --suppressions-list=cmake/cppcheck-suppressions.txt \
+        -I include -I src -I toolkit -I command src toolkit command fuzz bench examples
 }
 
 check_fanalyzer() {
