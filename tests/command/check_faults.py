@@ -6,12 +6,13 @@ usage: check_faults.py ROSETAG FAULTS_LIBRARY
 """
 import errno
 import os
-import pty
 import re
 import subprocess
 import sys
 import tempfile
 import unittest
+
+from terminal import open_terminal, shown_on
 
 ROSETAG, LIBRARY = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
 GOOD = b"3074257BF7194E4000001A85"
@@ -141,24 +142,14 @@ class Faults(unittest.TestCase):
 
     # Every read takes longer than what lies between two lines of progress.
     def test_progress_tells_the_share_that_is_read(self):
-        try:
-            terminal, side = pty.openpty()
-        except OSError as failure:
-            self.skipTest(f"there is no pseudo-terminal here: {failure}")
+        terminal, side = open_terminal()
         name = os.path.join(self.folder.name, "blocks")
         with open(name, "wb") as file:
             file.write((b"4" * 63 + b"\n") * (5 * BLOCK // 64))
         subprocess.run([ROSETAG, "decode", "--input", name], stdin=subprocess.DEVNULL,
                        stdout=subprocess.DEVNULL, stderr=side, timeout=60, check=False,
                        env=environment([("read", INPUT, 1, 5, "slow")]))
-        os.close(side)
-        shown = b""
-        try:
-            while chunk := os.read(terminal, 65536):
-                shown += chunk
-        except OSError:
-            pass  # nothing is left on a terminal whose other side is closed
-        os.close(terminal)
+        shown = shown_on(terminal, side)
         self.assertEqual(re.findall(rb"([0-9,]+) lines,[^%]* ([0-9]+) % done", shown),
                          [(b"1,024", b"20"), (b"2,048", b"40"), (b"3,072", b"60"),
                           (b"4,096", b"80"), (b"5,120", b"100")])

@@ -3,7 +3,6 @@
 usage: check_runs.py ROSETAG
 """
 import os
-import pty
 import pwd
 import resource
 import subprocess
@@ -11,6 +10,8 @@ import sys
 import tempfile
 import time
 import unittest
+
+from terminal import open_terminal, shown_on
 
 ROSETAG = os.path.abspath(sys.argv[1])
 LINE = b"3074257BF7194E4000001A85\n"
@@ -94,26 +95,15 @@ class Runs(unittest.TestCase):
 
     def run_on_terminal(self, *options):
         """Standard output, and what a terminal at standard error shows."""
-        try:
-            terminal, side = pty.openpty()
-        except OSError as failure:
-            self.skipTest(f"there is no pseudo-terminal here: {failure}")
+        terminal, side = open_terminal()
         child = subprocess.Popen([ROSETAG, "decode", *options], stdin=subprocess.PIPE,
                                  stdout=subprocess.PIPE, stderr=side)
-        os.close(side)
         for _ in range(3):
             child.stdin.write(LINE)
             child.stdin.flush()
             time.sleep(0.3)
         out, _ = child.communicate(b"42\n")
-        shown = b""
-        try:
-            while chunk := os.read(terminal, 65536):
-                shown += chunk
-        except OSError:
-            pass  # nothing is left on a terminal whose other side is closed
-        os.close(terminal)
-        return out, shown
+        return out, shown_on(terminal, side)
 
     def test_progress_is_shown_beside_the_output(self):
         out, shown = self.run_on_terminal()

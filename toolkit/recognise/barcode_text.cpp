@@ -1,5 +1,6 @@
 #include "recognise/barcode_text.h"
 
+#include "core/char_scan.h"
 #include "gs1/ai_list.h"
 #include "gs1/barcode_string.h"
 #include "recognise/gtin_text.h"
@@ -230,6 +231,9 @@ bool holdsSeparator(std::string_view text, const ReadOptions& options) {
 }
 
 bool mayHoldSeparator(std::string_view text, const ReadOptions& options) {
+    while (text.size() >= SCAN_WIDTH && markNonDigits(loadCharacters(text.data())) == 0) {
+        text.remove_prefix(SCAN_WIDTH);
+    }
     return options.separator != '\0' || std::any_of(text.begin(), text.end(), [](char character) {
                return maySeparate[static_cast<unsigned char>(character)];
            });

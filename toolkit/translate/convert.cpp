@@ -22,7 +22,7 @@ std::string_view charactersOf(std::span<const std::uint8_t> bytes) {
 // Gives what work writes into a room of the result; none where it fails.
 // work: bool(TextBuffer& text)
 template <typename Work>
-std::optional<std::string_view> written(Translation& result, Work work) {
+ROSETAG_INLINE std::optional<std::string_view> written(Translation& result, Work work) {
     std::string& room = result.workspace.more;
     if (room.size() < TAG_FORM_ROOM) {
         room.resize(TAG_FORM_ROOM);

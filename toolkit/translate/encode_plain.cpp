@@ -43,7 +43,8 @@ static_assert(holdsForKeys([](const Gs1KeyDefinition& key) {
 }));
 
 // Of a text that begins with the AI of the key.
-bool isCheckDigitRight(std::string_view text, const Gs1KeyDefinition& key, const Syntax& syntax) {
+template <const Syntax& syntax>
+bool isCheckDigitRight(std::string_view text, const Gs1KeyDefinition& key) {
     const auto length = static_cast<std::size_t>(key.keyValueLength);
     const std::string_view value = text.substr(key.primaryAi.size() + syntax.marks);
     return key.hasCheckDigit == 0 ||
@@ -83,7 +84,7 @@ bool encodeGs1Text(const Reading& reading, const EncodeOptions& options, TagBits
         return encodeAndCompare<syntax>(reading, options, tag);
     }
     const Gs1KeyDefinition& key = *tagSchemeTable[options.scheme->scheme].key;
-    return isCheckDigitRight(reading.workspace.text, key, syntax);
+    return isCheckDigitRight<syntax>(reading.workspace.text, key);
 }
 
 // A tag URI has its own scheme and filter.
