@@ -19,10 +19,11 @@ EpcStatus bitsToGs1Text(BitBuffer& bits, std::int32_t dstSize, char* dst,
 
 EpcStatus bitsToAIs(BitBuffer& bits, const AiRows& rows);
 
-// A usual text of a numeric scheme.
-ROSETAG_INLINE ShortValue gs1TextToShortValue(TextToBinary TagSchemeOps::*slot,
-                                              std::string_view text, EpcScheme scheme,
-                                              const EncodeArguments& arguments) {
+// A usual text of a numeric scheme; the length of any other is not asked for.
+template <typename Text>
+ROSETAG_INLINE ShortValue gs1TextToShortValue(TextToBinary TagSchemeOps::*slot, Text text,
+                                              EpcScheme scheme, std::int32_t filter,
+                                              std::int32_t gcpLength) {
     if (!tagSchemeIsKnown(scheme)) {
         return {};
     }
@@ -31,7 +32,7 @@ ROSETAG_INLINE ShortValue gs1TextToShortValue(TextToBinary TagSchemeOps::*slot,
     if (operation == nullptr) {
         return {};
     }
-    return {operation(text, arguments.filter, arguments.gcpLength), row.numericBytes};
+    return {operation(text, filter, gcpLength), row.numericBytes};
 }
 
 // The text of the slot to a binary value, padded to a word.
@@ -53,7 +54,8 @@ inline EpcStatus gs1TextToBits(BitBuffer& bits, TextToBinary TagSchemeOps::*slot
     if (operation == nullptr) {
         return EPC_ERR_NOT_SUPPORTED;
     }
-    if (shortValueToBits(gs1TextToShortValue(slot, text, scheme, arguments), bits)) {
+    if (shortValueToBits(
+            gs1TextToShortValue(slot, text, scheme, arguments.filter, arguments.gcpLength), bits)) {
         return EPC_OK;
     }
     TextCursor cursor = textCursorOver(text);

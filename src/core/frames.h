@@ -80,8 +80,8 @@ EpcStatus hexOutputFrame(std::int32_t dstSize, char* dst, Work work,
     return textBufferPutHex(text, binary, byteCount);
 }
 
-// The same after an attempt without a buffer; what is only needed if that fails stands apart.
-// shortcut: ShortValue(arguments...)
+// The same after an attempt without a buffer. What is only needed if that fails stands apart, or
+// the attempt would have to make room for it. shortcut: ShortValue(arguments...)
 template <typename Work, typename... Arguments>
 [[gnu::noinline]] EpcStatus hexOutputFrameApart(std::int32_t dstSize, char* dst, Work work,
                                                 Arguments... arguments) {
@@ -90,7 +90,7 @@ template <typename Work, typename... Arguments>
 
 template <typename Shortcut, typename Work, typename... Arguments>
 ROSETAG_INLINE EpcStatus shortHexOutputFrame(std::int32_t dstSize, char* dst, Shortcut shortcut,
-                                             Work work, const Arguments&... arguments) {
+                                             Work work, Arguments... arguments) {
     return shortValueToHex(shortcut(arguments...), dstSize, dst)
                ? EPC_OK
                : hexOutputFrameApart(dstSize, dst, work, arguments...);

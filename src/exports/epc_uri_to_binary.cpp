@@ -9,8 +9,7 @@ EpcStatus epc_epcTagUriToBinary(const char* text, std::int32_t maxBytes, std::ui
 }
 
 EpcStatus epc_epcTagUriToHex(const char* text, std::int32_t dstSize, char* dst) {
-    return shortHexOutputFrame(dstSize, dst, tagUriToShortValue, tagUriToBitsByFields,
-                               std::string_view(text));
+    return shortHexOutputFrame(dstSize, dst, tagUriToShortValue, tagUriToBitsByFields, text);
 }
 
 EpcStatus epc_epcTagUriToWords(const char* text, std::int32_t maxWords, std::uint16_t* outWords,

@@ -8,6 +8,27 @@ static constexpr TextToBinary TagSchemeOps::*BARCODE_STRING = &TagSchemeOps::bar
 static constexpr TextToBinary TagSchemeOps::*DIGITAL_LINK = &TagSchemeOps::digitalLinkToBinary;
 static constexpr TextToBinary TagSchemeOps::*ELEMENT_STRING = &TagSchemeOps::elementStringToBinary;
 
+template <TextToBinary TagSchemeOps::*slot>
+static ShortValue toShortValue(const char* text, EpcScheme scheme, std::int32_t filter,
+                               std::int32_t gcpLength, std::int32_t) {
+    return gs1TextToShortValue(slot, text, scheme, filter, gcpLength);
+}
+
+template <TextToBinary TagSchemeOps::*slot>
+static EpcStatus toBits(BitBuffer& bits, const char* text, EpcScheme scheme, std::int32_t filter,
+                        std::int32_t gcpLength, std::int32_t encoding) {
+    return gs1TextToBits(bits, slot, text, scheme, {filter, gcpLength, encoding});
+}
+
+// The arguments are handed on one by one, as those of the shortcut stay in registers then.
+template <TextToBinary TagSchemeOps::*slot>
+ROSETAG_INLINE static EpcStatus
+gs1TextToHex(const char* text, EpcScheme scheme, std::int32_t filter, std::int32_t gcpLength,
+             std::int32_t encoding, std::int32_t dstSize, char* dst) {
+    return shortHexOutputFrame(dstSize, dst, toShortValue<slot>, toBits<slot>, text, scheme, filter,
+                               gcpLength, encoding);
+}
+
 EpcStatus epc_barcodeStringToBinary(const char* text, EpcScheme scheme, std::int32_t filter,
                                     std::int32_t gcpLength, std::int32_t maxBytes,
                                     std::uint8_t* out, std::int32_t* outBytes) {
@@ -25,17 +46,13 @@ EpcStatus epc_barcodeStringToBinaryEnc(const char* text, EpcScheme scheme, std::
 
 EpcStatus epc_barcodeStringToHex(const char* text, EpcScheme scheme, std::int32_t filter,
                                  std::int32_t gcpLength, std::int32_t dstSize, char* dst) {
-    return shortHexOutputFrame(dstSize, dst, gs1TextToShortValue, gs1TextToBits, BARCODE_STRING,
-                               std::string_view(text), scheme,
-                               EncodeArguments{filter, gcpLength, AI_ENC_AUTO});
+    return gs1TextToHex<BARCODE_STRING>(text, scheme, filter, gcpLength, AI_ENC_AUTO, dstSize, dst);
 }
 
 EpcStatus epc_barcodeStringToHexEnc(const char* text, EpcScheme scheme, std::int32_t filter,
                                     std::int32_t gcpLength, std::int32_t encoding,
                                     std::int32_t dstSize, char* dst) {
-    return shortHexOutputFrame(dstSize, dst, gs1TextToShortValue, gs1TextToBits, BARCODE_STRING,
-                               std::string_view(text), scheme,
-                               EncodeArguments{filter, gcpLength, encoding});
+    return gs1TextToHex<BARCODE_STRING>(text, scheme, filter, gcpLength, encoding, dstSize, dst);
 }
 
 EpcStatus epc_barcodeStringToWords(const char* text, EpcScheme scheme, std::int32_t filter,
@@ -70,17 +87,13 @@ EpcStatus epc_digitalLinkToBinaryEnc(const char* text, EpcScheme scheme, std::in
 
 EpcStatus epc_digitalLinkToHex(const char* text, EpcScheme scheme, std::int32_t filter,
                                std::int32_t gcpLength, std::int32_t dstSize, char* dst) {
-    return shortHexOutputFrame(dstSize, dst, gs1TextToShortValue, gs1TextToBits, DIGITAL_LINK,
-                               std::string_view(text), scheme,
-                               EncodeArguments{filter, gcpLength, AI_ENC_AUTO});
+    return gs1TextToHex<DIGITAL_LINK>(text, scheme, filter, gcpLength, AI_ENC_AUTO, dstSize, dst);
 }
 
 EpcStatus epc_digitalLinkToHexEnc(const char* text, EpcScheme scheme, std::int32_t filter,
                                   std::int32_t gcpLength, std::int32_t encoding,
                                   std::int32_t dstSize, char* dst) {
-    return shortHexOutputFrame(dstSize, dst, gs1TextToShortValue, gs1TextToBits, DIGITAL_LINK,
-                               std::string_view(text), scheme,
-                               EncodeArguments{filter, gcpLength, encoding});
+    return gs1TextToHex<DIGITAL_LINK>(text, scheme, filter, gcpLength, encoding, dstSize, dst);
 }
 
 EpcStatus epc_digitalLinkToWords(const char* text, EpcScheme scheme, std::int32_t filter,
@@ -115,17 +128,13 @@ EpcStatus epc_gs1ElementStringToBinaryEnc(const char* text, EpcScheme scheme, st
 
 EpcStatus epc_gs1ElementStringToHex(const char* text, EpcScheme scheme, std::int32_t filter,
                                     std::int32_t gcpLength, std::int32_t dstSize, char* dst) {
-    return shortHexOutputFrame(dstSize, dst, gs1TextToShortValue, gs1TextToBits, ELEMENT_STRING,
-                               std::string_view(text), scheme,
-                               EncodeArguments{filter, gcpLength, AI_ENC_AUTO});
+    return gs1TextToHex<ELEMENT_STRING>(text, scheme, filter, gcpLength, AI_ENC_AUTO, dstSize, dst);
 }
 
 EpcStatus epc_gs1ElementStringToHexEnc(const char* text, EpcScheme scheme, std::int32_t filter,
                                        std::int32_t gcpLength, std::int32_t encoding,
                                        std::int32_t dstSize, char* dst) {
-    return shortHexOutputFrame(dstSize, dst, gs1TextToShortValue, gs1TextToBits, ELEMENT_STRING,
-                               std::string_view(text), scheme,
-                               EncodeArguments{filter, gcpLength, encoding});
+    return gs1TextToHex<ELEMENT_STRING>(text, scheme, filter, gcpLength, encoding, dstSize, dst);
 }
 
 EpcStatus epc_gs1ElementStringToWords(const char* text, EpcScheme scheme, std::int32_t filter,

@@ -47,7 +47,7 @@ using UriBodyToBinary = EpcStatus (*)(TextCursor& cursor, std::uint32_t filter, 
 using GeneralTextToBinary = EpcStatus (*)(const TagSchemeOps& row, TextCursor& cursor,
                                           BitBuffer& bits, const EncodeArguments& arguments);
 
-// Of a numeric scheme, reads a usual text as a whole; it gives {} if the general slot has to.
+// Reads a usual text as a whole, in numeric schemes. {} if the general slot has to.
 using NumericTextToValue = ValueEnds (*)(std::string_view text, std::int32_t filter,
                                          std::int32_t gcpLength);
 
@@ -58,10 +58,12 @@ struct TextToBinary {
 
 struct TagSchemeOps {
     const TagSchemeInfo& info;
-    const Gs1KeyDefinition* key;                 // of the family, or null if it has none
-    std::int32_t numericBytes = 0;               // of a value; this and the next two:
-    NumericBitsToUri numericBitsToUri = nullptr; // numeric schemes only, tried first
+    const Gs1KeyDefinition* key; // of the family, or null if it has none
+    // Numeric schemes only; the operations are tried first.
+    std::int32_t numericBytes = 0; // of a whole value
+    NumericBitsToUri numericBitsToUri = nullptr;
     NumericTagUriToValue numericTagUriToValue = nullptr;
+    // All of them.
     BinaryToUriBody binaryToUriBody = nullptr;
     UriBodyToBinary uriBodyToBinary = nullptr;
     BinaryToText binaryToElementString = nullptr;
