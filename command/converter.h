@@ -55,6 +55,16 @@ public:
     // What a run writes, with its line ends.
     virtual void writeLine(std::string& out) = 0;
 
+    // Converts a value and writes its line. False if there may be something to tell: the line is
+    // not written then.
+    virtual bool convertLine(const InputItem& item, std::string& out) {
+        if (!convert(item)) {
+            return false;
+        }
+        writeLine(out);
+        return true;
+    }
+
     // What is written of an argument.
     virtual void writeArgument(std::string& out) {
         writeLine(out);

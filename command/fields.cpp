@@ -9,10 +9,6 @@ namespace rosetag {
 namespace {
 
 void appendNumber(std::string& text, std::uint64_t number) {
-    if (number < 10) {
-        text += static_cast<char>('0' + number);
-        return;
-    }
     std::array<char, 20> digits;
     char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
     text.append(digits.data(), end);

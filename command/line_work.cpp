@@ -73,29 +73,20 @@ void countNotes(LineTask& task) {
     }
 }
 
-// Converts one line. False where the arguments of the command do not suffice.
-bool convertItem(LineTask& task, const InputItem& item, const Failure* refusal, bool isBlank) {
-    Converter& converter = *task.work.converter;
-    LineTally& tally = task.work.tally;
-    ++tally.lines;
-    tally.blanks += isBlank ? 1U : 0U;
-    if (isBlank || refusal != nullptr) {
-        converter.refuse(item, refusal == nullptr ? Failure() : *refusal);
-    } else {
-        try {
-            if (converter.convert(item)) {
-                return true;
-            }
-        } catch (const UsageError& error) {
-            tally.usageError = "line " + std::to_string(item.line) + ": " + error.what();
-            return false;
-        }
-        countNotes(task);
-    }
-    if (isFailure(converter.failure())) {
+// Counts what there is to tell about an item that was converted.
+void noteItem(LineTask& task) {
+    countNotes(task);
+    if (isFailure(task.work.converter->failure())) {
         noteFailure(task);
     }
-    return true;
+}
+
+// Takes an item as one that failed or, without a refusal, as a blank one.
+void refuseItem(LineTask& task, const InputItem& item, const Failure* refusal) {
+    task.work.converter->refuse(item, refusal == nullptr ? Failure() : *refusal);
+    if (refusal != nullptr) {
+        noteFailure(task);
+    }
 }
 
 Failure overlong() {
@@ -129,9 +120,14 @@ void runRows(LineTask& task, std::string_view text) {
         const Failure refusal = isWhole                      ? Failure()
                                 : task.work.block.isOverlong ? overlong()
                                                              : row.failure;
-        if (!convertItem(task, {value, task.number, row.cells}, isWhole ? nullptr : &refusal,
-                         isEmptyRow(row))) {
-            return;
+        const InputItem item = {value, task.number, row.cells};
+        const bool isBlank = isEmptyRow(row);
+        ++task.work.tally.lines;
+        task.work.tally.blanks += isBlank ? 1U : 0U;
+        if (!isWhole || isBlank) {
+            refuseItem(task, item, isWhole ? nullptr : &refusal);
+        } else if (!task.work.converter->convert(item)) {
+            noteItem(task);
         }
         if (!task.rules.keepsRows) {
             task.work.converter->writeLine(out);
@@ -153,9 +149,15 @@ void runLines(LineTask& task, std::string_view text) {
         std::string_view line = text.substr(0, end);
         text.remove_prefix(end + 1);
         line.remove_suffix(line.ends_with('\r') ? 1 : 0);
-        if (!convertItem(task, {line, task.number, {}},
-                         task.work.block.isOverlong ? &refusal : nullptr, line.empty())) {
-            return;
+        const InputItem item = {line, task.number, {}};
+        ++task.work.tally.lines;
+        if (task.work.block.isOverlong || line.empty()) {
+            task.work.tally.blanks += line.empty() ? 1U : 0U;
+            refuseItem(task, item, task.work.block.isOverlong ? &refusal : nullptr);
+        } else if (task.work.converter->convertLine(item, task.work.out)) {
+            continue;
+        } else {
+            noteItem(task);
         }
         task.work.converter->writeLine(task.work.out);
         if (task.rules.stopsAtFailure && task.work.tally.failures > 0) {
@@ -192,10 +194,14 @@ void lineWorkRun(const LineRules& rules, LineWork& work) {
     }
     LineTask task{rules, work, work.block.firstLine};
     const std::string_view text = textAreaView(work.block.text);
-    if (rules.table.has_value()) {
-        runRows(task, text);
-    } else {
-        runLines(task, text);
+    try {
+        if (rules.table.has_value()) {
+            runRows(task, text);
+        } else {
+            runLines(task, text);
+        }
+    } catch (const UsageError& error) {
+        work.tally.usageError = "line " + std::to_string(task.number) + ": " + error.what();
     }
 }
 

@@ -29,7 +29,17 @@ bool writeForm(const PlainField& plain, const TagBits& tag, bool isOfDigits, cha
     return true;
 }
 
+// Scheme and filter, which most lists of fields have, need no string in between.
 bool writeField(const PlainField& plain, const Item& item, std::string& scratch, char*& out) {
+    const Translation& tag = item.translation;
+    if (plain.isScheme) {
+        out = std::copy(tag.scheme->name.begin(), tag.scheme->name.end(), out);
+        return true;
+    }
+    if (plain.isFilter && tag.filter.value_or(10) < 10) {
+        *out++ = static_cast<char>('0' + *tag.filter);
+        return true;
+    }
     scratch.clear();
     plain.field->append(scratch, item);
     if (scratch.size() > longestField) {
@@ -60,7 +70,7 @@ PlainFields plainFieldsOf(std::span<const Field* const> fields, std::string line
             return {};
         }
         hasForm = hasForm || write != nullptr;
-        plain.fields.push_back({field, write, 0});
+        plain.fields.push_back({field, write, field->name == "scheme", field->name == "filter", 0});
     }
     static_assert(longestField < TAG_FORM_ROOM);
     plain.text.resize(fields.size() * (TAG_FORM_ROOM + 1) + lineEnd.size());

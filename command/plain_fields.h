@@ -16,7 +16,9 @@ namespace rosetag {
 struct PlainField {
     const Field* field;
     TagFormWriter write; // of the form that the field is; null: the field does it itself
-    std::size_t end;     // in the text
+    bool isScheme;
+    bool isFilter;
+    std::size_t end; // in the text
 };
 
 struct PlainFields {

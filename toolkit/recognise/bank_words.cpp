@@ -236,10 +236,10 @@ bool mayBeginWithBankWords(const std::uint8_t* bytes, std::size_t words) {
     };
     for (std::size_t pcIndex = 0; pcIndex < 2 && pcIndex + 2 <= words; ++pcIndex) {
         const std::size_t after = words - pcIndex - 1;
-        const PcWord pc = pcWordOf(word(pcIndex));
-        if (pc.epcWords > after || pc.epcWords + 2 < after) {
-            continue; // whatever extensions there are
+        if (!mayBePcWord(bytes[2 * pcIndex], after)) {
+            continue;
         }
+        const PcWord pc = pcWordOf(word(pcIndex));
         const std::size_t pcWords = pcWordsIfLengthFits(pc, word(pcIndex + 1), after);
         if (pcWords > 0 && !pc.isOtherFamily &&
             schemeByHeader(bytes[2 * (pcIndex + pcWords)]) != nullptr) {

@@ -34,6 +34,13 @@ unsigned wordAt(std::string_view digits, std::size_t index);
 // The CRC-16 of words, as the first word of the bank holds it.
 unsigned crc16Of(std::string_view digits);
 
+// True if a PC word whose length field is in its first byte could stand before so many words, with
+// whatever extensions there are.
+inline bool mayBePcWord(std::uint8_t firstByte, std::size_t wordsAfter) {
+    const std::size_t length = firstByte >> (8 - PC_LENGTH_BITS);
+    return length <= wordsAfter && length + 2 >= wordsAfter;
+}
+
 // True if a sound EPC of that many words could also be a PC word, with or without a CRC, and an
 // EPC. Says nothing of the CRC.
 bool mayBeginWithBankWords(const std::uint8_t* bytes, std::size_t words);

@@ -78,9 +78,10 @@ bool plainTagOfBytes(std::string_view bytes, TagBits& tag) {
 }
 
 bool plainTagIsClear(const TagBits& tag, const ReadOptions& options) {
-    return options.bank == Bank::EPC ||
-           !mayBeginWithBankWords(tag.bytes.data(),
-                                  static_cast<std::size_t>(tag.count / WORD_BITS));
+    const std::size_t words = static_cast<std::size_t>(tag.count / WORD_BITS);
+    const bool mayBePc =
+        mayBePcWord(tag.bytes[0], words - 1) || mayBePcWord(tag.bytes[2], words - 2);
+    return options.bank == Bank::EPC || !mayBePc || !mayBeginWithBankWords(tag.bytes.data(), words);
 }
 
 } // namespace rosetag

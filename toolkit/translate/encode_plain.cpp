@@ -25,7 +25,7 @@ constexpr Syntax DIGITAL_LINK = {&TagSchemeOps::digitalLinkToBinary,
                                  &TagSchemeOps::binaryToDigitalLink, 2};
 
 // The check digit after 9 to 17 digits. Source: GS1 General Specifications, section 7.9.
-char checkDigitAfter(std::string_view digits) {
+ROSETAG_INLINE char checkDigitAfter(std::string_view digits) {
     constexpr std::uint64_t values = 0x0F0F0F0F0F0F0F0F;
     std::uint64_t sum = 0;
     if (digits.size() > 2 * SCAN_WIDTH) {
@@ -44,7 +44,7 @@ static_assert(holdsForKeys([](const Gs1KeyDefinition& key) {
 
 // Of a text that begins with the AI of the key.
 template <const Syntax& syntax>
-bool isCheckDigitRight(std::string_view text, const Gs1KeyDefinition& key) {
+ROSETAG_INLINE bool isCheckDigitRight(std::string_view text, const Gs1KeyDefinition& key) {
     const auto length = static_cast<std::size_t>(key.keyValueLength);
     const std::string_view value = text.substr(key.primaryAi.size() + syntax.marks);
     return key.hasCheckDigit == 0 ||
