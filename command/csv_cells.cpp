@@ -10,8 +10,8 @@ namespace {
 
 constexpr std::uint64_t ones = 0x0101010101010101;
 
-// Eight characters of which those that are below another, or are it, have their highest bit set;
-// perhaps others, too.
+// Set the highest bit of each of eight characters that is below the limit, or the same as the
+// character; perhaps of others too.
 std::uint64_t below(std::uint64_t characters, char limit) {
     return characters - ones * static_cast<unsigned char>(limit);
 }
@@ -19,7 +19,7 @@ std::uint64_t same(std::uint64_t characters, char character) {
     return (characters ^ ones * static_cast<unsigned char>(character)) - ones;
 }
 
-// Looks at all characters of a text, eight together, the last ones perhaps twice. False if one may
+// Looks at all characters of a text, eight at a time, the last ones perhaps twice. False if one may
 // be special: then find gives its highest bit.
 // find: std::uint64_t(std::uint64_t characters)
 template <typename Find>

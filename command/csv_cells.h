@@ -18,8 +18,8 @@ void tsvAppendCell(std::string& row, std::string_view cell);
 // Appends a cell, quoted where it has to be.
 void csvAppendCell(std::string& row, char delimiter, std::string_view cell);
 
-// The delimiter of a table by its first line: of tab, semicolon, comma and bar the first in this
-// order outside of quotes; the comma if none does.
+// The delimiter of a table by its first line: the first of tab, semicolon, comma and bar, tried in
+// this order, that occurs outside quotes; the comma if none does.
 char csvDelimiterOf(std::string_view firstLine);
 
 } // namespace rosetag

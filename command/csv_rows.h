@@ -33,7 +33,7 @@ struct CsvRow {
     std::vector<std::size_t> ends;
 };
 
-// About the most bytes of a row that goes over several lines.
+// About how many bytes a row that spans several lines may have.
 inline constexpr std::size_t LONGEST_QUOTED_ROW = std::size_t{64} << 10;
 
 struct CsvParser; // of the CSV library

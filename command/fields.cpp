@@ -119,7 +119,7 @@ constexpr std::array fieldTable = {
 };
 // clang-format on
 
-// Names that fields had before.
+// Former names of fields.
 constexpr std::pair<std::string_view, std::string_view> formerNames[] = {
     {"pure_uri", "pure_identity"},
 };

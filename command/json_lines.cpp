@@ -44,7 +44,7 @@ const Json* memberOf(const Json& object, std::string_view path) {
     return member;
 }
 
-// From where a line is not JSON; all of it if it is.
+// The part of a line from the first fault of its JSON on; all of it if there is none.
 std::string_view fromParseError(std::string_view line) {
     try {
         [[maybe_unused]] const Json parsed = Json::parse(line);

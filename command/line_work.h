@@ -47,7 +47,7 @@ struct LineTally {
     std::uint64_t firstFailedLine = 0;
     NoteCounts notes{};
     FindingCounts findings{};
-    std::string usageError; // what no line after it could do better; the run ends with it
+    std::string usageError; // an error that every later line would meet too; ends the run
 };
 
 struct LineWork {

@@ -33,8 +33,8 @@ struct PlainFields {
 PlainFields plainFieldsOf(std::span<const Field* const> fields, std::string lineEnd);
 
 // Writes all fields. False if the value is not a plain tag value or a field takes more than its
-// bits; item.translation is then to be made. Otherwise it has what fields without a form are made
-// of, and nothing else of it counts.
+// bits; item.translation must then be made. Otherwise item.translation has only what fields
+// without a form are made of.
 bool plainFieldsWrite(PlainFields& plain, const ReadOptions& options, Item& item);
 
 // What was written last: all of it with the end of the line, and one field of it.

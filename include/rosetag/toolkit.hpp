@@ -394,7 +394,7 @@ enum class CheckRule : std::uint8_t {
     // The text.
     UNKNOWN_FORM,       ///< It is nothing that is known here.
     TAG_VALUE,          ///< A tag value or an EPC URI cannot be read.
-    SYMBOLOGY,          ///< A scanner's identifier is not one of GS1 data.
+    SYMBOLOGY,          ///< A scanner's identifier does not announce GS1 data.
     BRACKETS,           ///< An element string has each AI between "(" and ")".
     AI_CODE,            ///< An AI has two to four digits.
     UNKNOWN_AI,         ///< GS1 has not assigned the AI.
@@ -409,14 +409,14 @@ enum class CheckRule : std::uint8_t {
     TOO_LONG,
     SHORT_GTIN,        ///< A GTIN of 8, 12 or 13 digits where 14 belong. In links a warning.
     DIGITS,            ///< Only digits belong here.
-    CHARACTER_SET_82,  ///< Only the GS1 character set 82 belong here.
-    CHARACTER_SET_39,  ///< Only the GS1 character set 39 belong here.
-    BASE64URL,         ///< Only base64url belong here.
+    CHARACTER_SET_82,  ///< Only characters of the GS1 character set 82.
+    CHARACTER_SET_39,  ///< Only characters of the GS1 character set 39.
+    BASE64URL,         ///< Only characters of base64url.
     CHECK_DIGIT,       ///< The check digit does not match.
     CHECK_PAIR,        ///< The check character pair of a GMN does not match.
     ONLY_DIGITS,       ///< At least one character is not a digit.
     COMPANY_PREFIX,    ///< A GS1 company prefix begins here.
-    UNASSIGNED_PREFIX, ///< By the prefix list of the options no company prefix begins so.
+    UNASSIGNED_PREFIX, ///< The prefix list says that no company prefix has these digits.
     DATE,              ///< The day exists.
     TIME,              ///< The time exists.
     COUNTRY_NUMBER,    ///< ISO 3166-1 has assigned the number.

@@ -1,7 +1,10 @@
 
+#include "core/char_class.h"
+
 #include <rosetag/toolkit.hpp>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace rosetag {
@@ -138,6 +141,22 @@ constexpr bool entriesAreIndexes() {
     return std::size(entries) == CHECK_RULE_COUNT;
 }
 static_assert(entriesAreIndexes());
+
+// True if the sentence of a rule lists the characters of a set that are neither letters nor digits.
+constexpr bool listsMarksOf(CheckRule rule, std::uint32_t charClass) {
+    std::array<char, 128> marks{};
+    std::size_t count = 0;
+    for (char mark = '!'; mark <= '~'; ++mark) {
+        const bool isLetter = (mark >= 'A' && mark <= 'Z') || (mark >= 'a' && mark <= 'z');
+        if (charIsOfClass(mark, charClass) && !isLetter && !charIsDigit(mark)) {
+            marks[count++] = mark;
+        }
+    }
+    const std::string_view sentence = entries[static_cast<std::size_t>(rule)].sentence;
+    return sentence.find(std::string_view(marks.data(), count)) != sentence.npos;
+}
+static_assert(listsMarksOf(CheckRule::CHARACTER_SET_82, CHAR_CLASS_AI82));
+static_assert(listsMarksOf(CheckRule::CHARACTER_SET_39, CHAR_CLASS_AI39));
 
 } // namespace
 

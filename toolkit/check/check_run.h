@@ -44,7 +44,7 @@ struct CheckRun {
     std::string_view value;
     const ReadOptions& options;
     Rows<Finding>& findings;
-    Translation* room = nullptr; // for values that are no texts; null: the run has its own
+    Translation* room = nullptr; // for values that are not texts; null: the run has its own
     TextKind kind = TextKind::ELEMENT_STRING;
     std::size_t count = 0;
     std::array<CheckedAi, MAX_CHECKED_AIS> ais{}; // the first count are filled

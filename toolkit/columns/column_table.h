@@ -85,7 +85,7 @@ void columnTablePut(ColumnTable& table, std::int64_t row, const Tid& result);
 void columnTablePut(ColumnTable& table, std::int64_t row, const Rows<Finding>& findings);
 
 // Fills a row whose value is a plain tag. False where it is not, or where a form of it fails: then
-// the row has not begun. Notes are in no column, so that none is looked for.
+// the row has not begun. No column shows notes, so none are looked for.
 bool columnTablePutPlain(ColumnTable& table, std::int64_t row, std::string_view value,
                          bool isBinary);
 

@@ -13,7 +13,7 @@ namespace rosetag {
 namespace {
 
 // The EPC begins at the third word of its memory bank.
-constexpr std::size_t EPC_ADDRESS = 32;
+constexpr std::size_t EPC_ADDRESS = 2 * HEX_WORD_BITS;
 
 // What the fields so far say about those that follow.
 struct LayoutState {
@@ -231,7 +231,7 @@ void walkRest(Walk& walk) {
         return;
     }
     const std::string_view bits = walkTake(walk, "after the value", walkLeft(walk));
-    const bool isFilling = bits.size() < 16 && bits.find('1') == std::string_view::npos;
+    const bool isFilling = bits.size() < HEX_WORD_BITS && bits.find('1') == std::string_view::npos;
     walkMean(walk, isFilling ? "fills the last word" : "not part of the value");
 }
 
@@ -246,13 +246,13 @@ void walkBankWords(Walk& walk, std::string_view words) {
         count > 1 &&
         crc16Of(std::string_view(walk.explanation.hex).substr(HEX_WORD_DIGITS)) == wordAt(words, 0);
     if (hasCrc) {
-        const std::string_view bits = walkTake(walk, "CRC", 16);
+        const std::string_view bits = walkTake(walk, "CRC", HEX_WORD_BITS);
         walkMean(walk, "0x" + hexOfBits(bits) + ", right");
     }
     const PcWord pc = pcWordOf(wordAt(words, hasCrc ? 1 : 0));
     walkTake(walk, "EPC length", PC_LENGTH_BITS);
-    walkMean(walk,
-             counted(pc.epcWords, "word") + ", " + std::to_string(16 * pc.epcWords) + " bits");
+    walkMean(walk, counted(pc.epcWords, "word") + ", " +
+                       std::to_string(HEX_WORD_BITS * pc.epcWords) + " bits");
     walkTake(walk, "user memory", PC_FLAG_BITS);
     walkMean(walk, pc.hasUserMemory ? "holds something" : "empty");
     walkTake(walk, "extended PC", PC_FLAG_BITS);
@@ -263,7 +263,7 @@ void walkBankWords(Walk& walk, std::string_view words) {
         walkTake(walk, pc.isOtherFamily ? "AFI" : "attribute bits", PC_LAST_BITS);
     walkMean(walk, "0x" + hexOfBits(last));
     for (std::size_t i = hasCrc ? 2 : 1; i < count; ++i) {
-        walkMean(walk, "0x" + hexOfBits(walkTake(walk, "extended PC word", 16)));
+        walkMean(walk, "0x" + hexOfBits(walkTake(walk, "extended PC word", HEX_WORD_BITS)));
     }
 }
 

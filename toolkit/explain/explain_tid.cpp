@@ -1,4 +1,6 @@
+#include "core/hex_digits.h"
 #include "explain/explain_epc.h"
+#include "recognise/bank_words.h"
 #include "tid/tid_layout.h"
 #include "words/shown_text.h"
 
@@ -6,12 +8,16 @@ namespace rosetag {
 
 namespace {
 
+constexpr std::string_view TID_CLASS_DIGITS = hexPairOf(std::uint8_t{TID_CLASS});
+
 void meanNumber(Walk& walk, const TidField& field, std::uint64_t number) {
     const std::string digits = std::to_string(number);
     switch (field.meaning) {
     case TidMeaning::CLASS:
-        return number == TID_CLASS ? walkMean(walk, "0xE2, GS1 EPC Gen2")
-                                   : walkFail(walk, "a TID of this kind begins with 0xE2");
+        return number == TID_CLASS
+                   ? walkMean(walk, "0x" + std::string(TID_CLASS_DIGITS) + ", GS1 EPC Gen2")
+                   : walkFail(walk,
+                              "a TID of this kind begins with 0x" + std::string(TID_CLASS_DIGITS));
     case TidMeaning::RESERVED:
         return number == 0 ? walkMean(walk, "0") : walkFail(walk, "must be zero");
     case TidMeaning::FLAG:
@@ -35,7 +41,7 @@ void walkSerial(Walk& walk, const TidField& field, std::uint64_t length) {
     }
     const std::string_view bits =
         walkTake(walk, field.name, static_cast<std::size_t>(tidSerialBits(length)));
-    walkGroup(walk, 16);
+    walkGroup(walk, HEX_WORD_BITS);
     walkMean(walk, hexOfBits(bits), hexOfBits(bits));
 }
 

@@ -22,7 +22,7 @@ bool isPlain(char character) {
     return code >= 0x20 && code < 0x80 && character != '"' && character != '\\';
 }
 
-// True if eight characters stand for themselves; for some that do it is not.
+// True only if all eight characters stand for themselves, but not always when they do.
 bool areEightPlain(std::uint64_t bytes) {
     constexpr std::uint64_t ones = 0x0101010101010101;
     constexpr std::uint64_t highs = 0x8080808080808080;
@@ -44,7 +44,7 @@ std::size_t plainLength(std::string_view text) {
     return length;
 }
 
-// Copies the bytes of a number, and gives them.
+// Copies the bytes of a number and returns them.
 template <typename Number>
 Number copyBytes(char* to, const char* from) {
     Number bytes = 0;
@@ -100,7 +100,7 @@ void emptyRoom(JsonWriter& json) {
     json.used = 0;
 }
 
-// More than the whole room is not to be had.
+// The most that can be asked for is the whole room.
 void makeRoom(JsonWriter& json, std::size_t more) {
     if (json.room.size() - json.used < more) {
         emptyRoom(json);

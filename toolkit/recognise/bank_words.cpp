@@ -21,8 +21,8 @@ std::size_t wordCount(std::string_view digits) {
     return digits.size() / HEX_WORD_DIGITS;
 }
 
-// How many words a PC word and its extensions are if after words follow the PC word and its length
-// field says so; 0 if it does not. next is the word that follows it.
+// The count of the PC word and its extensions if its length field agrees with the count of words
+// after it; otherwise 0. next is the word that follows it.
 std::size_t pcWordsIfLengthFits(const PcWord& pc, unsigned next, std::size_t after) {
     constexpr unsigned furtherExtension = 0x8000; // in the first extended PC word
     const std::size_t extensions = !pc.hasExtension ? 0 : (next & furtherExtension) != 0 ? 2 : 1;
@@ -47,8 +47,8 @@ BankLayout layoutWithPc(std::string_view digits, bool hasCrc) {
     return layout;
 }
 
-// The same where zeros follow the EPC, as where a whole bank was read. Its extended PC words are at
-// another place of the bank, so that none precedes the EPC then.
+// The same where zeros follow the EPC because a whole bank was read. Extended PC words are
+// elsewhere in the bank, so none precedes the EPC.
 BankLayout layoutWithZeros(std::string_view digits, bool hasCrc) {
     BankLayout layout = {hasCrc, hasCrc ? std::size_t{1} : 0, 0};
     const std::size_t count = wordCount(digits);
@@ -178,8 +178,8 @@ bool takeOffAsked(Reading& reading) {
     return true;
 }
 
-// What neither is an EPC by itself nor has a PC word that counts all of its words may have one that
-// counts all but zeros at the end.
+// A value that is not an EPC by itself, and whose PC word does not count all of its words, may have
+// a PC word that counts all but the zeros at its end.
 bool takeOffBetweenZeros(Reading& reading) {
     const std::string_view digits = reading.workspace.text;
     for (const bool hasCrc : {false, true}) {
@@ -201,7 +201,7 @@ bool takeOffBetweenZeros(Reading& reading) {
 } // namespace
 
 PcWord pcWordOf(unsigned word) {
-    std::size_t left = 4 * HEX_WORD_DIGITS;
+    std::size_t left = HEX_WORD_BITS;
     const auto take = [&](std::size_t bits) {
         left -= bits;
         return word >> left & ((1U << bits) - 1);

@@ -12,6 +12,7 @@
 namespace rosetag {
 
 inline constexpr std::size_t HEX_WORD_DIGITS = 4;
+inline constexpr std::size_t HEX_WORD_BITS = 4 * HEX_WORD_DIGITS;
 
 // The fields of a PC word in their order: a length, three flags, and what the last of these says.
 inline constexpr std::size_t PC_LENGTH_BITS = 5;

@@ -1,7 +1,9 @@
 #include "recognise/hex_text.h"
 
+#include "core/hex_digits.h"
 #include "core/hex_words.h"
 #include "recognise/look.h"
+#include "tid/tid_layout.h"
 #include "words/shown_text.h"
 #include "words/utf8.h"
 
@@ -13,9 +15,9 @@ namespace {
 
 constexpr std::size_t MOST_HEX_DIGITS = std::size_t{2} * EPC_MAX_BINARY_BYTES;
 
-// Keeps the digits of a text that may have 0x before each byte or word. False at another character,
-// which stranger then is. A comma belongs only after a byte or a word: elsewhere it separates
-// values.
+// Keeps the digits of a text that may have 0x before each byte or word. False at any other
+// character: stranger is then that character. A comma belongs only after a byte or a word:
+// elsewhere it separates values.
 bool keepDigits(Reading& reading, std::string_view text, std::string_view& stranger) {
     std::size_t digits = 0; // since the last gap
     while (!text.empty()) {
@@ -45,7 +47,7 @@ bool hexIsTid(std::string_view value) {
     if (beginsIgnoringCase(value, "0x")) {
         value.remove_prefix(2);
     }
-    return beginsIgnoringCase(value, "e2");
+    return value.size() >= 2 && hexPairValue(value[0], value[1]) == static_cast<int>(TID_CLASS);
 }
 
 bool prepareHex(Reading& reading, std::string_view value) {

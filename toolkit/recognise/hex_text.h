@@ -24,7 +24,7 @@ inline bool isHexOrGap(char character) {
     return isHexDigit(character) || isHexGap(character);
 }
 
-// True for hex of a tag's TID memory, which begins with E2.
+// True for hex of a tag's TID memory, which begins with its class.
 bool hexIsTid(std::string_view value);
 
 // Keeps the digits of a value.
@@ -34,7 +34,7 @@ bool prepareHex(Reading& reading, std::string_view value);
 // byte.
 std::size_t bytesOfHex(std::string_view digits, std::uint8_t* room);
 
-// The first bit that is 1, from one on; the count of bits if there is none.
+// The first bit that is 1 at or after the given one; the count of bits if there is none.
 std::size_t hexFindBit(std::string_view digits, std::size_t bit);
 
 } // namespace rosetag

@@ -3,6 +3,7 @@
 #include "core/hex_digits.h"
 #include "core/hex_words.h"
 #include "recognise/bank_words.h"
+#include "tid/tid_layout.h"
 #include "words/scheme_words.h"
 
 #include <algorithm>
@@ -11,7 +12,7 @@ namespace rosetag {
 
 namespace {
 
-constexpr std::int32_t WORD_BITS = 16;
+constexpr std::int32_t WORD_BITS = HEX_WORD_BITS;
 
 constexpr std::int32_t wordsOf(const SchemeRow& row) {
     return (schemeBits(row) + WORD_BITS - 1) / WORD_BITS;
@@ -37,10 +38,9 @@ constexpr std::array<PlainShape, 256> plainShapes = plainShapesMake();
 
 // Values of other lengths are distinguished by what they hold.
 constexpr std::size_t SHORTEST_PLAIN = 16; // digits: more than a GTIN has
-constexpr std::uint8_t TID_HEADER = 0xE2;
 static_assert(std::all_of(schemeRows.begin(), schemeRows.end(), [](const SchemeRow& row) {
     const std::int32_t words = wordsOf(row);
-    return row.header != TID_HEADER && words * WORD_BITS <= EPC_MAX_BINARY_BITS &&
+    return row.header != TID_CLASS && words * WORD_BITS <= EPC_MAX_BINARY_BITS &&
            (words == 0 || words * WORD_BITS >= 4 * std::int32_t{SHORTEST_PLAIN});
 }));
 

@@ -3,6 +3,7 @@
  */
 #include "bridge/gs1_key_table.h"
 #include "gs1/text_writers.h"
+#include "recognise/bank_words.h"
 #include "recognise/hex_text.h"
 #include "recognise/plain_text.h"
 #include "schemes/epc_uri.h"
@@ -200,8 +201,9 @@ EpcStatus encodePureIdentity(const EncodeCall& call, const std::string& uri) {
 // The bits of a tag value without what follows them, filled up to a word.
 void normalHex(std::string_view hex, std::string& normal) {
     const std::size_t bits = tagValueBits(hex);
-    normal = hex.substr(0, (bits + 15) / 16 * 4);
-    normal.resize((bits + 15) / 16 * 4, '0');
+    const std::size_t digits = (bits + HEX_WORD_BITS - 1) / HEX_WORD_BITS * HEX_WORD_DIGITS;
+    normal = hex.substr(0, digits);
+    normal.resize(digits, '0');
     for (char& digit : normal) {
         digit = static_cast<char>(digit >= 'a' ? digit - ('a' - 'A') : digit);
     }

@@ -1,5 +1,6 @@
 #include "translate/tag_notes.h"
 
+#include "recognise/bank_words.h"
 #include "recognise/hex_text.h"
 #include "translate/translate.h"
 
@@ -8,8 +9,6 @@
 namespace rosetag {
 
 namespace {
-
-constexpr std::size_t WORD_BITS = 16;
 
 // The part of the value that holds digits of the prepared text, from one to the last.
 std::string_view fromDigit(const Reading& reading, std::size_t digit) {
@@ -50,11 +49,12 @@ void noteTagBits(Reading& reading) {
             return "bits other than 0 follow the value, which has " + counts(bits, given) +
                    ": leave out what does not belong to it";
         });
-    } else if (given > (bits + WORD_BITS - 1) / WORD_BITS * WORD_BITS) {
-        warn(reading, NoteKind::ODD_LENGTH, (bits + WORD_BITS - 1) / WORD_BITS * 4, [&] {
-            return "no scheme has values of this length: this one has " + counts(bits, given) +
-                   ": leave out the zeros after it";
-        });
+    } else if (given > (bits + HEX_WORD_BITS - 1) / HEX_WORD_BITS * HEX_WORD_BITS) {
+        warn(reading, NoteKind::ODD_LENGTH,
+             (bits + HEX_WORD_BITS - 1) / HEX_WORD_BITS * HEX_WORD_DIGITS, [&] {
+                 return "no scheme has values of this length: this one has " + counts(bits, given) +
+                        ": leave out the zeros after it";
+             });
     }
 }
 

@@ -3,9 +3,11 @@
 #include "core/hex_digits.h"
 #include "explain/explain_epc.h"
 #include "gs1/check_digit.h"
+#include "recognise/bank_words.h"
 #include "recognise/gtin_text.h"
 #include "recognise/hex_text.h"
 #include "recognise/look.h"
+#include "tid/tid_layout.h"
 #include "translate/parsed_ais.h"
 #include "translate/translate.h"
 #include "words/ai_words.h"
@@ -40,13 +42,23 @@ Complaint hintForDigits(std::string_view digits) {
                : Complaint{};
 }
 
+// Of the words that every TID has.
+constexpr std::int32_t SHORTEST_TID_BITS = [] {
+    std::int32_t bits = 0;
+    for (const TidWord& word : tidSegments[0].words) {
+        bits += tidWidth(word);
+    }
+    return bits;
+}();
+
 // An EPC that begins at a later word of hex.
 std::string hintForLaterEpc(std::string_view digits) {
     constexpr std::size_t shortest = 16;
-    for (std::size_t at = 4; at + shortest <= digits.size(); at += 4) {
+    for (std::size_t at = HEX_WORD_DIGITS; at + shortest <= digits.size(); at += HEX_WORD_DIGITS) {
         Translation tag;
         const std::string_view rest = digits.substr(at);
-        if (formsOfHex(rest, {}, tag) == EPC_OK && 4 * rest.size() <= tagValueBits(rest) + 15) {
+        if (formsOfHex(rest, {}, tag) == EPC_OK &&
+            4 * rest.size() < tagValueBits(rest) + HEX_WORD_BITS) {
             return "from digit " + std::to_string(at + 1) + " on it is a value of " +
                    std::string(tag.scheme->name) + ": leave out what precedes it";
         }
@@ -101,8 +113,9 @@ void failBits(Reading& reading, EpcStatus status, const Explanation& explanation
     }
     if (status == EPC_ERR_TRUNCATED) {
         complaint.remedy = reading.form == Form::TID
-                               ? "a TID has at least 32 bits, and more with an extended part: read "
-                                 "more words of the bank"
+                               ? "a TID has at least " + std::to_string(SHORTEST_TID_BITS) +
+                                     " bits, and more with an extended part: read more words of "
+                                     "the bank"
                                : missingBits(explanation);
     } else if (std::string later = hintForLaterEpc(digits);
                status == EPC_ERR_UNKNOWN_HEADER && !later.empty()) {

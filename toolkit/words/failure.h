@@ -9,8 +9,8 @@
 
 namespace rosetag {
 
-// True where nobody wants to know more than the status: then that is all of the failure. What
-// follows begins with it.
+// True if the caller wants the status alone: the failure is then complete. Each function below
+// begins with this.
 bool failWordless(Reading& reading, EpcStatus status);
 
 // Of a prepared value in any form that could not be read.

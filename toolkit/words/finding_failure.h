@@ -9,8 +9,8 @@
 namespace rosetag {
 
 // The finding of check that says why a text failed: an error rather than a warning, of the AI if
-// there is one given, and of the check digit if that is what the status says. Of what is a warning
-// a semicolon is the likeliest cause.
+// there is one given, and of the check digit if that is what the status says. Among
+// warnings a semicolon is the likeliest cause.
 const Finding* findingOf(const Rows<Finding>& findings, EpcStatus status, std::string_view ai);
 
 // Lets check say what is wrong with a text. False if it finds nothing.

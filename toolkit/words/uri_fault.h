@@ -18,7 +18,7 @@ struct UriFault {
 };
 
 // Finds the first fault of a tag URI, or of a pure identity URI that is to be a value of a scheme;
-// null: of the scheme of its kind that holds most. False if there is none to be seen.
+// null: of the scheme of its kind that holds most. False if none is found.
 bool uriFindFault(std::string_view uri, const SchemeInfo* scheme, UriFault& fault);
 
 // The form of the URIs of a scheme: "urn:epc:id:sgtin:COMPANY-PREFIX.ITEM-REFERENCE.SERIAL".

@@ -5,7 +5,7 @@
 import { bits, failureSentence } from "./answer";
 import { byId, copyButton, counted, html, svg } from "./elements";
 import { fieldClass, linkFields } from "./field_links";
-import { answerTo, encodeFor, schemes, type Answer, type Explanation, type Scheme, type Tag } from "./values";
+import { answerTo, encodeFor, gcpLengths, schemes, type Answer, type Explanation, type Scheme, type Tag } from "./values";
 
 const gtin = byId<HTMLInputElement>("build-gtin");
 const serial = byId<HTMLInputElement>("build-serial");
@@ -178,7 +178,7 @@ function show(): void {
 
 export function startBuilding(): Builder {
     prefix.append(html("option", { value: "" }, "length not known, or from a list"));
-    for (let length = 6; length <= 12; ++length) {
+    for (const length of gcpLengths) {
         prefix.append(html("option", { value: length }, `${String(length)} digits`));
     }
     prefix.value = "7";

@@ -9,7 +9,7 @@ import { linkFields } from "./field_links";
 import { markInput } from "./input_marks";
 import { startMany } from "./many";
 import { startPrefixList } from "./prefix_list";
-import { answerTo, type Answer } from "./values";
+import { answerTo, gcpLengths, type Answer } from "./values";
 
 const input = byId<HTMLTextAreaElement>("value");
 const prefixSelect = byId<HTMLSelectElement>("prefix-length");
@@ -121,7 +121,7 @@ function startExamples(): void {
 
 function startPrefixSelect(): void {
     prefixSelect.append(html("option", { value: "" }, "not known"));
-    for (let length = 6; length <= 12; ++length) {
+    for (const length of gcpLengths) {
         prefixSelect.append(html("option", { value: length }, String(length)));
     }
     prefixSelect.addEventListener("change", show);

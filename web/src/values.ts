@@ -180,6 +180,9 @@ export function reasonAgainst(value: string): string {
     return answerTo(value).failure?.reason ?? "";
 }
 
+/** How many digits the company prefix of a tag can have. */
+export const gcpLengths = [6, 7, 8, 9, 10, 11, 12] as const;
+
 /** Of a prefix list: the digits that a prefix begins with, and its length. */
 export type PrefixEntry = readonly [prefix: string, length: number];
 
