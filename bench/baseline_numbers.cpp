@@ -124,27 +124,41 @@ int digitsOf(std::uint64_t value) {
     return digits;
 }
 
-// Eight hexadecimal digits to 32 bits.
-bool hexPart(const char* hex, std::uint64_t& part) {
-    part = 0;
-    for (int i = 0; i < 8; ++i) {
-        const char digit = hex[i];
-        const bool isDecimal = digit >= '0' && digit <= '9';
-        if (!isDecimal && (digit < 'A' || digit > 'F')) {
-            return false;
-        }
-        part = part << 4 | static_cast<std::uint64_t>(isDecimal ? digit - '0' : digit - 'A' + 10);
-    }
-    return true;
+// Sixteen characters side by side.
+using Bytes [[gnu::vector_size(16)]] = unsigned char;
+using SignedBytes [[gnu::vector_size(16)]] = signed char;
+using Words [[gnu::vector_size(16)]] = std::uint64_t;
+
+std::uint64_t evenBytes(Bytes bytes) {
+    return reinterpret_cast<Words>(__builtin_shufflevector(bytes, bytes, 0, 2, 4, 6, 8, 10, 12, 14,
+                                                           16, 18, 20, 22, 24, 26, 28, 30))[0];
+}
+
+std::uint64_t oddBytes(Bytes bytes) {
+    return reinterpret_cast<Words>(__builtin_shufflevector(bytes, bytes, 1, 3, 5, 7, 9, 11, 13, 15,
+                                                           17, 19, 21, 23, 25, 27, 29, 31))[0];
+}
+
+// Sixteen hexadecimal digits to 64 bits.
+bool hexWord(const char* hex, std::uint64_t& word) {
+    Bytes characters;
+    std::memcpy(&characters, hex, sizeof characters);
+    const Bytes digits = characters - '0';
+    const Bytes letters = characters - 'A';
+    const auto isDigit = reinterpret_cast<Bytes>(digits <= 9);
+    const auto isLetter = reinterpret_cast<Bytes>(letters <= 5);
+    const Bytes values = (digits & isDigit) | ((letters + 10) & isLetter);
+    const auto known = reinterpret_cast<Words>(isDigit | isLetter);
+    word = __builtin_bswap64(evenBytes(values) << 4 | oddBytes(values));
+    return (known[0] & known[1]) == all;
 }
 
 bool fieldsFromHex(const char* hex, Fields& fields) {
-    std::uint64_t parts[3];
-    if (!hexPart(hex, parts[0]) || !hexPart(hex + 8, parts[1]) || !hexPart(hex + 16, parts[2]) ||
-        hex[24] != '\0' || parts[0] >> 24 != 0x30) {
+    std::uint64_t high = 0;
+    std::uint64_t last = 0; // begins with the last half of high
+    if (!hexWord(hex, high) || !hexWord(hex + 8, last) || hex[24] != '\0' || high >> 56 != 0x30) {
         return false;
     }
-    const std::uint64_t high = parts[0] << 32 | parts[1];
     fields.filter = high >> 53 & 7;
     fields.partition = static_cast<int>(high >> 50 & 7);
     if (fields.partition == 7) {
@@ -154,23 +168,20 @@ bool fieldsFromHex(const char* hex, Fields& fields) {
     const int width = 44 - prefixBits[fields.partition];
     fields.prefix = both >> width;
     fields.reference = both & ((std::uint64_t{1} << width) - 1);
-    fields.serial = (high & 0x3F) << 32 | parts[2];
+    fields.serial = last & 0x3FFFFFFFFF;
     return true;
 }
 
-constexpr auto hexPairs = [] {
-    std::array<char, 512> pairs{};
-    for (std::size_t i = 0; i < 256; ++i) {
-        pairs[2 * i] = "0123456789ABCDEF"[i / 16];
-        pairs[2 * i + 1] = "0123456789ABCDEF"[i % 16];
-    }
-    return pairs;
-}();
-
-void putHex(char* out, std::uint64_t number, int bytes) {
-    for (int i = 0; i < bytes; ++i) {
-        std::memcpy(out + 2 * i, &hexPairs[2 * (number >> (8 * (bytes - 1 - i)) & 0xFF)], 2);
-    }
+void putHex(char* out, std::uint64_t number) {
+    const std::uint64_t bytes = __builtin_bswap64(number);
+    const auto high = reinterpret_cast<Bytes>(Words{bytes >> 4, 0});
+    const auto low = reinterpret_cast<Bytes>(Words{bytes, 0});
+    const Bytes digits =
+        __builtin_shufflevector(high, low, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23) &
+        15;
+    const auto isLetter = reinterpret_cast<Bytes>(reinterpret_cast<SignedBytes>(digits) > 9);
+    const Bytes characters = digits + '0' + (isLetter & 7);
+    std::memcpy(out, &characters, sizeof characters);
 }
 
 bool hexFromFields(const Fields& fields, std::uint64_t bad, char* out) {
@@ -181,8 +192,8 @@ bool hexFromFields(const Fields& fields, std::uint64_t bad, char* out) {
     const std::uint64_t high = std::uint64_t{0x30} << 56 | fields.filter << 53 |
                                static_cast<std::uint64_t>(fields.partition) << 50 |
                                fields.prefix << shift | fields.reference << 6 | fields.serial >> 32;
-    putHex(out, high, 8);
-    putHex(out + 16, fields.serial, 4);
+    putHex(out, high);
+    putHex(out + 8, high << 32 | (fields.serial & 0xFFFFFFFF));
     out[24] = '\0';
     return true;
 }
