@@ -18,7 +18,7 @@ struct KeyAIs {
 };
 
 // One for each row of the keys.
-constexpr auto keyAIs = [] {
+constexpr auto keyAIs = []() {
     std::array<KeyAIs, std::size(gs1KeyTable)> ais{};
     std::transform(std::begin(gs1KeyTable), std::end(gs1KeyTable), ais.begin(),
                    [](const Gs1KeyDefinition& key) -> KeyAIs {

@@ -166,7 +166,7 @@ ROSETAG_INLINE void numericPutGs1Field(char*& end, const NumericIdentity& identi
     if constexpr (index > REFERENCE_INDEX && fieldIsPart(kind)) {
         end = numericPutPart<scheme, index>(end, identity);
         if constexpr (isSecondary<scheme, index>) {
-            end -= sizeof secondaryLiteral<scheme, syntax>;
+            end -= sizeof(secondaryLiteral<scheme, syntax>);
             literalPut(end, secondaryLiteral<scheme, syntax>);
         }
     } else if constexpr (index == REFERENCE_INDEX && keyIsFixed<scheme>) {
@@ -187,8 +187,8 @@ ROSETAG_INLINE void numericPutGs1Fields(char* end, const NumericIdentity& identi
 // The characters of the key's value, and those of the parts after it.
 template <EpcScheme scheme>
 ROSETAG_INLINE std::int32_t keyLength(const NumericIdentity& identity) {
-    return keyIsFixed<scheme> ? numericKey<scheme>.keyValueLength
-                              : identity.parts[0].digits + identity.parts[1].digits;
+    return (keyIsFixed<scheme>) ? numericKey<scheme>.keyValueLength
+                                : identity.parts[0].digits + identity.parts[1].digits;
 }
 
 template <EpcScheme scheme>
@@ -202,9 +202,9 @@ ROSETAG_INLINE std::int32_t restLength(const NumericIdentity& identity) {
 
 template <EpcScheme scheme, Gs1Syntax syntax>
 ROSETAG_INLINE std::int32_t gs1TextLength(const NumericIdentity& identity) {
-    std::size_t length = sizeof keyLiteral<scheme, syntax>;
+    std::size_t length = sizeof(keyLiteral<scheme, syntax>);
     if constexpr (numericKey<scheme>.tailIsSecondaryAi != 0) {
-        length += sizeof secondaryLiteral<scheme, syntax>;
+        length += sizeof(secondaryLiteral<scheme, syntax>);
     }
     return static_cast<std::int32_t>(length) + keyLength<scheme>(identity) +
            restLength<scheme>(identity);
@@ -216,7 +216,7 @@ ROSETAG_INLINE void numericPutGs1Text(char* out, std::int32_t length,
                                       const NumericIdentity& identity) {
     static_assert(fieldIsReference(schemeRows[scheme].fields[REFERENCE_INDEX].kind));
     static_assert(!keyIsFixed<scheme> ||
-                      sizeof keyLiteral<scheme, syntax> + numericKey<scheme>.keyValueLength >=
+                      sizeof(keyLiteral<scheme, syntax>) + numericKey<scheme>.keyValueLength >=
                           2 * WORD_DIGITS,
                   "both words of the key begin within the text");
     out[length] = '\0';
@@ -274,7 +274,7 @@ ROSETAG_INLINE bool numericBitsToAIs(const BitBuffer& bits, const AiRows& rows) 
     char text[NUMERIC_BARCODE_SIZE];
     numericPutGs1Text<scheme, syntax>(text, length, identity);
     aiRowPut(rows, 0, numericKey<scheme>.primaryAi,
-             {text + sizeof keyLiteral<scheme, syntax>, keySize});
+             {text + sizeof(keyLiteral<scheme, syntax>), keySize});
     if constexpr (hasSecondary) {
         aiRowPut(rows, 1, numericKey<scheme>.secondaryAi, {text + length - tail, tailSize});
     }

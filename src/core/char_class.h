@@ -37,7 +37,7 @@ inline constexpr CharClassRow charClassRows[] = {
 };
 
 // The classes of each character, by its code.
-inline constexpr std::array<std::uint8_t, 256> charClassTable = [] {
+inline constexpr std::array<std::uint8_t, 256> charClassTable = []() {
     std::array<std::uint8_t, 256> table{};
     for (const CharClassRow& row : charClassRows) {
         for (const char character : row.characters) {

@@ -13,7 +13,7 @@ namespace rosetag {
 namespace {
 
 // Room for the characters of a component that ends in a check digit, and a NUL.
-constexpr std::int32_t CHECKED_TEXT_SIZE = [] {
+constexpr std::int32_t CHECKED_TEXT_SIZE = []() {
     std::int32_t most = 0;
     for (const AiTableRow& row : aiTable) {
         for (const AiComponent& component : row.components) {

@@ -161,7 +161,7 @@ ROSETAG_INLINE ValueEnds numericUriBodyToValue(NumericReader reader, std::uint32
 // Reads a tag URI, also one that turns out to be of another scheme.
 template <EpcScheme scheme>
 ValueEnds numericTagUriToValue(std::string_view text) {
-    constexpr std::size_t headLength = sizeof uriHead<scheme, UriForm::TAG>;
+    constexpr std::size_t headLength = sizeof(uriHead<scheme, UriForm::TAG>);
     constexpr std::size_t filterLength = uriHasFilter<scheme> ? 2 : 0;
     constexpr auto bodyLength = static_cast<std::size_t>(uriBodyLeastLength(schemeRows[scheme]));
     if (text.size() < headLength + filterLength + bodyLength ||

@@ -69,7 +69,7 @@ inline constexpr std::array<DateKeyRow, 7> dateKeyTable = {{
 // clang-format on
 
 // The AIs of the rows.
-inline constexpr auto dateKeyAis = [] {
+inline constexpr auto dateKeyAis = []() {
     std::array<const AiDefinition*, dateKeyTable.size()> ais{};
     for (const DateKeyRow& row : dateKeyTable) {
         ais[row.dateCode] = &aiCatalogue[aiSlotOf(row.ai)];

@@ -35,7 +35,7 @@ constexpr PlusKey plusKeyOf(const SchemeRow& row) {
 }
 
 // Empty for the plain schemes.
-constexpr SchemeArray<PlusKey> plusKeys = [] {
+constexpr SchemeArray<PlusKey> plusKeys = []() {
     SchemeArray<PlusKey> keys{};
     for (const SchemeRow& row : schemeRows) {
         keys.rows[row.scheme] = plusKeyOf(row);

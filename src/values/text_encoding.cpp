@@ -11,7 +11,7 @@ namespace {
 
 // The values of the characters by their code; -1 for a character outside the alphabet.
 template <std::int32_t encoding>
-constexpr std::array<std::int8_t, 256> charValues = [] {
+constexpr std::array<std::int8_t, 256> charValues = []() {
     std::array<std::int8_t, 256> values{};
     values.fill(-1);
     constexpr std::string_view alphabet = textEncodings[encoding].alphabet;
@@ -146,7 +146,7 @@ constexpr std::uint32_t flagOf(std::int32_t encoding) {
 }
 
 // The encodings whose alphabet has the character, as flags; 0 if no AI value may contain it.
-constexpr std::array<std::uint8_t, 256> encodingsOfChar = [] {
+constexpr std::array<std::uint8_t, 256> encodingsOfChar = []() {
     std::array<std::uint8_t, 256> flags{};
     for (const char character : textEncodings[AI_ENC_ISO646].alphabet) {
         for (std::int32_t encoding = 0; encodingIsKnown(encoding); ++encoding) {

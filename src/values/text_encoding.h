@@ -31,7 +31,7 @@ struct TextEncoding {
 };
 
 // The characters that AI values may contain, by their code.
-inline constexpr std::array<char, 128> iso646Alphabet = [] {
+inline constexpr std::array<char, 128> iso646Alphabet = []() {
     std::array<char, 128> alphabet{};
     for (std::size_t code = 0; code < alphabet.size(); ++code) {
         const auto character = static_cast<char>(code);

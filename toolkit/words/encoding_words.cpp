@@ -7,7 +7,7 @@
 namespace rosetag {
 
 std::span<const std::string_view> encodingWords() {
-    static constexpr auto words = [] {
+    static constexpr auto words = []() {
         std::array<std::string_view, std::size(textEncodings)> names;
         for (std::size_t encoding = 0; encoding < names.size(); ++encoding) {
             names[encoding] = textEncodings[encoding].name;
