@@ -4,6 +4,7 @@
 #include "bridge/gs1_key_table.h"
 #include "gs1/check_digit.h"
 #include "schemes/epc_uri.h"
+#include "schemes/numeric_identity.h"
 #include "translate/translate.h"
 #include "words/scheme_words.h"
 
@@ -43,48 +44,47 @@ static_assert(holdsForKeys([](const Gs1KeyDefinition& key) {
 }));
 
 // Of a text that begins with the AI of the key.
-template <const Syntax& syntax>
-ROSETAG_INLINE bool isCheckDigitRight(std::string_view text, const Gs1KeyDefinition& key) {
+[[maybe_unused]] ROSETAG_INLINE bool
+isCheckDigitRight(std::string_view text, const Gs1KeyDefinition& key, const Syntax& syntax) {
     const auto length = static_cast<std::size_t>(key.keyValueLength);
     const std::string_view value = text.substr(key.primaryAi.size() + syntax.marks);
     return key.hasCheckDigit == 0 ||
            checkDigitAfter(value.substr(0, length - 1)) == value[length - 1];
 }
 
-template <const Syntax& syntax>
-EpcStatus gs1TextEncode(const Reading& reading, const EncodeOptions& options, bool isKeyAlone,
-                        TagBits& tag) {
-    const EncodeArguments arguments = {options.filter.value_or(0),
-                                       options.read.gcpLength.value_or(0), options.encoding,
-                                       isKeyAlone};
-    return tagBitsWrite(tag, [&](BitBuffer& bits) {
-        return gs1TextToBits(bits, syntax.encode, reading.workspace.text, options.scheme->scheme,
-                             arguments);
-    });
+EncodeArguments argumentsOf(const EncodeOptions& options, bool isKeyAlone) {
+    return {options.filter.value_or(0), options.read.gcpLength.value_or(0), options.encoding,
+            isKeyAlone};
 }
 
 // A text that its bits give back has nothing left out and a right check digit.
-template <const Syntax& syntax>
-[[gnu::noinline]] bool encodeAndCompare(const Reading& reading, const EncodeOptions& options,
-                                        TagBits& tag) {
+bool encodeAndCompare(const Reading& reading, const EncodeOptions& options, const Syntax& syntax,
+                      TagBits& tag) {
+    const EpcStatus status = tagBitsWrite(tag, [&](BitBuffer& bits) {
+        return gs1TextToBits(bits, syntax.encode, reading.workspace.text, options.scheme->scheme,
+                             argumentsOf(options, false));
+    });
     std::array<char, EPC_DIGITAL_LINK_SIZE> back;
-    if (gs1TextEncode<syntax>(reading, options, false, tag) != EPC_OK) {
-        return false;
-    }
     BitBuffer bits = bitBufferForReading(tag.bytes.data(), tag.count);
-    return bitsToGs1Text(bits, EPC_DIGITAL_LINK_SIZE, back.data(), syntax.decode) == EPC_OK &&
+    return status == EPC_OK &&
+           bitsToGs1Text(bits, EPC_DIGITAL_LINK_SIZE, back.data(), syntax.decode) == EPC_OK &&
            reading.workspace.text == back.data();
 }
 
 // A text of the key alone leaves nothing out: all that may be wrong with it is the check digit.
 template <const Syntax& syntax>
 bool encodeGs1Text(const Reading& reading, const EncodeOptions& options, TagBits& tag) {
-    if (!isNumericScheme(*options.scheme) ||
-        gs1TextEncode<syntax>(reading, options, true, tag) != EPC_OK) {
-        return encodeAndCompare<syntax>(reading, options, tag);
+    if constexpr (NUMERIC_WRITING) {
+        const std::string_view text = reading.workspace.text;
+        const EpcScheme scheme = options.scheme->scheme;
+        if (isNumericScheme(*options.scheme) &&
+            tagBitsWrite(tag, [&](BitBuffer& bits) {
+                return gs1TextToBits(bits, syntax.encode, text, scheme, argumentsOf(options, true));
+            }) == EPC_OK) {
+            return isCheckDigitRight(text, *tagSchemeTable[scheme].key, syntax);
+        }
     }
-    const Gs1KeyDefinition& key = *tagSchemeTable[options.scheme->scheme].key;
-    return isCheckDigitRight<syntax>(reading.workspace.text, key);
+    return encodeAndCompare(reading, options, syntax, tag);
 }
 
 // A tag URI has its own scheme and filter.
