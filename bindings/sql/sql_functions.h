@@ -118,7 +118,7 @@ constexpr FormSet sqlDecodeFormSet() {
 // Translates a value into room.item. False: it cannot be decoded.
 bool sqlTranslate(SqlRoom& room, const SqlValue& value, FormSet wanted);
 
-// Reads a TID memory into room.tid. False: it is none.
+// Reads a TID memory into room.tid. False: it is not one.
 bool sqlTid(SqlRoom& room, const SqlValue& value);
 
 // Why epc_check refuses a value, as a sentence; empty: it does not.

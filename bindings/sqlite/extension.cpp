@@ -77,7 +77,7 @@ bool textArgument(const Call& call, int index, std::string_view& text) {
     return isThere;
 }
 
-// An integer argument; what it was where it is left out. False: it is none, and the call has
+// An integer argument; unchanged if left out. False: it is not an integer, and the call has
 // failed.
 bool integerArgument(const Call& call, int index, const char* name,
                      std::optional<std::int64_t>& number) {

@@ -551,8 +551,7 @@ void translate(std::span<const std::uint8_t> bytes, const ReadOptions& options, 
  *     value    the value in any form, or the bits of a tag as bytes.
  *     options  how to read it.
  *     form     the form.
- *     result   receives failure and notes, and holds the text; its other members are of no
- * interest.
+ *     result   receives failure and notes, and holds the text; nothing else of it counts.
  *
  * Gives the text until result is used again; empty after a failure, and where the value does not
  * have the form.
@@ -600,8 +599,8 @@ struct EncodeOptions {
  *     value    the value in any form.
  *     options  the scheme and what else it needs.
  *     wanted   the forms of the tag value to compute; hex is always among them.
- *     result   receives them, and form, scheme, filter, bits and notes in any case. form is what
- * was given.
+ *     result   receives them, and in any case scheme, filter, bits, notes, and as form what was
+ *              given.
  *
  * the statuses of recognise
  * EPC_ERR_UNKNOWN_SCHEME   the options name no scheme, and the value does not say one
@@ -630,8 +629,7 @@ Translation encode(std::string_view value, const EncodeOptions& options,
 
 /**
  * The same where only the hex is wanted; for schemes of numbers it costs little more than the call
- * of the library. result receives failure and notes, and holds the hex; its other members are of no
- * interest.
+ * of the library. result receives failure and notes, and holds the hex; nothing else of it counts.
  *
  * Gives the hex until result is used again; empty after a failure.
  */
@@ -827,7 +825,7 @@ Tid tid(std::string_view value);
  *     value     the value in any form.
  *     options   how to read it. gcpList adds UNASSIGNED_PREFIX.
  *     findings  receives what was found, in the order of the text, with what is about several AIs
- * last. Empty if nothing was.
+ *               last; empty if nothing was.
  *
  * A value without findings is not always one that translate can read; it says so itself.
  *

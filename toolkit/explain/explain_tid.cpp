@@ -4,9 +4,22 @@
 #include "tid/tid_layout.h"
 #include "words/shown_text.h"
 
+#include <span>
+
 namespace rosetag {
 
 namespace {
+
+// A mask of a field of the designer's word within TidRecord::mdid.
+constexpr unsigned designerMask(std::size_t index) {
+    std::int32_t after = 0;
+    for (const TidField& field : std::span(tidDesigner).subspan(index + 1)) {
+        after += field.width;
+    }
+    return ((1U << tidDesigner[index].width) - 1) << after;
+}
+static_assert(designerMask(0) == TID_XTID_MASK && designerMask(1) == TID_SECURITY_MASK &&
+              designerMask(2) == TID_FILE_MASK && designerMask(3) == TID_DESIGNER_MASK);
 
 constexpr std::string_view TID_CLASS_DIGITS = hexPairOf(std::uint8_t{TID_CLASS});
 

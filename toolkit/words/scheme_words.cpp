@@ -77,8 +77,7 @@ constexpr std::array<std::uint8_t, 256> byHeaderMake() {
 
 constexpr std::array<std::uint8_t, 256> byHeader = byHeaderMake();
 
-// Where the filter of a scheme is in the byte after the header; a plus scheme has its toggle
-// before it.
+// Where the filter of a scheme is in the byte after the header.
 struct FilterPlace {
     std::uint8_t shift;
     std::uint8_t mask;
@@ -88,7 +87,13 @@ constexpr std::array<FilterPlace, EPC_SCHEME_COUNT> filterPlacesMake() {
     std::array<FilterPlace, EPC_SCHEME_COUNT> places{};
     for (const SchemeRow& row : schemeRows) {
         const int bits = schemeFilterBits(row);
-        const int start = schemeIsPlus(row) ? 1 : 0;
+        int start = 0;
+        for (const SchemeField& field : schemeFields(row)) {
+            if (field.kind == FieldKind::FILTER) {
+                break;
+            }
+            start += field.width;
+        }
         places[static_cast<std::size_t>(row.scheme)] = {static_cast<std::uint8_t>(8 - start - bits),
                                                         static_cast<std::uint8_t>((1 << bits) - 1)};
     }

@@ -14,7 +14,7 @@ export class GcpList {
   readonly #lines: string;
 
   /**
-   * @param entries The digits that a prefix begins with, and its length; 0: no prefix begins so.
+   * @param entries The digits that a prefix begins with, and its length; 0: no prefix begins like this.
    * @throws RangeError if an entry is wrong.
    */
   constructor(entries: Iterable<readonly [prefix: string, gcpLength: number]>) {

@@ -130,7 +130,7 @@ function filterOf(options: EncodeOptions): number {
 /**
  * Makes the bits of a tag, as upper-case hexadecimal digits.
  *
- * @throws RosetagError if the value cannot be encoded so.
+ * @throws RosetagError if the value cannot be encoded for the scheme.
  */
 export function encode(value: Value, options: EncodeOptions = {}): string {
   const scheme =

@@ -242,8 +242,7 @@ Row translateRow(std::string_view value, const ReadOptions& options, FormSet wan
 } // namespace
 
 // The input holds where the text of each row ends, as 32-bit numbers, then the texts one after the
-// other. details: schemes, filters and what each
-// value is are wanted too.
+// other. details: schemes, filters and what each value is are wanted too.
 ROSETAG_JS(rosetag_decodeMany)
 void rosetag_decodeMany(std::size_t rows, std::uint32_t forms, int details, std::uint32_t flags,
                         int gcpLength) {
@@ -270,7 +269,7 @@ void rosetag_decodeMany(std::size_t rows, std::uint32_t forms, int details, std:
     }
 }
 
-// The rows: four bytes each, as they stand in Row.
+// The rows: four bytes each, laid out as Row.
 ROSETAG_JS(rosetag_rows) const Row* rosetag_rows() {
     return face().rows.data();
 }
