@@ -39,11 +39,11 @@ function union(comment, name, words) {
 }
 
 const camelCase = (word) => word.replace(/_(.)/g, (_, letter) => letter.toUpperCase());
-const names = tableOf("explain", "rosetag_names");
+const names = tableOf("names", "rosetag_names");
 names.forms = names.forms.map(camelCase);
 names.texts = names.texts.map(camelCase);
 names.statuses = names.statuses.map((name) => name.replace(/^EPC_(ERR_)?/, ""));
-const { version, forms, texts, statuses, meanings, encodings, notes, schemes } = names;
+const { version, forms, texts, statuses, meanings, encodings, notes, titles, schemes } = names;
 
 rmSync(generated, { recursive: true, force: true });
 rmSync(dist, { recursive: true, force: true });
@@ -64,7 +64,7 @@ writeFileSync(
     union("What a note is about.", "NoteKind", names.notes),
     union("What GS1 demands of a value.", "Rule", names.rules),
     "/** What has a name and a number: the place of an element is its number. */",
-    `export const names = ${JSON.stringify({ version, forms, texts, statuses, meanings, encodings, notes, schemes }, null, 1)};`,
+    `export const names = ${JSON.stringify({ version, forms, texts, statuses, meanings, encodings, notes, titles, schemes }, null, 1)};`,
     "",
   ].join("\n"),
 );

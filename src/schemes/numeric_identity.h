@@ -18,8 +18,9 @@
 
 namespace rosetag {
 
-// Built with ROSETAG_GENERAL_ROAD, the library takes no short cut; with ROSETAG_GENERAL_WRITING, it
-// takes none from texts to bits, which makes it smaller.
+// Built with ROSETAG_GENERAL_ROAD, the library takes no short cut. To be smaller it can take fewer:
+// with ROSETAG_GENERAL_WRITING none from texts to bits, with ROSETAG_FEW_SHORT_CUTS only those of
+// the most frequent scheme.
 #ifdef ROSETAG_GENERAL_ROAD
 constexpr bool NUMERIC_READING = false;
 #else
@@ -65,6 +66,16 @@ constexpr bool schemeIsNumeric(const SchemeRow& row) {
     const auto fields = schemeFields(row);
     return std::all_of(fields.begin(), fields.end(), fieldIsNumeric);
 }
+
+#ifdef ROSETAG_FEW_SHORT_CUTS
+constexpr bool schemeHasShortCuts(const SchemeRow& row) {
+    return row.scheme == EPC_SCHEME_SGTIN_96;
+}
+#else
+constexpr bool schemeHasShortCuts(const SchemeRow& row) {
+    return schemeIsNumeric(row);
+}
+#endif
 
 constexpr bool fieldIsPart(FieldKind kind) {
     return kind != FieldKind::FILTER && kind != FieldKind::PARTITION && kind != FieldKind::RESERVED;

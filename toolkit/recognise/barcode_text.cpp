@@ -1,11 +1,11 @@
 #include "recognise/barcode_text.h"
 
 #include "core/char_scan.h"
+#include "gs1/ai_catalogue.h"
 #include "gs1/ai_list.h"
 #include "gs1/barcode_string.h"
 #include "recognise/gtin_text.h"
 #include "recognise/look.h"
-#include "words/ai_words.h"
 #include "words/shown_text.h"
 #include "words/utf8.h"
 
@@ -186,7 +186,7 @@ void noteLikelySeparator(Reading& reading, std::string_view run) {
         const std::string_view rest = run.substr(at + 1);
         const AiPrefix prefix = rest.size() < 2 ? AiPrefix{} : aiPrefixOf(rest[0], rest[1]);
         if (prefix.codeDigits == 0 || run[at] == reading.options.separator ||
-            aiRowOf(rest.substr(0, prefix.codeDigits)) == nullptr) {
+            aiFind(rest.substr(0, prefix.codeDigits)) == nullptr) {
             continue;
         }
         Note& note = readingNote(reading, NoteKind::SEPARATOR, run.substr(at, 1), [&] {

@@ -1,8 +1,8 @@
 #include "recognise/gtin_text.h"
 
+#include "gs1/ai_catalogue.h"
 #include "gs1/check_digit.h"
 #include "recognise/look.h"
-#include "words/ai_words.h"
 
 #include <algorithm>
 #include <iterator>
@@ -13,9 +13,10 @@ namespace {
 
 // True for an AI whose value is a GTIN and nothing else.
 bool aiHoldsGtin(std::string_view code) {
-    const AiTableRow* const row = aiRowOf(code);
-    return row != nullptr && row->components[0].checkKind == AI_CHECK_DIGIT &&
-           aiFixedLength(*row) == GTIN_LENGTH;
+    const AiDefinition* const ai = aiFind(code);
+    return ai != nullptr && ai->componentCount == 1 &&
+           ai->components[0].checkKind == AI_CHECK_DIGIT &&
+           ai->components[0].digitCount == GTIN_LENGTH;
 }
 
 } // namespace

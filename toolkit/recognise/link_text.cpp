@@ -1,11 +1,11 @@
 #include "recognise/link_text.h"
 
+#include "gs1/ai_catalogue.h"
 #include "gs1/digital_link_keys.h"
 #include "recognise/gtin_text.h"
 #include "recognise/look.h"
 #include "translate/parsed_ais.h"
 #include "values/text_encoding.h"
-#include "words/ai_words.h"
 #include "words/shown_text.h"
 
 #include <algorithm>
@@ -266,7 +266,7 @@ void noteSemicolon(Reading& reading, std::string_view value) {
     }
     const std::string_view rest = value.substr(at + 1);
     if (rest.find('=') != std::string_view::npos &&
-        aiRowOf(rest.substr(0, rest.find('='))) != nullptr) {
+        aiFind(rest.substr(0, rest.find('='))) != nullptr) {
         Note& note = readingNote(reading, NoteKind::SEMICOLON, value.substr(at, 1),
                                  "a semicolon does not separate parameters, so that it and what "
                                  "follows belong to the value; \"&\" does");
@@ -280,7 +280,7 @@ void keepParameter(Reading& reading, std::string_view parameter, bool& isFirst) 
     if (parameter.empty()) {
         return leaveOut(reading, parameter, [&] { return "an empty parameter"; });
     }
-    if (aiRowOf(code) == nullptr || code.size() == parameter.size()) {
+    if (aiFind(code) == nullptr || code.size() == parameter.size()) {
         return leaveOut(reading, parameter, [&] {
             return "the parameter " + quotedText(parameter) + ", which is not an AI";
         });

@@ -71,20 +71,36 @@ bool readingFail(Reading& reading, EpcStatus status, std::size_t position, std::
 bool readingFailAt(Reading& reading, EpcStatus status, std::size_t prepared, std::size_t length,
                    Complaint complaint);
 
+// Built with ROSETAG_WORDLESS_FAILURES, failures say where a value is wrong, but not why.
+#ifdef ROSETAG_WORDLESS_FAILURES
+constexpr bool FAILURES_HAVE_WORDS = false;
+#else
+constexpr bool FAILURES_HAVE_WORDS = true;
+#endif
+
+template <std::invocable Complain>
+Complaint complaintOf(const Reading& reading, Complain complain) {
+    if constexpr (FAILURES_HAVE_WORDS) {
+        return reading.options.wordless ? Complaint() : complain();
+    } else {
+        return {};
+    }
+}
+
 // The same two, with words that are only put together if somebody wants them.
 // complain: Complaint()
 template <std::invocable Complain>
 bool readingFail(Reading& reading, EpcStatus status, std::size_t position, std::size_t length,
                  Complain complain) {
     return readingFail(reading, status, position, length,
-                       reading.options.wordless ? Complaint() : complain());
+                       complaintOf(reading, complain));
 }
 
 template <std::invocable Complain>
 bool readingFailAt(Reading& reading, EpcStatus status, std::size_t prepared, std::size_t length,
                    Complain complain) {
     return readingFailAt(reading, status, prepared, length,
-                         reading.options.wordless ? Complaint() : complain());
+                         complaintOf(reading, complain));
 }
 
 // Adds a note about a part of the value.

@@ -109,7 +109,7 @@ bool readNumbers(const BitBuffer& bits) {
 
 template <EpcScheme scheme>
 constexpr NumbersRead numbersReadOf() {
-    if constexpr (schemeIsNumeric(schemeRows[scheme])) {
+    if constexpr (schemeHasShortCuts(schemeRows[scheme])) {
         return readNumbers<scheme>;
     }
     return nullptr;
@@ -292,6 +292,21 @@ EpcStatus aiOfNumericBits(BitBuffer& bits, std::string_view code, TextBuffer& te
     return EPC_OK;
 }
 
+namespace {
+
+// 0 where the values of a scheme have no fixed length.
+constexpr std::array<std::int32_t, EPC_SCHEME_COUNT> fixedBitsMake() {
+    std::array<std::int32_t, EPC_SCHEME_COUNT> bits{};
+    for (const SchemeRow& row : schemeRows) {
+        bits[static_cast<std::size_t>(row.scheme)] = schemeBits(row);
+    }
+    return bits;
+}
+
+constexpr std::array<std::int32_t, EPC_SCHEME_COUNT> fixedBits = fixedBitsMake();
+
+} // namespace
+
 std::size_t tagValueBits(std::string_view hex) {
     TagBits tag = tagBitsOf(hex);
     BitBuffer bits = bitBufferForReading(tag.bytes.data(), tag.count);
@@ -299,7 +314,7 @@ std::size_t tagValueBits(std::string_view hex) {
     if (tagSchemeReadHeader(bits, row) != EPC_OK) {
         return 0;
     }
-    if (const std::int32_t fixed = schemeBits(schemeRows[row->info.scheme]); fixed != 0) {
+    if (const std::int32_t fixed = fixedBits[static_cast<std::size_t>(row->info.scheme)]; fixed != 0) {
         return static_cast<std::size_t>(fixed);
     }
     std::array<char, EPC_BARCODE_STRING_SIZE> room;

@@ -88,15 +88,4 @@ std::string_view aiTitle(std::string_view code) {
     return row == nullptr ? std::string_view() : row->title;
 }
 
-std::size_t aiFixedLength(const AiTableRow& row) {
-    std::size_t length = 0;
-    for (const AiComponent& component : row.components) {
-        if (component.kind != AI_KIND_NONE && component.digitCount == 0) {
-            return 0;
-        }
-        length += component.digitCount;
-    }
-    return length;
-}
-
 } // namespace rosetag

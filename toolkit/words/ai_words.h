@@ -13,9 +13,6 @@ namespace rosetag {
 // The row of an AI, or null for a code that GS1 has not assigned. Quicker than aiTableFind.
 const AiTableRow* aiRowOf(std::string_view code);
 
-// Characters of a value of fixed length, 0 if it varies.
-std::size_t aiFixedLength(const AiTableRow& row);
-
 // What the value of an AI looks like: "AI 17 holds 6 digits, YYMMDD".
 std::string aiValueHint(std::string_view code);
 

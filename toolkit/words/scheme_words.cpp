@@ -77,10 +77,11 @@ constexpr std::array<std::uint8_t, 256> byHeaderMake() {
 
 constexpr std::array<std::uint8_t, 256> byHeader = byHeaderMake();
 
-// Where the filter of a scheme is in the byte after the header.
+// Where the filter of a scheme is in the byte after the header, and the largest.
 struct FilterPlace {
     std::uint8_t shift;
     std::uint8_t mask;
+    std::uint8_t largest;
 };
 
 constexpr std::array<FilterPlace, EPC_SCHEME_COUNT> filterPlacesMake() {
@@ -88,14 +89,17 @@ constexpr std::array<FilterPlace, EPC_SCHEME_COUNT> filterPlacesMake() {
     for (const SchemeRow& row : schemeRows) {
         const int bits = schemeFilterBits(row);
         int start = 0;
+        std::uint32_t largest = 0;
         for (const SchemeField& field : schemeFields(row)) {
             if (field.kind == FieldKind::FILTER) {
+                largest = field.largest;
                 break;
             }
-            start += field.width;
+            start += field.bits;
         }
-        places[static_cast<std::size_t>(row.scheme)] = {static_cast<std::uint8_t>(8 - start - bits),
-                                                        static_cast<std::uint8_t>((1 << bits) - 1)};
+        places[static_cast<std::size_t>(row.scheme)] = {
+            static_cast<std::uint8_t>(8 - start - bits), static_cast<std::uint8_t>((1 << bits) - 1),
+            static_cast<std::uint8_t>(largest)};
     }
     return places;
 }
@@ -133,8 +137,7 @@ std::uint8_t schemeFilterOf(const SchemeInfo& info, const std::uint8_t* bytes) {
 }
 
 std::uint32_t schemeLargestFilter(const SchemeInfo& info) {
-    const SchemeField* const filter = schemeFindField(schemeRowOf(info), FieldKind::FILTER);
-    return filter == nullptr ? 0 : filter->largest;
+    return filterPlaces[static_cast<std::size_t>(info.scheme)].largest;
 }
 
 std::string schemeKeyText(const SchemeInfo& info) {

@@ -3,7 +3,7 @@
  */
 import * as rosetag from "rosetag";
 import type { Explanation, Finding, Identity, Note, RosetagError, Scheme } from "rosetag";
-import { check, explain, GcpList } from "rosetag/explain";
+import { check, explain, GcpList, tid } from "rosetag/explain";
 
 export type { Explanation, Field, Finding, Identity, Scheme } from "rosetag";
 
@@ -133,7 +133,7 @@ export interface Converted {
 
 function statusOfTid(value: string): string {
     try {
-        rosetag.tid(value);
+        tid(value);
         return "OK";
     } catch (error) {
         return error instanceof rosetag.RosetagError ? error.status : "";

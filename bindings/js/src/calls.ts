@@ -31,6 +31,7 @@ const names = generated as {
   meanings: string[];
   encodings: Encoding[];
   notes: NoteKind[];
+  titles: string[][];
   schemes: Scheme[];
 };
 export const { schemes } = names;
@@ -64,6 +65,17 @@ export function numberOf<Name extends string>(
 export function encodingNumber(encoding: Encoding | undefined): number {
   return encoding === undefined ? -1 : numberOf("encoding", encoding, encodingNumbers);
 }
+
+/** The titles of the AIs. A row has one code, or the first and the last: "3100-3105". */
+const titles = new Map(
+  names.titles.flatMap(([codes, title]) => {
+    const [first, last = first] = (codes as string).split("-") as [string, string?];
+    return Array.from({ length: Number(last) - Number(first) + 1 }, (_, at): [string, string] => [
+      String(Number(first) + at).padStart(first.length, "0"),
+      title as string,
+    ]);
+  }),
+);
 
 /** What a value is, by its number. */
 export function formName(number: number): Form {
@@ -264,7 +276,8 @@ function notesIn(value: Value, record: RecordReader): Note[] {
 function aisIn(record: RecordReader): Ai[] {
   const ais: Ai[] = [];
   for (let count = record.number(); count > 0; --count) {
-    ais.push({ ai: record.text(), title: record.text(), value: record.text() });
+    const ai = record.text();
+    ais.push({ ai, title: titles.get(ai) ?? "", value: record.text() });
   }
   return ais;
 }

@@ -1,5 +1,5 @@
 /**
- * What takes more room: explaining bits, checking values, single AI values. With it, errors of
+ * What takes more room: explaining bits, checking values, TIDs, single AI values. With it, errors of
  * `rosetag` say where a value is wrong and what to do.
  */
 import {
@@ -16,10 +16,10 @@ import {
 import { camelCase, inCodeUnits } from "./errors.js";
 import type { Encoding, Form } from "./generated/names.js";
 import { reasons } from "./reasons.js";
-import type { Ai, AiBits, Explanation, Field, Finding, ReadOptions, Value } from "./results.js";
+import type { Ai, AiBits, Explanation, Field, Finding, ReadOptions, Tid, Value } from "./results.js";
 
 export { GcpList } from "./gcp_list.js";
-export type { Ai, AiBits, Explanation, Field, FieldPlace, Finding } from "./results.js";
+export type { Ai, AiBits, Explanation, Field, FieldPlace, Finding, Tid } from "./results.js";
 
 /**
  * Takes the bits of a tag value or of a TID apart, field by field.
@@ -91,9 +91,42 @@ export function check(value: Value, options?: ReadOptions): readonly Finding[] {
       length: raw["length"],
       culprit: raw["culprit"] ?? "",
       message: raw["message"],
+      option: raw["option"] === undefined ? null : camelCase(raw["option"] as string),
     } as { position: number; length: number };
     return inCodeUnits(value, finding);
   });
+}
+
+function withCamelCaseKeys(value: unknown): unknown {
+  return value !== null && typeof value === "object"
+    ? Object.fromEntries(
+        Object.entries(value).map(([key, member]) => [camelCase(key), withCamelCaseKeys(member)]),
+      )
+    : value;
+}
+
+// TID_DESIGNER_MASK of the toolkit.
+const DESIGNER_MASK = 0x1ff;
+
+/**
+ * Reads the TID memory of a tag, from its first word on.
+ *
+ * @throws RosetagError if this is not the layout of a TID.
+ */
+export function tid(value: Value): Tid {
+  refuseTooLong(value);
+  const wasm = reasons();
+  run(value, () => wasm.exports.rosetag_tid(put(wasm, value)), wasm);
+  const details = withCamelCaseKeys(JSON.parse(wasm.result())) as Record<string, unknown>;
+  delete details["value"];
+  return {
+    value,
+    designer: (details["mdid"] as number) & DESIGNER_MASK,
+    model: details["tmid"] as number,
+    xtid: details["xtid"] as boolean,
+    serial: (details["serial"] as string) || null,
+    details,
+  };
 }
 
 /** How the bits of a single AI value are made. */

@@ -17,15 +17,14 @@ import {
   numberOf,
   put,
   recover,
-  refuseTooLong,
   run,
   schemeNumbers,
   schemes as allSchemes,
   version as libraryVersion,
 } from "./calls.js";
-import { RosetagError, camelCase } from "./errors.js";
+import { RosetagError } from "./errors.js";
 import type { FilterWord, OutputForm } from "./generated/names.js";
-import type { Ai, EncodeOptions, Identity, ReadOptions, Scheme, Tid, Value } from "./results.js";
+import type { Ai, EncodeOptions, Identity, ReadOptions, Scheme, Value } from "./results.js";
 
 export { statuses } from "./calls.js";
 export { decodeMany } from "./many.js";
@@ -151,37 +150,6 @@ export function encodeBytes(value: Value, options?: EncodeOptions): Uint8Array {
   return Uint8Array.from({ length: hex.length / 2 }, (_, at) =>
     Number.parseInt(hex.slice(2 * at, 2 * at + 2), 16),
   );
-}
-
-function withCamelCaseKeys(value: unknown): unknown {
-  return value !== null && typeof value === "object"
-    ? Object.fromEntries(
-        Object.entries(value).map(([key, member]) => [camelCase(key), withCamelCaseKeys(member)]),
-      )
-    : value;
-}
-
-// TID_DESIGNER_MASK of the toolkit.
-const DESIGNER_MASK = 0x1ff;
-
-/**
- * Reads the TID memory of a tag, from its first word on.
- *
- * @throws RosetagError if this is not the layout of a TID.
- */
-export function tid(value: Value): Tid {
-  refuseTooLong(value);
-  run(value, (wasm) => wasm.exports.rosetag_tid(put(wasm, value)));
-  const details = withCamelCaseKeys(JSON.parse(core.result())) as Record<string, unknown>;
-  delete details["value"];
-  return {
-    value,
-    designer: (details["mdid"] as number) & DESIGNER_MASK,
-    model: details["tmid"] as number,
-    xtid: details["xtid"] as boolean,
-    serial: (details["serial"] as string) || null,
-    details,
-  };
 }
 
 /** All tag schemes. */

@@ -175,6 +175,8 @@ export interface Finding {
   readonly length: number;
   readonly culprit: string;
   readonly message: string;
+  /** The option that the message names, null if none. */
+  readonly option: string | null;
 }
 
 /** The bits of a single AI value. */

@@ -20,7 +20,6 @@ interface Exports {
     encoding: number,
     flags: number,
   ): number;
-  rosetag_tid(length: number): number;
   rosetag_failure(): void;
   rosetag_decodeMany(
     rows: number,
@@ -35,6 +34,7 @@ interface Exports {
   rosetag_keepGcpList(length: number): void;
   rosetag_gcpLength(length: number): number;
   rosetag_explain(length: number, flags: number, gcpLength: number): number;
+  rosetag_tid(length: number): number;
   rosetag_bits(): void;
   rosetag_check(length: number, flags: number, gcpLength: number): void;
   rosetag_encodeAi(codeLength: number, length: number, withCode: number, encoding: number): number;

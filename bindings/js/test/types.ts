@@ -11,10 +11,9 @@ import {
   encode,
   encodeBytes,
   schemes,
-  tid,
   tryDecode,
 } from "rosetag";
-import { type Finding, check, explain } from "rosetag/explain";
+import { type Finding, check, explain, tid } from "rosetag/explain";
 
 const item: Identity = decode("3074257BF7194E4000001A85");
 const scheme: SchemeName | null = item.scheme;

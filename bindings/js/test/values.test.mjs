@@ -3,7 +3,7 @@ import assert from "node:assert/strict";
 import { test } from "node:test";
 
 import * as rosetag from "rosetag";
-import { check, decodeAi, encodeAi, explain } from "rosetag/explain";
+import { check, decodeAi, encodeAi, explain, tid } from "rosetag/explain";
 
 // The modules themselves, which the package does not show.
 import { core } from "../dist/esm/calls.js";
@@ -122,6 +122,12 @@ test("many values over several blocks are those of single calls", () => {
   assert.ok(status.every((number) => number === 0));
 });
 
+test("a finding names the option that helps", () => {
+  const [separator] = check("]C10195060001343521021|17261231").filter((row) => row.option !== null);
+  assert.equal(separator?.option, "separator");
+  assert.equal(check(`${TEXT}(10)`)[0].option, null);
+});
+
 test("tables of the library", () => {
   const [first] = rosetag.schemes();
   assert.equal(first.name, "sgtin-96");
@@ -153,7 +159,7 @@ const refused = [
   ["100 MB", () => rosetag.decode("3".repeat(100_000_000)), rosetag.RosetagError],
   ["100 MB of two bytes", () => rosetag.convert("é".repeat(50_000_000), "hex"), rosetag.RosetagError],
   ["100 MB of bytes", () => rosetag.decode(new Uint8Array(100_000_000)), rosetag.RosetagError],
-  ["100 MB of a TID", () => rosetag.tid("E".repeat(100_000_000)), rosetag.RosetagError],
+  ["100 MB of a TID", () => tid("E".repeat(100_000_000)), rosetag.RosetagError],
   ["100 MB to check", () => check("3".repeat(100_000_000)), rosetag.RosetagError],
   ["100 MB to explain", () => explain("3".repeat(100_000_000)), rosetag.RosetagError],
   ["100 MB to encode", () => rosetag.encode("3".repeat(100_000_000)), rosetag.RosetagError],

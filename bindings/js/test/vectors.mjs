@@ -39,7 +39,7 @@ function splitAi(text) {
   return [text.slice(1, close), text.slice(close + 1)];
 }
 
-function output(row, rosetag, { check, explain, encodeAi, decodeAi }) {
+function output(row, rosetag, { check, explain, encodeAi, decodeAi, tid }) {
   const { op, input, scheme, filter, gcp_length: gcpLength } = row;
   const encoding = row.encoding || undefined;
   switch (op) {
@@ -54,7 +54,7 @@ function output(row, rosetag, { check, explain, encodeAi, decodeAi }) {
       return `(${ai})${value}`;
     }
     case "tid": {
-      const { designer, model, serial } = rosetag.tid(input);
+      const { designer, model, serial } = tid(input);
       return `${designer} ${model} ${serial ?? ""}`.trimEnd();
     }
     case "check":

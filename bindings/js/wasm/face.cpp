@@ -133,7 +133,6 @@ void recordItem(const Translation& item) {
     recordNumber(item.ais.size());
     for (const AiValue& ai : item.ais) {
         recordText(ai.ai);
-        recordText(ai.title);
         recordText(ai.value);
     }
     recordNumber(item.fitsSchemes.size());
@@ -172,15 +171,6 @@ EpcStatus rosetag_encode(std::size_t length, int scheme, int filter, int gcpLeng
     encode(valueOf(length), options, Form::HEX, item);
     give(item.hex);
     return item.failure.status;
-}
-
-ROSETAG_JS(rosetag_tid) EpcStatus rosetag_tid(std::size_t length) {
-    Tid result;
-    tid(valueOf(length), result);
-    appendJson(beginText(), result, {});
-    giveText();
-    face().item.failure = result.failure;
-    return result.failure.status;
 }
 
 // The failure of the last call: a record.

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -82,8 +81,18 @@ void blockGive(void* memory) {
 template <typename Number>
 std::string digitsOf(Number number) {
     std::array<char, 24> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
-    return {digits.data(), end.ptr};
+    char* const end = digits.data() + digits.size();
+    char* first = end;
+    const auto value = static_cast<std::uint64_t>(number);
+    std::uint64_t rest = number < 0 ? 0 - value : value;
+    do {
+        *--first = static_cast<char>('0' + rest % 10);
+        rest /= 10;
+    } while (rest != 0);
+    if (number < 0) {
+        *--first = '-';
+    }
+    return {first, end};
 }
 
 } // namespace
