@@ -92,15 +92,13 @@ Complaint complaintOf(const Reading& reading, Complain complain) {
 template <std::invocable Complain>
 bool readingFail(Reading& reading, EpcStatus status, std::size_t position, std::size_t length,
                  Complain complain) {
-    return readingFail(reading, status, position, length,
-                       complaintOf(reading, complain));
+    return readingFail(reading, status, position, length, complaintOf(reading, complain));
 }
 
 template <std::invocable Complain>
 bool readingFailAt(Reading& reading, EpcStatus status, std::size_t prepared, std::size_t length,
                    Complain complain) {
-    return readingFailAt(reading, status, prepared, length,
-                         complaintOf(reading, complain));
+    return readingFailAt(reading, status, prepared, length, complaintOf(reading, complain));
 }
 
 // Adds a note about a part of the value.

@@ -314,7 +314,8 @@ std::size_t tagValueBits(std::string_view hex) {
     if (tagSchemeReadHeader(bits, row) != EPC_OK) {
         return 0;
     }
-    if (const std::int32_t fixed = fixedBits[static_cast<std::size_t>(row->info.scheme)]; fixed != 0) {
+    if (const std::int32_t fixed = fixedBits[static_cast<std::size_t>(row->info.scheme)];
+        fixed != 0) {
         return static_cast<std::size_t>(fixed);
     }
     std::array<char, EPC_BARCODE_STRING_SIZE> room;
