@@ -95,11 +95,11 @@ constexpr std::array<FilterPlace, EPC_SCHEME_COUNT> filterPlacesMake() {
                 largest = field.largest;
                 break;
             }
-            start += field.bits;
+            start += field.width;
         }
-        places[static_cast<std::size_t>(row.scheme)] = {
-            static_cast<std::uint8_t>(8 - start - bits), static_cast<std::uint8_t>((1 << bits) - 1),
-            static_cast<std::uint8_t>(largest)};
+        places[static_cast<std::size_t>(row.scheme)] = {static_cast<std::uint8_t>(8 - start - bits),
+                                                        static_cast<std::uint8_t>((1 << bits) - 1),
+                                                        static_cast<std::uint8_t>(largest)};
     }
     return places;
 }
