@@ -3,6 +3,11 @@
 import subprocess
 import sys
 from pathlib import Path
+from typing import get_args
+
+import pytest
+import rosetag
+from rosetag import _api
 
 ROOT = Path(__file__).parents[3]
 CONFIGURATION = ["--config-file", str(ROOT / "pyproject.toml")]
@@ -49,3 +54,18 @@ def test_a_program(tmp_path):
     first_wrong = PROGRAM.splitlines().index('rosetag.convert("", to="colour")') + 1
     lines = [int(line.split(":")[-3]) for line in said.splitlines() if ": error:" in line]
     assert status == 1 and set(lines) == {first_wrong, first_wrong + 1, first_wrong + 2}, said
+
+
+@pytest.mark.parametrize(
+    "words, call",
+    [
+        (_api.TextForm, lambda: rosetag.convert("30", "colour")),
+        (_api.Encoding, lambda: rosetag.encode("(00)1", encoding="colour")),
+        (_api.Bank, lambda: rosetag.decode("30", bank="colour")),
+    ],
+    ids=["forms", "encodings", "banks"],
+)
+def test_the_words_are_those_of_the_library(words, call):
+    with pytest.raises(ValueError, match="there is no .* 'colour'") as refusal:
+        call()
+    assert str(refusal.value).partition("; there are ")[2].split(", ") == list(get_args(words))
