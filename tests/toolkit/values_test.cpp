@@ -2,11 +2,15 @@
  * Values as people have them: what the toolkit makes of them, what it notes, and what it says of
  * those that it cannot read.
  */
+#include "recognise/bank_words.h"
+#include "schemes/scheme_model.h"
 #include "toolkit/rows_of_file.h"
 #include "toolkit/value_rows.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <sstream>
 
 using namespace rosetag;
@@ -142,6 +146,40 @@ TEST(Values, AreNeverTooStrange) {
             expectShowable(findingText(finding), value);
         }
         expectInside(tid(value).failure, {});
+    }
+}
+
+std::string wordText(std::size_t word) {
+    std::string text;
+    appendHex(text, std::array{static_cast<std::uint8_t>(word >> 8),
+                               static_cast<std::uint8_t>(word & 0xFF)});
+    return text;
+}
+
+// An EPC is found in the bank that it was read with, and one without a PC word is left whole.
+TEST(Bank, GivesItsEpcWhateverSurroundsIt) {
+    constexpr std::size_t userMemory = 0x400;
+    constexpr std::size_t hazardous = 1;
+    Random random(2026);
+    Translation item;
+    for (const SchemeModel& model : schemeModels) {
+        for (int i = 0; i < 300; ++i) {
+            Picker picker = Picker::random(random.next());
+            const ModelValue value =
+                modelValue(model, static_cast<std::uint32_t>(random.below(model.maxFilter + 1)),
+                           model.hasPartition() ? random.below(7) : 0, picker);
+            encode(value.tagUri, {}, Form::HEX, item);
+            const std::string epc = item.hex;
+            const std::string pc = wordText(epc.size() / 4 << 11 | random.below(2) * userMemory |
+                                            random.below(2) * hazardous);
+            const std::string crc = wordText(crc16Of(pc + epc));
+            const std::size_t room = std::size_t{2} * EPC_MAX_BINARY_BYTES - 8 - epc.size();
+            const std::string zeros(std::min(4 * random.below(4), room), '0');
+            for (const std::string& before : {std::string(), pc, crc + pc}) {
+                translate(before + epc + zeros, {}, Form::TAG_URI, item);
+                ASSERT_EQ(value.tagUri, item.tagUri) << before << ' ' << epc << ' ' << zeros;
+            }
+        }
     }
 }
 

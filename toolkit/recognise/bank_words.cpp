@@ -5,6 +5,8 @@
 #include "words/scheme_words.h"
 #include "words/shown_text.h"
 
+#include <array>
+
 namespace rosetag {
 
 namespace {
@@ -68,9 +70,22 @@ BankLayout layoutWithZeros(std::string_view digits, bool hasCrc) {
     return layout;
 }
 
+BankLayout layoutOf(std::string_view digits, bool hasCrc) {
+    const BankLayout layout = layoutWithPc(digits, hasCrc);
+    return layout.words == 0 ? layoutWithZeros(digits, hasCrc) : layout;
+}
+
+// The EPC between the words before it and the zeros after it.
+std::string_view epcOf(std::string_view digits, const BankLayout& layout) {
+    digits.remove_suffix(layout.zeros * HEX_WORD_DIGITS);
+    return digits.substr(layout.words * HEX_WORD_DIGITS);
+}
+
+// How well digits agree with the value that they begin with.
 enum class Soundness : std::uint8_t {
     UNREADABLE,
-    LOOSE, // bits other than 0 follow the value
+    LOOSE,  // bits other than 0 follow it
+    PADDED, // words of zeros follow it
     SOUND,
 };
 
@@ -79,8 +94,11 @@ Soundness soundnessOf(std::string_view digits) {
     if (formsOfHex(digits, {}, tag) != EPC_OK) {
         return Soundness::UNREADABLE;
     }
-    return hexFindBit(digits, tagValueBits(digits)) >= 4 * digits.size() ? Soundness::SOUND
-                                                                         : Soundness::LOOSE;
+    const std::size_t bits = tagValueBits(digits);
+    const std::size_t words = (bits + HEX_WORD_BITS - 1) / HEX_WORD_BITS;
+    return hexFindBit(digits, bits) < 4 * digits.size() ? Soundness::LOOSE
+           : wordCount(digits) > words                  ? Soundness::PADDED
+                                                        : Soundness::SOUND;
 }
 
 bool hasKnownHeader(std::string_view digits) {
@@ -149,8 +167,7 @@ bool takeOffAsked(Reading& reading) {
                              "give the bank from its first word on", "bank"};
         });
     }
-    BankLayout layout = layoutWithPc(digits, hasCrc);
-    layout = layout.words == 0 ? layoutWithZeros(digits, hasCrc) : layout;
+    const BankLayout layout = layoutOf(digits, hasCrc);
     if (layout.words == 0 && hasCrc &&
         crc16Of(digits.substr(HEX_WORD_DIGITS)) != wordAt(digits, 0)) {
         const std::string_view part = givenWords(reading, 1);
@@ -178,24 +195,23 @@ bool takeOffAsked(Reading& reading) {
     return true;
 }
 
-// A value that is not an EPC by itself, and whose PC word does not count all of its words, may have
-// a PC word that counts all but the zeros at its end.
-bool takeOffBetweenZeros(Reading& reading) {
-    const std::string_view digits = reading.workspace.text;
-    for (const bool hasCrc : {false, true}) {
-        const BankLayout layout = layoutWithZeros(digits, hasCrc);
-        if (layout.words == 0 || pcWordOf(wordAt(digits, layout.pcIndex)).isOtherFamily) {
-            continue;
-        }
-        const std::size_t first = layout.words * HEX_WORD_DIGITS;
-        const std::string_view epc =
-            digits.substr(first, digits.size() - layout.zeros * HEX_WORD_DIGITS - first);
-        if (soundnessOf(epc) == Soundness::SOUND && soundnessOf(digits) != Soundness::SOUND) {
-            takeOff(reading, layout);
-            break;
-        }
+// The ways in which a value can be a bank, those that cannot be a coincidence first.
+std::array<BankLayout, 4> layoutsOf(std::string_view digits) {
+    return {layoutWithPc(digits, true), layoutWithZeros(digits, true), layoutWithPc(digits, false),
+            layoutWithZeros(digits, false)};
+}
+
+// Whether a value is a bank rather than an EPC by itself.
+bool isRatherBank(const BankLayout& layout, const PcWord& pc, Soundness plain, Soundness inside) {
+    if (plain == Soundness::UNREADABLE && layout.zeros == 0) {
+        return true;
     }
-    return true;
+    if (inside < Soundness::PADDED) {
+        return false;
+    }
+    // Of the attributes in a PC word all but the last bit are reserved, and 0.
+    return layout.hasCrc || plain < Soundness::PADDED ||
+           (inside > plain && pc.familyOrAttribute <= 1);
 }
 
 } // namespace
@@ -249,32 +265,42 @@ bool mayBeginWithBankWords(const std::uint8_t* bytes, std::size_t words) {
     return false;
 }
 
+bool tidIsEpcBank(const Reading& reading) {
+    const Bank bank = reading.options.bank;
+    const std::string_view digits = reading.workspace.text;
+    const BankLayout layout = layoutOf(digits, bank != Bank::PC);
+    if (bank == Bank::EPC || layout.words == 0) {
+        return false;
+    }
+    return bank != Bank::AUTO || soundnessOf(epcOf(digits, layout)) == Soundness::SOUND;
+}
+
 bool takeOffBankWords(Reading& reading) {
     const Bank bank = reading.options.bank;
     if (bank != Bank::AUTO) {
         return bank == Bank::EPC || takeOffAsked(reading);
     }
     const std::string_view digits = reading.workspace.text;
-    for (const bool hasCrc : {false, true}) {
-        const BankLayout layout = layoutWithPc(digits, hasCrc);
+    for (const BankLayout& layout : layoutsOf(digits)) {
         if (layout.words == 0) {
             continue;
         }
-        const std::string_view rest = digits.substr(layout.words * HEX_WORD_DIGITS);
+        const std::string_view epc = epcOf(digits, layout);
         const PcWord pc = pcWordOf(wordAt(digits, layout.pcIndex));
         const Soundness plain = soundnessOf(digits);
-        if (pc.isOtherFamily && pc.familyOrAttribute != 0 && plain != Soundness::SOUND) {
+        if (pc.isOtherFamily && pc.familyOrAttribute != 0 && layout.zeros == 0 &&
+            plain < Soundness::PADDED) {
             return failOtherFamily(reading, layout, pc);
         }
-        if (pc.isOtherFamily || !hasKnownHeader(rest)) {
+        if (pc.isOtherFamily || !hasKnownHeader(epc)) {
             continue;
         }
-        const bool isRestSound = soundnessOf(rest) == Soundness::SOUND;
-        if (plain == Soundness::UNREADABLE || (plain == Soundness::LOOSE && isRestSound)) {
+        const Soundness inside = soundnessOf(epc);
+        if (isRatherBank(layout, pc, plain, inside)) {
             takeOff(reading, layout);
             return true;
         }
-        if (plain == Soundness::SOUND && isRestSound) {
+        if (inside >= plain && inside >= Soundness::PADDED) {
             Note& note = readingNote(reading, NoteKind::MAY_BE_PC_WORD,
                                      givenWords(reading, layout.words), [&] {
                                          return "the value could also begin with " +
@@ -283,7 +309,7 @@ bool takeOffBankWords(Reading& reading) {
             note.option = "bank";
         }
     }
-    return takeOffBetweenZeros(reading);
+    return true;
 }
 
 } // namespace rosetag

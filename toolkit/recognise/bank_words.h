@@ -46,6 +46,10 @@ inline bool mayBePcWord(std::uint8_t firstByte, std::size_t wordsAfter) {
 // EPC. Says nothing of the CRC.
 bool mayBeginWithBankWords(const std::uint8_t* bytes, std::size_t words);
 
+// True if prepared hex that begins as a TID does is the EPC memory bank, whose CRC may be any
+// number: the CRC is right, or the PC word if the options say that it comes first.
+bool tidIsEpcBank(const Reading& reading);
+
 // Takes the words before the EPC off the prepared hex, and zeros after it that the PC word does not
 // count: as the options say or, if they leave it open, where the value is not a sound EPC and what
 // is between them is. The words before it go into workspace.bankWords. False if the value does not

@@ -59,7 +59,14 @@ bool prepareForm(Reading& reading, std::string_view value) {
     case Form::HEX:
         return prepareHex(reading, value) && takeOffBankWords(reading);
     case Form::TID:
-        return prepareHex(reading, value);
+        if (!prepareHex(reading, value)) {
+            return false;
+        }
+        if (!tidIsEpcBank(reading)) {
+            return true;
+        }
+        reading.form = Form::HEX;
+        return takeOffBankWords(reading);
     case Form::TAG_URI:
     case Form::PURE_IDENTITY:
         return prepareUri(reading, value);

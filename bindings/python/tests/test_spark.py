@@ -108,6 +108,16 @@ def test_sql(spark):
     assert tuple(rows[2]) == (None,) * 7
 
 
+def test_how_values_are_read(spark):
+    rows = [("AAF930003074257BF7194E4000001A85", "]C1010950600013435221021|17261231")]
+    frame = spark.createDataFrame(rows, "bank string, barcode string")
+    read = frame.select(
+        rs.decode("bank", "gtin", bank="crc-pc"), rs.decode("bank", "gtin", bank="epc"),
+        rs.decode("barcode", "serial", separator="|"), rs.decode("barcode", "serial"),
+    )
+    assert tuple(read.collect()[0]) == ("80614141123458", None, "021", "021|17261231")
+
+
 def test_encoding(spark):
     rows = [("(01)80614141123458(21)6789", "sgtin-96", 3, 7), ("(00)106141412345678908", "sscc-96", 0, 7)]
     frame = spark.createDataFrame(rows, "text string, scheme string, filter int, length int")
