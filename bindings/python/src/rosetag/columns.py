@@ -50,10 +50,16 @@ class Columns:
         return _core.columns_stream(self._batches)
 
 
+def _speaks_arrow(column: Any) -> bool:
+    return hasattr(column, "__arrow_c_array__") or hasattr(column, "__arrow_c_stream__")
+
+
 def _batches(column: Any, name: str = "a column") -> list[tuple[object, object]]:
     """The chunks of a column as pairs of capsules."""
     if getattr(column, "ndim", 1) == 2 and hasattr(column, "iloc") and column.shape[1] == 1:
         column = column.iloc[:, 0]  # a frame of pandas would give its index, too
+    if not _speaks_arrow(column) and hasattr(column, "to_frame"):
+        column = column.to_frame("value").reset_index(drop=True)  # a series of pandas before 3.0
     if hasattr(column, "__arrow_c_array__"):
         return [column.__arrow_c_array__()]
     if hasattr(column, "__arrow_c_stream__"):
@@ -64,14 +70,10 @@ def _batches(column: Any, name: str = "a column") -> list[tuple[object, object]]
     )
 
 
-def _is_column(option: Any) -> bool:
-    return hasattr(option, "__arrow_c_array__") or hasattr(option, "__arrow_c_stream__")
-
-
 def _per_chunk(option: Any, name: str, count: int) -> list[Any]:
     """The option for each chunk of the values: the same for all, or its own chunks."""
     is_constant = isinstance(option, (str, GcpLengths)) or not hasattr(option, "__iter__")
-    if is_constant and not _is_column(option):
+    if is_constant and not _speaks_arrow(option):
         return [option] * count
     batches = _batches(option, name)
     if len(batches) != count:
