@@ -11,6 +11,9 @@ namespace rosetag {
 
 namespace {
 
+// A CRC, a PC word with two extensions, and the longest EPC.
+constexpr std::size_t MOST_BANK_DIGITS = MOST_HEX_DIGITS + 4 * HEX_WORD_DIGITS;
+
 // How many words precede the EPC: the CRC if there is one, the PC, and its extensions.
 struct BankLayout {
     bool hasCrc = false;
@@ -91,7 +94,7 @@ enum class Soundness : std::uint8_t {
 
 Soundness soundnessOf(std::string_view digits) {
     Translation tag;
-    if (formsOfHex(digits, {}, tag) != EPC_OK) {
+    if (digits.size() > MOST_HEX_DIGITS || formsOfHex(digits, {}, tag) != EPC_OK) {
         return Soundness::UNREADABLE;
     }
     const std::size_t bits = tagValueBits(digits);
@@ -277,6 +280,9 @@ bool tidIsEpcBank(const Reading& reading) {
 
 bool takeOffBankWords(Reading& reading) {
     const Bank bank = reading.options.bank;
+    if (reading.workspace.text.size() > MOST_BANK_DIGITS) {
+        return true;
+    }
     if (bank != Bank::AUTO) {
         return bank == Bank::EPC || takeOffAsked(reading);
     }

@@ -13,8 +13,6 @@ namespace rosetag {
 
 namespace {
 
-constexpr std::size_t MOST_HEX_DIGITS = std::size_t{2} * EPC_MAX_BINARY_BYTES;
-
 // Keeps the digits of a text that may have 0x before each byte or word. False at any other
 // character: stranger is then that character. A comma belongs only after a byte or a word:
 // elsewhere it separates values.
@@ -50,7 +48,7 @@ bool hexIsTid(std::string_view value) {
     return value.size() >= 2 && hexPairValue(value[0], value[1]) == static_cast<int>(TID_CLASS);
 }
 
-bool prepareHex(Reading& reading, std::string_view value) {
+bool keepHex(Reading& reading, std::string_view value) {
     std::string_view stranger;
     readingClear(reading);
     if (std::all_of(value.begin(), value.end(), isHexDigit)) {
@@ -62,13 +60,17 @@ bool prepareHex(Reading& reading, std::string_view value) {
                                  "hex has the digits 0 to 9 and A to F"};
             });
     }
-    const std::size_t digits = reading.workspace.text.size();
-    if (digits == 0) {
+    if (reading.workspace.text.empty()) {
         return readingFail(
             reading, EPC_ERR_TRUNCATED, positionIn(reading, value), value.size(), [&] {
                 return Complaint{"there is no hexadecimal digit", "give the hex of a tag's memory"};
             });
     }
+    return true;
+}
+
+bool hexFits(Reading& reading) {
+    const std::size_t digits = reading.workspace.text.size();
     if (digits > MOST_HEX_DIGITS) {
         return readingFailAt(
             reading, EPC_ERR_TOO_LONG, MOST_HEX_DIGITS, digits - MOST_HEX_DIGITS, [&] {

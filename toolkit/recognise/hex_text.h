@@ -27,8 +27,17 @@ inline bool isHexOrGap(char character) {
 // True for hex of a tag's TID memory, which begins with its class.
 bool hexIsTid(std::string_view value);
 
-// Keeps the digits of a value.
-bool prepareHex(Reading& reading, std::string_view value);
+inline constexpr std::size_t MOST_HEX_DIGITS = std::size_t{2} * EPC_MAX_BINARY_BYTES;
+
+// Keeps the digits of a value, however many.
+bool keepHex(Reading& reading, std::string_view value);
+
+// False if more digits were kept than a tag value has.
+bool hexFits(Reading& reading);
+
+inline bool prepareHex(Reading& reading, std::string_view value) {
+    return keepHex(reading, value) && hexFits(reading);
+}
 
 // Writes the bytes of digits and gives their count; an odd last digit fills the high half of its
 // byte.

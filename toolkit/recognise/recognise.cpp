@@ -57,16 +57,16 @@ bool prepareUri(Reading& reading, std::string_view value) {
 bool prepareForm(Reading& reading, std::string_view value) {
     switch (reading.form) {
     case Form::HEX:
-        return prepareHex(reading, value) && takeOffBankWords(reading);
+        return keepHex(reading, value) && takeOffBankWords(reading) && hexFits(reading);
     case Form::TID:
-        if (!prepareHex(reading, value)) {
+        if (!keepHex(reading, value)) {
             return false;
         }
-        if (!tidIsEpcBank(reading)) {
-            return true;
+        if (tidIsEpcBank(reading)) {
+            reading.form = Form::HEX;
+            return takeOffBankWords(reading) && hexFits(reading);
         }
-        reading.form = Form::HEX;
-        return takeOffBankWords(reading);
+        return hexFits(reading);
     case Form::TAG_URI:
     case Form::PURE_IDENTITY:
         return prepareUri(reading, value);
