@@ -155,6 +155,34 @@ std::string wordText(std::size_t word) {
     return text;
 }
 
+// A value may be as long as its AI allows, whatever escapes a link needs for it.
+TEST(Links, AreReadAsTheyAreWritten) {
+    Translation written;
+    Translation read;
+    Random random(26);
+    for (const SchemeModel& model : schemeModels) {
+        for (int i = 0; i < 100; ++i) {
+            Picker picker = i % 2 == 0 ? Picker::random(random.next()) : Picker::largest();
+            const std::size_t partition = model.hasPartition() ? random.below(7) : 0;
+            const ModelValue value = modelValue(model, 0, partition, picker);
+            translate(value.tagUri, {}, ALL_FORMS, written);
+            if (written.digitalLink.empty()) {
+                continue;
+            }
+            const std::string link = written.digitalLink;
+            translate(link, {}, ALL_FORMS, read);
+            ASSERT_EQ(written.barcodeString, read.barcodeString) << link;
+            ASSERT_EQ(link, read.digitalLink);
+            EncodeOptions options;
+            options.scheme = written.scheme;
+            options.read.gcpLength = static_cast<int>(12 - partition);
+            encode(value.tagUri, {}, Form::HEX, written);
+            encode(link, options, Form::HEX, read);
+            ASSERT_EQ(written.hex, read.hex) << value.tagUri;
+        }
+    }
+}
+
 // An EPC is found in the bank that it was read with, and one without a PC word is left whole.
 TEST(Bank, GivesItsEpcWhateverSurroundsIt) {
     constexpr std::size_t pcFlags[] = {0, 1, 0x400, 0x401}; // hazardous material, user memory

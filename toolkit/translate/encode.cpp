@@ -137,10 +137,12 @@ EpcStatus encodeText(const EncodeCall& call, const std::string& text, Export enc
     });
 }
 
-// A plain scheme takes a link by way of a bracketed text, which a "(" in a value would cut: such
-// AIs go on as a barcode string.
+// A plain scheme takes a link by way of a bracketed text, which a "(" in a value would cut, and no
+// scheme takes values that are too long with their escapes: such AIs go on as a barcode string.
 EpcStatus encodeLink(const EncodeCall& call, const std::string& text, const ParsedAis* ais) {
-    if (ais == nullptr || call.options.scheme->isPlus || fitBrackets(*ais)) {
+    const bool isTaken =
+        ais == nullptr || (!ais->isUnescaped && (call.options.scheme->isPlus || fitBrackets(*ais)));
+    if (isTaken) {
         return encodeText(call, text, epc_digitalLinkToHexEnc);
     }
     std::array<char, EPC_BARCODE_STRING_SIZE> room;

@@ -1,5 +1,6 @@
 #include "translate/parsed_ais.h"
 
+#include "core/hex_digits.h"
 #include "recognise/link_text.h"
 
 #include <algorithm>
@@ -8,12 +9,44 @@ namespace rosetag {
 
 namespace {
 
-EpcStatus linkParse(TextCursor& cursor, ParsedAis& ais) {
+// The library measures a value as a link has it, where an escape counts three characters, and
+// refuses links that it writes itself. Here an escape counts as what it stands for: a character
+// that separates nothing takes its place while the text is parsed.
+bool linkParseUnescaped(std::string_view text, ParsedAis& ais) {
+    constexpr char standIn = '_';
+    std::array<char, LINK_VALUES_SIZE> room;
+    std::size_t length = 0;
+    while (!text.empty() && length < room.size()) {
+        const bool isEscape = text[0] == '%';
+        const int code = isEscape && text.size() > 2 ? hexPairValue(text[1], text[2]) : 0;
+        if (isEscape && code <= 0) {
+            return false;
+        }
+        room[length] = isEscape ? standIn : text[0];
+        ais.decoded[length++] = isEscape ? static_cast<char>(code) : text[0];
+        text.remove_prefix(isEscape ? 3 : 1);
+    }
+    if (length == room.size()) {
+        return false;
+    }
+    room[length] = '\0';
+    TextCursor cursor = textCursorOver({room.data(), length});
+    aiListClear(ais.list);
+    ais.isUnescaped = digitalLinkParse(ais.list, cursor) == EPC_OK;
+    return ais.isUnescaped;
+}
+
+EpcStatus linkParse(std::string_view text, ParsedAis& ais) {
     TextBuffer flat =
         textBufferOver(ais.decoded.data(), static_cast<std::int32_t>(ais.decoded.size()));
+    TextCursor cursor = textCursorOver(text);
     ais.base = ais.decoded.data();
-    EPC_TRY(digitalLinkParse(ais.list, cursor));
-    return digitalLinkDecodeValues(ais.list, cursor.begin, flat);
+    const EpcStatus status = digitalLinkParse(ais.list, cursor);
+    if (status == EPC_ERR_BAD_FORMAT && linkParseUnescaped(text, ais)) {
+        return EPC_OK;
+    }
+    EPC_TRY(status);
+    return digitalLinkDecodeValues(ais.list, text.data(), flat);
 }
 
 // Without escapes the values are where the text has them.
@@ -61,11 +94,12 @@ bool plainAisParse(const Reading& reading, ParsedAis& ais) {
 }
 
 EpcStatus aisParse(Form form, std::string_view text, ParsedAis& ais) {
-    TextCursor cursor = textCursorOver(text);
     aiListClear(ais.list);
+    ais.isUnescaped = false;
     if (form == Form::DIGITAL_LINK) {
-        return linkParse(cursor, ais);
+        return linkParse(text, ais);
     }
+    TextCursor cursor = textCursorOver(text);
     ais.base = text.data();
     return aiTextParse(ais.list, cursor,
                        form == Form::BARCODE_STRING ? BARCODE_STRING_SYNTAX : ELEMENT_STRING_SYNTAX,

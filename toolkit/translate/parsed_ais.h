@@ -17,6 +17,7 @@ struct ParsedAis {
     AiList list;
     const char* base;                           // of the values
     std::array<char, LINK_VALUES_SIZE> decoded; // the values of a link
+    bool isUnescaped;                           // a link that the library takes for too long
 
     AiText operator()(std::size_t index) const {
         const AiElement& element = list.elements[index];
