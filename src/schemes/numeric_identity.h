@@ -2,7 +2,7 @@
  * Identities that are numbers: what a plain scheme without character fields holds. Between bits and
  * texts such an identity is kept as numbers with their digits, and there is no text in between.
  *
- * This is a short cut for what is usual. Whatever is not (a partition that does not exist, a number
+ * This is a shortcut for what is usual. Whatever is not (a partition that does not exist, a number
  * that is too large, a missing bit, too little room) makes an operation return false with nothing
  * written: the general readers and writers then run, and they alone find out what is wrong.
  */
@@ -18,8 +18,8 @@
 
 namespace rosetag {
 
-// Built with ROSETAG_GENERAL_ROAD, the library takes no short cut. To be smaller it can take fewer:
-// with ROSETAG_GENERAL_WRITING none from texts to bits, with ROSETAG_FEW_SHORT_CUTS only those of
+// Built with ROSETAG_GENERAL_ROAD, the library takes no shortcut. To be smaller it can take fewer:
+// with ROSETAG_GENERAL_WRITING none from texts to bits, with ROSETAG_FEW_SHORTCUTS only those of
 // the most frequent scheme.
 #ifdef ROSETAG_GENERAL_ROAD
 constexpr bool NUMERIC_READING = false;
@@ -67,12 +67,12 @@ constexpr bool schemeIsNumeric(const SchemeRow& row) {
     return std::all_of(fields.begin(), fields.end(), fieldIsNumeric);
 }
 
-#ifdef ROSETAG_FEW_SHORT_CUTS
-constexpr bool schemeHasShortCuts(const SchemeRow& row) {
+#ifdef ROSETAG_FEW_SHORTCUTS
+constexpr bool schemeHasShortcuts(const SchemeRow& row) {
     return row.scheme == EPC_SCHEME_SGTIN_96;
 }
 #else
-constexpr bool schemeHasShortCuts(const SchemeRow& row) {
+constexpr bool schemeHasShortcuts(const SchemeRow& row) {
     return schemeIsNumeric(row);
 }
 #endif

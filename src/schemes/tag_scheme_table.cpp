@@ -33,10 +33,10 @@ constexpr TagSchemeOps opsOfScheme() {
     } else {
         ops.binaryToUriBody = schemeReadBody<scheme>;
         ops.uriBodyToBinary = schemeWriteBody<scheme>;
-        if constexpr (NUMERIC_READING && schemeHasShortCuts(row)) {
+        if constexpr (NUMERIC_READING && schemeHasShortcuts(row)) {
             ops.numericBitsToUri = numericBitsToUri<scheme>;
         }
-        if constexpr (NUMERIC_WRITING && schemeHasShortCuts(row)) {
+        if constexpr (NUMERIC_WRITING && schemeHasShortcuts(row)) {
             ops.numericBytes = numericBytes<scheme>;
             ops.numericTagUriToValue = numericTagUriToValue<scheme>;
             ops.uriBodyToBinary = numericWriteBody<scheme>;
@@ -50,7 +50,7 @@ constexpr TagSchemeOps opsOfScheme() {
             ops.barcodeStringToBinary.general = plainBarcodeStringToBinary;
             ops.binaryToDigitalLink = plainBinaryToDigitalLink;
             ops.digitalLinkToBinary.general = plainDigitalLinkToBinary;
-            if constexpr (NUMERIC_READING && schemeHasShortCuts(row)) {
+            if constexpr (NUMERIC_READING && schemeHasShortcuts(row)) {
                 ops.binaryToElementString =
                     numericBinaryToGs1Text<scheme, ELEMENT_STRING, plainBinaryToElementString>;
                 ops.binaryToAIs = numericBinaryToAIs<scheme>;
@@ -59,7 +59,7 @@ constexpr TagSchemeOps opsOfScheme() {
                 ops.binaryToDigitalLink =
                     numericBinaryToGs1Text<scheme, DIGITAL_LINK, plainBinaryToDigitalLink>;
             }
-            if constexpr (NUMERIC_WRITING && schemeHasShortCuts(row)) {
+            if constexpr (NUMERIC_WRITING && schemeHasShortcuts(row)) {
                 ops.elementStringToBinary.numeric = numericGs1TextToValue<scheme, ELEMENT_STRING>;
                 ops.barcodeStringToBinary.numeric = numericGs1TextToValue<scheme, BARCODE_STRING>;
                 ops.digitalLinkToBinary.numeric = numericGs1TextToValue<scheme, DIGITAL_LINK>;

@@ -109,7 +109,7 @@ bool readNumbers(const BitBuffer& bits) {
 
 template <EpcScheme scheme>
 constexpr NumbersRead numbersReadOf() {
-    if constexpr (schemeHasShortCuts(schemeRows[scheme])) {
+    if constexpr (schemeHasShortcuts(schemeRows[scheme])) {
         return readNumbers<scheme>;
     }
     return nullptr;
