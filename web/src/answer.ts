@@ -82,7 +82,7 @@ function sentenceOfText(identity: Identity): (Node | string)[] {
 }
 
 function sentenceOfTid(explanation: Explanation): (Node | string)[] {
-    return ["The ", strong("memory of a tag’s chip"), " (TID): ", ...listed(namesOfTid(explanation)), "."];
+    return ["The ", strong("identity of a tag’s chip"), " (TID): ", ...listed(namesOfTid(explanation)), "."];
 }
 
 /** What is wrong and what to do, in one or two sentences. */
@@ -102,7 +102,7 @@ function sentenceOfFailure(answer: Answer): (Node | string)[] {
             : failure.position > 0
               ? ` after character ${String(failure.position)}`
               : "";
-    return [strong(`Not readable${place}.`), ` ${failureSentence(failure)}`];
+    return [strong(`Something is wrong${place}.`), ` ${failureSentence(failure)}`];
 }
 
 /** The sentence that says what a value is. */
@@ -133,9 +133,9 @@ function why(explanation: Explanation): HTMLElement | null {
     return html(
         "p",
         { class: "why" },
-        `Why? It begins with the ${head.name} `,
+        `Why? The ${head.name} `,
         html("code", { class: `part ${fieldClass(start)}`, [MARK]: start }, hex),
-        `, which means ${head.meaning.replace(/^0x\w+[:,] /, "")}. That fixes what follows: `,
+        ` stands for ${head.meaning.replace(/^0x\w+[:,] /, "")}, which lays out the rest: `,
         `${shown.join(", ")}${rest.length > shown.length ? " and so on" : ""}.`,
     );
 }
@@ -316,7 +316,7 @@ export function bits(explanation: Explanation, name: string, what: string): HTML
     }).observe(frame);
     const bank = explanation.form === "tid" ? "the TID bank" : "the EPC bank";
     return section(
-        `${what}, as ${bank} holds them`,
+        `${what}, as stored in ${bank}`,
         name,
         frame,
         html(

@@ -51,7 +51,7 @@ function showCounts(counts: readonly Count[], rows: number, milliseconds: number
     const failed = counts.filter((count) => count.isFailure).reduce((sum, count) => sum + count.rows, 0);
     byId("many-state").textContent =
         `${counted(rows, "value")} in ${Math.max(milliseconds / 1000, 0.01).toFixed(2)} s: ` +
-        `${grouped(rows - failed)} read, ${grouped(failed)} not.`;
+        `${grouped(rows - failed)} recognized, ${grouped(failed)} not.`;
     save.disabled = rows === 0;
     only = "";
     byId("many-counts").replaceChildren(

@@ -39,7 +39,7 @@ function withoutBits(answer: Answer): HTMLElement | null {
     return html(
         "p",
         { class: "no-bits" },
-        "It has no bits until it is written to a tag. ",
+        "It has no bits until it is encoded for a tag. ",
         button("See it on a tag", () => {
             byId<HTMLDetailsElement>("build").open = true;
             builder?.take(input.value.trim());
@@ -64,7 +64,7 @@ function show(): void {
         byId("prefix").hidden = true;
         byId("answer").replaceChildren();
         markInput(input, null);
-        setSentence(["A tag’s hex, an EPC URI, what a scanner read, an element string, a GS1 Digital Link, a TID: paste it, and see what it is."]);
+        setSentence(["Paste a tag’s hex, an EPC URI, a scanned barcode, an element string, a GS1 Digital Link or a TID to see what it is."]);
         return;
     }
     const answer = answerWithPrefix(value);

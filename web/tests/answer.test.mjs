@@ -19,10 +19,10 @@ const sentences = [
     ["https://id.example.com/01/09506000134352/10/ABC123", /A GS1 value \(Digital Link\): GTIN 09506000134352, BATCH\/LOT ABC123/],
     ["F7880614141123458046A145CCE7CC40C01B58421E0C25AC592F6600", /sgtin\+, 224 bits.*USE BY 251231 and 2 more/],
     ["E28011302000123456789ABC", /chip \(TID\): designer \(MDID\) 0x001, model \(TMN\) 0x130, serial 123456789ABC/],
-    ["(01)80614141123457(21)6789", /^Not readable at character 18\. The check digit of AI 01 must be 8 after these digits, not 7: look for a mistyped digit, or end with 8/],
+    ["(01)80614141123457(21)6789", /^Something is wrong at character 18\. The check digit of AI 01 must be 8 after these digits, not 7: look for a mistyped digit, or end with 8/],
     ["30FF", /partition.*Read the tag again/],
-    ["nonsense", /^Not readable/],
-    ["\u{1F3F7}", /^Not readable/],
+    ["nonsense", /^Something is wrong/],
+    ["\u{1F3F7}", /^Something is wrong/],
 ];
 
 test("one sentence says what a value is, on every key", async () => {
@@ -40,7 +40,7 @@ test("a tag shows why, and all its forms with a button that copies each", async 
     page = await open("3074257BF7194E4000001A85", {
         permissions: ["clipboard-read", "clipboard-write"],
     });
-    assert.match(await textOf(page, ".why"), /^Why\? It begins with the header 30, which means sgtin-96\./);
+    assert.match(await textOf(page, ".why"), /^Why\? The header 30 stands for sgtin-96, which lays out the rest: filter \(3 bits\)/);
     const rows = await textsOf(page, ".forms .value");
     assert.deepEqual(rows, [
         "urn:epc:tag:sgtin-96:3.0614141.812345.6789",

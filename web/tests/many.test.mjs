@@ -37,7 +37,7 @@ test("lines are counted by scheme and status, shown by group, and saved", async 
         "3074257BF7194E4000001A85\n(01)80614141123458(21)6789\n30FF\nnonsense\n3074257BF7194E4000001A86\r\n",
     );
     await page.locator("#many-state", { hasText: "5 values" }).waitFor();
-    assert.match(await textOf(page, "#many-state"), /3 read, 2 not/);
+    assert.match(await textOf(page, "#many-state"), /3 recognized, 2 not/);
     const found = await counts();
     assert.equal(found["sgtin-96"], "2");
     assert.equal(found["no scheme"], "1");
