@@ -132,32 +132,6 @@ TEST(TagScheme, LeadsFromTheHeaderToTheSlot) {
     }
 }
 
-// A value that cannot be converted leaves dst alone; a dst too small for the prefix comes next.
-TEST(TagScheme, ConvertsFirst) {
-    const std::vector<std::uint16_t> words(32);
-    for (const TextExportRow& row : textExports) {
-        const auto hexResult = [&row](const std::string& hex, std::int32_t dstSize = 64) {
-            return textResult(
-                [&](std::int32_t size, char* dst) { return row.run.hex(hex.c_str(), size, dst); },
-                dstSize);
-        };
-        EXPECT_EQ(TextResult(EPC_ERR_TOO_LONG, "untouched"), hexResult(std::string(125, '0')));
-        EXPECT_EQ(TextResult(EPC_ERR_NO_ROOM, "untouched"), hexResult("3074257G"));
-        EXPECT_EQ(TextResult(EPC_ERR_UNKNOWN_HEADER, row.prefix), hexResult(std::string(124, '0')));
-        const bool hasPrefix = *row.prefix != '\0';
-        EXPECT_EQ(TextResult(hasPrefix ? EPC_ERR_NO_ROOM : EPC_ERR_UNKNOWN_HEADER, ""),
-                  hexResult("00", 0));
-        EXPECT_EQ(TextResult(EPC_ERR_TOO_LONG, "untouched"),
-                  textResult([&](std::int32_t dstSize, char* dst) {
-                      return row.run.words(497, words.data(), dstSize, dst);
-                  }));
-        EXPECT_EQ(TextResult(EPC_ERR_UNKNOWN_HEADER, row.prefix),
-                  textResult([&](std::int32_t dstSize, char* dst) {
-                      return row.run.words(496, words.data(), dstSize, dst);
-                  }));
-    }
-}
-
 struct AiOutput {
     char codes[2][5] = {};
     char values[2][32] = {};
