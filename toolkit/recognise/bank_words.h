@@ -51,10 +51,10 @@ bool mayBeginWithBankWords(const std::uint8_t* bytes, std::size_t words);
 bool tidIsEpcBank(const Reading& reading);
 
 // Takes the words before the EPC off the prepared hex, and zeros after it that the PC word does not
-// count: as the options say or, if they leave it open, where the value is more likely a bank than an
-// EPC by itself. The words before it go into workspace.bankWords. False if the value does not match
-// the options or is of another family: the failure says so. Does nothing to hex that is too long for
-// a bank.
+// count: as the options say or, if they leave it open, where the value is more likely a bank than
+// an EPC by itself. The words before it go into workspace.bankWords. False if the value does not
+// match the options or is of another family: the failure says so. Does nothing to hex that is too
+// long for a bank.
 bool takeOffBankWords(Reading& reading);
 
 } // namespace rosetag

@@ -60,8 +60,10 @@ export async function open(value = "", options = {}, url = site.url) {
     return page;
 }
 
+/** Types a value, and waits until the page has taken it: it answers in the step that sets the address. */
 export async function type(page, value) {
     await page.locator("#value").fill(value);
+    await page.waitForURL((url) => decodeURIComponent(url.hash.slice(1)) === value.trim());
 }
 
 export async function textOf(page, selector) {
