@@ -131,8 +131,8 @@ function startPrefixSelect(): void {
 export function startPage(): void {
     const many = startMany();
     input.addEventListener("input", () => {
-        rememberInAddress();
         show();
+        rememberInAddress();
     });
     input.addEventListener("keydown", (event) => {
         if (event.key === "Enter") {

@@ -35,12 +35,13 @@ function withStore<Result>(mode: IDBTransactionMode, work: (store: IDBObjectStor
             reject(new Error("this browser keeps nothing"));
         };
         opening.onsuccess = () => {
-            const request = work(opening.result.transaction(STORE, mode).objectStore(STORE));
-            request.onsuccess = () => {
+            const transaction = opening.result.transaction(STORE, mode);
+            const request = work(transaction.objectStore(STORE));
+            transaction.oncomplete = () => {
                 resolve(request.result);
                 opening.result.close();
             };
-            request.onerror = () => {
+            transaction.onabort = () => {
                 reject(new Error("this browser keeps nothing"));
             };
         };
@@ -49,41 +50,51 @@ function withStore<Result>(mode: IDBTransactionMode, work: (store: IDBObjectStor
 
 type Changed = (entries: readonly PrefixEntry[]) => void;
 
-// Gives the package the list, and says so.
-function use(entries: readonly PrefixEntry[], changed: Changed): void {
-    usePrefixList(entries);
+function say(entries: readonly PrefixEntry[], changed: Changed): void {
     const { length } = entries;
     byId("list-state").textContent = length === 0 ? "" : `In use: ${grouped(length)} prefixes.`;
     byId("list-forget").hidden = length === 0;
     changed(entries);
 }
 
+async function keep<Result>(work: (store: IDBObjectStore) => IDBRequest<Result>): Promise<void> {
+    try {
+        await withStore("readwrite", work);
+    } catch {
+        // Without storage the list is dropped anew each time.
+    }
+}
+
+// The page says that a list is in use, or forgotten, when this holds for the next visit too.
 async function take(file: File, changed: Changed): Promise<void> {
     try {
         const entries = entriesOf(await file.text());
         if (entries.length === 0) {
             throw new Error("it has no entries");
         }
-        use(entries, changed);
-        await withStore("readwrite", (store) => store.put(entries, KEY));
+        usePrefixList(entries);
+        await keep((store) => store.put(entries, KEY));
+        say(entries, changed);
     } catch (error) {
         byId("list-state").textContent = `This is not a list of company prefixes: ${(error as Error).message}.`;
     }
 }
 
 async function forget(changed: Changed): Promise<void> {
-    use([], changed);
-    await withStore("readwrite", (store) => store.delete(KEY));
+    usePrefixList([]);
+    await keep((store) => store.delete(KEY));
+    say([], changed);
 }
 
 async function recall(changed: Changed): Promise<void> {
     try {
         const entries = await withStore("readonly", (store) => store.get(KEY) as IDBRequest<PrefixEntry[] | undefined>);
         if (entries !== undefined) {
-            use(entries, changed);
+            usePrefixList(entries);
+            say(entries, changed);
         }
     } catch {
-        // Without storage the list is dropped anew each time.
+        // Nothing was kept.
     }
 }
 

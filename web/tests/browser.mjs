@@ -60,7 +60,7 @@ export async function open(value = "", options = {}, url = site.url) {
     return page;
 }
 
-/** Types a value, and waits until the page has taken it: it answers in the step that sets the address. */
+/** Types a value, and waits until the page has taken it: its answer stands when the value is in the address. */
 export async function type(page, value) {
     await page.locator("#value").fill(value);
     await page.waitForURL((url) => decodeURIComponent(url.hash.slice(1)) === value.trim());
